@@ -1,0 +1,1 @@
+# Packages land here.

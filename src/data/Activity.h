@@ -1,0 +1,45 @@
+#pragma once
+
+#include "data/Date.h"
+
+#include <cstdint>
+#include <memory>
+
+class ManagedObjectContext;
+
+/// One stored period of sitting or standing. A change is kept in the context until the next successful save.
+class Activity {
+public:
+    Activity(const Activity&) = delete;
+    Activity& operator=(const Activity&) = delete;
+    ~Activity() = default;
+
+    [[nodiscard]] Date startDate() const { return m_startDate; }
+    void setStartDate(Date startDate);
+    /// When the period ended, or the last pulse while it is still running.
+    [[nodiscard]] Date endDate() const { return m_endDate; }
+    void setEndDate(Date endDate);
+    [[nodiscard]] bool isStanding() const { return m_isStanding; }
+    void setIsStanding(bool isStanding);
+    /// The user's weight when the record was made, in kg.
+    [[nodiscard]] double weight() const { return m_weight; }
+    void setWeight(double weight);
+
+    /// Ends the period now and saves its context. False (and one log line) when the save failed; the new end
+    /// stays in memory and goes out with the next successful save.
+    bool pulse();
+
+private:
+    friend class ManagedObjectContext;
+    explicit Activity(ManagedObjectContext& context);
+    void changed();
+
+    ManagedObjectContext* m_context; ///< Null once the context is gone.
+    int64_t m_rowId = 0; ///< 0 until the record has been saved for the first time.
+    Date m_startDate;
+    Date m_endDate;
+    bool m_isStanding = false;
+    double m_weight = 0;
+};
+
+using ActivityRef = std::shared_ptr<Activity>;

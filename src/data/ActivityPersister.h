@@ -1,0 +1,54 @@
+#pragma once
+
+#include "data/Activity.h"
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <vector>
+
+class ManagedObjectContext;
+
+/// Makes and queries the records of sitting and standing, and sums them up. The day operations take any
+/// instant of the day and cover [start of day, start of day + 86,400 s). Without a context every query is
+/// empty.
+class ActivityPersister {
+public:
+    using Activities = std::optional<std::vector<ActivityRef>>;
+
+    explicit ActivityPersister(std::shared_ptr<ManagedObjectContext> context);
+
+    /// Null when the record could not be saved; it then stays pending in the context.
+    ActivityRef createWithStartDate(Date startDate, Date endDate, bool isStanding, double weight);
+    /// A record that starts and ends now, with the user's weight.
+    ActivityRef createIsStanding(bool isStanding);
+    bool save();
+    [[nodiscard]] uint64_t count();
+
+    /// Records that lie in the interval or cover one of its ends; nothing when the fetch failed.
+    [[nodiscard]] Activities activitiesFromDate(Date fromDate, Date toDate);
+    [[nodiscard]] Activities activitiesOnDay(Date day);
+    /// As above with a posture, which is asked only of the records that lie inside the interval.
+    [[nodiscard]] Activities activitiesFromDate(Date fromDate, Date toDate, bool isStanding);
+    [[nodiscard]] Activities activitiesOnDay(Date day, bool isStanding);
+
+    /// Seconds of the record inside the interval; negative for a record that does not meet it.
+    [[nodiscard]] static double activityTimeForActivity(const Activity& activity, Date fromDate, Date toDate);
+    [[nodiscard]] double minutesActiveFromDate(Date fromDate, Date toDate);
+    [[nodiscard]] double minutesActiveOnDay(Date day);
+    [[nodiscard]] double minutesActiveFromDate(Date fromDate, Date toDate, bool isStanding);
+    [[nodiscard]] double minutesActiveOnDay(Date day, bool isStanding);
+    [[nodiscard]] double caloriesBurnedFromDate(Date fromDate, Date toDate); ///< kcal
+    [[nodiscard]] double caloriesBurnedOnDay(Date day); ///< kcal
+    /// 0 to 100; not a number where there are no records.
+    [[nodiscard]] double percentStandingFromDate(Date fromDate, Date toDate);
+    [[nodiscard]] double percentStandingOnDay(Date day);
+    /// Calories against the goal value in both modes: the program's own rule.
+    [[nodiscard]] bool goalMetOnDay(Date day);
+    [[nodiscard]] int32_t goalsMetFromDay(Date fromDay, Date toDay);
+
+    [[nodiscard]] const std::shared_ptr<ManagedObjectContext>& context() const { return m_context; }
+
+private:
+    std::shared_ptr<ManagedObjectContext> m_context;
+};

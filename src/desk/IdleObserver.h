@@ -1,0 +1,39 @@
+#pragma once
+
+#include "platform/EventSource.h"
+#include "platform/RunLoop.h"
+
+class IdleObserverDelegate {
+public:
+    virtual void updatedIdleObserverIsIdle(bool isIdle) = 0;
+
+protected:
+    ~IdleObserverDelegate() = default;
+};
+
+/// Notices within 10 s when the user has left the computer and when they are back.
+class IdleObserver {
+public:
+    explicit IdleObserver(EventSource& eventSource);
+    IdleObserver(EventSource& eventSource, double timeIdle);
+
+    void startIdleObserverTimer();
+    void stopIdleObserverTimer();
+    [[nodiscard]] double idleTimeInSeconds();
+    void onIdleObserverTimerTick(const Timer& timer);
+
+    [[nodiscard]] IdleObserverDelegate* delegate() const { return m_delegate; }
+    void setDelegate(IdleObserverDelegate* delegate) { m_delegate = delegate; }
+    [[nodiscard]] double timeIdle() const { return m_timeIdle; } ///< seconds without input that count as idle
+    void setTimeIdle(double timeIdle) { m_timeIdle = timeIdle; }
+    [[nodiscard]] bool isIdle() const { return m_isIdle; }
+    [[nodiscard]] const TimerRef& idleObserverTimer() const { return m_idleObserverTimer; }
+
+private:
+    EventSource& m_eventSource;
+    IdleObserverDelegate* m_delegate = nullptr;
+    double m_timeIdle = 0;
+    bool m_isIdle = false;
+    TimerRef m_idleObserverTimer;
+    TimerScope m_timers;
+};

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "data/Date.h"
+#include "platform/RunLoop.h"
+
+#include <cstdint>
+#include <optional>
+
+class ScheduleManagerDelegate {
+public:
+    /// The period is over: 1 = the user should stand up, 2 = sit down.
+    virtual void activityScheduledToPosition(int32_t position) = 0;
+
+protected:
+    ~ScheduleManagerDelegate() = default;
+};
+
+/// Times the current sitting or standing period against its planned share of the hour.
+class ScheduleManager {
+public:
+    explicit ScheduleManager(int32_t activityMode);
+
+    void updateGoals();
+    /// Starts a period for position 1 (standing) or 2 (sitting); nothing for others or when the plan has no
+    /// minutes.
+    void startScheduledTimerForPosition(int32_t position);
+    void startScheduledTimerWithInterval(double seconds, int32_t userInfo);
+    void stopScheduleTimer();
+    void restartScheduleTimer();
+    void snoozeForPosition(int32_t position);
+    void cancelPeriodForPosition(int32_t position);
+    [[nodiscard]] bool isScheduled() const;
+    [[nodiscard]] double timeToSchedule() const; ///< seconds; 0 when nothing is scheduled
+    [[nodiscard]] double timeScheduleRunning() const; ///< seconds; 0 when nothing is scheduled
+    [[nodiscard]] double currentScheduleInterval() const; ///< seconds; 0 when nothing is scheduled
+
+    [[nodiscard]] ScheduleManagerDelegate* delegate() const { return m_delegate; }
+    void setDelegate(ScheduleManagerDelegate* delegate) { m_delegate = delegate; }
+    [[nodiscard]] int32_t activityMode() const { return m_activityMode; }
+    [[nodiscard]] std::optional<Date> scheduledDate() const { return m_scheduledDate; }
+    [[nodiscard]] std::optional<Date> scheduleUpdatedDate() const { return m_scheduleUpdatedDate; }
+    [[nodiscard]] double standingPerHour() const
+    {
+        return m_standingPerHour;
+    } ///< minutes an hour, at most 60
+    void setStandingPerHour(double minutes);
+    [[nodiscard]] double sittingPerHour() const { return 60.0 - m_standingPerHour; } ///< minutes an hour
+    [[nodiscard]] const TimerRef& scheduleTimer() const { return m_scheduleTimer; }
+
+private:
+    void onScheduleTimerTick(const Timer& timer);
+
+    ScheduleManagerDelegate* m_delegate = nullptr;
+    int32_t m_activityMode;
+    std::optional<Date> m_scheduledDate;
+    std::optional<Date> m_scheduleUpdatedDate;
+    double m_standingPerHour = 0;
+    TimerRef m_scheduleTimer;
+    TimerScope m_timers;
+};

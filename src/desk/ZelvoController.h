@@ -1,0 +1,102 @@
+#pragma once
+
+#include "data/ActivityPersister.h"
+#include "data/ManagedObjectContextProvider.h"
+#include "desk/IdleObserver.h"
+#include "desk/ScheduleManager.h"
+#include "desk/ZelvoHIDDevice.h"
+#include "desk/ZelvoHIDManager.h"
+#include "platform/Workspace.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <vector>
+
+/// Hears every new height of the adopted desk.
+class ZelvoControllerDelegate {
+public:
+    virtual ~ZelvoControllerDelegate() = default;
+    /// @param height raw, 0.1 mm above the adapter's zero
+    virtual void positionUpdated(int32_t height) = 0;
+};
+
+/// The heart of the program: adopts the desk adapter, turns its heights into activities, runs the schedule,
+/// and reacts to idleness, sleep and wake.
+class ZelvoController final : public ZelvoHIDManagerDelegate,
+                              public ZelvoHIDDeviceDelegate,
+                              public IdleObserverDelegate,
+                              public ScheduleManagerDelegate {
+public:
+    /// What the hub needs from around it.
+    struct Dependencies {
+        HidManager& hidManager;
+        EventSource& eventSource;
+        Workspace& workspace;
+        ManagedObjectContextProvider managedObjectContext;
+        /// Shows a reminder to take the position: 1 stand up, 2 sit down.
+        std::function<void(int32_t newPosition)> showReminder;
+    };
+
+    explicit ZelvoController(Dependencies dependencies);
+    ~ZelvoController();
+    ZelvoController(const ZelvoController&) = delete;
+    ZelvoController& operator=(const ZelvoController&) = delete;
+
+    /// Delegates are held strongly and hear in the order added; one that joins during a call hears the next
+    /// one.
+    void addDelegate(std::shared_ptr<ZelvoControllerDelegate> delegate);
+    void removeDelegate(const std::shared_ptr<ZelvoControllerDelegate>& delegate);
+    [[nodiscard]] bool isActive() const;
+    void startNewActivity();
+    void stopCurrentActivity();
+    void terminate();
+    void moveDeviceUp();
+    void moveDeviceDown();
+
+    void deviceAdded(const std::shared_ptr<ZelvoHIDDevice>& device) override;
+    void deviceRemoved(const std::shared_ptr<ZelvoHIDDevice>& device) override;
+    void updatedIsCommunicating(
+        bool isCommunicating, const std::shared_ptr<ZelvoHIDDevice>& onDevice) override;
+    void updatedPosition(int32_t position, const std::shared_ptr<ZelvoHIDDevice>& onDevice) override;
+    void updatedPositionState(
+        int32_t positionState, const std::shared_ptr<ZelvoHIDDevice>& onDevice) override;
+    void updatedIdleObserverIsIdle(bool isIdle) override;
+    void activityScheduledToPosition(int32_t position) override;
+    void receiveSleepNotification();
+    void receiveWakeNotification();
+    void startPulseTimer();
+    void onPulseTimerTick(const Timer& timer);
+    void broadcastDeviceDeviceStateDidChange();
+
+    [[nodiscard]] ZelvoHIDManager& deviceManager() { return *m_deviceManager; }
+    [[nodiscard]] const std::shared_ptr<ZelvoHIDDevice>& device() const { return m_device; }
+    [[nodiscard]] const ActivityRef& activity() const { return m_activity; }
+    /// Holds the record as the open period; the one open before ends where this one starts (now, for none).
+    void setActivity(ActivityRef activity);
+    /// Null until set-up is complete.
+    [[nodiscard]] ScheduleManager* scheduleManager();
+    [[nodiscard]] const std::vector<std::shared_ptr<ZelvoControllerDelegate>>& delegates() const
+    {
+        return m_delegates;
+    }
+    [[nodiscard]] IdleObserver& idleObserver() { return *m_idleObserver; }
+    /// Null when the store cannot be opened; each call then tries again.
+    [[nodiscard]] ActivityPersister* activityPersister();
+    [[nodiscard]] const TimerRef& pulseTimer() const { return m_pulseTimer; }
+    /// The last position state taken from the device: 0 none, 1 standing, 2 sitting.
+    [[nodiscard]] int32_t position() const { return m_position; }
+
+private:
+    Dependencies m_dependencies;
+    std::unique_ptr<ZelvoHIDManager> m_deviceManager;
+    std::shared_ptr<ZelvoHIDDevice> m_device;
+    ActivityRef m_activity;
+    std::unique_ptr<ScheduleManager> m_scheduleManager;
+    std::vector<std::shared_ptr<ZelvoControllerDelegate>> m_delegates;
+    std::unique_ptr<IdleObserver> m_idleObserver;
+    std::unique_ptr<ActivityPersister> m_activityPersister;
+    TimerRef m_pulseTimer;
+    int32_t m_position = 0;
+    TimerScope m_timers;
+};

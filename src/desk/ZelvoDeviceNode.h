@@ -1,0 +1,16 @@
+#pragma once
+
+#include "platform/HidManager.h"
+
+#include <memory>
+#include <string>
+
+/// One listed adapter: the plain record behind the device objects.
+struct ZelvoDeviceNode {
+    std::string model; ///< the "Product" string, UTF-8
+    std::string extra; ///< never written
+    HidDeviceRef deviceRef;
+    std::shared_ptr<ZelvoDeviceNode> next;
+};
+
+using ZelvoDeviceNodeRef = std::shared_ptr<ZelvoDeviceNode>;

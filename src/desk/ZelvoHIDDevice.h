@@ -1,0 +1,110 @@
+#pragma once
+
+#include "desk/ZelvoDeviceNode.h"
+#include "platform/RunLoop.h"
+
+#include <QMap>
+#include <QString>
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <optional>
+
+class ZelvoHIDDevice;
+
+/// What a device tells of itself. Heights are raw: 0.1 mm above the adapter's zero.
+class ZelvoHIDDeviceDelegate {
+public:
+    virtual void updatedIsCommunicating(
+        bool isCommunicating, const std::shared_ptr<ZelvoHIDDevice>& onDevice) = 0;
+    virtual void updatedPosition(int32_t position, const std::shared_ptr<ZelvoHIDDevice>& onDevice) = 0;
+    virtual void updatedPositionState(
+        int32_t positionState, const std::shared_ptr<ZelvoHIDDevice>& onDevice) = 0;
+
+protected:
+    ~ZelvoHIDDeviceDelegate() = default;
+};
+
+/// One desk adapter: initialises it, polls its status and height once a second, moves the desk while a button
+/// is held. Always held by a shared_ptr. Heights are raw: 0.1 mm above the adapter's zero.
+class ZelvoHIDDevice : public std::enable_shared_from_this<ZelvoHIDDevice> {
+public:
+    using StatusBits = std::array<int, 14>;
+    using ErrorCodes = QMap<QString, QString>; ///< code ("E01") -> text, empty for a code without one
+
+    ZelvoHIDDevice();
+    /// Stores the node in the slot that all devices share: the newest device defines the node for every one.
+    explicit ZelvoHIDDevice(const ZelvoDeviceNodeRef& deviceNode);
+    ~ZelvoHIDDevice();
+    ZelvoHIDDevice(const ZelvoHIDDevice&) = delete;
+    ZelvoHIDDevice& operator=(const ZelvoHIDDevice&) = delete;
+
+    [[nodiscard]] static const ZelvoDeviceNodeRef& node();
+
+    /// Initialises and stops the adapter and checks its communication 0.2 s later. Whether the first report
+    /// went out.
+    bool initHID();
+    /// One command each, then a status read. Whether the command was written.
+    bool moveUpSingle();
+    bool moveDownSingle();
+    bool stop();
+    bool moveToPositionSingle(int32_t height);
+    /// Held movements: a stop at once, then the command every 0.2 s until stop(). Nothing else ends them, on
+    /// purpose: the adapter stops by itself when the commands cease.
+    void moveUp();
+    void moveDown();
+    void moveToPosition(int32_t height);
+    void moveToDirection(int32_t direction); ///< 1 up, 2 down, 3 to moveToposition()
+    void onMoveTimerTick(const Timer& timer);
+    void updateCommunicating();
+    /// The height in the status report, whose errors are handled on the way; 0 when the read failed.
+    int32_t fetchPosition();
+    void handleError(const std::optional<ErrorCodes>& errorCodes);
+    [[nodiscard]] static StatusBits statusToArray(int32_t status);
+    /// The height from which the desk counts as standing, between the first two memory positions.
+    [[nodiscard]] static double getStandingPoint();
+    void setPositionStateFromPosition(int32_t height);
+    void readPosition();
+    void onReadPositionTimerTick(const Timer& timer);
+    void startReadPositionTimer();
+    void stopReadPositionTimer();
+
+    [[nodiscard]] ZelvoHIDDeviceDelegate* delegate() const { return m_delegate; }
+    void setDelegate(ZelvoHIDDeviceDelegate* delegate) { m_delegate = delegate; }
+    [[nodiscard]] int32_t position() const { return m_position; }
+    [[nodiscard]] int32_t moveToposition() const { return m_moveToposition; }
+    void setMoveToposition(int32_t height) { m_moveToposition = height; }
+    /// 0 unknown, 1 standing, 2 sitting.
+    [[nodiscard]] int32_t positionState() const { return m_positionState; }
+    void setPositionState(int32_t positionState);
+    [[nodiscard]] int32_t direction() const { return m_direction; }
+    [[nodiscard]] bool isCommunicating() const { return m_isCommunicating; }
+    [[nodiscard]] bool isConnected() const { return m_isConnected; }
+    void setIsConnected(bool isConnected) { m_isConnected = isConnected; }
+    [[nodiscard]] bool isActive() const;
+    [[nodiscard]] const TimerRef& readPositionTimer() const { return m_readPositionTimer; }
+    [[nodiscard]] const TimerRef& moveTimer() const { return m_moveTimer; }
+    [[nodiscard]] bool errorRecieved() const { return m_errorRecieved; }
+    [[nodiscard]] int32_t oldTablePosition() const { return m_oldTablePosition; }
+
+    /// The last status report as read, for the developer's test window.
+    [[nodiscard]] const std::array<uint8_t, 64>& lastStatusReport() const { return m_lastStatusReport; }
+
+private:
+    bool sendSingle(const std::array<uint8_t, 64>& report);
+
+    ZelvoHIDDeviceDelegate* m_delegate = nullptr;
+    int32_t m_position = 0;
+    int32_t m_moveToposition = 0;
+    int32_t m_positionState = 0;
+    int32_t m_direction = 0;
+    bool m_isCommunicating = false;
+    bool m_isConnected = false;
+    TimerRef m_readPositionTimer;
+    TimerRef m_moveTimer;
+    bool m_errorRecieved = false;
+    int32_t m_oldTablePosition = 0;
+    std::array<uint8_t, 64> m_lastStatusReport {};
+    TimerScope m_timers;
+};

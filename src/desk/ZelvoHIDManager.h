@@ -1,0 +1,63 @@
+#pragma once
+
+#include "desk/ZelvoDeviceNode.h"
+#include "platform/HidManager.h"
+
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <vector>
+
+class ZelvoHIDDevice;
+
+class ZelvoHIDManagerDelegate {
+public:
+    virtual void deviceAdded(const std::shared_ptr<ZelvoHIDDevice>& device) = 0;
+    virtual void deviceRemoved(const std::shared_ptr<ZelvoHIDDevice>& device) = 0;
+
+protected:
+    ~ZelvoHIDManagerDelegate() = default;
+};
+
+/// Finds the desk's USB adapter, lists the first one attached and tells its delegate of arrivals and
+/// removals. It owns the transport; what the reports mean is ZelvoHIDDevice's.
+class ZelvoHIDManager {
+public:
+    using Devices = std::vector<std::shared_ptr<ZelvoHIDDevice>>;
+
+    /// Starts matching; adapters already attached are announced once the run loop runs.
+    explicit ZelvoHIDManager(HidManager& manager);
+    ~ZelvoHIDManager();
+    ZelvoHIDManager(const ZelvoHIDManager&) = delete;
+    ZelvoHIDManager& operator=(const ZelvoHIDManager&) = delete;
+
+    [[nodiscard]] bool isDeviceConneced() const;
+    /// A new device object over the listed adapter; null when none is listed.
+    [[nodiscard]] std::shared_ptr<ZelvoHIDDevice> connectedDevice() const;
+
+    void handleMatchingDevice(const HidDeviceRef& device, const HidManager& sender, int32_t result);
+    void handleRemovedDevice(const HidDeviceRef& device, const HidManager& sender, int32_t result);
+
+    std::shared_ptr<ZelvoHIDDevice> addDeviceReference(const HidDeviceRef& reference);
+    void addDevice(const std::shared_ptr<ZelvoHIDDevice>& device);
+    void removeDevice(const std::shared_ptr<ZelvoHIDDevice>& device);
+    [[nodiscard]] std::shared_ptr<ZelvoHIDDevice> deviceByNode(const ZelvoDeviceNodeRef& node) const;
+    [[nodiscard]] ZelvoDeviceNodeRef deviceNodeByReference(const HidDeviceRef& reference) const;
+    bool killDeviceReference(const HidDeviceRef& reference);
+    [[nodiscard]] static int64_t USBDeviceCount(const HidManager& manager);
+
+    /// Sends the first 8 bytes of the buffer as a feature report (byte 0 = report ID). False, and no transfer
+    /// at all, for a device that is not connected.
+    static bool writeBuffer(std::span<const uint8_t> buffer, const ZelvoHIDDevice& toDevice);
+    /// Reads up to 64 bytes into the buffer, whose byte 0 names the report.
+    static bool readBuffer(std::span<uint8_t> buffer, const ZelvoHIDDevice& toDevice);
+
+    [[nodiscard]] ZelvoHIDManagerDelegate* delegate() const { return m_delegate; }
+    void setDelegate(ZelvoHIDManagerDelegate* delegate) { m_delegate = delegate; }
+    [[nodiscard]] const Devices& devices() const { return m_devices; }
+
+private:
+    HidManager& m_manager;
+    ZelvoHIDManagerDelegate* m_delegate = nullptr;
+    Devices m_devices;
+};

@@ -1,0 +1,68 @@
+#include "platform/Bundle.h"
+
+#include "platform/Log.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QJsonDocument>
+
+#include <utility>
+
+namespace {
+Bundle* s_main = nullptr;
+}
+
+Bundle::Bundle(QJsonObject information)
+    : m_information(std::move(information))
+{
+}
+
+QJsonObject Bundle::compiledInformation()
+{
+    QFile file(QStringLiteral(":/Info.json"));
+    const bool opened = file.open(QIODevice::ReadOnly);
+    const QJsonDocument document = opened ? QJsonDocument::fromJson(file.readAll()) : QJsonDocument();
+    if (!document.isObject())
+        Log::line(QStringLiteral("The program's information keys (Info.json) cannot be read."));
+    return document.object();
+}
+
+std::optional<QString> Bundle::stringValue(const QString& key) const
+{
+    const QJsonValue value = m_information.value(key);
+    if (value.isUndefined() || value.isNull())
+        return std::nullopt;
+    return value.toVariant().toString();
+}
+
+double Bundle::numberValue(const QString& key) const
+{
+    const QJsonValue value = m_information.value(key);
+    return value.isString() ? value.toString().toDouble() : value.toDouble();
+}
+
+QString Bundle::localizedString(const QString& key) const
+{
+    return qtTrId(key.toUtf8().constData());
+}
+
+QString Bundle::imagePath(const QString& name)
+{
+    return QStringLiteral(":/images/%1.svg").arg(name);
+}
+
+QLocale Bundle::locale() const
+{
+    return QLocale();
+}
+
+Bundle& Bundle::main()
+{
+    Q_ASSERT_X(s_main, "Bundle::main", "no bundle has been set");
+    return *s_main;
+}
+
+void Bundle::setMain(Bundle* bundle)
+{
+    s_main = bundle;
+}

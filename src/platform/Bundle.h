@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QJsonObject>
+#include <QLocale>
+#include <QString>
+#include <QUrl>
+
+#include <optional>
+
+/// What ships inside the program: the information keys of Info.json, the texts by key and the pictures by
+/// name.
+class Bundle {
+public:
+    /// A bundle with the given information keys; the program's own is made from the compiled-in Info.json.
+    explicit Bundle(QJsonObject information);
+    virtual ~Bundle() = default;
+    Bundle(const Bundle&) = delete;
+    Bundle& operator=(const Bundle&) = delete;
+
+    /// Reads the compiled-in Info.json; a damaged or missing one gives a bundle without keys and one log
+    /// line.
+    static QJsonObject compiledInformation();
+
+    /// The value under the key as a text, or nothing when the key is missing.
+    [[nodiscard]] std::optional<QString> stringValue(const QString& key) const;
+    /// The value as a number; 0 when the key is missing or is not a number. A text that holds a number
+    /// counts.
+    [[nodiscard]] double numberValue(const QString& key) const;
+
+    /// The text under the key in the user's language. A key without a text answers itself.
+    [[nodiscard]] virtual QString localizedString(const QString& key) const;
+    /// Path of the picture of that name inside the program, for QIcon, QSvgRenderer and style sheets.
+    [[nodiscard]] static QString imagePath(const QString& name);
+
+    /// The user's locale: units, numbers, month names, calendar.
+    [[nodiscard]] virtual QLocale locale() const;
+
+    static Bundle& main();
+    static void setMain(Bundle* bundle);
+
+private:
+    QJsonObject m_information;
+};

@@ -1,0 +1,36 @@
+#pragma once
+
+/// The user's input events as the desktop sees them, for telling how long ago the last one was.
+class EventSource {
+public:
+    /// Kinds of input event, numbered as the idle observer asks for them.
+    enum class EventType {
+        LeftMouseDown = 1,
+        LeftMouseUp = 2,
+        RightMouseDown = 3,
+        RightMouseUp = 4,
+        MouseMoved = 5,
+        LeftMouseDragged = 6,
+        RightMouseDragged = 7,
+        KeyDown = 10,
+        KeyUp = 11,
+        FlagsChanged = 12,
+        ScrollWheel = 22,
+        TabletPointer = 23,
+        TabletProximity = 24,
+        OtherMouseDown = 25,
+        OtherMouseUp = 26,
+        OtherMouseDragged = 27,
+    };
+
+    virtual ~EventSource() = default;
+    EventSource(const EventSource&) = delete;
+    EventSource& operator=(const EventSource&) = delete;
+
+    /// Seconds since the last event of the type; a source that cannot tell types apart answers for any event.
+    /// Time asleep counts: the first answer after a wake is at least the time slept.
+    [[nodiscard]] virtual double secondsSinceLastEventType(EventType eventType) = 0;
+
+protected:
+    EventSource() = default;
+};

@@ -1,0 +1,64 @@
+#include "platform/Log.h"
+
+#include <QFile>
+#include <QStringList>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <ctime>
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace {
+constexpr qsizetype kMostEarlyLines = 100;
+QStringList s_earlyLines;
+bool s_redirected = false;
+
+/// The log names the moment at which a line was written, also while the program's own clock is a virtual one.
+QString timeStamp()
+{
+    timespec now {};
+    clock_gettime(CLOCK_REALTIME, &now);
+    tm local {};
+    localtime_r(&now.tv_sec, &local);
+    char text[32];
+    const size_t length = strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", &local);
+    return QString::asprintf("%.*s.%03ld", int(length), text, now.tv_nsec / 1000000);
+}
+
+void write(const QString& text)
+{
+    const QByteArray bytes = text.toUtf8();
+    fwrite(bytes.constData(), 1, size_t(bytes.size()), stderr);
+    fflush(stderr);
+}
+}
+
+void Log::line(const QString& message)
+{
+    const QString text = QStringLiteral("%1 StandUp[%2] %3\n").arg(timeStamp()).arg(getpid()).arg(message);
+    write(text);
+    if (!s_redirected && s_earlyLines.size() < kMostEarlyLines)
+        s_earlyLines.append(text);
+}
+
+bool Log::redirectToFile(const QString& path)
+{
+    // Opened first on a descriptor of its own: freopen() would lose standard error when the file cannot be
+    // opened.
+    const int file = open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_APPEND | O_CLOEXEC, 0600);
+    if (file < 0) {
+        line(QStringLiteral("The log file %1 cannot be opened: %2")
+                 .arg(path, QString::fromLocal8Bit(strerror(errno))));
+        return false;
+    }
+    fflush(stderr);
+    dup2(file, STDERR_FILENO);
+    close(file);
+    s_redirected = true;
+    for (const QString& early : std::as_const(s_earlyLines))
+        write(early);
+    s_earlyLines.clear();
+    return true;
+}

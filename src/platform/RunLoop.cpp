@@ -1,0 +1,48 @@
+#include "platform/RunLoop.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace {
+RunLoop* s_main = nullptr;
+constexpr double kShortestRepeatSeconds = 0.001;
+}
+
+TimerRef RunLoop::scheduleTimer(
+    double seconds, Repeat repeats, TimerCallback callback, QVariant userInfo, Precision precision)
+{
+    const double shortest = repeats == Repeat::Yes ? kShortestRepeatSeconds : 0.0;
+    const double interval = std::isnan(seconds) ? shortest : std::max(seconds, shortest);
+    return platformScheduleTimer(interval, repeats, std::move(callback), std::move(userInfo), precision);
+}
+
+RunLoop& RunLoop::main()
+{
+    Q_ASSERT_X(s_main, "RunLoop::main", "no run loop has been set");
+    return *s_main;
+}
+
+void RunLoop::setMain(RunLoop* runLoop)
+{
+    s_main = runLoop;
+}
+
+TimerScope::~TimerScope()
+{
+    for (const auto& timer : m_timers)
+        invalidate(timer.lock());
+}
+
+TimerRef TimerScope::schedule(double seconds, RunLoop::Repeat repeats, TimerCallback callback,
+    QVariant userInfo, RunLoop::Precision precision)
+{
+    std::erase_if(m_timers, [](const std::weak_ptr<Timer>& weak) {
+        const TimerRef timer = weak.lock();
+        return !timer || !timer->isValid();
+    });
+    TimerRef timer =
+        RunLoop::main().scheduleTimer(seconds, repeats, std::move(callback), std::move(userInfo), precision);
+    m_timers.push_back(timer);
+    return timer;
+}

@@ -1,0 +1,23 @@
+#include "platform/Timer.h"
+
+#include <utility>
+
+Timer::Timer(double intervalSeconds, QVariant userInfo)
+    : m_userInfo(std::move(userInfo))
+    , m_intervalSeconds(intervalSeconds)
+{
+}
+
+void Timer::invalidate()
+{
+    if (!m_valid)
+        return;
+    m_valid = false;
+    stop();
+}
+
+void invalidate(const TimerRef& timer)
+{
+    if (timer)
+        timer->invalidate();
+}

@@ -1,0 +1,115 @@
+#pragma once
+
+#include "fakes/MemoryUserDefaults.h"
+#include "platform/Bundle.h"
+#include "platform/Dialogs.h"
+#include "platform/EventSource.h"
+#include "platform/LoginItems.h"
+#include "platform/Workspace.h"
+#include "platform/simulated/VirtualRunLoop.h"
+
+#include <QMap>
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <vector>
+
+/// A bundle whose locale is the test's to choose.
+class TestBundle final : public Bundle {
+public:
+    using Bundle::Bundle;
+    QLocale testLocale = QLocale(QStringLiteral("de_DE"));
+    [[nodiscard]] QLocale locale() const override { return testLocale; }
+};
+
+/// Answers the same idle time for every kind of event, unless the test sets one kind apart.
+class FakeEventSource final : public EventSource {
+public:
+    double idleSeconds = 0;
+    QMap<int, double> byType;
+    std::vector<int> asked;
+
+    [[nodiscard]] double secondsSinceLastEventType(EventType eventType) override
+    {
+        asked.push_back(int(eventType));
+        return byType.value(int(eventType), idleSeconds);
+    }
+};
+
+class FakeWorkspace final : public Workspace {
+public:
+    std::vector<QUrl> opened;
+
+    bool openUrl(const QUrl& url) override
+    {
+        opened.push_back(url);
+        return true;
+    }
+    void screensSleep() { call(m_screensDidSleep); }
+    void wake() { call(m_didWake); }
+    void willSleep() { call(m_willSleep); }
+
+private:
+    static void call(const Callback& callback)
+    {
+        if (callback)
+            callback();
+    }
+};
+
+class FakeLoginItems final : public LoginItems {
+public:
+    QStringList inserted;
+
+    bool insertItem(const QString& executablePath) override
+    {
+        inserted.append(executablePath);
+        return true;
+    }
+};
+
+class FakeDialogs final : public Dialogs {
+public:
+    bool errorsAreDealtWith = false;
+    int alertAnswer = kFirstButton;
+    std::optional<QString> savePanelAnswer;
+    std::vector<Error> presented;
+    QStringList alerts;
+    QStringList proposedFileNames;
+
+    bool presentError(const Error& error) override
+    {
+        presented.push_back(error);
+        return errorsAreDealtWith;
+    }
+    int runAlert(const QString& messageText, const QString&, const QStringList&) override
+    {
+        alerts.append(messageText);
+        return alertAnswer;
+    }
+    std::optional<QString> runSavePanel(const QString& proposedFileName) override
+    {
+        proposedFileNames.append(proposedFileName);
+        return savePanelAnswer;
+    }
+};
+
+/// The world of one test: virtual time, settings in memory, information keys of its own, a temporary folder.
+/// Made first in a fixture and gone last; while it lives, the process-wide services are these.
+class TestPlatform {
+public:
+    /// 2024-03-15 08:00:00 UTC, a Friday.
+    static constexpr double kStart = 1710489600.0;
+
+    explicit TestPlatform(const QJsonObject& information = defaultInformation());
+    ~TestPlatform();
+    TestPlatform(const TestPlatform&) = delete;
+    TestPlatform& operator=(const TestPlatform&) = delete;
+
+    static QJsonObject defaultInformation();
+
+    QTemporaryDir folder;
+    VirtualRunLoop runLoop {kStart};
+    MemoryUserDefaults defaults;
+    TestBundle bundle;
+};
