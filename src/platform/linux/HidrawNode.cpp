@@ -1,0 +1,70 @@
+#include "platform/linux/HidrawNode.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <linux/hidraw.h>
+#include <sys/file.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
+#include <utility>
+
+namespace {
+/// The length travels in 14 bits of the request number.
+constexpr size_t kLongestReport = (1U << _IOC_SIZEBITS) - 1;
+}
+
+HidrawNode::HidrawNode(std::string path)
+    : m_path(std::move(path))
+{
+}
+
+HidrawNode::~HidrawNode()
+{
+    if (m_file >= 0)
+        ::close(m_file);
+}
+
+HidStatus HidrawNode::open()
+{
+    if (m_file >= 0)
+        return 0;
+    const int file = ::open(m_path.c_str(), O_RDWR | O_CLOEXEC);
+    if (file < 0)
+        return errno;
+    // The kernel lets everybody open a node. The lock is the mark by which programs tell that it is taken.
+    if (flock(file, LOCK_EX | LOCK_NB) != 0) {
+        const HidStatus status = errno == EWOULDBLOCK ? EBUSY : errno;
+        ::close(file);
+        return status;
+    }
+    m_file = file;
+    return 0;
+}
+
+HidStatus HidrawNode::setFeature(std::span<const uint8_t> report)
+{
+    if (report.size() > kLongestReport)
+        return EINVAL;
+    // The kernel only reads from the buffer, its interface just has no way to say so.
+    auto* bytes = const_cast<uint8_t*>(report.data());
+    const int sent = transfer(HIDIOCSFEATURE(report.size()), bytes);
+    if (sent < 0)
+        return errno;
+    return size_t(sent) == report.size() ? 0 : EIO;
+}
+
+HidStatus HidrawNode::getFeature(std::span<uint8_t> report)
+{
+    if (report.size() > kLongestReport)
+        return EINVAL;
+    return transfer(HIDIOCGFEATURE(report.size()), report.data()) < 0 ? errno : 0;
+}
+
+int HidrawNode::transfer(unsigned long request, uint8_t* bytes) const
+{
+    if (m_file < 0) {
+        errno = ENODEV;
+        return -1;
+    }
+    return ioctl(m_file, request, bytes);
+}
