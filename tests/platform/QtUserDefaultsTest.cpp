@@ -1,0 +1,244 @@
+#include "platform/qt/QtUserDefaults.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+
+#include <csignal>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+void writeFile(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+}
+
+QByteArray readFile(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+class QtUserDefaultsTest : public testing::Test {
+protected:
+    QTemporaryDir m_folder;
+    QString m_path = m_folder.filePath(QStringLiteral("org.zelvo.StandUp/StandUp.conf"));
+
+    void makeFolder() { ASSERT_TRUE(QDir().mkpath(QFileInfo(m_path).absolutePath())); }
+    QStringList files() { return QFileInfo(m_path).dir().entryList(QDir::Files, QDir::Name); }
+};
+
+TEST_F(QtUserDefaultsTest, valuesSurviveARestart)
+{
+    const QVariantMap map {{QStringLiteral("a"), 1}, {QStringLiteral("b"), QStringLiteral("two")}};
+    const struct TestCase {
+        const char* key;
+        QVariant value;
+    } kTestCases[] = {
+        {"NumberOfStandUps", 3},
+        {"NumberOfStandupsdefault", 1},
+        {"TimeIdle", 300.0},
+        {"Weight", 81.30000000000001},
+        {"Tiny", 4.9e-324},
+        {"Negative", -5},
+        {"Yes", true},
+        {"No", false},
+        {"Version", QStringLiteral("1.0.1")},
+        {"Text", QStringLiteral(" \"quoted\"; a=b, c\\d\n%1 @Variant é 猫 ")},
+        {"Empty", QString()},
+        {"List", QVariantList {1, 2.5, QStringLiteral("x")}},
+        {"ListOfOne", QVariantList {QStringLiteral("x")}},
+        {"EmptyList", QVariantList {}},
+        {"Texts", QStringList {QStringLiteral("a,b"), QString()}},
+        {"Map", map},
+        {"General", QStringLiteral("a key of that name")},
+    };
+    {
+        QtUserDefaults defaults(m_path);
+        for (const auto& test : kTestCases)
+            defaults.setObject(QString::fromLatin1(test.key), test.value);
+        ASSERT_TRUE(defaults.synchronize());
+    }
+    const QtUserDefaults defaults(m_path);
+    for (const auto& test : kTestCases) {
+        SCOPED_TRACE(test.key);
+        QVariant read = defaults.object(QString::fromLatin1(test.key));
+        EXPECT_TRUE(read.isValid());
+        EXPECT_TRUE(read.convert(test.value.metaType()));
+        EXPECT_EQ(read, test.value);
+    }
+    EXPECT_FALSE(defaults.object(QStringLiteral("numberofstandups")).isValid()) << "keys are case-sensitive";
+}
+
+TEST_F(QtUserDefaultsTest, aKeyStandsUnderItsOwnName)
+{
+    QtUserDefaults defaults(m_path);
+    defaults.setObject(QStringLiteral("TimeIdle"), 300.0);
+    ASSERT_TRUE(defaults.synchronize());
+    EXPECT_EQ(readFile(m_path), "[General]\nTimeIdle=300\n");
+}
+
+TEST_F(QtUserDefaultsTest, aFileWrittenByHandNeedsNoSection)
+{
+    makeFolder();
+    writeFile(m_path, "; by hand\nTimeIdle = 120\n\nWeight=72.5\n");
+    const QtUserDefaults defaults(m_path);
+    EXPECT_EQ(defaults.object(QStringLiteral("TimeIdle")).toDouble(), 120.0);
+    EXPECT_EQ(defaults.object(QStringLiteral("Weight")).toDouble(), 72.5);
+}
+
+TEST_F(QtUserDefaultsTest, removedValuesAreGoneAfterARestart)
+{
+    QtUserDefaults defaults(m_path);
+    defaults.setObject(QStringLiteral("TimeIdle"), 300.0);
+    ASSERT_TRUE(defaults.synchronize());
+    defaults.removeObject(QStringLiteral("TimeIdle"));
+    ASSERT_TRUE(defaults.synchronize());
+    EXPECT_FALSE(defaults.object(QStringLiteral("TimeIdle")).isValid());
+    EXPECT_FALSE(QtUserDefaults(m_path).object(QStringLiteral("TimeIdle")).isValid());
+}
+
+TEST_F(QtUserDefaultsTest, aChangeMadeInAnEditorMeanwhileIsKept)
+{
+    QtUserDefaults defaults(m_path);
+    defaults.setObject(QStringLiteral("TimeIdle"), 300.0);
+    ASSERT_TRUE(defaults.synchronize());
+    writeFile(m_path, "[General]\nTimeIdle=42\n");
+    defaults.setObject(QStringLiteral("Weight"), 80.0);
+    ASSERT_TRUE(defaults.synchronize());
+    EXPECT_EQ(readFile(m_path), "[General]\nTimeIdle=42\nWeight=80\n");
+}
+
+TEST_F(QtUserDefaultsTest, onlyTheOwnerMayReadTheFile)
+{
+    QtUserDefaults defaults(m_path);
+    defaults.setObject(QStringLiteral("Weight"), 80.0);
+    ASSERT_TRUE(defaults.synchronize());
+    struct stat status { };
+    ASSERT_EQ(stat(QFile::encodeName(m_path).constData(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777, 0600U);
+    EXPECT_EQ(files(), QStringList {QStringLiteral("StandUp.conf")}) << "nothing temporary stays behind";
+}
+
+TEST_F(QtUserDefaultsTest, aDamagedFileIsSetAsideAndTheStoreStartsEmpty)
+{
+    const struct TestCase {
+        const char* name;
+        QByteArray bytes;
+    } kTestCases[] = {
+        {"no assignment", "[General]\nTimeIdle=300\nWeig\n"},
+        {"cut inside a value", "[General]\nTimeIdle=300\nWeight=8"},
+        {"section cut", "[Gen\nTimeIdle=300\n"},
+        {"NUL bytes", QByteArray("[General]\nTimeIdle=300\n") + QByteArray(100, '\0') + "\n"},
+        {"only NUL bytes", QByteArray(4096, '\0')},
+        {"binary", QByteArray("\x7f\x45\x4c\x46\x02=\xff\xfe\xfd\n")},
+        {"not UTF-8", QByteArray("[General]\nVersion=\xe9t\xe9\n")},
+    };
+    makeFolder();
+    int number = 0;
+    for (const auto& test : kTestCases) {
+        SCOPED_TRACE(test.name);
+        writeFile(m_path, test.bytes);
+        QtUserDefaults defaults(m_path);
+        EXPECT_FALSE(defaults.object(QStringLiteral("TimeIdle")).isValid());
+        EXPECT_EQ(readFile(m_path + QStringLiteral(".damaged-%1").arg(++number)), test.bytes);
+
+        defaults.setObject(QStringLiteral("Weight"), 70.0);
+        EXPECT_TRUE(defaults.synchronize());
+        EXPECT_EQ(readFile(m_path), "[General]\nWeight=70\n") << "nothing of the damaged file comes back";
+    }
+}
+
+TEST_F(QtUserDefaultsTest, anEmptyFileIsAnEmptyStore)
+{
+    makeFolder();
+    writeFile(m_path, "");
+    QtUserDefaults defaults(m_path);
+    defaults.setObject(QStringLiteral("Weight"), 70.0);
+    EXPECT_TRUE(defaults.synchronize());
+    EXPECT_EQ(files(), QStringList {QStringLiteral("StandUp.conf")});
+}
+
+TEST_F(QtUserDefaultsTest, aFailedWriteIsSaidOnceAndMadeUpForLater)
+{
+    // A file where the folder belongs fails for root too.
+    const QString inTheWay = QFileInfo(m_path).absolutePath();
+    writeFile(inTheWay, "in the way");
+    QtUserDefaults defaults(m_path);
+    testing::internal::CaptureStderr();
+    for (const double weight : {70.0, 71.0, 72.0}) {
+        defaults.setObject(QStringLiteral("Weight"), weight);
+        EXPECT_FALSE(defaults.synchronize());
+        EXPECT_EQ(defaults.object(QStringLiteral("Weight")).toDouble(), weight);
+    }
+    const std::string log = testing::internal::GetCapturedStderr();
+    EXPECT_EQ(std::count(log.begin(), log.end(), '\n'), 1) << log;
+
+    ASSERT_TRUE(QFile::remove(inTheWay));
+    EXPECT_TRUE(defaults.synchronize());
+    EXPECT_EQ(QtUserDefaults(m_path).object(QStringLiteral("Weight")).toDouble(), 72.0);
+}
+
+TEST_F(QtUserDefaultsTest, aFullDiskLeavesTheOldFileWhole)
+{
+    QtUserDefaults defaults(m_path);
+    defaults.setObject(QStringLiteral("Weight"), 70.0);
+    ASSERT_TRUE(defaults.synchronize());
+    const QByteArray before = readFile(m_path);
+
+    // A limit on the size of files stands for the full disk: writing fails half way.
+    const pid_t child = fork();
+    if (child == 0) {
+        signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit {64, 64};
+        setrlimit(RLIMIT_FSIZE, &limit);
+        defaults.setObject(QStringLiteral("Text"), QString(10000, QLatin1Char('x')));
+        _exit(defaults.synchronize() ? 1 : 0);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(readFile(m_path), before);
+}
+
+TEST_F(QtUserDefaultsTest, killedAtAnyMomentTheFileIsTheOldOrTheNewOne)
+{
+    const QString filler(20000, QLatin1Char('x'));
+    int last = -1;
+    for (int round = 0; round < 40; ++round) {
+        const pid_t child = fork();
+        if (child == 0) {
+            QtUserDefaults defaults(m_path);
+            for (int value = last + 1;; ++value) {
+                defaults.setObject(QStringLiteral("A"), value);
+                defaults.setObject(QStringLiteral("Filler"), filler);
+                defaults.setObject(QStringLiteral("Z"), value);
+                if (!defaults.synchronize())
+                    _exit(1);
+            }
+        }
+        usleep(useconds_t(2000 + 397 * round));
+        ASSERT_EQ(kill(child, SIGKILL), 0);
+        int status = 0;
+        waitpid(child, &status, 0);
+        ASSERT_TRUE(WIFSIGNALED(status)) << "a write failed";
+
+        const QtUserDefaults defaults(m_path);
+        ASSERT_EQ(defaults.object(QStringLiteral("A")), defaults.object(QStringLiteral("Z")));
+        if (!defaults.object(QStringLiteral("A")).isValid())
+            continue; // Killed before the first write.
+        EXPECT_EQ(defaults.object(QStringLiteral("Filler")).toString(), filler);
+        EXPECT_GE(defaults.object(QStringLiteral("A")).toInt(), last);
+        last = defaults.object(QStringLiteral("A")).toInt();
+    }
+    EXPECT_GE(last, 0) << "no round wrote anything";
+    EXPECT_TRUE(files().filter(QStringLiteral("damaged")).isEmpty());
+}
+}
