@@ -19,6 +19,7 @@ public:
 
     void startIdleObserverTimer();
     void stopIdleObserverTimer();
+    /// Seconds since the most recent input event.
     [[nodiscard]] double idleTimeInSeconds();
     void onIdleObserverTimerTick(const Timer& timer);
 

@@ -20,14 +20,17 @@ class ScheduleManager {
 public:
     explicit ScheduleManager(int32_t activityMode);
 
+    /// Takes the planned standing minutes from the goal in the settings.
     void updateGoals();
     /// Starts a period for position 1 (standing) or 2 (sitting); nothing for others or when the plan has no
     /// minutes.
     void startScheduledTimerForPosition(int32_t position);
     void startScheduledTimerWithInterval(double seconds, int32_t userInfo);
     void stopScheduleTimer();
+    /// Starts the running period again, with the settings as they are now.
     void restartScheduleTimer();
     void snoozeForPosition(int32_t position);
+    /// Skips the change: the position goes on for a full cycle of standing and sitting.
     void cancelPeriodForPosition(int32_t position);
     [[nodiscard]] bool isScheduled() const;
     [[nodiscard]] double timeToSchedule() const; ///< seconds; 0 when nothing is scheduled
@@ -39,10 +42,8 @@ public:
     [[nodiscard]] int32_t activityMode() const { return m_activityMode; }
     [[nodiscard]] std::optional<Date> scheduledDate() const { return m_scheduledDate; }
     [[nodiscard]] std::optional<Date> scheduleUpdatedDate() const { return m_scheduleUpdatedDate; }
-    [[nodiscard]] double standingPerHour() const
-    {
-        return m_standingPerHour;
-    } ///< minutes an hour, at most 60
+    /// Minutes an hour, at most 60.
+    [[nodiscard]] double standingPerHour() const { return m_standingPerHour; }
     void setStandingPerHour(double minutes);
     [[nodiscard]] double sittingPerHour() const { return 60.0 - m_standingPerHour; } ///< minutes an hour
     [[nodiscard]] const TimerRef& scheduleTimer() const { return m_scheduleTimer; }

@@ -48,10 +48,12 @@ public:
     void addDelegate(std::shared_ptr<ZelvoControllerDelegate> delegate);
     void removeDelegate(const std::shared_ptr<ZelvoControllerDelegate>& delegate);
     [[nodiscard]] bool isActive() const;
+    /// Opens a period for the present position and starts its schedule; the open one ends there. Nothing
+    /// while no desk is active or set-up is incomplete.
     void startNewActivity();
     void stopCurrentActivity();
     void terminate();
-    void moveDeviceUp();
+    void moveDeviceUp(); ///< one command; the developer's test window holds no button
     void moveDeviceDown();
 
     void deviceAdded(const std::shared_ptr<ZelvoHIDDevice>& device) override;
@@ -65,6 +67,8 @@ public:
     void activityScheduledToPosition(int32_t position) override;
     void receiveSleepNotification();
     void receiveWakeNotification();
+    /// The machine is about to sleep: a held movement stops and the open period is saved as it stands.
+    void receiveWillSleepNotification();
     void startPulseTimer();
     void onPulseTimerTick(const Timer& timer);
     void broadcastDeviceDeviceStateDidChange();

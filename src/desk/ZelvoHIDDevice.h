@@ -30,6 +30,8 @@ protected:
 /// is held. Always held by a shared_ptr. Heights are raw: 0.1 mm above the adapter's zero.
 class ZelvoHIDDevice : public std::enable_shared_from_this<ZelvoHIDDevice> {
 public:
+    /// A whole feature report; byte 0 is the report ID. A write transmits the first 8 bytes.
+    using Report = std::array<uint8_t, 64>;
     using StatusBits = std::array<int, 14>;
     using ErrorCodes = QMap<QString, QString>; ///< code ("E01") -> text, empty for a code without one
 
@@ -40,7 +42,12 @@ public:
     ZelvoHIDDevice(const ZelvoHIDDevice&) = delete;
     ZelvoHIDDevice& operator=(const ZelvoHIDDevice&) = delete;
 
+    /// The node that all devices transfer through; null when no adapter is attached.
     [[nodiscard]] static const ZelvoDeviceNodeRef& node();
+    /// Points all devices at another node, for when the adapter behind the shared one has left.
+    static void setNode(const ZelvoDeviceNodeRef& node);
+    /// The node this device was made over. It tells whose adapter has left and nothing else.
+    [[nodiscard]] const ZelvoDeviceNodeRef& ownNode() const { return m_ownNode; }
 
     /// Initialises and stops the adapter and checks its communication 0.2 s later. Whether the first report
     /// went out.
@@ -49,7 +56,7 @@ public:
     bool moveUpSingle();
     bool moveDownSingle();
     bool stop();
-    bool moveToPositionSingle(int32_t height);
+    bool moveToPositionSingle(int32_t height); ///< only the low 16 bits are sent
     /// Held movements: a stop at once, then the command every 0.2 s until stop(). Nothing else ends them, on
     /// purpose: the adapter stops by itself when the commands cease.
     void moveUp();
@@ -57,14 +64,18 @@ public:
     void moveToPosition(int32_t height);
     void moveToDirection(int32_t direction); ///< 1 up, 2 down, 3 to moveToposition()
     void onMoveTimerTick(const Timer& timer);
+    /// Reads the status word and starts or stops the polling by it.
     void updateCommunicating();
     /// The height in the status report, whose errors are handled on the way; 0 when the read failed.
     int32_t fetchPosition();
+    /// Posts `error_code` for every report with an error, `error_code_removed` for the first clean one after.
     void handleError(const std::optional<ErrorCodes>& errorCodes);
+    /// Element i is bit i of the status word; bits 14 and 15 are dropped.
     [[nodiscard]] static StatusBits statusToArray(int32_t status);
     /// The height from which the desk counts as standing, between the first two memory positions.
     [[nodiscard]] static double getStandingPoint();
     void setPositionStateFromPosition(int32_t height);
+    /// Reads the height while communicating; tells of it, and judges the state, only when it has changed.
     void readPosition();
     void onReadPositionTimerTick(const Timer& timer);
     void startReadPositionTimer();
@@ -89,11 +100,13 @@ public:
     [[nodiscard]] int32_t oldTablePosition() const { return m_oldTablePosition; }
 
     /// The last status report as read, for the developer's test window.
-    [[nodiscard]] const std::array<uint8_t, 64>& lastStatusReport() const { return m_lastStatusReport; }
+    [[nodiscard]] const Report& lastStatusReport() const { return m_lastStatusReport; }
 
 private:
-    bool sendSingle(const std::array<uint8_t, 64>& report);
+    bool sendSingle(const Report& report);
+    const Report& readStatusReport();
 
+    ZelvoDeviceNodeRef m_ownNode;
     ZelvoHIDDeviceDelegate* m_delegate = nullptr;
     int32_t m_position = 0;
     int32_t m_moveToposition = 0;
@@ -105,6 +118,6 @@ private:
     TimerRef m_moveTimer;
     bool m_errorRecieved = false;
     int32_t m_oldTablePosition = 0;
-    std::array<uint8_t, 64> m_lastStatusReport {};
+    Report m_lastStatusReport {};
     TimerScope m_timers;
 };

@@ -2,6 +2,7 @@
 
 #include "desk/ZelvoDeviceNode.h"
 #include "platform/HidManager.h"
+#include "platform/RunLoop.h"
 
 #include <cstdint>
 #include <memory>
@@ -21,6 +22,10 @@ protected:
 
 /// Finds the desk's USB adapter, lists the first one attached and tells its delegate of arrivals and
 /// removals. It owns the transport; what the reports mean is ZelvoHIDDevice's.
+///
+/// The program drives one desk. A further adapter gets a device object and is announced, but is not listed;
+/// when the listed one leaves, the one that has waited longest is brought in as if it had just been plugged
+/// in.
 class ZelvoHIDManager {
 public:
     using Devices = std::vector<std::shared_ptr<ZelvoHIDDevice>>;
@@ -41,8 +46,11 @@ public:
     std::shared_ptr<ZelvoHIDDevice> addDeviceReference(const HidDeviceRef& reference);
     void addDevice(const std::shared_ptr<ZelvoHIDDevice>& device);
     void removeDevice(const std::shared_ptr<ZelvoHIDDevice>& device);
+    /// The first device made over that node; null when there is none.
     [[nodiscard]] std::shared_ptr<ZelvoHIDDevice> deviceByNode(const ZelvoDeviceNodeRef& node) const;
+    /// The listed node, when the reference is its adapter's; null for any other. Only the head is looked at.
     [[nodiscard]] ZelvoDeviceNodeRef deviceNodeByReference(const HidDeviceRef& reference) const;
+    /// Takes the adapter's node off the list. False when none was listed.
     bool killDeviceReference(const HidDeviceRef& reference);
     [[nodiscard]] static int64_t USBDeviceCount(const HidManager& manager);
 
@@ -57,7 +65,12 @@ public:
     [[nodiscard]] const Devices& devices() const { return m_devices; }
 
 private:
+    void start(const HidDeviceRef& reference, const HidManager& sender);
+    [[nodiscard]] std::shared_ptr<ZelvoHIDDevice> deviceByReference(const HidDeviceRef& reference) const;
+    void bringInWaitingDevice();
+
     HidManager& m_manager;
     ZelvoHIDManagerDelegate* m_delegate = nullptr;
     Devices m_devices;
+    TimerScope m_timers;
 };
