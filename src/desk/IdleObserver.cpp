@@ -1,0 +1,82 @@
+#include "desk/IdleObserver.h"
+
+#include "platform/Log.h"
+
+namespace {
+using EventType = EventSource::EventType;
+
+constexpr double kPollInterval = 10.0;
+constexpr EventType kCombinedEventTypes[] = {
+    EventType::LeftMouseDown,
+    EventType::LeftMouseUp,
+    EventType::RightMouseDown,
+    EventType::RightMouseUp,
+    EventType::MouseMoved,
+    EventType::LeftMouseDragged,
+    EventType::RightMouseDragged,
+    EventType::KeyDown,
+    EventType::KeyUp,
+    EventType::FlagsChanged,
+    EventType::ScrollWheel,
+    EventType::TabletPointer,
+    EventType::TabletProximity,
+    EventType::OtherMouseDown,
+    EventType::OtherMouseUp,
+};
+}
+
+IdleObserver::IdleObserver(EventSource& eventSource)
+    : m_eventSource(eventSource)
+{
+    startIdleObserverTimer();
+}
+
+IdleObserver::IdleObserver(EventSource& eventSource, double timeIdle)
+    : IdleObserver(eventSource)
+{
+    m_timeIdle = timeIdle;
+}
+
+void IdleObserver::startIdleObserverTimer()
+{
+    stopIdleObserverTimer();
+    m_idleObserverTimer = m_timers.schedule(
+        kPollInterval, RunLoop::Repeat::Yes, [this](Timer& timer) { onIdleObserverTimerTick(timer); });
+}
+
+void IdleObserver::stopIdleObserverTimer()
+{
+    invalidate(m_idleObserverTimer);
+}
+
+double IdleObserver::idleTimeInSeconds()
+{
+    // A zero may stand for "not known": it gives way to whatever comes next, and what was gathered before it
+    // is dropped with it. So starting at 0 is starting at the first answer.
+    double idleTime = 0;
+    for (const EventType eventType : kCombinedEventTypes) {
+        const double answer = m_eventSource.secondsSinceLastEventType(eventType);
+        if (idleTime == 0 || idleTime > answer)
+            idleTime = answer;
+    }
+    // Asked like the others but not counted: such a drag began with its own mouse-down, which was.
+    m_eventSource.secondsSinceLastEventType(EventType::OtherMouseDragged);
+    return idleTime;
+}
+
+void IdleObserver::onIdleObserverTimerTick(const Timer&)
+{
+    const double idleTime = idleTimeInSeconds();
+    Log::line(QString::asprintf("IdleTime: %f", idleTime));
+    if (!m_isIdle && idleTime >= m_timeIdle) {
+        Log::line(QStringLiteral("IdleObserver - Idle"));
+        m_isIdle = true;
+        if (m_delegate)
+            m_delegate->updatedIdleObserverIsIdle(true);
+    } else if (m_isIdle && m_timeIdle > idleTime) {
+        Log::line(QStringLiteral("IdleObserver - Active"));
+        m_isIdle = false;
+        if (m_delegate)
+            m_delegate->updatedIdleObserverIsIdle(false);
+    }
+}

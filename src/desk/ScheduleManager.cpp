@@ -1,0 +1,120 @@
+#include "desk/ScheduleManager.h"
+
+#include "data/AppProperties.h"
+#include "data/CalorieCalculator.h"
+#include "platform/Log.h"
+#include "platform/NotificationCenter.h"
+
+#include <cmath>
+
+namespace {
+constexpr int32_t kCalorieGoal = 1;
+constexpr int32_t kTimeGoal = 2;
+
+constexpr int32_t kStanding = 1;
+constexpr int32_t kSitting = 2;
+
+constexpr double kMinutesPerHour = 60.0;
+constexpr double kSecondsPerMinute = 60.0;
+}
+
+ScheduleManager::ScheduleManager(int32_t activityMode)
+    : m_activityMode(activityMode)
+{
+    updateGoals();
+}
+
+void ScheduleManager::updateGoals()
+{
+    auto& properties = AppProperties::instance();
+    switch (properties.activityMode()) {
+    case kTimeGoal:
+        setStandingPerHour(properties.activityGoal());
+        break;
+    case kCalorieGoal:
+        setStandingPerHour(CalorieCalculator::standingPerHourForDailyCalories(
+            properties.activityGoal(), properties.weight()));
+        break;
+    default:
+        setStandingPerHour(0);
+        break;
+    }
+}
+
+void ScheduleManager::setStandingPerHour(double minutes)
+{
+    m_standingPerHour = std::fmin(minutes, kMinutesPerHour);
+}
+
+void ScheduleManager::startScheduledTimerForPosition(int32_t position)
+{
+    updateGoals();
+    if (position != kStanding && position != kSitting)
+        return;
+    const double seconds = (position == kStanding ? standingPerHour() : sittingPerHour()) * kSecondsPerMinute;
+    if (seconds > 0)
+        startScheduledTimerWithInterval(seconds / AppProperties::instance().standUpsForDivision(), position);
+}
+
+void ScheduleManager::startScheduledTimerWithInterval(double seconds, int32_t userInfo)
+{
+    stopScheduleTimer();
+    m_scheduleUpdatedDate = Date::now();
+    m_scheduledDate = m_scheduleUpdatedDate->dateByAddingSeconds(seconds);
+    m_scheduleTimer = m_timers.schedule(
+        seconds, RunLoop::Repeat::No, [this](Timer& timer) { onScheduleTimerTick(timer); }, userInfo);
+    NotificationCenter::defaultCenter().post(NotificationNames::kNewSession);
+}
+
+void ScheduleManager::stopScheduleTimer()
+{
+    m_scheduledDate.reset();
+    m_scheduleUpdatedDate.reset();
+    invalidate(m_scheduleTimer); // Kept: a restart asks it which position it timed.
+}
+
+void ScheduleManager::onScheduleTimerTick(const Timer& timer)
+{
+    const int32_t completed = timer.userInfo().toInt();
+    Log::line(QString::asprintf("Schedule timer ticked. For new position: %u", unsigned(completed)));
+    if (m_delegate)
+        m_delegate->activityScheduledToPosition(completed == kStanding ? kSitting : kStanding);
+}
+
+void ScheduleManager::restartScheduleTimer()
+{
+    startScheduledTimerForPosition(m_scheduleTimer ? m_scheduleTimer->userInfo().toInt() : 0);
+}
+
+void ScheduleManager::snoozeForPosition(int32_t position)
+{
+    startScheduledTimerWithInterval(AppProperties::instance().timeSnooze(), position);
+}
+
+void ScheduleManager::cancelPeriodForPosition(int32_t position)
+{
+    // The two rates add up to an hour, unless a rate is too large to be one.
+    const double cycle = std::fmin(standingPerHour() + sittingPerHour(), kMinutesPerHour) * kSecondsPerMinute;
+    const int32_t seconds = int32_t(cycle) / AppProperties::instance().standUpsForDivision();
+    startScheduledTimerWithInterval(seconds, position);
+}
+
+bool ScheduleManager::isScheduled() const
+{
+    return m_scheduledDate.has_value();
+}
+
+double ScheduleManager::timeToSchedule() const
+{
+    return m_scheduledDate ? m_scheduledDate->timeIntervalSinceDate(Date::now()) : 0;
+}
+
+double ScheduleManager::timeScheduleRunning() const
+{
+    return m_scheduleUpdatedDate ? Date::now().timeIntervalSinceDate(*m_scheduleUpdatedDate) : 0;
+}
+
+double ScheduleManager::currentScheduleInterval() const
+{
+    return isScheduled() ? m_scheduledDate->timeIntervalSinceDate(*m_scheduleUpdatedDate) : 0;
+}

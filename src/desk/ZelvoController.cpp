@@ -1,0 +1,222 @@
+#include "desk/ZelvoController.h"
+
+#include "data/AppProperties.h"
+#include "platform/Log.h"
+#include "platform/NotificationCenter.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+constexpr double kPulseInterval = 15.0;
+constexpr int32_t kStanding = 1;
+}
+
+ZelvoController::ZelvoController(Dependencies dependencies)
+    : m_dependencies(std::move(dependencies))
+    , m_deviceManager(std::make_unique<ZelvoHIDManager>(m_dependencies.hidManager))
+    , m_idleObserver(
+          std::make_unique<IdleObserver>(m_dependencies.eventSource, AppProperties::instance().timeIdle()))
+{
+    m_deviceManager->setDelegate(this);
+    m_idleObserver->setDelegate(this);
+    startPulseTimer();
+    m_dependencies.workspace.onScreensDidSleep([this] { receiveSleepNotification(); });
+    m_dependencies.workspace.onDidWake([this] { receiveWakeNotification(); });
+    m_dependencies.workspace.onWillSleep([this] { receiveWillSleepNotification(); });
+}
+
+ZelvoController::~ZelvoController()
+{
+    m_dependencies.workspace.onScreensDidSleep({});
+    m_dependencies.workspace.onDidWake({});
+    m_dependencies.workspace.onWillSleep({});
+    m_deviceManager->setDelegate(nullptr);
+    if (m_device)
+        m_device->setDelegate(nullptr); // A screen may hold it longer than this hub lives.
+}
+
+void ZelvoController::addDelegate(std::shared_ptr<ZelvoControllerDelegate> delegate)
+{
+    if (delegate)
+        m_delegates.push_back(std::move(delegate));
+}
+
+void ZelvoController::removeDelegate(const std::shared_ptr<ZelvoControllerDelegate>& delegate)
+{
+    std::erase(m_delegates, std::shared_ptr(delegate)); // A copy: the argument may be the element itself.
+}
+
+bool ZelvoController::isActive() const
+{
+    return m_device && m_device->isActive();
+}
+
+void ZelvoController::startNewActivity()
+{
+    if (!isActive() || !AppProperties::instance().isUserSetupCompleted())
+        return;
+    ActivityPersister* persister = activityPersister();
+    // A record that could not be made still ends the one before it, and the schedule runs without a record.
+    setActivity(persister ? persister->createIsStanding(m_position == kStanding) : nullptr);
+    if (ScheduleManager* schedule = scheduleManager())
+        schedule->startScheduledTimerForPosition(m_position);
+}
+
+void ZelvoController::stopCurrentActivity()
+{
+    if (m_activity)
+        m_activity->pulse();
+    if (ScheduleManager* schedule = scheduleManager())
+        schedule->stopScheduleTimer();
+    setActivity(nullptr);
+}
+
+void ZelvoController::setActivity(ActivityRef activity)
+{
+    if (m_activity) {
+        m_activity->setEndDate(activity ? activity->startDate() : Date::now());
+        if (ActivityPersister* persister = activityPersister())
+            persister->save();
+    }
+    m_activity = std::move(activity);
+}
+
+void ZelvoController::terminate()
+{
+    stopCurrentActivity();
+}
+
+void ZelvoController::moveDeviceUp()
+{
+    if (m_device)
+        m_device->moveUpSingle();
+}
+
+void ZelvoController::moveDeviceDown()
+{
+    if (m_device)
+        m_device->moveDownSingle();
+}
+
+void ZelvoController::deviceAdded(const std::shared_ptr<ZelvoHIDDevice>& device)
+{
+    if (m_device)
+        return;
+    device->setDelegate(this);
+    m_device = device;
+    broadcastDeviceDeviceStateDidChange();
+}
+
+void ZelvoController::deviceRemoved(const std::shared_ptr<ZelvoHIDDevice>& device)
+{
+    if (!m_device || device != m_device)
+        return;
+    // Whoever still holds the device hears nothing of it through this hub: its state would be taken for the
+    // next adapter's.
+    m_device->setDelegate(nullptr);
+    m_device.reset();
+    m_position = 0;
+    stopCurrentActivity();
+    broadcastDeviceDeviceStateDidChange();
+}
+
+void ZelvoController::updatedIsCommunicating(bool isCommunicating, const std::shared_ptr<ZelvoHIDDevice>&)
+{
+    if (isCommunicating)
+        startNewActivity();
+    else
+        stopCurrentActivity();
+    broadcastDeviceDeviceStateDidChange();
+}
+
+void ZelvoController::updatedPosition(int32_t position, const std::shared_ptr<ZelvoHIDDevice>&)
+{
+    const auto delegates = m_delegates; // A delegate may add and remove others.
+    for (const auto& delegate : delegates) {
+        if (std::find(m_delegates.begin(), m_delegates.end(), delegate) != m_delegates.end())
+            delegate->positionUpdated(position);
+    }
+}
+
+void ZelvoController::updatedPositionState(int32_t positionState, const std::shared_ptr<ZelvoHIDDevice>&)
+{
+    if (positionState == m_position)
+        return;
+    m_position = positionState;
+    startNewActivity();
+    broadcastDeviceDeviceStateDidChange();
+}
+
+void ZelvoController::updatedIdleObserverIsIdle(bool isIdle)
+{
+    if (isIdle)
+        stopCurrentActivity();
+    else
+        startNewActivity();
+}
+
+void ZelvoController::activityScheduledToPosition(int32_t position)
+{
+    if (position != m_position && m_dependencies.showReminder)
+        m_dependencies.showReminder(position);
+}
+
+void ZelvoController::receiveSleepNotification()
+{
+    Log::line(QStringLiteral("receiveSleepNotification"));
+    // A fresh period from here on: what follows is time in front of dark screens.
+    if (m_device && m_device->isActive())
+        startNewActivity();
+}
+
+void ZelvoController::receiveWakeNotification()
+{
+    Log::line(QStringLiteral("receiveWakeNotification"));
+    // The next return from idleness or change of position opens the following period.
+    stopCurrentActivity();
+}
+
+void ZelvoController::receiveWillSleepNotification()
+{
+    if (m_device && m_device->moveTimer() && m_device->moveTimer()->isValid())
+        m_device->stop();
+    if (m_activity)
+        m_activity->pulse();
+}
+
+void ZelvoController::startPulseTimer()
+{
+    invalidate(m_pulseTimer);
+    m_pulseTimer = m_timers.schedule(
+        kPulseInterval, RunLoop::Repeat::Yes, [this](Timer& timer) { onPulseTimerTick(timer); });
+}
+
+void ZelvoController::onPulseTimerTick(const Timer&)
+{
+    if (m_activity)
+        m_activity->pulse();
+}
+
+void ZelvoController::broadcastDeviceDeviceStateDidChange()
+{
+    NotificationCenter::defaultCenter().post(NotificationNames::kDeviceStateDidChange, m_device);
+}
+
+ScheduleManager* ZelvoController::scheduleManager()
+{
+    if (!m_scheduleManager && AppProperties::instance().isUserSetupCompleted()) {
+        m_scheduleManager = std::make_unique<ScheduleManager>(AppProperties::instance().activityMode());
+        m_scheduleManager->setDelegate(this);
+    }
+    return m_scheduleManager.get();
+}
+
+ActivityPersister* ZelvoController::activityPersister()
+{
+    if (!m_activityPersister && m_dependencies.managedObjectContext) {
+        if (auto context = m_dependencies.managedObjectContext())
+            m_activityPersister = std::make_unique<ActivityPersister>(std::move(context));
+    }
+    return m_activityPersister.get();
+}

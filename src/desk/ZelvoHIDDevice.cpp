@@ -1,0 +1,278 @@
+#include "desk/ZelvoHIDDevice.h"
+
+#include "data/AppProperties.h"
+#include "desk/ErrorCodeHandler.h"
+#include "desk/ZelvoHIDManager.h"
+#include "platform/Log.h"
+#include "platform/NotificationCenter.h"
+
+#include <QVariantMap>
+
+namespace {
+using Report = ZelvoHIDDevice::Report;
+
+constexpr uint8_t kStatusReportId = 4;
+constexpr uint8_t kMovementReportId = 5;
+constexpr Report kInitReport {3, 4, 0, 0xFB};
+
+// A movement report carries a target height or one of these in its place.
+constexpr uint16_t kMoveUp = 0x8000;
+constexpr uint16_t kMoveDown = 0x7FFF;
+constexpr uint16_t kStop = 0x8001;
+
+constexpr int32_t kDirectionUp = 1;
+constexpr int32_t kDirectionDown = 2;
+constexpr int32_t kDirectionToPosition = 3;
+
+constexpr int32_t kStanding = 1;
+constexpr int32_t kSitting = 2;
+
+constexpr double kPollInterval = 1.0;
+constexpr double kMoveInterval = 0.2;
+constexpr double kCommunicationCheckDelay = 0.2;
+constexpr double kStandingPointWithoutMemory = 2540.0;
+
+ZelvoDeviceNodeRef s_node; // Shared by all devices: the program drives one desk.
+
+/// The value four times over, low byte first. A write ends before the last high byte, as the adapter expects.
+Report movementReport(uint16_t value)
+{
+    Report report {kMovementReportId};
+    for (size_t i = 1; i < 9; i += 2) {
+        report[i] = uint8_t(value & 0xFF);
+        report[i + 1] = uint8_t(value >> 8);
+    }
+    return report;
+}
+
+int32_t littleEndian(const Report& report, size_t at)
+{
+    return report[at] | report[at + 1] << 8;
+}
+
+QString directionKey()
+{
+    return QStringLiteral("direction");
+}
+}
+
+ZelvoHIDDevice::ZelvoHIDDevice() = default;
+
+ZelvoHIDDevice::ZelvoHIDDevice(const ZelvoDeviceNodeRef& deviceNode)
+    : m_ownNode(deviceNode)
+{
+    setNode(deviceNode);
+}
+
+ZelvoHIDDevice::~ZelvoHIDDevice() = default;
+
+const ZelvoDeviceNodeRef& ZelvoHIDDevice::node()
+{
+    return s_node;
+}
+
+void ZelvoHIDDevice::setNode(const ZelvoDeviceNodeRef& node)
+{
+    s_node = node;
+}
+
+bool ZelvoHIDDevice::initHID()
+{
+    const bool written = ZelvoHIDManager::writeBuffer(kInitReport, *this);
+    stop();
+    // Not bound to this object's timers: the check keeps the device alive until it has run.
+    RunLoop::main().scheduleTimer(kCommunicationCheckDelay, RunLoop::Repeat::No,
+        [self = shared_from_this()](Timer&) { self->updateCommunicating(); });
+    return written;
+}
+
+bool ZelvoHIDDevice::moveUpSingle()
+{
+    return sendSingle(movementReport(kMoveUp));
+}
+
+bool ZelvoHIDDevice::moveDownSingle()
+{
+    return sendSingle(movementReport(kMoveDown));
+}
+
+bool ZelvoHIDDevice::stop()
+{
+    invalidate(m_moveTimer);
+    return sendSingle(movementReport(kStop));
+}
+
+bool ZelvoHIDDevice::moveToPositionSingle(int32_t height)
+{
+    return sendSingle(movementReport(uint16_t(height & 0xFFFF)));
+}
+
+bool ZelvoHIDDevice::sendSingle(const Report& report)
+{
+    const auto self = shared_from_this(); // A delegate may let go of the device.
+    const bool written = ZelvoHIDManager::writeBuffer(report, *this);
+    if (!written)
+        updateCommunicating();
+    readPosition();
+    return written;
+}
+
+void ZelvoHIDDevice::moveUp()
+{
+    moveToDirection(kDirectionUp);
+}
+
+void ZelvoHIDDevice::moveDown()
+{
+    moveToDirection(kDirectionDown);
+}
+
+void ZelvoHIDDevice::moveToPosition(int32_t height)
+{
+    m_moveToposition = height;
+    moveToDirection(kDirectionToPosition);
+}
+
+void ZelvoHIDDevice::moveToDirection(int32_t direction)
+{
+    const auto self = shared_from_this();
+    stop();
+    const QVariantMap userInfo {{directionKey(), direction}};
+    invalidate(m_moveTimer);
+    m_moveTimer = m_timers.schedule(
+        kMoveInterval, RunLoop::Repeat::Yes, [this](Timer& timer) { onMoveTimerTick(timer); }, userInfo,
+        RunLoop::Precision::Precise);
+}
+
+void ZelvoHIDDevice::onMoveTimerTick(const Timer& timer)
+{
+    switch (timer.userInfo().toMap().value(directionKey()).toInt()) {
+    case kDirectionToPosition:
+        moveToPositionSingle(m_moveToposition);
+        break;
+    case kDirectionDown:
+        moveDownSingle();
+        break;
+    case kDirectionUp:
+        moveUpSingle();
+        break;
+    default:
+        break;
+    }
+}
+
+const Report& ZelvoHIDDevice::readStatusReport()
+{
+    Report report {kStatusReportId};
+    if (!ZelvoHIDManager::readBuffer(report, *this))
+        report = {kStatusReportId}; // Nothing half-read counts.
+    m_lastStatusReport = report;
+    return m_lastStatusReport;
+}
+
+void ZelvoHIDDevice::updateCommunicating()
+{
+    const auto self = shared_from_this();
+    const bool wasCommunicating = m_isCommunicating;
+    m_isCommunicating = statusToArray(littleEndian(readStatusReport(), 2))[0] == 1;
+    if (m_isCommunicating)
+        startReadPositionTimer();
+    else
+        stopReadPositionTimer();
+    if (m_isCommunicating == wasCommunicating)
+        return;
+    Log::line(QString::asprintf("device status updated: isCommunicating: %d", int(m_isCommunicating)));
+    if (m_delegate)
+        m_delegate->updatedIsCommunicating(m_isCommunicating, self);
+}
+
+int32_t ZelvoHIDDevice::fetchPosition()
+{
+    const Report report = readStatusReport();
+    handleError(ErrorCodeHandler::setErrorCode(report));
+    return littleEndian(report, 4);
+}
+
+void ZelvoHIDDevice::handleError(const std::optional<ErrorCodes>& errorCodes)
+{
+    const auto self = shared_from_this();
+    const bool wasShown = m_errorRecieved;
+    m_errorRecieved = errorCodes.has_value();
+    // Repeated with every report, so that a window opened in the meantime shows the error too.
+    if (errorCodes)
+        NotificationCenter::defaultCenter().post(NotificationNames::kErrorCode, self, *errorCodes);
+    else if (wasShown)
+        NotificationCenter::defaultCenter().post(NotificationNames::kErrorCodeRemoved);
+}
+
+ZelvoHIDDevice::StatusBits ZelvoHIDDevice::statusToArray(int32_t status)
+{
+    StatusBits bits {};
+    for (size_t i = 0; i < bits.size(); ++i)
+        bits[i] = (status >> i) & 1;
+    return bits;
+}
+
+double ZelvoHIDDevice::getStandingPoint()
+{
+    auto& properties = AppProperties::instance();
+    const int64_t first = properties.devicePosition1();
+    const int64_t second = properties.devicePosition2();
+    return first > 0 && second > 0 ? double((first + second) / 2) : kStandingPointWithoutMemory;
+}
+
+void ZelvoHIDDevice::setPositionStateFromPosition(int32_t height)
+{
+    setPositionState(height >= getStandingPoint() ? kStanding : kSitting);
+}
+
+void ZelvoHIDDevice::setPositionState(int32_t positionState)
+{
+    if (positionState == m_positionState)
+        return;
+    Log::line(QString::asprintf("device position state updated. Position state: %d", positionState));
+    m_positionState = positionState;
+    if (m_delegate)
+        m_delegate->updatedPositionState(positionState, shared_from_this());
+}
+
+void ZelvoHIDDevice::readPosition()
+{
+    if (!m_isCommunicating)
+        return;
+    const auto self = shared_from_this();
+    const int32_t height = fetchPosition();
+    if (height == m_position)
+        return;
+    m_position = height;
+    if (m_delegate)
+        m_delegate->updatedPosition(height, self);
+    setPositionStateFromPosition(height);
+}
+
+void ZelvoHIDDevice::onReadPositionTimerTick(const Timer&)
+{
+    readPosition();
+}
+
+void ZelvoHIDDevice::startReadPositionTimer()
+{
+    Log::line(QStringLiteral("ReadPositionTimer started"));
+    stopReadPositionTimer();
+    m_readPositionTimer = m_timers.schedule(
+        kPollInterval, RunLoop::Repeat::Yes, [this](Timer& timer) { onReadPositionTimerTick(timer); });
+}
+
+void ZelvoHIDDevice::stopReadPositionTimer()
+{
+    if (!m_readPositionTimer)
+        return;
+    // The ended timer stays in its place, so a later stop says so again.
+    Log::line(QStringLiteral("ReadPositionTimer stopped"));
+    invalidate(m_readPositionTimer);
+}
+
+bool ZelvoHIDDevice::isActive() const
+{
+    return m_isConnected && m_isCommunicating && m_positionState != 0;
+}

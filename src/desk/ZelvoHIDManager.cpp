@@ -1,0 +1,197 @@
+#include "desk/ZelvoHIDManager.h"
+
+#include "desk/ZelvoHIDDevice.h"
+#include "platform/Log.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+constexpr size_t kWrittenBytes = 8;
+constexpr size_t kReadBytes = 64;
+constexpr qsizetype kLongestLoggedModel = 80;
+
+ZelvoDeviceNodeRef s_deviceList; // The head; the process has one list, whoever asks.
+
+/// Product strings come from the cable: one line of them, and not a page, goes to the log.
+QByteArray loggedModel(const ZelvoDeviceNode& node)
+{
+    return QString::fromStdString(node.model).simplified().left(kLongestLoggedModel).toUtf8();
+}
+
+void* address(const HidDeviceRef& reference)
+{
+    return reference.get();
+}
+
+HidDevice* transferTarget(const ZelvoHIDDevice& device)
+{
+    const ZelvoDeviceNodeRef& node = ZelvoHIDDevice::node();
+    return device.isConnected() && node ? node->deviceRef.get() : nullptr;
+}
+}
+
+ZelvoHIDManager::ZelvoHIDManager(HidManager& manager)
+    : m_manager(manager)
+{
+    s_deviceList = nullptr;
+    m_manager.setDeviceMatching({{QStringLiteral("Manufacturer"), QStringLiteral("Zelvo Ardenta A/S")}});
+    m_manager.registerDeviceMatchingCallback(
+        [this](const HidDeviceRef& device) { handleMatchingDevice(device, m_manager, 0); });
+    m_manager.registerDeviceRemovalCallback(
+        [this](const HidDeviceRef& device) { handleRemovedDevice(device, m_manager, 0); });
+    if (m_manager.open() != 0)
+        Log::line(QStringLiteral("IOHIDManagerOpen failed."));
+}
+
+ZelvoHIDManager::~ZelvoHIDManager()
+{
+    m_manager.registerDeviceMatchingCallback({});
+    m_manager.registerDeviceRemovalCallback({});
+    // Nothing static may keep an adapter open until the process ends.
+    s_deviceList = nullptr;
+    ZelvoHIDDevice::setNode(nullptr);
+}
+
+bool ZelvoHIDManager::isDeviceConneced() const
+{
+    return s_deviceList != nullptr;
+}
+
+std::shared_ptr<ZelvoHIDDevice> ZelvoHIDManager::connectedDevice() const
+{
+    return s_deviceList ? std::make_shared<ZelvoHIDDevice>(s_deviceList) : nullptr;
+}
+
+void ZelvoHIDManager::handleMatchingDevice(const HidDeviceRef& device, const HidManager& sender, int32_t)
+{
+    if (device->openExclusively() != 0) {
+        Log::line(QStringLiteral("Open failed"));
+        return;
+    }
+    start(device, sender);
+}
+
+void ZelvoHIDManager::start(const HidDeviceRef& reference, const HidManager& sender)
+{
+    const auto added = addDeviceReference(reference);
+    if (!added->initHID()) {
+        Log::line(QStringLiteral("Could not init device"));
+        return;
+    }
+    Log::line(QString::asprintf("\nDevice added: %p\nModel: %s\nDevice count: %lld", address(reference),
+        loggedModel(*added->ownNode()).constData(), static_cast<long long>(USBDeviceCount(sender))));
+}
+
+void ZelvoHIDManager::handleRemovedDevice(const HidDeviceRef& device, const HidManager& sender, int32_t)
+{
+    // Told apart before the list is asked: only the listed adapter can be found in it.
+    const bool isListed = s_deviceList && s_deviceList->deviceRef == device;
+    if (const auto left = isListed ? deviceByNode(deviceNodeByReference(device)) : deviceByReference(device))
+        removeDevice(left);
+    killDeviceReference(device);
+    // The newest device still attached defines the node again; with none the adapter may be closed.
+    ZelvoHIDDevice::setNode(m_devices.empty() ? nullptr : m_devices.back()->ownNode());
+    Log::line(QString::asprintf("\nDevice removed: %p\nDevice count: %lld", address(device),
+        static_cast<long long>(USBDeviceCount(sender))));
+    if (isListed && !m_devices.empty())
+        m_timers.schedule(0, RunLoop::Repeat::No, [this](Timer&) { bringInWaitingDevice(); });
+}
+
+void ZelvoHIDManager::bringInWaitingDevice()
+{
+    if (s_deviceList || m_devices.empty())
+        return;
+    // A new object, because the old one announced itself to nobody and will not do so again.
+    const auto waiting = m_devices.front();
+    removeDevice(waiting);
+    start(waiting->ownNode()->deviceRef, m_manager);
+}
+
+std::shared_ptr<ZelvoHIDDevice> ZelvoHIDManager::addDeviceReference(const HidDeviceRef& reference)
+{
+    auto node = std::make_shared<ZelvoDeviceNode>();
+    node->model = reference->stringProperty(QStringLiteral("Product")).value_or(QString()).toStdString();
+    node->deviceRef = reference;
+    // A node made while another is listed is filled and never linked: the program drives one desk.
+    if (!s_deviceList)
+        s_deviceList = node;
+
+    auto device = std::make_shared<ZelvoHIDDevice>(node);
+    device->setIsConnected(true);
+    addDevice(device);
+    return device;
+}
+
+void ZelvoHIDManager::addDevice(const std::shared_ptr<ZelvoHIDDevice>& device)
+{
+    if (m_delegate)
+        m_delegate->deviceAdded(device);
+    device->setIsConnected(true);
+    m_devices.push_back(device);
+}
+
+void ZelvoHIDManager::removeDevice(const std::shared_ptr<ZelvoHIDDevice>& device)
+{
+    if (m_delegate)
+        m_delegate->deviceRemoved(device);
+    device->setIsConnected(false);
+    std::erase(m_devices, device);
+}
+
+std::shared_ptr<ZelvoHIDDevice> ZelvoHIDManager::deviceByNode(const ZelvoDeviceNodeRef& node) const
+{
+    const auto found = std::find_if(m_devices.begin(), m_devices.end(),
+        [&](const auto& device) { return node && device->ownNode() == node; });
+    return found == m_devices.end() ? nullptr : *found;
+}
+
+std::shared_ptr<ZelvoHIDDevice> ZelvoHIDManager::deviceByReference(const HidDeviceRef& reference) const
+{
+    const auto found = std::find_if(m_devices.begin(), m_devices.end(),
+        [&](const auto& device) { return device->ownNode() && device->ownNode()->deviceRef == reference; });
+    return found == m_devices.end() ? nullptr : *found;
+}
+
+ZelvoDeviceNodeRef ZelvoHIDManager::deviceNodeByReference(const HidDeviceRef& reference) const
+{
+    return s_deviceList && s_deviceList->deviceRef == reference ? s_deviceList : nullptr;
+}
+
+bool ZelvoHIDManager::killDeviceReference(const HidDeviceRef& reference)
+{
+    for (ZelvoDeviceNodeRef* link = &s_deviceList; *link; link = &(*link)->next) {
+        if ((*link)->deviceRef == reference) {
+            *link = std::exchange((*link)->next, nullptr);
+            return true;
+        }
+    }
+    return false;
+}
+
+int64_t ZelvoHIDManager::USBDeviceCount(const HidManager& manager)
+{
+    return int64_t(manager.copyDevices().size());
+}
+
+bool ZelvoHIDManager::writeBuffer(std::span<const uint8_t> buffer, const ZelvoHIDDevice& toDevice)
+{
+    HidDevice* target = transferTarget(toDevice);
+    if (!target)
+        return false;
+    const HidStatus status = target->setFeatureReport(buffer.first(std::min(buffer.size(), kWrittenBytes)));
+    if (status != 0)
+        Log::line(QString::asprintf("IOHIDDeviceSetReport return value: %08x", unsigned(status)));
+    return status == 0;
+}
+
+bool ZelvoHIDManager::readBuffer(std::span<uint8_t> buffer, const ZelvoHIDDevice& toDevice)
+{
+    HidDevice* target = transferTarget(toDevice);
+    if (!target)
+        return false;
+    const HidStatus status = target->getFeatureReport(buffer.first(std::min(buffer.size(), kReadBytes)));
+    if (status != 0)
+        Log::line(QString::asprintf("IOHIDDeviceGetReport return value: %08x", unsigned(status)));
+    return status == 0;
+}
