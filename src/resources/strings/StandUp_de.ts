@@ -1,0 +1,464 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de" sourcelanguage="en">
+<context>
+    <name></name>
+    <!-- The program -->
+    <message id="AppName">
+        <source>Zelvo StandUp</source>
+        <translation>Zelvo StandUp</translation>
+    </message>
+    <message id="ContextMenuOpen">
+        <source>Open Zelvo StandUp</source>
+        <translation>Zelvo StandUp öffnen</translation>
+    </message>
+    <message id="ContextMenuHistory">
+        <source>History</source>
+        <translation>Verlauf</translation>
+    </message>
+    <message id="ContextMenuSettings">
+        <source>Settings…</source>
+        <translation>Einstellungen…</translation>
+    </message>
+    <message id="ContextMenuExit">
+        <source>Quit</source>
+        <translation>Beenden</translation>
+    </message>
+    <message id="DeskConnected">
+        <source>Desk connected</source>
+        <extracomment>Tooltip and spoken state of the icon in the system tray</extracomment>
+        <translation>Tisch verbunden</translation>
+    </message>
+    <message id="DeskDisconnected">
+        <source>No desk connected</source>
+        <extracomment>Tooltip and spoken state of the icon in the system tray</extracomment>
+        <translation>Kein Tisch verbunden</translation>
+    </message>
+    <message id="SimulatedDesk">
+        <source>Simulated desk</source>
+        <extracomment>Said wherever the program drives its built-in simulated desk</extracomment>
+        <translation>Simulierter Tisch</translation>
+    </message>
+    <!-- Ending and errors -->
+    <message id="Could not save changes while quitting. Quit anyway?">
+        <source>Could not save changes while quitting. Quit anyway?</source>
+        <translation>Beim Beenden konnten Änderungen nicht gesichert werden. Trotzdem beenden?</translation>
+    </message>
+    <message id="Quitting now will lose any changes you have made since the last successful save">
+        <source>Quitting now will lose any changes you have made since the last successful save.</source>
+        <translation>Alle Änderungen seit dem letzten erfolgreichen Sichern gehen verloren.</translation>
+    </message>
+    <message id="Quit anyway">
+        <source>Quit Anyway</source>
+        <translation>Trotzdem beenden</translation>
+    </message>
+    <message id="Cancel">
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message id="OkButton">
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message id="Expected a folder to store application data, found a file (%1).">
+        <source>Expected a folder to store application data, found a file (%1).</source>
+        <extracomment>%1: path</extracomment>
+        <translation>Für die Programmdaten ist ein Ordner vorgesehen, gefunden wurde eine Datei (%1).</translation>
+    </message>
+    <message id="Failed to initialize the store">
+        <source>Failed to initialize the store</source>
+        <translation>Der Datenspeicher konnte nicht vorbereitet werden</translation>
+    </message>
+    <message id="There was an error building up the data file.">
+        <source>There was an error building up the data file.</source>
+        <translation>Beim Anlegen der Datendatei ist ein Fehler aufgetreten.</translation>
+    </message>
+    <message id="DamagedStore">
+        <source>The record of your activities is damaged and cannot be read. The file has been kept as it is: %1</source>
+        <extracomment>%1: path</extracomment>
+        <translation>Die Aufzeichnung der Aktivitäten ist beschädigt und nicht lesbar. Die Datei bleibt unverändert erhalten: %1</translation>
+    </message>
+    <message id="DataFolderUnavailable">
+        <source>The folder for the program’s data cannot be used: %1</source>
+        <extracomment>%1: path or reason</extracomment>
+        <translation>Der Ordner für die Programmdaten ist nicht benutzbar: %1</translation>
+    </message>
+    <message id="AdapterNotAllowed">
+        <source>The desk adapter may not be opened. Install the udev rule %1 and run: %2</source>
+        <extracomment>%1: name of the rule, %2: command</extracomment>
+        <translation>Der Tischadapter darf nicht geöffnet werden. Die udev-Regel %1 installieren und diesen Befehl ausführen: %2</translation>
+    </message>
+    <!-- Errors that the desk reports -->
+    <message id="Error &#10;">
+        <source>Desk error
+</source>
+        <extracomment>Heading of the list of errors; ends with a line break</extracomment>
+        <translation>Meldung vom Tisch
+</translation>
+    </message>
+    <message id="PositionLostError">
+        <source>The desk has lost its position. Hold Down until it has reached the bottom.</source>
+        <translation>Der Tisch hat seine Position verloren. „Ab“ gedrückt halten, bis er ganz unten ist.</translation>
+    </message>
+    <message id="OverloadUpError">
+        <source>Overload while going up. Take some weight off the desk.</source>
+        <translation>Überlast beim Hochfahren. Den Tisch entlasten.</translation>
+    </message>
+    <message id="OverloadDownError">
+        <source>Overload while going down. Check that nothing is in the way.</source>
+        <translation>Überlast beim Herunterfahren. Prüfen, ob etwas im Weg ist.</translation>
+    </message>
+    <!-- Units -->
+    <message id="Centimeter">
+        <source>cm</source>
+        <translation>cm</translation>
+    </message>
+    <message id="Inches">
+        <source>in</source>
+        <translation>Zoll</translation>
+    </message>
+    <message id="Kg">
+        <source>kg</source>
+        <translation>kg</translation>
+    </message>
+    <message id="Lbs">
+        <source>lb</source>
+        <translation>lb</translation>
+    </message>
+    <message id="Min">
+        <source>min</source>
+        <translation>Min.</translation>
+    </message>
+    <message id="Mins">
+        <source>minutes</source>
+        <translation>Minuten</translation>
+    </message>
+    <message id="Minutes">
+        <source>minutes</source>
+        <translation>Minuten</translation>
+    </message>
+    <message id="Calories">
+        <source>Calories</source>
+        <translation>Kalorien</translation>
+    </message>
+    <!-- Buttons -->
+    <message id="UpButton">
+        <source>Up</source>
+        <translation>Auf</translation>
+    </message>
+    <message id="DownButton">
+        <source>Down</source>
+        <translation>Ab</translation>
+    </message>
+    <message id="Memory1">
+        <source>Sit</source>
+        <translation>Sitzen</translation>
+    </message>
+    <message id="Memory2">
+        <source>Stand</source>
+        <translation>Stehen</translation>
+    </message>
+    <message id="Memory3">
+        <source>Position 3</source>
+        <translation>Position 3</translation>
+    </message>
+    <message id="HistoryButton">
+        <source>History</source>
+        <translation>Verlauf</translation>
+    </message>
+    <message id="SettingsButton">
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
+    </message>
+    <message id="SnoozeButton">
+        <source>Snooze</source>
+        <translation>Später</translation>
+    </message>
+    <message id="SkipButton">
+        <source>Skip</source>
+        <translation>Auslassen</translation>
+    </message>
+    <message id="DoneButton">
+        <source>Done</source>
+        <translation>Fertig</translation>
+    </message>
+    <message id="CloseButton">
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <!-- Main window -->
+    <message id="TableHeightLabel">
+        <source>Desk height</source>
+        <translation>Tischhöhe</translation>
+    </message>
+    <message id="OfTodaysGoal">
+        <source>of today’s goal</source>
+        <translation>des Tagesziels</translation>
+    </message>
+    <message id="CurrentSession">
+        <source>Current session</source>
+        <translation>Aktueller Abschnitt</translation>
+    </message>
+    <message id="ConnectTable">
+        <source>Please connect your desk</source>
+        <translation>Bitte den Tisch verbinden</translation>
+    </message>
+    <!-- Reminder: the headline when the user stands and is asked to sit -->
+    <message id="StandingMessage1">
+        <source>Time to take a seat</source>
+        <translation>Zeit, sich zu setzen</translation>
+    </message>
+    <message id="StandingMessage2">
+        <source>Well stood! Have a seat.</source>
+        <translation>Gut gestanden! Jetzt ist Sitzen dran.</translation>
+    </message>
+    <message id="StandingMessage3">
+        <source>Your legs have earned a rest</source>
+        <translation>Eine Pause für die Beine</translation>
+    </message>
+    <message id="StandingMessage4">
+        <source>How about sitting for a while?</source>
+        <translation>Wie wäre es mit einer Weile im Sitzen?</translation>
+    </message>
+    <message id="StandingMessage5">
+        <source>A good moment to sit down</source>
+        <translation>Ein guter Moment zum Hinsetzen</translation>
+    </message>
+    <message id="StandingMessage6">
+        <source>Your chair is ready when you are</source>
+        <translation>Der Stuhl steht bereit</translation>
+    </message>
+    <message id="StandingMessage7">
+        <source>Let the desk come down with you</source>
+        <translation>Mit dem Tisch nach unten</translation>
+    </message>
+    <message id="StandingMessage8">
+        <source>Ease back into your chair</source>
+        <translation>Zurücklehnen und weitermachen</translation>
+    </message>
+    <message id="StandingMessage9">
+        <source>Nicely done. Now put your feet up.</source>
+        <translation>Schön gestanden. Nun etwas Erholung.</translation>
+    </message>
+    <message id="StandingMessage10">
+        <source>A change of view: sit for a bit</source>
+        <translation>Neue Perspektive: eine Weile sitzen</translation>
+    </message>
+    <!-- Reminder: the headline when the user sits and is asked to stand -->
+    <message id="SittingMessage1">
+        <source>Time to stand up</source>
+        <translation>Zeit aufzustehen</translation>
+    </message>
+    <message id="SittingMessage2">
+        <source>Ready for a stretch?</source>
+        <translation>Lust, sich zu strecken?</translation>
+    </message>
+    <message id="SittingMessage3">
+        <source>A good moment to get on your feet</source>
+        <translation>Ein guter Moment zum Aufstehen</translation>
+    </message>
+    <message id="SittingMessage4">
+        <source>Your back will enjoy this: stand up</source>
+        <translation>Der Rücken freut sich: aufstehen</translation>
+    </message>
+    <message id="SittingMessage5">
+        <source>Give your legs something to do</source>
+        <translation>Etwas Bewegung für die Beine</translation>
+    </message>
+    <message id="SittingMessage6">
+        <source>How about standing for a while?</source>
+        <translation>Wie wäre es mit einer Weile im Stehen?</translation>
+    </message>
+    <message id="SittingMessage7">
+        <source>Rise with your desk</source>
+        <translation>Mit dem Tisch nach oben</translation>
+    </message>
+    <message id="SittingMessage8">
+        <source>A new angle on things: stand up</source>
+        <translation>Neuer Blickwinkel: im Stehen weiter</translation>
+    </message>
+    <message id="SittingMessage9">
+        <source>A little stand, a clearer head</source>
+        <translation>Kurz stehen, klarer denken</translation>
+    </message>
+    <message id="SittingMessage10">
+        <source>Up you get, in your own time</source>
+        <translation>Auf die Füße, ganz ohne Eile</translation>
+    </message>
+    <!-- Reminder: the line below the headline -->
+    <message id="NotificationDetailMessage1">
+        <source>Stand for %1 min</source>
+        <extracomment>%1: whole minutes; NotificationDetailMessage2 follows on the same line</extracomment>
+        <translation>%1 Min. stehen</translation>
+    </message>
+    <message id="NotificationDetailMessage2">
+        <source>to burn %1 kcal.</source>
+        <extracomment>%1: whole kilocalories</extracomment>
+        <translation>verbraucht %1 kcal.</translation>
+    </message>
+    <message id="NotificationSittingmemory">
+        <source>Sit for %1 min, then stand again.</source>
+        <extracomment>%1: whole minutes</extracomment>
+        <translation>%1 Min. sitzen, dann wieder stehen.</translation>
+    </message>
+    <!-- Setup -->
+    <message id="Setup">
+        <source>Setup</source>
+        <translation>Einrichtung</translation>
+    </message>
+    <message id="TableHeightHeader">
+        <source>Desk height now</source>
+        <translation>Tischhöhe jetzt</translation>
+    </message>
+    <message id="MyWeightIs">
+        <source>My weight</source>
+        <translation>Mein Gewicht</translation>
+    </message>
+    <message id="StandUpHeader">
+        <source>Stand up</source>
+        <translation>Aufstehen</translation>
+    </message>
+    <message id="EachHour">
+        <source>times an hour</source>
+        <translation>Mal pro Stunde</translation>
+    </message>
+    <message id="Time">
+        <source>Time</source>
+        <translation>Zeit</translation>
+    </message>
+    <message id="SetupCaloriesHeader">
+        <source>Calories to burn by standing each day</source>
+        <extracomment>Heading over the goals in calories</extracomment>
+        <translation>Kalorien, die das Stehen am Tag verbraucht</translation>
+    </message>
+    <message id="SetupEnergyHeader">
+        <source>Minutes to stand each hour</source>
+        <extracomment>Heading over the goals in time</extracomment>
+        <translation>Minuten im Stehen pro Stunde</translation>
+    </message>
+    <message id="SliderText">
+        <source>That is %1 min on your feet each time you stand up.</source>
+        <extracomment>%1: minutes in steps of a half</extracomment>
+        <translation>Das sind %1 Min. im Stehen bei jedem Aufstehen.</translation>
+    </message>
+    <message id="InfoLinkButton">
+        <source>Watch the video</source>
+        <translation>Video ansehen</translation>
+    </message>
+    <message id="InfoLinkText">
+        <source>More about standing at work</source>
+        <translation>Mehr über das Arbeiten im Stehen</translation>
+    </message>
+    <message id="MemoryInstruction">
+        <source>Hold Up or Down until the desk is at the right height, then choose Done.</source>
+        <translation>„Auf“ oder „Ab“ gedrückt halten, bis die Höhe stimmt, dann „Fertig“ wählen.</translation>
+    </message>
+    <!-- History -->
+    <message id="History">
+        <source>History</source>
+        <translation>Verlauf</translation>
+    </message>
+    <message id="CaloriesCheckbox">
+        <source>calories</source>
+        <translation>Kalorien</translation>
+    </message>
+    <message id="Stands">
+        <source>stand-ups</source>
+        <translation>Stehphasen</translation>
+    </message>
+    <message id="GoalsMet">
+        <source>goals met</source>
+        <translation>Ziele erreicht</translation>
+    </message>
+    <message id="Day">
+        <source>Day</source>
+        <translation>Tag</translation>
+    </message>
+    <message id="Week">
+        <source>Week</source>
+        <translation>Woche</translation>
+    </message>
+    <message id="Month">
+        <source>Month</source>
+        <translation>Monat</translation>
+    </message>
+    <message id="Year">
+        <source>Year</source>
+        <translation>Jahr</translation>
+    </message>
+    <message id="YourDailyStats">
+        <source>Your day so far</source>
+        <translation>Der Tag bisher</translation>
+    </message>
+    <message id="YourWeeklyStats">
+        <source>Your week so far</source>
+        <translation>Die Woche bisher</translation>
+    </message>
+    <message id="YourMonthlyStats">
+        <source>Your month so far: %1</source>
+        <extracomment>%1: name of the month</extracomment>
+        <translation>Der Monat bisher: %1</translation>
+    </message>
+    <message id="YourYearlyStats">
+        <source>Your year so far: %1</source>
+        <extracomment>%1: the year</extracomment>
+        <translation>Das Jahr bisher: %1</translation>
+    </message>
+    <message id="ExportData">
+        <source>Export to a file…</source>
+        <translation>In eine Datei exportieren…</translation>
+    </message>
+    <message id="ExportFileName">
+        <source>Zelvo StandUp %1.csv</source>
+        <extracomment>%1: date as 31-12-2024</extracomment>
+        <translation>Zelvo StandUp %1.csv</translation>
+    </message>
+    <!-- What a screen reader says -->
+    <message id="AccessMoveUpHint">
+        <source>Hold to raise the desk</source>
+        <translation>Gedrückt halten, um den Tisch anzuheben</translation>
+    </message>
+    <message id="AccessMoveDownHint">
+        <source>Hold to lower the desk</source>
+        <translation>Gedrückt halten, um den Tisch abzusenken</translation>
+    </message>
+    <message id="AccessMemoryHint">
+        <source>Hold to move the desk to this position</source>
+        <translation>Gedrückt halten, um den Tisch in diese Position zu fahren</translation>
+    </message>
+    <message id="AccessSetMemoryHint">
+        <source>Set the height of this position</source>
+        <translation>Höhe dieser Position festlegen</translation>
+    </message>
+    <message id="AccessGoalProgress">
+        <source>Progress towards today’s goal</source>
+        <translation>Fortschritt zum Tagesziel</translation>
+    </message>
+    <message id="AccessSessionProgress">
+        <source>Progress of the current session</source>
+        <translation>Fortschritt des aktuellen Abschnitts</translation>
+    </message>
+    <message id="AccessCircleValue">
+        <source>%1 %2, %3 percent</source>
+        <extracomment>%1: number, %2: its caption, %3: percentage</extracomment>
+        <translation>%1 %2, %3 Prozent</translation>
+    </message>
+    <message id="AccessGoalCircle">
+        <source>Goal: %1 %2</source>
+        <extracomment>%1: number, %2: its unit</extracomment>
+        <translation>Ziel: %1 %2</translation>
+    </message>
+    <message id="AccessGoalSlider">
+        <source>Goal</source>
+        <translation>Ziel</translation>
+    </message>
+    <message id="AccessErrorLine">
+        <source>Desk errors</source>
+        <translation>Meldungen des Tisches</translation>
+    </message>
+    <message id="AccessCloseWithoutSaving">
+        <source>Close without saving</source>
+        <translation>Schließen ohne zu sichern</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,463 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en" sourcelanguage="en">
+<context>
+    <name></name>
+    <!-- The program -->
+    <message id="AppName">
+        <source></source>
+        <translation>Zelvo StandUp</translation>
+    </message>
+    <message id="ContextMenuOpen">
+        <source></source>
+        <translation>Open Zelvo StandUp</translation>
+    </message>
+    <message id="ContextMenuHistory">
+        <source></source>
+        <translation>History</translation>
+    </message>
+    <message id="ContextMenuSettings">
+        <source></source>
+        <translation>Settings…</translation>
+    </message>
+    <message id="ContextMenuExit">
+        <source></source>
+        <translation>Quit</translation>
+    </message>
+    <message id="DeskConnected">
+        <source></source>
+        <extracomment>Tooltip and spoken state of the icon in the system tray</extracomment>
+        <translation>Desk connected</translation>
+    </message>
+    <message id="DeskDisconnected">
+        <source></source>
+        <extracomment>Tooltip and spoken state of the icon in the system tray</extracomment>
+        <translation>No desk connected</translation>
+    </message>
+    <message id="SimulatedDesk">
+        <source></source>
+        <extracomment>Said wherever the program drives its built-in simulated desk</extracomment>
+        <translation>Simulated desk</translation>
+    </message>
+    <!-- Ending and errors -->
+    <message id="Could not save changes while quitting. Quit anyway?">
+        <source></source>
+        <translation>Could not save changes while quitting. Quit anyway?</translation>
+    </message>
+    <message id="Quitting now will lose any changes you have made since the last successful save">
+        <source></source>
+        <translation>Quitting now will lose any changes you have made since the last successful save.</translation>
+    </message>
+    <message id="Quit anyway">
+        <source></source>
+        <translation>Quit Anyway</translation>
+    </message>
+    <message id="Cancel">
+        <source></source>
+        <translation>Cancel</translation>
+    </message>
+    <message id="OkButton">
+        <source></source>
+        <translation>OK</translation>
+    </message>
+    <message id="Expected a folder to store application data, found a file (%1).">
+        <source></source>
+        <extracomment>%1: path</extracomment>
+        <translation>Expected a folder to store application data, found a file (%1).</translation>
+    </message>
+    <message id="Failed to initialize the store">
+        <source></source>
+        <translation>Failed to initialize the store</translation>
+    </message>
+    <message id="There was an error building up the data file.">
+        <source></source>
+        <translation>There was an error building up the data file.</translation>
+    </message>
+    <message id="DamagedStore">
+        <source></source>
+        <extracomment>%1: path</extracomment>
+        <translation>The record of your activities is damaged and cannot be read. The file has been kept as it is: %1</translation>
+    </message>
+    <message id="DataFolderUnavailable">
+        <source></source>
+        <extracomment>%1: path or reason</extracomment>
+        <translation>The folder for the program’s data cannot be used: %1</translation>
+    </message>
+    <message id="AdapterNotAllowed">
+        <source></source>
+        <extracomment>%1: name of the rule, %2: command</extracomment>
+        <translation>The desk adapter may not be opened. Install the udev rule %1 and run: %2</translation>
+    </message>
+    <!-- Errors that the desk reports -->
+    <message id="Error &#10;">
+        <source></source>
+        <extracomment>Heading of the list of errors; ends with a line break</extracomment>
+        <translation>Desk error
+</translation>
+    </message>
+    <message id="PositionLostError">
+        <source></source>
+        <translation>The desk has lost its position. Hold Down until it has reached the bottom.</translation>
+    </message>
+    <message id="OverloadUpError">
+        <source></source>
+        <translation>Overload while going up. Take some weight off the desk.</translation>
+    </message>
+    <message id="OverloadDownError">
+        <source></source>
+        <translation>Overload while going down. Check that nothing is in the way.</translation>
+    </message>
+    <!-- Units -->
+    <message id="Centimeter">
+        <source></source>
+        <translation>cm</translation>
+    </message>
+    <message id="Inches">
+        <source></source>
+        <translation>in</translation>
+    </message>
+    <message id="Kg">
+        <source></source>
+        <translation>kg</translation>
+    </message>
+    <message id="Lbs">
+        <source></source>
+        <translation>lb</translation>
+    </message>
+    <message id="Min">
+        <source></source>
+        <translation>min</translation>
+    </message>
+    <message id="Mins">
+        <source></source>
+        <translation>minutes</translation>
+    </message>
+    <message id="Minutes">
+        <source></source>
+        <translation>minutes</translation>
+    </message>
+    <message id="Calories">
+        <source></source>
+        <translation>Calories</translation>
+    </message>
+    <!-- Buttons -->
+    <message id="UpButton">
+        <source></source>
+        <translation>Up</translation>
+    </message>
+    <message id="DownButton">
+        <source></source>
+        <translation>Down</translation>
+    </message>
+    <message id="Memory1">
+        <source></source>
+        <translation>Sit</translation>
+    </message>
+    <message id="Memory2">
+        <source></source>
+        <translation>Stand</translation>
+    </message>
+    <message id="Memory3">
+        <source></source>
+        <translation>Position 3</translation>
+    </message>
+    <message id="HistoryButton">
+        <source></source>
+        <translation>History</translation>
+    </message>
+    <message id="SettingsButton">
+        <source></source>
+        <translation>Settings</translation>
+    </message>
+    <message id="SnoozeButton">
+        <source></source>
+        <translation>Snooze</translation>
+    </message>
+    <message id="SkipButton">
+        <source></source>
+        <translation>Skip</translation>
+    </message>
+    <message id="DoneButton">
+        <source></source>
+        <translation>Done</translation>
+    </message>
+    <message id="CloseButton">
+        <source></source>
+        <translation>Close</translation>
+    </message>
+    <!-- Main window -->
+    <message id="TableHeightLabel">
+        <source></source>
+        <translation>Desk height</translation>
+    </message>
+    <message id="OfTodaysGoal">
+        <source></source>
+        <translation>of today’s goal</translation>
+    </message>
+    <message id="CurrentSession">
+        <source></source>
+        <translation>Current session</translation>
+    </message>
+    <message id="ConnectTable">
+        <source></source>
+        <translation>Please connect your desk</translation>
+    </message>
+    <!-- Reminder: the headline when the user stands and is asked to sit -->
+    <message id="StandingMessage1">
+        <source></source>
+        <translation>Time to take a seat</translation>
+    </message>
+    <message id="StandingMessage2">
+        <source></source>
+        <translation>Well stood! Have a seat.</translation>
+    </message>
+    <message id="StandingMessage3">
+        <source></source>
+        <translation>Your legs have earned a rest</translation>
+    </message>
+    <message id="StandingMessage4">
+        <source></source>
+        <translation>How about sitting for a while?</translation>
+    </message>
+    <message id="StandingMessage5">
+        <source></source>
+        <translation>A good moment to sit down</translation>
+    </message>
+    <message id="StandingMessage6">
+        <source></source>
+        <translation>Your chair is ready when you are</translation>
+    </message>
+    <message id="StandingMessage7">
+        <source></source>
+        <translation>Let the desk come down with you</translation>
+    </message>
+    <message id="StandingMessage8">
+        <source></source>
+        <translation>Ease back into your chair</translation>
+    </message>
+    <message id="StandingMessage9">
+        <source></source>
+        <translation>Nicely done. Now put your feet up.</translation>
+    </message>
+    <message id="StandingMessage10">
+        <source></source>
+        <translation>A change of view: sit for a bit</translation>
+    </message>
+    <!-- Reminder: the headline when the user sits and is asked to stand -->
+    <message id="SittingMessage1">
+        <source></source>
+        <translation>Time to stand up</translation>
+    </message>
+    <message id="SittingMessage2">
+        <source></source>
+        <translation>Ready for a stretch?</translation>
+    </message>
+    <message id="SittingMessage3">
+        <source></source>
+        <translation>A good moment to get on your feet</translation>
+    </message>
+    <message id="SittingMessage4">
+        <source></source>
+        <translation>Your back will enjoy this: stand up</translation>
+    </message>
+    <message id="SittingMessage5">
+        <source></source>
+        <translation>Give your legs something to do</translation>
+    </message>
+    <message id="SittingMessage6">
+        <source></source>
+        <translation>How about standing for a while?</translation>
+    </message>
+    <message id="SittingMessage7">
+        <source></source>
+        <translation>Rise with your desk</translation>
+    </message>
+    <message id="SittingMessage8">
+        <source></source>
+        <translation>A new angle on things: stand up</translation>
+    </message>
+    <message id="SittingMessage9">
+        <source></source>
+        <translation>A little stand, a clearer head</translation>
+    </message>
+    <message id="SittingMessage10">
+        <source></source>
+        <translation>Up you get, in your own time</translation>
+    </message>
+    <!-- Reminder: the line below the headline -->
+    <message id="NotificationDetailMessage1">
+        <source></source>
+        <extracomment>%1: whole minutes; NotificationDetailMessage2 follows on the same line</extracomment>
+        <translation>Stand for %1 min</translation>
+    </message>
+    <message id="NotificationDetailMessage2">
+        <source></source>
+        <extracomment>%1: whole kilocalories</extracomment>
+        <translation>to burn %1 kcal.</translation>
+    </message>
+    <message id="NotificationSittingmemory">
+        <source></source>
+        <extracomment>%1: whole minutes</extracomment>
+        <translation>Sit for %1 min, then stand again.</translation>
+    </message>
+    <!-- Setup -->
+    <message id="Setup">
+        <source></source>
+        <translation>Setup</translation>
+    </message>
+    <message id="TableHeightHeader">
+        <source></source>
+        <translation>Desk height now</translation>
+    </message>
+    <message id="MyWeightIs">
+        <source></source>
+        <translation>My weight</translation>
+    </message>
+    <message id="StandUpHeader">
+        <source></source>
+        <translation>Stand up</translation>
+    </message>
+    <message id="EachHour">
+        <source></source>
+        <translation>times an hour</translation>
+    </message>
+    <message id="Time">
+        <source></source>
+        <translation>Time</translation>
+    </message>
+    <message id="SetupCaloriesHeader">
+        <source></source>
+        <extracomment>Heading over the goals in calories</extracomment>
+        <translation>Calories to burn by standing each day</translation>
+    </message>
+    <message id="SetupEnergyHeader">
+        <source></source>
+        <extracomment>Heading over the goals in time</extracomment>
+        <translation>Minutes to stand each hour</translation>
+    </message>
+    <message id="SliderText">
+        <source></source>
+        <extracomment>%1: minutes in steps of a half</extracomment>
+        <translation>That is %1 min on your feet each time you stand up.</translation>
+    </message>
+    <message id="InfoLinkButton">
+        <source></source>
+        <translation>Watch the video</translation>
+    </message>
+    <message id="InfoLinkText">
+        <source></source>
+        <translation>More about standing at work</translation>
+    </message>
+    <message id="MemoryInstruction">
+        <source></source>
+        <translation>Hold Up or Down until the desk is at the right height, then choose Done.</translation>
+    </message>
+    <!-- History -->
+    <message id="History">
+        <source></source>
+        <translation>History</translation>
+    </message>
+    <message id="CaloriesCheckbox">
+        <source></source>
+        <translation>calories</translation>
+    </message>
+    <message id="Stands">
+        <source></source>
+        <translation>stand-ups</translation>
+    </message>
+    <message id="GoalsMet">
+        <source></source>
+        <translation>goals met</translation>
+    </message>
+    <message id="Day">
+        <source></source>
+        <translation>Day</translation>
+    </message>
+    <message id="Week">
+        <source></source>
+        <translation>Week</translation>
+    </message>
+    <message id="Month">
+        <source></source>
+        <translation>Month</translation>
+    </message>
+    <message id="Year">
+        <source></source>
+        <translation>Year</translation>
+    </message>
+    <message id="YourDailyStats">
+        <source></source>
+        <translation>Your day so far</translation>
+    </message>
+    <message id="YourWeeklyStats">
+        <source></source>
+        <translation>Your week so far</translation>
+    </message>
+    <message id="YourMonthlyStats">
+        <source></source>
+        <extracomment>%1: name of the month</extracomment>
+        <translation>Your month so far: %1</translation>
+    </message>
+    <message id="YourYearlyStats">
+        <source></source>
+        <extracomment>%1: the year</extracomment>
+        <translation>Your year so far: %1</translation>
+    </message>
+    <message id="ExportData">
+        <source></source>
+        <translation>Export to a file…</translation>
+    </message>
+    <message id="ExportFileName">
+        <source></source>
+        <extracomment>%1: date as 31-12-2024</extracomment>
+        <translation>Zelvo StandUp %1.csv</translation>
+    </message>
+    <!-- What a screen reader says -->
+    <message id="AccessMoveUpHint">
+        <source></source>
+        <translation>Hold to raise the desk</translation>
+    </message>
+    <message id="AccessMoveDownHint">
+        <source></source>
+        <translation>Hold to lower the desk</translation>
+    </message>
+    <message id="AccessMemoryHint">
+        <source></source>
+        <translation>Hold to move the desk to this position</translation>
+    </message>
+    <message id="AccessSetMemoryHint">
+        <source></source>
+        <translation>Set the height of this position</translation>
+    </message>
+    <message id="AccessGoalProgress">
+        <source></source>
+        <translation>Progress towards today’s goal</translation>
+    </message>
+    <message id="AccessSessionProgress">
+        <source></source>
+        <translation>Progress of the current session</translation>
+    </message>
+    <message id="AccessCircleValue">
+        <source></source>
+        <extracomment>%1: number, %2: its caption, %3: percentage</extracomment>
+        <translation>%1 %2, %3 percent</translation>
+    </message>
+    <message id="AccessGoalCircle">
+        <source></source>
+        <extracomment>%1: number, %2: its unit</extracomment>
+        <translation>Goal: %1 %2</translation>
+    </message>
+    <message id="AccessGoalSlider">
+        <source></source>
+        <translation>Goal</translation>
+    </message>
+    <message id="AccessErrorLine">
+        <source></source>
+        <translation>Desk errors</translation>
+    </message>
+    <message id="AccessCloseWithoutSaving">
+        <source></source>
+        <translation>Close without saving</translation>
+    </message>
+</context>
+</TS>

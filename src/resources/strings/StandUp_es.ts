@@ -1,0 +1,464 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="es" sourcelanguage="en">
+<context>
+    <name></name>
+    <!-- The program -->
+    <message id="AppName">
+        <source>Zelvo StandUp</source>
+        <translation>Zelvo StandUp</translation>
+    </message>
+    <message id="ContextMenuOpen">
+        <source>Open Zelvo StandUp</source>
+        <translation>Abrir Zelvo StandUp</translation>
+    </message>
+    <message id="ContextMenuHistory">
+        <source>History</source>
+        <translation>Historial</translation>
+    </message>
+    <message id="ContextMenuSettings">
+        <source>Settings…</source>
+        <translation>Ajustes…</translation>
+    </message>
+    <message id="ContextMenuExit">
+        <source>Quit</source>
+        <translation>Salir</translation>
+    </message>
+    <message id="DeskConnected">
+        <source>Desk connected</source>
+        <extracomment>Tooltip and spoken state of the icon in the system tray</extracomment>
+        <translation>Escritorio conectado</translation>
+    </message>
+    <message id="DeskDisconnected">
+        <source>No desk connected</source>
+        <extracomment>Tooltip and spoken state of the icon in the system tray</extracomment>
+        <translation>Ningún escritorio conectado</translation>
+    </message>
+    <message id="SimulatedDesk">
+        <source>Simulated desk</source>
+        <extracomment>Said wherever the program drives its built-in simulated desk</extracomment>
+        <translation>Escritorio simulado</translation>
+    </message>
+    <!-- Ending and errors -->
+    <message id="Could not save changes while quitting. Quit anyway?">
+        <source>Could not save changes while quitting. Quit anyway?</source>
+        <translation>No se han podido guardar los cambios al salir. ¿Salir de todos modos?</translation>
+    </message>
+    <message id="Quitting now will lose any changes you have made since the last successful save">
+        <source>Quitting now will lose any changes you have made since the last successful save.</source>
+        <translation>Se perderán todos los cambios realizados desde la última vez que se guardaron.</translation>
+    </message>
+    <message id="Quit anyway">
+        <source>Quit Anyway</source>
+        <translation>Salir de todos modos</translation>
+    </message>
+    <message id="Cancel">
+        <source>Cancel</source>
+        <translation>Cancelar</translation>
+    </message>
+    <message id="OkButton">
+        <source>OK</source>
+        <translation>Aceptar</translation>
+    </message>
+    <message id="Expected a folder to store application data, found a file (%1).">
+        <source>Expected a folder to store application data, found a file (%1).</source>
+        <extracomment>%1: path</extracomment>
+        <translation>Se esperaba una carpeta para los datos del programa, pero hay un archivo (%1).</translation>
+    </message>
+    <message id="Failed to initialize the store">
+        <source>Failed to initialize the store</source>
+        <translation>No se ha podido preparar el almacén de datos</translation>
+    </message>
+    <message id="There was an error building up the data file.">
+        <source>There was an error building up the data file.</source>
+        <translation>Se ha producido un error al crear el archivo de datos.</translation>
+    </message>
+    <message id="DamagedStore">
+        <source>The record of your activities is damaged and cannot be read. The file has been kept as it is: %1</source>
+        <extracomment>%1: path</extracomment>
+        <translation>El registro de actividades está dañado y no se puede leer. El archivo se ha conservado tal cual: %1</translation>
+    </message>
+    <message id="DataFolderUnavailable">
+        <source>The folder for the program’s data cannot be used: %1</source>
+        <extracomment>%1: path or reason</extracomment>
+        <translation>No se puede utilizar la carpeta de datos del programa: %1</translation>
+    </message>
+    <message id="AdapterNotAllowed">
+        <source>The desk adapter may not be opened. Install the udev rule %1 and run: %2</source>
+        <extracomment>%1: name of the rule, %2: command</extracomment>
+        <translation>No se permite abrir el adaptador del escritorio. Instalar la regla de udev %1 y ejecutar: %2</translation>
+    </message>
+    <!-- Errors that the desk reports -->
+    <message id="Error &#10;">
+        <source>Desk error
+</source>
+        <extracomment>Heading of the list of errors; ends with a line break</extracomment>
+        <translation>Error del escritorio
+</translation>
+    </message>
+    <message id="PositionLostError">
+        <source>The desk has lost its position. Hold Down until it has reached the bottom.</source>
+        <translation>El escritorio ha perdido su posición. Mantener pulsado «Bajar» hasta que llegue abajo.</translation>
+    </message>
+    <message id="OverloadUpError">
+        <source>Overload while going up. Take some weight off the desk.</source>
+        <translation>Sobrecarga al subir. Retirar peso del escritorio.</translation>
+    </message>
+    <message id="OverloadDownError">
+        <source>Overload while going down. Check that nothing is in the way.</source>
+        <translation>Sobrecarga al bajar. Comprobar que nada estorba.</translation>
+    </message>
+    <!-- Units -->
+    <message id="Centimeter">
+        <source>cm</source>
+        <translation>cm</translation>
+    </message>
+    <message id="Inches">
+        <source>in</source>
+        <translation>in</translation>
+    </message>
+    <message id="Kg">
+        <source>kg</source>
+        <translation>kg</translation>
+    </message>
+    <message id="Lbs">
+        <source>lb</source>
+        <translation>lb</translation>
+    </message>
+    <message id="Min">
+        <source>min</source>
+        <translation>min</translation>
+    </message>
+    <message id="Mins">
+        <source>minutes</source>
+        <translation>minutos</translation>
+    </message>
+    <message id="Minutes">
+        <source>minutes</source>
+        <translation>minutos</translation>
+    </message>
+    <message id="Calories">
+        <source>Calories</source>
+        <translation>Calorías</translation>
+    </message>
+    <!-- Buttons -->
+    <message id="UpButton">
+        <source>Up</source>
+        <translation>Subir</translation>
+    </message>
+    <message id="DownButton">
+        <source>Down</source>
+        <translation>Bajar</translation>
+    </message>
+    <message id="Memory1">
+        <source>Sit</source>
+        <translation>Sentado</translation>
+    </message>
+    <message id="Memory2">
+        <source>Stand</source>
+        <translation>De pie</translation>
+    </message>
+    <message id="Memory3">
+        <source>Position 3</source>
+        <translation>Posición 3</translation>
+    </message>
+    <message id="HistoryButton">
+        <source>History</source>
+        <translation>Historial</translation>
+    </message>
+    <message id="SettingsButton">
+        <source>Settings</source>
+        <translation>Ajustes</translation>
+    </message>
+    <message id="SnoozeButton">
+        <source>Snooze</source>
+        <translation>Más tarde</translation>
+    </message>
+    <message id="SkipButton">
+        <source>Skip</source>
+        <translation>Omitir</translation>
+    </message>
+    <message id="DoneButton">
+        <source>Done</source>
+        <translation>Listo</translation>
+    </message>
+    <message id="CloseButton">
+        <source>Close</source>
+        <translation>Cerrar</translation>
+    </message>
+    <!-- Main window -->
+    <message id="TableHeightLabel">
+        <source>Desk height</source>
+        <translation>Altura del escritorio</translation>
+    </message>
+    <message id="OfTodaysGoal">
+        <source>of today’s goal</source>
+        <translation>del objetivo de hoy</translation>
+    </message>
+    <message id="CurrentSession">
+        <source>Current session</source>
+        <translation>Sesión actual</translation>
+    </message>
+    <message id="ConnectTable">
+        <source>Please connect your desk</source>
+        <translation>Conecta el escritorio</translation>
+    </message>
+    <!-- Reminder: the headline when the user stands and is asked to sit -->
+    <message id="StandingMessage1">
+        <source>Time to take a seat</source>
+        <translation>Hora de sentarse</translation>
+    </message>
+    <message id="StandingMessage2">
+        <source>Well stood! Have a seat.</source>
+        <translation>¡Bien hecho! La silla espera.</translation>
+    </message>
+    <message id="StandingMessage3">
+        <source>Your legs have earned a rest</source>
+        <translation>Un descanso para las piernas</translation>
+    </message>
+    <message id="StandingMessage4">
+        <source>How about sitting for a while?</source>
+        <translation>¿Qué tal un rato en la silla?</translation>
+    </message>
+    <message id="StandingMessage5">
+        <source>A good moment to sit down</source>
+        <translation>Un buen momento para sentarse</translation>
+    </message>
+    <message id="StandingMessage6">
+        <source>Your chair is ready when you are</source>
+        <translation>La silla ya está lista</translation>
+    </message>
+    <message id="StandingMessage7">
+        <source>Let the desk come down with you</source>
+        <translation>Abajo, junto con el escritorio</translation>
+    </message>
+    <message id="StandingMessage8">
+        <source>Ease back into your chair</source>
+        <translation>De vuelta a la silla, con calma</translation>
+    </message>
+    <message id="StandingMessage9">
+        <source>Nicely done. Now put your feet up.</source>
+        <translation>Buen trabajo. Ahora, a reposar.</translation>
+    </message>
+    <message id="StandingMessage10">
+        <source>A change of view: sit for a bit</source>
+        <translation>Cambio de vista: un rato sentado</translation>
+    </message>
+    <!-- Reminder: the headline when the user sits and is asked to stand -->
+    <message id="SittingMessage1">
+        <source>Time to stand up</source>
+        <translation>Hora de ponerse de pie</translation>
+    </message>
+    <message id="SittingMessage2">
+        <source>Ready for a stretch?</source>
+        <translation>¿Apetece estirarse?</translation>
+    </message>
+    <message id="SittingMessage3">
+        <source>A good moment to get on your feet</source>
+        <translation>Un buen momento para levantarse</translation>
+    </message>
+    <message id="SittingMessage4">
+        <source>Your back will enjoy this: stand up</source>
+        <translation>La espalda lo agradece: de pie</translation>
+    </message>
+    <message id="SittingMessage5">
+        <source>Give your legs something to do</source>
+        <translation>Algo de movimiento para las piernas</translation>
+    </message>
+    <message id="SittingMessage6">
+        <source>How about standing for a while?</source>
+        <translation>¿Qué tal un rato de pie?</translation>
+    </message>
+    <message id="SittingMessage7">
+        <source>Rise with your desk</source>
+        <translation>Arriba, junto con el escritorio</translation>
+    </message>
+    <message id="SittingMessage8">
+        <source>A new angle on things: stand up</source>
+        <translation>Otro punto de vista: de pie</translation>
+    </message>
+    <message id="SittingMessage9">
+        <source>A little stand, a clearer head</source>
+        <translation>De pie se piensa más claro</translation>
+    </message>
+    <message id="SittingMessage10">
+        <source>Up you get, in your own time</source>
+        <translation>Arriba, sin prisa</translation>
+    </message>
+    <!-- Reminder: the line below the headline -->
+    <message id="NotificationDetailMessage1">
+        <source>Stand for %1 min</source>
+        <extracomment>%1: whole minutes; NotificationDetailMessage2 follows on the same line</extracomment>
+        <translation>%1 min de pie</translation>
+    </message>
+    <message id="NotificationDetailMessage2">
+        <source>to burn %1 kcal.</source>
+        <extracomment>%1: whole kilocalories</extracomment>
+        <translation>para quemar %1 kcal.</translation>
+    </message>
+    <message id="NotificationSittingmemory">
+        <source>Sit for %1 min, then stand again.</source>
+        <extracomment>%1: whole minutes</extracomment>
+        <translation>%1 min de silla y, después, otra vez de pie.</translation>
+    </message>
+    <!-- Setup -->
+    <message id="Setup">
+        <source>Setup</source>
+        <translation>Configuración</translation>
+    </message>
+    <message id="TableHeightHeader">
+        <source>Desk height now</source>
+        <translation>Altura actual del escritorio</translation>
+    </message>
+    <message id="MyWeightIs">
+        <source>My weight</source>
+        <translation>Mi peso</translation>
+    </message>
+    <message id="StandUpHeader">
+        <source>Stand up</source>
+        <translation>Levantarse</translation>
+    </message>
+    <message id="EachHour">
+        <source>times an hour</source>
+        <translation>veces por hora</translation>
+    </message>
+    <message id="Time">
+        <source>Time</source>
+        <translation>Tiempo</translation>
+    </message>
+    <message id="SetupCaloriesHeader">
+        <source>Calories to burn by standing each day</source>
+        <extracomment>Heading over the goals in calories</extracomment>
+        <translation>Calorías que quemar de pie cada día</translation>
+    </message>
+    <message id="SetupEnergyHeader">
+        <source>Minutes to stand each hour</source>
+        <extracomment>Heading over the goals in time</extracomment>
+        <translation>Minutos de pie por hora</translation>
+    </message>
+    <message id="SliderText">
+        <source>That is %1 min on your feet each time you stand up.</source>
+        <extracomment>%1: minutes in steps of a half</extracomment>
+        <translation>Es decir, %1 min de pie cada vez.</translation>
+    </message>
+    <message id="InfoLinkButton">
+        <source>Watch the video</source>
+        <translation>Ver el vídeo</translation>
+    </message>
+    <message id="InfoLinkText">
+        <source>More about standing at work</source>
+        <translation>Más sobre el trabajo de pie</translation>
+    </message>
+    <message id="MemoryInstruction">
+        <source>Hold Up or Down until the desk is at the right height, then choose Done.</source>
+        <translation>Mantener pulsado «Subir» o «Bajar» hasta la altura deseada y elegir «Listo».</translation>
+    </message>
+    <!-- History -->
+    <message id="History">
+        <source>History</source>
+        <translation>Historial</translation>
+    </message>
+    <message id="CaloriesCheckbox">
+        <source>calories</source>
+        <translation>calorías</translation>
+    </message>
+    <message id="Stands">
+        <source>stand-ups</source>
+        <translation>veces de pie</translation>
+    </message>
+    <message id="GoalsMet">
+        <source>goals met</source>
+        <translation>objetivos cumplidos</translation>
+    </message>
+    <message id="Day">
+        <source>Day</source>
+        <translation>Día</translation>
+    </message>
+    <message id="Week">
+        <source>Week</source>
+        <translation>Semana</translation>
+    </message>
+    <message id="Month">
+        <source>Month</source>
+        <translation>Mes</translation>
+    </message>
+    <message id="Year">
+        <source>Year</source>
+        <translation>Año</translation>
+    </message>
+    <message id="YourDailyStats">
+        <source>Your day so far</source>
+        <translation>El día hasta ahora</translation>
+    </message>
+    <message id="YourWeeklyStats">
+        <source>Your week so far</source>
+        <translation>La semana hasta ahora</translation>
+    </message>
+    <message id="YourMonthlyStats">
+        <source>Your month so far: %1</source>
+        <extracomment>%1: name of the month</extracomment>
+        <translation>El mes hasta ahora: %1</translation>
+    </message>
+    <message id="YourYearlyStats">
+        <source>Your year so far: %1</source>
+        <extracomment>%1: the year</extracomment>
+        <translation>El año hasta ahora: %1</translation>
+    </message>
+    <message id="ExportData">
+        <source>Export to a file…</source>
+        <translation>Exportar a un archivo…</translation>
+    </message>
+    <message id="ExportFileName">
+        <source>Zelvo StandUp %1.csv</source>
+        <extracomment>%1: date as 31-12-2024</extracomment>
+        <translation>Zelvo StandUp %1.csv</translation>
+    </message>
+    <!-- What a screen reader says -->
+    <message id="AccessMoveUpHint">
+        <source>Hold to raise the desk</source>
+        <translation>Mantener pulsado para subir el escritorio</translation>
+    </message>
+    <message id="AccessMoveDownHint">
+        <source>Hold to lower the desk</source>
+        <translation>Mantener pulsado para bajar el escritorio</translation>
+    </message>
+    <message id="AccessMemoryHint">
+        <source>Hold to move the desk to this position</source>
+        <translation>Mantener pulsado para llevar el escritorio a esta posición</translation>
+    </message>
+    <message id="AccessSetMemoryHint">
+        <source>Set the height of this position</source>
+        <translation>Fijar la altura de esta posición</translation>
+    </message>
+    <message id="AccessGoalProgress">
+        <source>Progress towards today’s goal</source>
+        <translation>Progreso hacia el objetivo de hoy</translation>
+    </message>
+    <message id="AccessSessionProgress">
+        <source>Progress of the current session</source>
+        <translation>Progreso de la sesión actual</translation>
+    </message>
+    <message id="AccessCircleValue">
+        <source>%1 %2, %3 percent</source>
+        <extracomment>%1: number, %2: its caption, %3: percentage</extracomment>
+        <translation>%1 %2, %3 por ciento</translation>
+    </message>
+    <message id="AccessGoalCircle">
+        <source>Goal: %1 %2</source>
+        <extracomment>%1: number, %2: its unit</extracomment>
+        <translation>Objetivo: %1 %2</translation>
+    </message>
+    <message id="AccessGoalSlider">
+        <source>Goal</source>
+        <translation>Objetivo</translation>
+    </message>
+    <message id="AccessErrorLine">
+        <source>Desk errors</source>
+        <translation>Errores del escritorio</translation>
+    </message>
+    <message id="AccessCloseWithoutSaving">
+        <source>Close without saving</source>
+        <translation>Cerrar sin guardar</translation>
+    </message>
+</context>
+</TS>

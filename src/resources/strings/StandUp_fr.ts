@@ -1,0 +1,464 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="fr" sourcelanguage="en">
+<context>
+    <name></name>
+    <!-- The program -->
+    <message id="AppName">
+        <source>Zelvo StandUp</source>
+        <translation>Zelvo StandUp</translation>
+    </message>
+    <message id="ContextMenuOpen">
+        <source>Open Zelvo StandUp</source>
+        <translation>Ouvrir Zelvo StandUp</translation>
+    </message>
+    <message id="ContextMenuHistory">
+        <source>History</source>
+        <translation>Historique</translation>
+    </message>
+    <message id="ContextMenuSettings">
+        <source>Settings…</source>
+        <translation>Réglages…</translation>
+    </message>
+    <message id="ContextMenuExit">
+        <source>Quit</source>
+        <translation>Quitter</translation>
+    </message>
+    <message id="DeskConnected">
+        <source>Desk connected</source>
+        <extracomment>Tooltip and spoken state of the icon in the system tray</extracomment>
+        <translation>Bureau connecté</translation>
+    </message>
+    <message id="DeskDisconnected">
+        <source>No desk connected</source>
+        <extracomment>Tooltip and spoken state of the icon in the system tray</extracomment>
+        <translation>Aucun bureau connecté</translation>
+    </message>
+    <message id="SimulatedDesk">
+        <source>Simulated desk</source>
+        <extracomment>Said wherever the program drives its built-in simulated desk</extracomment>
+        <translation>Bureau simulé</translation>
+    </message>
+    <!-- Ending and errors -->
+    <message id="Could not save changes while quitting. Quit anyway?">
+        <source>Could not save changes while quitting. Quit anyway?</source>
+        <translation>Impossible d’enregistrer les modifications en quittant. Quitter quand même ?</translation>
+    </message>
+    <message id="Quitting now will lose any changes you have made since the last successful save">
+        <source>Quitting now will lose any changes you have made since the last successful save.</source>
+        <translation>Toutes les modifications depuis le dernier enregistrement réussi seront perdues.</translation>
+    </message>
+    <message id="Quit anyway">
+        <source>Quit Anyway</source>
+        <translation>Quitter quand même</translation>
+    </message>
+    <message id="Cancel">
+        <source>Cancel</source>
+        <translation>Annuler</translation>
+    </message>
+    <message id="OkButton">
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message id="Expected a folder to store application data, found a file (%1).">
+        <source>Expected a folder to store application data, found a file (%1).</source>
+        <extracomment>%1: path</extracomment>
+        <translation>Un dossier est attendu pour les données du programme, mais un fichier a été trouvé (%1).</translation>
+    </message>
+    <message id="Failed to initialize the store">
+        <source>Failed to initialize the store</source>
+        <translation>Impossible d’initialiser la base de données</translation>
+    </message>
+    <message id="There was an error building up the data file.">
+        <source>There was an error building up the data file.</source>
+        <translation>Une erreur s’est produite lors de la création du fichier de données.</translation>
+    </message>
+    <message id="DamagedStore">
+        <source>The record of your activities is damaged and cannot be read. The file has been kept as it is: %1</source>
+        <extracomment>%1: path</extracomment>
+        <translation>L’enregistrement des activités est endommagé et illisible. Le fichier a été conservé tel quel : %1</translation>
+    </message>
+    <message id="DataFolderUnavailable">
+        <source>The folder for the program’s data cannot be used: %1</source>
+        <extracomment>%1: path or reason</extracomment>
+        <translation>Le dossier des données du programme est inutilisable : %1</translation>
+    </message>
+    <message id="AdapterNotAllowed">
+        <source>The desk adapter may not be opened. Install the udev rule %1 and run: %2</source>
+        <extracomment>%1: name of the rule, %2: command</extracomment>
+        <translation>L’adaptateur du bureau ne peut pas être ouvert. Installer la règle udev %1, puis exécuter : %2</translation>
+    </message>
+    <!-- Errors that the desk reports -->
+    <message id="Error &#10;">
+        <source>Desk error
+</source>
+        <extracomment>Heading of the list of errors; ends with a line break</extracomment>
+        <translation>Erreur du bureau
+</translation>
+    </message>
+    <message id="PositionLostError">
+        <source>The desk has lost its position. Hold Down until it has reached the bottom.</source>
+        <translation>Le bureau a perdu sa position. Maintenir « Descendre » jusqu’en bas.</translation>
+    </message>
+    <message id="OverloadUpError">
+        <source>Overload while going up. Take some weight off the desk.</source>
+        <translation>Surcharge à la montée. Alléger le bureau.</translation>
+    </message>
+    <message id="OverloadDownError">
+        <source>Overload while going down. Check that nothing is in the way.</source>
+        <translation>Surcharge à la descente. Vérifier que rien ne gêne.</translation>
+    </message>
+    <!-- Units -->
+    <message id="Centimeter">
+        <source>cm</source>
+        <translation>cm</translation>
+    </message>
+    <message id="Inches">
+        <source>in</source>
+        <translation>po</translation>
+    </message>
+    <message id="Kg">
+        <source>kg</source>
+        <translation>kg</translation>
+    </message>
+    <message id="Lbs">
+        <source>lb</source>
+        <translation>lb</translation>
+    </message>
+    <message id="Min">
+        <source>min</source>
+        <translation>min</translation>
+    </message>
+    <message id="Mins">
+        <source>minutes</source>
+        <translation>minutes</translation>
+    </message>
+    <message id="Minutes">
+        <source>minutes</source>
+        <translation>minutes</translation>
+    </message>
+    <message id="Calories">
+        <source>Calories</source>
+        <translation>Calories</translation>
+    </message>
+    <!-- Buttons -->
+    <message id="UpButton">
+        <source>Up</source>
+        <translation>Monter</translation>
+    </message>
+    <message id="DownButton">
+        <source>Down</source>
+        <translation>Descendre</translation>
+    </message>
+    <message id="Memory1">
+        <source>Sit</source>
+        <translation>Assis</translation>
+    </message>
+    <message id="Memory2">
+        <source>Stand</source>
+        <translation>Debout</translation>
+    </message>
+    <message id="Memory3">
+        <source>Position 3</source>
+        <translation>Position 3</translation>
+    </message>
+    <message id="HistoryButton">
+        <source>History</source>
+        <translation>Historique</translation>
+    </message>
+    <message id="SettingsButton">
+        <source>Settings</source>
+        <translation>Réglages</translation>
+    </message>
+    <message id="SnoozeButton">
+        <source>Snooze</source>
+        <translation>Plus tard</translation>
+    </message>
+    <message id="SkipButton">
+        <source>Skip</source>
+        <translation>Passer</translation>
+    </message>
+    <message id="DoneButton">
+        <source>Done</source>
+        <translation>Terminé</translation>
+    </message>
+    <message id="CloseButton">
+        <source>Close</source>
+        <translation>Fermer</translation>
+    </message>
+    <!-- Main window -->
+    <message id="TableHeightLabel">
+        <source>Desk height</source>
+        <translation>Hauteur du bureau</translation>
+    </message>
+    <message id="OfTodaysGoal">
+        <source>of today’s goal</source>
+        <translation>de l’objectif du jour</translation>
+    </message>
+    <message id="CurrentSession">
+        <source>Current session</source>
+        <translation>Session en cours</translation>
+    </message>
+    <message id="ConnectTable">
+        <source>Please connect your desk</source>
+        <translation>Connecter le bureau</translation>
+    </message>
+    <!-- Reminder: the headline when the user stands and is asked to sit -->
+    <message id="StandingMessage1">
+        <source>Time to take a seat</source>
+        <translation>C’est l’heure de s’asseoir</translation>
+    </message>
+    <message id="StandingMessage2">
+        <source>Well stood! Have a seat.</source>
+        <translation>Bien tenu ! Place au fauteuil.</translation>
+    </message>
+    <message id="StandingMessage3">
+        <source>Your legs have earned a rest</source>
+        <translation>Un repos mérité pour les jambes</translation>
+    </message>
+    <message id="StandingMessage4">
+        <source>How about sitting for a while?</source>
+        <translation>Et si on s’asseyait un moment ?</translation>
+    </message>
+    <message id="StandingMessage5">
+        <source>A good moment to sit down</source>
+        <translation>Le bon moment pour s’asseoir</translation>
+    </message>
+    <message id="StandingMessage6">
+        <source>Your chair is ready when you are</source>
+        <translation>La chaise est prête</translation>
+    </message>
+    <message id="StandingMessage7">
+        <source>Let the desk come down with you</source>
+        <translation>Descendre avec le bureau</translation>
+    </message>
+    <message id="StandingMessage8">
+        <source>Ease back into your chair</source>
+        <translation>Retour en douceur à la chaise</translation>
+    </message>
+    <message id="StandingMessage9">
+        <source>Nicely done. Now put your feet up.</source>
+        <translation>Joli score. Maintenant, on souffle.</translation>
+    </message>
+    <message id="StandingMessage10">
+        <source>A change of view: sit for a bit</source>
+        <translation>Changement de vue : assis un moment</translation>
+    </message>
+    <!-- Reminder: the headline when the user sits and is asked to stand -->
+    <message id="SittingMessage1">
+        <source>Time to stand up</source>
+        <translation>C’est l’heure de se lever</translation>
+    </message>
+    <message id="SittingMessage2">
+        <source>Ready for a stretch?</source>
+        <translation>Envie de s’étirer ?</translation>
+    </message>
+    <message id="SittingMessage3">
+        <source>A good moment to get on your feet</source>
+        <translation>Le bon moment pour se lever</translation>
+    </message>
+    <message id="SittingMessage4">
+        <source>Your back will enjoy this: stand up</source>
+        <translation>Le dos dit merci : debout</translation>
+    </message>
+    <message id="SittingMessage5">
+        <source>Give your legs something to do</source>
+        <translation>De l’exercice pour les jambes</translation>
+    </message>
+    <message id="SittingMessage6">
+        <source>How about standing for a while?</source>
+        <translation>Et si on se levait un moment ?</translation>
+    </message>
+    <message id="SittingMessage7">
+        <source>Rise with your desk</source>
+        <translation>Monter avec le bureau</translation>
+    </message>
+    <message id="SittingMessage8">
+        <source>A new angle on things: stand up</source>
+        <translation>Un autre point de vue : debout</translation>
+    </message>
+    <message id="SittingMessage9">
+        <source>A little stand, a clearer head</source>
+        <translation>Debout, les idées plus claires</translation>
+    </message>
+    <message id="SittingMessage10">
+        <source>Up you get, in your own time</source>
+        <translation>Debout, sans se presser</translation>
+    </message>
+    <!-- Reminder: the line below the headline -->
+    <message id="NotificationDetailMessage1">
+        <source>Stand for %1 min</source>
+        <extracomment>%1: whole minutes; NotificationDetailMessage2 follows on the same line</extracomment>
+        <translation>Debout %1 min</translation>
+    </message>
+    <message id="NotificationDetailMessage2">
+        <source>to burn %1 kcal.</source>
+        <extracomment>%1: whole kilocalories</extracomment>
+        <translation>pour brûler %1 kcal.</translation>
+    </message>
+    <message id="NotificationSittingmemory">
+        <source>Sit for %1 min, then stand again.</source>
+        <extracomment>%1: whole minutes</extracomment>
+        <translation>Assis %1 min, puis de nouveau debout.</translation>
+    </message>
+    <!-- Setup -->
+    <message id="Setup">
+        <source>Setup</source>
+        <translation>Configuration</translation>
+    </message>
+    <message id="TableHeightHeader">
+        <source>Desk height now</source>
+        <translation>Hauteur actuelle du bureau</translation>
+    </message>
+    <message id="MyWeightIs">
+        <source>My weight</source>
+        <translation>Mon poids</translation>
+    </message>
+    <message id="StandUpHeader">
+        <source>Stand up</source>
+        <translation>Se lever</translation>
+    </message>
+    <message id="EachHour">
+        <source>times an hour</source>
+        <translation>fois par heure</translation>
+    </message>
+    <message id="Time">
+        <source>Time</source>
+        <translation>Temps</translation>
+    </message>
+    <message id="SetupCaloriesHeader">
+        <source>Calories to burn by standing each day</source>
+        <extracomment>Heading over the goals in calories</extracomment>
+        <translation>Calories à brûler debout chaque jour</translation>
+    </message>
+    <message id="SetupEnergyHeader">
+        <source>Minutes to stand each hour</source>
+        <extracomment>Heading over the goals in time</extracomment>
+        <translation>Minutes debout par heure</translation>
+    </message>
+    <message id="SliderText">
+        <source>That is %1 min on your feet each time you stand up.</source>
+        <extracomment>%1: minutes in steps of a half</extracomment>
+        <translation>Soit %1 min debout à chaque fois.</translation>
+    </message>
+    <message id="InfoLinkButton">
+        <source>Watch the video</source>
+        <translation>Voir la vidéo</translation>
+    </message>
+    <message id="InfoLinkText">
+        <source>More about standing at work</source>
+        <translation>En savoir plus sur le travail debout</translation>
+    </message>
+    <message id="MemoryInstruction">
+        <source>Hold Up or Down until the desk is at the right height, then choose Done.</source>
+        <translation>Maintenir « Monter » ou « Descendre » jusqu’à la bonne hauteur, puis choisir « Terminé ».</translation>
+    </message>
+    <!-- History -->
+    <message id="History">
+        <source>History</source>
+        <translation>Historique</translation>
+    </message>
+    <message id="CaloriesCheckbox">
+        <source>calories</source>
+        <translation>calories</translation>
+    </message>
+    <message id="Stands">
+        <source>stand-ups</source>
+        <translation>stations debout</translation>
+    </message>
+    <message id="GoalsMet">
+        <source>goals met</source>
+        <translation>objectifs atteints</translation>
+    </message>
+    <message id="Day">
+        <source>Day</source>
+        <translation>Jour</translation>
+    </message>
+    <message id="Week">
+        <source>Week</source>
+        <translation>Semaine</translation>
+    </message>
+    <message id="Month">
+        <source>Month</source>
+        <translation>Mois</translation>
+    </message>
+    <message id="Year">
+        <source>Year</source>
+        <translation>Année</translation>
+    </message>
+    <message id="YourDailyStats">
+        <source>Your day so far</source>
+        <translation>La journée en bref</translation>
+    </message>
+    <message id="YourWeeklyStats">
+        <source>Your week so far</source>
+        <translation>La semaine en bref</translation>
+    </message>
+    <message id="YourMonthlyStats">
+        <source>Your month so far: %1</source>
+        <extracomment>%1: name of the month</extracomment>
+        <translation>Le mois en bref : %1</translation>
+    </message>
+    <message id="YourYearlyStats">
+        <source>Your year so far: %1</source>
+        <extracomment>%1: the year</extracomment>
+        <translation>L’année en bref : %1</translation>
+    </message>
+    <message id="ExportData">
+        <source>Export to a file…</source>
+        <translation>Exporter vers un fichier…</translation>
+    </message>
+    <message id="ExportFileName">
+        <source>Zelvo StandUp %1.csv</source>
+        <extracomment>%1: date as 31-12-2024</extracomment>
+        <translation>Zelvo StandUp %1.csv</translation>
+    </message>
+    <!-- What a screen reader says -->
+    <message id="AccessMoveUpHint">
+        <source>Hold to raise the desk</source>
+        <translation>Maintenir pour monter le bureau</translation>
+    </message>
+    <message id="AccessMoveDownHint">
+        <source>Hold to lower the desk</source>
+        <translation>Maintenir pour descendre le bureau</translation>
+    </message>
+    <message id="AccessMemoryHint">
+        <source>Hold to move the desk to this position</source>
+        <translation>Maintenir pour amener le bureau à cette position</translation>
+    </message>
+    <message id="AccessSetMemoryHint">
+        <source>Set the height of this position</source>
+        <translation>Régler la hauteur de cette position</translation>
+    </message>
+    <message id="AccessGoalProgress">
+        <source>Progress towards today’s goal</source>
+        <translation>Progression vers l’objectif du jour</translation>
+    </message>
+    <message id="AccessSessionProgress">
+        <source>Progress of the current session</source>
+        <translation>Progression de la session en cours</translation>
+    </message>
+    <message id="AccessCircleValue">
+        <source>%1 %2, %3 percent</source>
+        <extracomment>%1: number, %2: its caption, %3: percentage</extracomment>
+        <translation>%1 %2, %3 pour cent</translation>
+    </message>
+    <message id="AccessGoalCircle">
+        <source>Goal: %1 %2</source>
+        <extracomment>%1: number, %2: its unit</extracomment>
+        <translation>Objectif : %1 %2</translation>
+    </message>
+    <message id="AccessGoalSlider">
+        <source>Goal</source>
+        <translation>Objectif</translation>
+    </message>
+    <message id="AccessErrorLine">
+        <source>Desk errors</source>
+        <translation>Erreurs du bureau</translation>
+    </message>
+    <message id="AccessCloseWithoutSaving">
+        <source>Close without saving</source>
+        <translation>Fermer sans enregistrer</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,464 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="nl" sourcelanguage="en">
+<context>
+    <name></name>
+    <!-- The program -->
+    <message id="AppName">
+        <source>Zelvo StandUp</source>
+        <translation>Zelvo StandUp</translation>
+    </message>
+    <message id="ContextMenuOpen">
+        <source>Open Zelvo StandUp</source>
+        <translation>Zelvo StandUp openen</translation>
+    </message>
+    <message id="ContextMenuHistory">
+        <source>History</source>
+        <translation>Geschiedenis</translation>
+    </message>
+    <message id="ContextMenuSettings">
+        <source>Settings…</source>
+        <translation>Instellingen…</translation>
+    </message>
+    <message id="ContextMenuExit">
+        <source>Quit</source>
+        <translation>Afsluiten</translation>
+    </message>
+    <message id="DeskConnected">
+        <source>Desk connected</source>
+        <extracomment>Tooltip and spoken state of the icon in the system tray</extracomment>
+        <translation>Bureau verbonden</translation>
+    </message>
+    <message id="DeskDisconnected">
+        <source>No desk connected</source>
+        <extracomment>Tooltip and spoken state of the icon in the system tray</extracomment>
+        <translation>Geen bureau verbonden</translation>
+    </message>
+    <message id="SimulatedDesk">
+        <source>Simulated desk</source>
+        <extracomment>Said wherever the program drives its built-in simulated desk</extracomment>
+        <translation>Gesimuleerd bureau</translation>
+    </message>
+    <!-- Ending and errors -->
+    <message id="Could not save changes while quitting. Quit anyway?">
+        <source>Could not save changes while quitting. Quit anyway?</source>
+        <translation>De wijzigingen konden bij het afsluiten niet worden bewaard. Toch afsluiten?</translation>
+    </message>
+    <message id="Quitting now will lose any changes you have made since the last successful save">
+        <source>Quitting now will lose any changes you have made since the last successful save.</source>
+        <translation>Alle wijzigingen sinds de laatste keer dat ze zijn bewaard, gaan verloren.</translation>
+    </message>
+    <message id="Quit anyway">
+        <source>Quit Anyway</source>
+        <translation>Toch afsluiten</translation>
+    </message>
+    <message id="Cancel">
+        <source>Cancel</source>
+        <translation>Annuleren</translation>
+    </message>
+    <message id="OkButton">
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message id="Expected a folder to store application data, found a file (%1).">
+        <source>Expected a folder to store application data, found a file (%1).</source>
+        <extracomment>%1: path</extracomment>
+        <translation>Er werd een map voor de programmagegevens verwacht, maar er is een bestand gevonden (%1).</translation>
+    </message>
+    <message id="Failed to initialize the store">
+        <source>Failed to initialize the store</source>
+        <translation>De gegevensopslag kon niet worden voorbereid</translation>
+    </message>
+    <message id="There was an error building up the data file.">
+        <source>There was an error building up the data file.</source>
+        <translation>Er is een fout opgetreden bij het aanmaken van het gegevensbestand.</translation>
+    </message>
+    <message id="DamagedStore">
+        <source>The record of your activities is damaged and cannot be read. The file has been kept as it is: %1</source>
+        <extracomment>%1: path</extracomment>
+        <translation>De registratie van de activiteiten is beschadigd en kan niet worden gelezen. Het bestand is ongewijzigd bewaard: %1</translation>
+    </message>
+    <message id="DataFolderUnavailable">
+        <source>The folder for the program’s data cannot be used: %1</source>
+        <extracomment>%1: path or reason</extracomment>
+        <translation>De map voor de programmagegevens is niet bruikbaar: %1</translation>
+    </message>
+    <message id="AdapterNotAllowed">
+        <source>The desk adapter may not be opened. Install the udev rule %1 and run: %2</source>
+        <extracomment>%1: name of the rule, %2: command</extracomment>
+        <translation>De bureau-adapter mag niet worden geopend. Installeer de udev-regel %1 en voer uit: %2</translation>
+    </message>
+    <!-- Errors that the desk reports -->
+    <message id="Error &#10;">
+        <source>Desk error
+</source>
+        <extracomment>Heading of the list of errors; ends with a line break</extracomment>
+        <translation>Foutmelding van het bureau
+</translation>
+    </message>
+    <message id="PositionLostError">
+        <source>The desk has lost its position. Hold Down until it has reached the bottom.</source>
+        <translation>Het bureau is zijn positie kwijt. Houd ‘Omlaag’ ingedrukt tot het helemaal beneden is.</translation>
+    </message>
+    <message id="OverloadUpError">
+        <source>Overload while going up. Take some weight off the desk.</source>
+        <translation>Overbelasting bij het omhoog gaan. Haal wat gewicht van het bureau.</translation>
+    </message>
+    <message id="OverloadDownError">
+        <source>Overload while going down. Check that nothing is in the way.</source>
+        <translation>Overbelasting bij het omlaag gaan. Controleer of er niets in de weg zit.</translation>
+    </message>
+    <!-- Units -->
+    <message id="Centimeter">
+        <source>cm</source>
+        <translation>cm</translation>
+    </message>
+    <message id="Inches">
+        <source>in</source>
+        <translation>inch</translation>
+    </message>
+    <message id="Kg">
+        <source>kg</source>
+        <translation>kg</translation>
+    </message>
+    <message id="Lbs">
+        <source>lb</source>
+        <translation>lb</translation>
+    </message>
+    <message id="Min">
+        <source>min</source>
+        <translation>min</translation>
+    </message>
+    <message id="Mins">
+        <source>minutes</source>
+        <translation>minuten</translation>
+    </message>
+    <message id="Minutes">
+        <source>minutes</source>
+        <translation>minuten</translation>
+    </message>
+    <message id="Calories">
+        <source>Calories</source>
+        <translation>Calorieën</translation>
+    </message>
+    <!-- Buttons -->
+    <message id="UpButton">
+        <source>Up</source>
+        <translation>Omhoog</translation>
+    </message>
+    <message id="DownButton">
+        <source>Down</source>
+        <translation>Omlaag</translation>
+    </message>
+    <message id="Memory1">
+        <source>Sit</source>
+        <translation>Zitten</translation>
+    </message>
+    <message id="Memory2">
+        <source>Stand</source>
+        <translation>Staan</translation>
+    </message>
+    <message id="Memory3">
+        <source>Position 3</source>
+        <translation>Positie 3</translation>
+    </message>
+    <message id="HistoryButton">
+        <source>History</source>
+        <translation>Geschiedenis</translation>
+    </message>
+    <message id="SettingsButton">
+        <source>Settings</source>
+        <translation>Instellingen</translation>
+    </message>
+    <message id="SnoozeButton">
+        <source>Snooze</source>
+        <translation>Later</translation>
+    </message>
+    <message id="SkipButton">
+        <source>Skip</source>
+        <translation>Overslaan</translation>
+    </message>
+    <message id="DoneButton">
+        <source>Done</source>
+        <translation>Gereed</translation>
+    </message>
+    <message id="CloseButton">
+        <source>Close</source>
+        <translation>Sluiten</translation>
+    </message>
+    <!-- Main window -->
+    <message id="TableHeightLabel">
+        <source>Desk height</source>
+        <translation>Bureauhoogte</translation>
+    </message>
+    <message id="OfTodaysGoal">
+        <source>of today’s goal</source>
+        <translation>van het doel van vandaag</translation>
+    </message>
+    <message id="CurrentSession">
+        <source>Current session</source>
+        <translation>Huidige periode</translation>
+    </message>
+    <message id="ConnectTable">
+        <source>Please connect your desk</source>
+        <translation>Sluit het bureau aan</translation>
+    </message>
+    <!-- Reminder: the headline when the user stands and is asked to sit -->
+    <message id="StandingMessage1">
+        <source>Time to take a seat</source>
+        <translation>Tijd om te gaan zitten</translation>
+    </message>
+    <message id="StandingMessage2">
+        <source>Well stood! Have a seat.</source>
+        <translation>Goed gestaan! De stoel staat klaar.</translation>
+    </message>
+    <message id="StandingMessage3">
+        <source>Your legs have earned a rest</source>
+        <translation>Rust voor de benen, wel verdiend</translation>
+    </message>
+    <message id="StandingMessage4">
+        <source>How about sitting for a while?</source>
+        <translation>Even gaan zitten?</translation>
+    </message>
+    <message id="StandingMessage5">
+        <source>A good moment to sit down</source>
+        <translation>Een goed moment om te zitten</translation>
+    </message>
+    <message id="StandingMessage6">
+        <source>Your chair is ready when you are</source>
+        <translation>De stoel staat al te wachten</translation>
+    </message>
+    <message id="StandingMessage7">
+        <source>Let the desk come down with you</source>
+        <translation>Samen met het bureau omlaag</translation>
+    </message>
+    <message id="StandingMessage8">
+        <source>Ease back into your chair</source>
+        <translation>Rustig terug naar de stoel</translation>
+    </message>
+    <message id="StandingMessage9">
+        <source>Nicely done. Now put your feet up.</source>
+        <translation>Mooi gedaan. Nu even bijkomen.</translation>
+    </message>
+    <message id="StandingMessage10">
+        <source>A change of view: sit for a bit</source>
+        <translation>Ander uitzicht: even zitten</translation>
+    </message>
+    <!-- Reminder: the headline when the user sits and is asked to stand -->
+    <message id="SittingMessage1">
+        <source>Time to stand up</source>
+        <translation>Tijd om te gaan staan</translation>
+    </message>
+    <message id="SittingMessage2">
+        <source>Ready for a stretch?</source>
+        <translation>Zin om even te strekken?</translation>
+    </message>
+    <message id="SittingMessage3">
+        <source>A good moment to get on your feet</source>
+        <translation>Een goed moment om op te staan</translation>
+    </message>
+    <message id="SittingMessage4">
+        <source>Your back will enjoy this: stand up</source>
+        <translation>Fijn voor de rug: even staan</translation>
+    </message>
+    <message id="SittingMessage5">
+        <source>Give your legs something to do</source>
+        <translation>Geef de benen wat te doen</translation>
+    </message>
+    <message id="SittingMessage6">
+        <source>How about standing for a while?</source>
+        <translation>Even gaan staan?</translation>
+    </message>
+    <message id="SittingMessage7">
+        <source>Rise with your desk</source>
+        <translation>Samen met het bureau omhoog</translation>
+    </message>
+    <message id="SittingMessage8">
+        <source>A new angle on things: stand up</source>
+        <translation>Andere kijk op de zaak: staand</translation>
+    </message>
+    <message id="SittingMessage9">
+        <source>A little stand, a clearer head</source>
+        <translation>Even staan, helder hoofd</translation>
+    </message>
+    <message id="SittingMessage10">
+        <source>Up you get, in your own time</source>
+        <translation>Omhoog, op eigen tempo</translation>
+    </message>
+    <!-- Reminder: the line below the headline -->
+    <message id="NotificationDetailMessage1">
+        <source>Stand for %1 min</source>
+        <extracomment>%1: whole minutes; NotificationDetailMessage2 follows on the same line</extracomment>
+        <translation>%1 min staan</translation>
+    </message>
+    <message id="NotificationDetailMessage2">
+        <source>to burn %1 kcal.</source>
+        <extracomment>%1: whole kilocalories</extracomment>
+        <translation>verbrandt %1 kcal.</translation>
+    </message>
+    <message id="NotificationSittingmemory">
+        <source>Sit for %1 min, then stand again.</source>
+        <extracomment>%1: whole minutes</extracomment>
+        <translation>%1 min zitten, dan weer staan.</translation>
+    </message>
+    <!-- Setup -->
+    <message id="Setup">
+        <source>Setup</source>
+        <translation>Instellen</translation>
+    </message>
+    <message id="TableHeightHeader">
+        <source>Desk height now</source>
+        <translation>Bureauhoogte nu</translation>
+    </message>
+    <message id="MyWeightIs">
+        <source>My weight</source>
+        <translation>Mijn gewicht</translation>
+    </message>
+    <message id="StandUpHeader">
+        <source>Stand up</source>
+        <translation>Opstaan</translation>
+    </message>
+    <message id="EachHour">
+        <source>times an hour</source>
+        <translation>keer per uur</translation>
+    </message>
+    <message id="Time">
+        <source>Time</source>
+        <translation>Tijd</translation>
+    </message>
+    <message id="SetupCaloriesHeader">
+        <source>Calories to burn by standing each day</source>
+        <extracomment>Heading over the goals in calories</extracomment>
+        <translation>Calorieën om per dag staand te verbranden</translation>
+    </message>
+    <message id="SetupEnergyHeader">
+        <source>Minutes to stand each hour</source>
+        <extracomment>Heading over the goals in time</extracomment>
+        <translation>Minuten staan per uur</translation>
+    </message>
+    <message id="SliderText">
+        <source>That is %1 min on your feet each time you stand up.</source>
+        <extracomment>%1: minutes in steps of a half</extracomment>
+        <translation>Dat is %1 min staan per keer.</translation>
+    </message>
+    <message id="InfoLinkButton">
+        <source>Watch the video</source>
+        <translation>Video bekijken</translation>
+    </message>
+    <message id="InfoLinkText">
+        <source>More about standing at work</source>
+        <translation>Meer over staand werken</translation>
+    </message>
+    <message id="MemoryInstruction">
+        <source>Hold Up or Down until the desk is at the right height, then choose Done.</source>
+        <translation>Houd ‘Omhoog’ of ‘Omlaag’ ingedrukt tot de hoogte goed is en kies dan ‘Gereed’.</translation>
+    </message>
+    <!-- History -->
+    <message id="History">
+        <source>History</source>
+        <translation>Geschiedenis</translation>
+    </message>
+    <message id="CaloriesCheckbox">
+        <source>calories</source>
+        <translation>calorieën</translation>
+    </message>
+    <message id="Stands">
+        <source>stand-ups</source>
+        <translation>keer gestaan</translation>
+    </message>
+    <message id="GoalsMet">
+        <source>goals met</source>
+        <translation>doelen gehaald</translation>
+    </message>
+    <message id="Day">
+        <source>Day</source>
+        <translation>Dag</translation>
+    </message>
+    <message id="Week">
+        <source>Week</source>
+        <translation>Week</translation>
+    </message>
+    <message id="Month">
+        <source>Month</source>
+        <translation>Maand</translation>
+    </message>
+    <message id="Year">
+        <source>Year</source>
+        <translation>Jaar</translation>
+    </message>
+    <message id="YourDailyStats">
+        <source>Your day so far</source>
+        <translation>De dag tot nu toe</translation>
+    </message>
+    <message id="YourWeeklyStats">
+        <source>Your week so far</source>
+        <translation>De week tot nu toe</translation>
+    </message>
+    <message id="YourMonthlyStats">
+        <source>Your month so far: %1</source>
+        <extracomment>%1: name of the month</extracomment>
+        <translation>De maand tot nu toe: %1</translation>
+    </message>
+    <message id="YourYearlyStats">
+        <source>Your year so far: %1</source>
+        <extracomment>%1: the year</extracomment>
+        <translation>Het jaar tot nu toe: %1</translation>
+    </message>
+    <message id="ExportData">
+        <source>Export to a file…</source>
+        <translation>Exporteren naar een bestand…</translation>
+    </message>
+    <message id="ExportFileName">
+        <source>Zelvo StandUp %1.csv</source>
+        <extracomment>%1: date as 31-12-2024</extracomment>
+        <translation>Zelvo StandUp %1.csv</translation>
+    </message>
+    <!-- What a screen reader says -->
+    <message id="AccessMoveUpHint">
+        <source>Hold to raise the desk</source>
+        <translation>Ingedrukt houden om het bureau omhoog te laten gaan</translation>
+    </message>
+    <message id="AccessMoveDownHint">
+        <source>Hold to lower the desk</source>
+        <translation>Ingedrukt houden om het bureau omlaag te laten gaan</translation>
+    </message>
+    <message id="AccessMemoryHint">
+        <source>Hold to move the desk to this position</source>
+        <translation>Ingedrukt houden om het bureau naar deze positie te brengen</translation>
+    </message>
+    <message id="AccessSetMemoryHint">
+        <source>Set the height of this position</source>
+        <translation>De hoogte van deze positie instellen</translation>
+    </message>
+    <message id="AccessGoalProgress">
+        <source>Progress towards today’s goal</source>
+        <translation>Voortgang naar het doel van vandaag</translation>
+    </message>
+    <message id="AccessSessionProgress">
+        <source>Progress of the current session</source>
+        <translation>Voortgang van de huidige periode</translation>
+    </message>
+    <message id="AccessCircleValue">
+        <source>%1 %2, %3 percent</source>
+        <extracomment>%1: number, %2: its caption, %3: percentage</extracomment>
+        <translation>%1 %2, %3 procent</translation>
+    </message>
+    <message id="AccessGoalCircle">
+        <source>Goal: %1 %2</source>
+        <extracomment>%1: number, %2: its unit</extracomment>
+        <translation>Doel: %1 %2</translation>
+    </message>
+    <message id="AccessGoalSlider">
+        <source>Goal</source>
+        <translation>Doel</translation>
+    </message>
+    <message id="AccessErrorLine">
+        <source>Desk errors</source>
+        <translation>Foutmeldingen van het bureau</translation>
+    </message>
+    <message id="AccessCloseWithoutSaving">
+        <source>Close without saving</source>
+        <translation>Sluiten zonder te bewaren</translation>
+    </message>
+</context>
+</TS>
