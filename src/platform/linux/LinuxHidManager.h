@@ -1,0 +1,46 @@
+#pragma once
+
+#include "platform/HidManager.h"
+#include "platform/linux/HidrawMonitor.h"
+#include "platform/linux/PermissionWatcher.h"
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+class HidrawDevice;
+
+/// The USB HID adapters of a Linux machine: udev tells which are there, hidraw talks to them. An adapter is
+/// opened before it is announced, so that nobody on the main thread waits for it.
+class LinuxHidManager final : public HidManager {
+public:
+    LinuxHidManager();
+    /// Never waits: an adapter that does not answer is left to its own thread.
+    ~LinuxHidManager() override;
+
+    [[nodiscard]] HidStatus open() override;
+    /// Those announced; an adapter that is still being opened is not among them.
+    [[nodiscard]] std::vector<HidDeviceRef> copyDevices() const override;
+
+private:
+    struct Attached {
+        std::shared_ptr<HidrawDevice> device;
+        bool isWatched = false;
+        std::optional<HidStatus> announced; ///< with what result of opening
+    };
+    using DeviceList = std::vector<Attached>;
+
+    void arrived(const HidrawAdapter& adapter);
+    void left(const QString& syspath);
+    void permissionsChanged(const QString& node);
+    void beginOpening(const std::shared_ptr<HidrawDevice>& device);
+    void openingEnded(const QString& syspath, HidStatus status);
+
+    [[nodiscard]] bool matches(const HidrawAdapter& adapter) const;
+    [[nodiscard]] DeviceList::iterator find(const QString& syspath);
+
+    HidrawMonitor m_monitor;
+    PermissionWatcher m_permissions;
+    DeviceList m_attached;
+    std::shared_ptr<void> m_life = std::make_shared<char>();
+};
