@@ -1,0 +1,108 @@
+#include "platform/linux/TrayHost.h"
+
+#include "platform/linux/XTrayWatch.h"
+
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+#include <QDBusVariant>
+
+#include <utility>
+
+namespace {
+constexpr int kCallTimeoutMs = 5000;
+/// So long an X11 tray waits for a host of a watcher that is there already: panels that serve both start
+/// slowly.
+constexpr double kHostGraceSeconds = 5.0;
+
+const QString kWatcherName = QStringLiteral("org.kde.StatusNotifierWatcher");
+const QString kWatcherPath = QStringLiteral("/StatusNotifierWatcher");
+}
+
+TrayHost::TrayHost(const QDBusConnection& sessionBus, X11Tray x11Tray)
+    : m_bus(sessionBus)
+    , m_x11Tray(x11Tray)
+{
+}
+
+TrayHost::~TrayHost() = default;
+
+void TrayHost::whenAvailable(Callback callback)
+{
+    m_callback = std::move(callback);
+    if (m_x11Tray == X11Tray::Accepted)
+        m_xTray = std::make_unique<XTrayWatch>([this] { considerX11Tray(); });
+    watchBus();
+}
+
+void TrayHost::watchBus()
+{
+    if (!m_bus.isConnected()) {
+        m_timers.schedule(0, RunLoop::Repeat::No, [this](Timer&) { watcherIsMissing(); });
+        return;
+    }
+    m_serviceWatcher = std::make_unique<QDBusServiceWatcher>(kWatcherName, m_bus);
+    connect(m_serviceWatcher.get(), &QDBusServiceWatcher::serviceRegistered, this, [this] { askWatcher(); });
+    connect(m_serviceWatcher.get(), &QDBusServiceWatcher::serviceUnregistered, this,
+        [this] { watcherIsMissing(); });
+    // Without a sender's name: with one, QtDBus would ask the bus for its owner and wait for the answer.
+    m_bus.connect(QString(), kWatcherPath, kWatcherName, QStringLiteral("StatusNotifierHostRegistered"), this,
+        SLOT(hostRegistered()));
+    askWatcher();
+}
+
+void TrayHost::askWatcher()
+{
+    QDBusMessage message = QDBusMessage::createMethodCall(
+        kWatcherName, kWatcherPath, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
+    message << kWatcherName << QStringLiteral("IsStatusNotifierHostRegistered");
+    message.setAutoStartService(false);
+    auto* const call = new QDBusPendingCallWatcher(m_bus.asyncCall(message, kCallTimeoutMs), this);
+    connect(call, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* finished) {
+        finished->deleteLater();
+        watcherAnswered(*finished);
+    });
+}
+
+void TrayHost::watcherAnswered(const QDBusPendingCallWatcher& call)
+{
+    const QDBusPendingReply<QDBusVariant> reply = call;
+    if (reply.isError()) {
+        watcherIsMissing();
+        return;
+    }
+    m_hasWatcher = true;
+    if (reply.value().variant().toBool())
+        found();
+    else
+        m_timers.schedule(kHostGraceSeconds, RunLoop::Repeat::No, [this](Timer&) { watcherIsMissing(); });
+}
+
+void TrayHost::hostRegistered()
+{
+    found();
+}
+
+void TrayHost::watcherIsMissing()
+{
+    m_hasWatcher = false;
+    considerX11Tray();
+}
+
+void TrayHost::considerX11Tray()
+{
+    if (m_xTray && m_xTray->isTrayThere() && m_hasWatcher == false)
+        found();
+}
+
+void TrayHost::found()
+{
+    if (std::exchange(m_available, true))
+        return;
+    m_timers.schedule(0, RunLoop::Repeat::No, [this](Timer&) {
+        m_serviceWatcher.reset();
+        m_xTray.reset();
+        if (const Callback callback = std::exchange(m_callback, {}))
+            callback();
+    });
+}

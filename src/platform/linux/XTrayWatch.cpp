@@ -1,0 +1,58 @@
+#include "platform/linux/XTrayWatch.h"
+
+#include <QByteArray>
+
+#include <utility>
+
+XTrayWatch::XTrayWatch(Callback appeared)
+    : m_appeared(std::move(appeared))
+{
+    int screenNumber = 0;
+    m_connection.reset(xcb_connect(nullptr, &screenNumber));
+    xcb_connection_t* const connection = m_connection.get();
+    if (xcb_connection_has_error(connection) != 0)
+        return;
+    const xcb_screen_t* const screen = xcbScreen(connection, screenNumber);
+    const QByteArray name = "_NET_SYSTEM_TRAY_S" + QByteArray::number(screenNumber);
+    const auto cookie = xcb_intern_atom(connection, 0, uint16_t(name.size()), name.constData());
+    const XcbReply<xcb_intern_atom_reply_t> atom(xcb_intern_atom_reply(connection, cookie, nullptr));
+    if (!screen || !atom)
+        return;
+    m_selection = atom->atom;
+
+    // Listening begins before the question, so that a tray that starts in between is not missed.
+    const uint32_t eventMask = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+    xcb_change_window_attributes(connection, screen->root, XCB_CW_EVENT_MASK, &eventMask);
+    m_notifier =
+        std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(connection), QSocketNotifier::Read);
+    QObject::connect(
+        m_notifier.get(), &QSocketNotifier::activated, m_notifier.get(), [this] { readEvents(); });
+    askForOwner();
+}
+
+void XTrayWatch::readEvents()
+{
+    bool somebodyCame = false;
+    while (const XcbReply<xcb_generic_event_t> event {xcb_poll_for_event(m_connection.get())})
+        somebodyCame = somebodyCame || (event->response_type & 0x7F) == XCB_CLIENT_MESSAGE;
+    if (xcb_connection_has_error(m_connection.get()) != 0) {
+        m_notifier->setEnabled(false);
+        return;
+    }
+    if (!somebodyCame || m_isTrayThere)
+        return;
+    // Any manager of a selection announces itself with such a message; the owner tells whether it was the
+    // tray.
+    askForOwner();
+    if (m_isTrayThere && m_appeared)
+        m_appeared();
+}
+
+void XTrayWatch::askForOwner()
+{
+    xcb_connection_t* const connection = m_connection.get();
+    const auto cookie = xcb_get_selection_owner(connection, m_selection);
+    const XcbReply<xcb_get_selection_owner_reply_t> reply(
+        xcb_get_selection_owner_reply(connection, cookie, nullptr));
+    m_isTrayThere = reply && reply->owner != XCB_WINDOW_NONE;
+}

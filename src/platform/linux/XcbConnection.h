@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstdlib>
+#include <memory>
+#include <xcb/xcb.h>
+
+struct XcbDisconnect {
+    void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
+};
+/// A connection to an X server of the program's own, beside the one that Qt may have.
+using XcbConnectionRef = std::unique_ptr<xcb_connection_t, XcbDisconnect>;
+
+struct XcbFree {
+    void operator()(void* memory) const { std::free(memory); }
+};
+/// A reply, an event or an error, which xcb allocates with malloc().
+template <typename T>
+using XcbReply = std::unique_ptr<T, XcbFree>;
+
+/// The screen with that number, or null.
+xcb_screen_t* xcbScreen(xcb_connection_t* connection, int number);
