@@ -6,10 +6,21 @@
 #include <QFile>
 #include <QJsonDocument>
 
+#include <cstdlib>
 #include <utility>
 
 namespace {
 Bundle* s_main = nullptr;
+
+/// POSIX: the first of these that is set and not empty decides about dates.
+QString environmentLocaleName()
+{
+    for (const char* variable : {"LC_ALL", "LC_TIME", "LANG"}) {
+        if (const char* value = getenv(variable); value && *value)
+            return QString::fromLocal8Bit(value);
+    }
+    return QStringLiteral("C");
+}
 }
 
 Bundle::Bundle(QJsonObject information)
@@ -54,6 +65,12 @@ QString Bundle::imagePath(const QString& name)
 QLocale Bundle::locale() const
 {
     return QLocale();
+}
+
+QString Bundle::calendarLocaleName() const
+{
+    const QLocale chosen = locale();
+    return chosen == QLocale::system() ? environmentLocaleName() : chosen.name();
 }
 
 Bundle& Bundle::main()

@@ -32,8 +32,12 @@ public:
     /// Path of the picture of that name inside the program, for QIcon, QSvgRenderer and style sheets.
     [[nodiscard]] static QString imagePath(const QString& name);
 
-    /// The user's locale: units, numbers, month names, calendar.
+    /// The user's locale: units and numbers.
     [[nodiscard]] virtual QLocale locale() const;
+    /// The user's locale for dates as an ICU or POSIX name, which can say more than a QLocale: the first
+    /// weekday and the calendar depend on it ("en_US", "th_TH@calendar=buddhist"). A default locale that the
+    /// program was told to use goes before the environment's.
+    [[nodiscard]] virtual QString calendarLocaleName() const;
 
     static Bundle& main();
     static void setMain(Bundle* bundle);

@@ -19,7 +19,12 @@ class TestBundle final : public Bundle {
 public:
     using Bundle::Bundle;
     QLocale testLocale = QLocale(QStringLiteral("de_DE"));
+    QString testCalendarLocaleName; ///< an ICU name for what a QLocale cannot say; empty = testLocale's
     [[nodiscard]] QLocale locale() const override { return testLocale; }
+    [[nodiscard]] QString calendarLocaleName() const override
+    {
+        return testCalendarLocaleName.isEmpty() ? testLocale.name() : testCalendarLocaleName;
+    }
 };
 
 /// Answers the same idle time for every kind of event, unless the test sets one kind apart.
