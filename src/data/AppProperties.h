@@ -14,11 +14,15 @@ class ZelvoController;
 
 /// The one place where the program keeps its settings, over UserDefaults::standard() and Bundle::main().
 /// Missing settings get their defaults when the instance is made; every write is flushed to disk at once.
-/// A stored value that is not a number where one belongs reads as 0 and is named once in the log.
+/// A stored value that is not a number where one belongs reads as 0; whole numbers saturate to the 32-bit
+/// range and endless ones to the largest number. Such a value, and one that its setting cannot sensibly hold
+/// (a negative time, no stand-ups), is named once in the log. Readers still get what is stored: sums of raw
+/// heights belong in 64 bits, and "data/Saturation.h" turns any number into an integer.
 class AppProperties {
 public:
     static AppProperties& instance();
-    /// Forgets the instance and its caches, so that a test starts as a new process would.
+    /// Forgets the instance and its caches, so that a test starts as a new process would. A test that uses
+    /// the settings calls it when its platform has changed.
     static void resetInstance();
 
     AppProperties(const AppProperties&) = delete;
@@ -63,6 +67,7 @@ public:
     [[nodiscard]] QUrl videoUrl() const;
     /// Null QString when no version has been stored.
     [[nodiscard]] QString version();
+    /// Writes unless it is handed the very string object that is cached; an equal text is written again.
     void setVersion(const QString& version);
     [[nodiscard]] double timeIdle() const; ///< seconds
     [[nodiscard]] double timeSnooze() const; ///< seconds
@@ -96,7 +101,7 @@ public:
     [[nodiscard]] int32_t numberOfStandUps();
     void setNumberOfStandUps(int32_t numberOfStandUps);
     /// numberOfStandUps(), or the default count where that is below 1 (and 1 where even the default is):
-    /// never 0.
+    /// never 0, and at most one a minute.
     [[nodiscard]] int32_t standUpsForDivision();
     [[nodiscard]] Bundle& mainBundle();
     void setMainBundle(Bundle* bundle) { m_mainBundle = bundle; }
@@ -125,6 +130,7 @@ public:
 
 private:
     AppProperties();
+    [[nodiscard]] const Bundle& bundle() const;
 
     std::shared_ptr<ZelvoController> m_zelvoController;
     ZelvoControllerFactory m_zelvoControllerFactory;

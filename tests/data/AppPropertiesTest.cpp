@@ -1,0 +1,506 @@
+#include "data/AppProperties.h"
+
+#include "fakes/TestPlatform.h"
+
+#include <cmath>
+#include <gtest/gtest.h>
+#include <limits>
+#include <thread>
+
+class ZelvoController { };
+
+namespace {
+constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+constexpr double kLargest = std::numeric_limits<double>::max();
+constexpr int32_t kLargestInt32 = std::numeric_limits<int32_t>::max();
+constexpr int32_t kSmallestInt32 = std::numeric_limits<int32_t>::min();
+
+class AppPropertiesTest : public testing::Test {
+protected:
+    AppPropertiesTest() { AppProperties::resetInstance(); }
+    ~AppPropertiesTest() override { AppProperties::resetInstance(); }
+
+    /// The settings as a new process would see them.
+    static AppProperties& properties() { return AppProperties::instance(); }
+    void store(const char* key, const QVariant& value)
+    {
+        platform.defaults.values.insert(QString::fromLatin1(key), value);
+    }
+    [[nodiscard]] QVariant stored(const char* key) const
+    {
+        return platform.defaults.values.value(QString::fromLatin1(key));
+    }
+    void removeInformation(const char* key)
+    {
+        QJsonObject information = TestPlatform::defaultInformation();
+        information.remove(QString::fromLatin1(key));
+        useInformation(information);
+    }
+    void setInformation(const char* key, const QJsonValue& value)
+    {
+        QJsonObject information = TestPlatform::defaultInformation();
+        information.insert(QString::fromLatin1(key), value);
+        useInformation(information);
+    }
+
+    TestPlatform platform;
+    std::unique_ptr<TestBundle> otherBundle;
+
+private:
+    void useInformation(const QJsonObject& information)
+    {
+        otherBundle = std::make_unique<TestBundle>(information);
+        Bundle::setMain(otherBundle.get());
+        AppProperties::resetInstance();
+    }
+};
+
+QStringList keys(std::initializer_list<const char*> names)
+{
+    QStringList list;
+    for (const char* name : names)
+        list.append(QString::fromLatin1(name));
+    return list;
+}
+
+const QStringList kDefaultedKeys =
+    keys({"AverageWorkDayHours", "TimeIdle", "TimeSnooze", "TimeNotificationDismiss",
+        "TimeNotificationDismissOnAction", "ActivityGoal", "WeightDefault", "DevicePosition1",
+        "DevicePosition2", "DevicePosition3", "TablePositionOffset", "NumberOfStandupsdefault"});
+}
+
+TEST_F(AppPropertiesTest, writesTheMissingDefaultsInOrderAndFlushesEach)
+{
+    AppProperties& settings = properties();
+    EXPECT_EQ(platform.defaults.writes, kDefaultedKeys);
+    EXPECT_EQ(platform.defaults.flushes, kDefaultedKeys.size());
+
+    EXPECT_EQ(settings.averageWorkDayHours(), 8);
+    EXPECT_EQ(settings.timeIdle(), 300);
+    EXPECT_EQ(settings.timeSnooze(), 600);
+    EXPECT_EQ(settings.timeNotificationDismiss(), 20);
+    EXPECT_EQ(settings.timeNotificationDismissOnAction(), 5);
+    EXPECT_EQ(settings.activityGoal(), 50);
+    EXPECT_EQ(settings.weightDefault(), 80);
+    EXPECT_EQ(settings.devicePosition1(), 700);
+    EXPECT_EQ(settings.devicePosition2(), 4300);
+    EXPECT_EQ(settings.devicePosition3(), 4700);
+    EXPECT_EQ(settings.tablePositionOffset(), 6200);
+    EXPECT_EQ(settings.numberOfStandUpsDefault(), 1);
+    EXPECT_EQ(settings.activitGoalDefault(), 0);
+    EXPECT_EQ(settings.weight(), 0);
+    EXPECT_FALSE(settings.isUserSetupCompleted());
+}
+
+TEST_F(AppPropertiesTest, leavesStoredValuesAlone)
+{
+    store("TimeIdle", 42.0);
+    store("DevicePosition2", 0); // A stored 0 is a value.
+    const AppProperties& settings = properties();
+    EXPECT_EQ(settings.timeIdle(), 42);
+    EXPECT_EQ(stored("DevicePosition2"), QVariant(0));
+    EXPECT_EQ(platform.defaults.writes.size(), kDefaultedKeys.size() - 2);
+}
+
+TEST_F(AppPropertiesTest, isMadeOnceUnderConcurrentFirstCalls)
+{
+    constexpr size_t kThreads = 8;
+    std::vector<AppProperties*> seen(kThreads);
+    std::vector<std::thread> threads;
+    for (size_t i = 0; i < kThreads; ++i)
+        threads.emplace_back([&seen, i] { seen[i] = &AppProperties::instance(); });
+    for (std::thread& thread : threads)
+        thread.join();
+    EXPECT_EQ(std::count(seen.begin(), seen.end(), &AppProperties::instance()), kThreads);
+    EXPECT_EQ(platform.defaults.writes, kDefaultedKeys);
+}
+
+TEST_F(AppPropertiesTest, clearsInOrderKeepsTheVersionAndTheCaches)
+{
+    AppProperties& settings = properties();
+    settings.setVersion(QStringLiteral("1.0"));
+    settings.setWeight(91);
+    settings.setActivityGoal(150);
+    settings.setNumberOfStandUps(3);
+    platform.defaults.writes.clear();
+
+    settings.clearProperties();
+    EXPECT_EQ(platform.defaults.writes,
+        keys({"AverageWorkDayHours", "TimeIdle", "TimeSnooze", "TimeNotificationDismiss",
+            "TimeNotificationDismissOnAction", "WeightDefault", "TablePositionOffset",
+            "TablePositionOffsetDefault", "NumberOfStandUps", "NumberOfStandupsdefault", "DevicePosition1",
+            "DevicePosition2", "DevicePosition3", "Weight", "ActivityMode", "ActivityGoal"})
+            + kDefaultedKeys);
+    EXPECT_EQ(stored("Version"), QStringLiteral("1.0"));
+    EXPECT_FALSE(stored("Weight").isValid());
+    EXPECT_EQ(settings.weight(), 91);
+    EXPECT_EQ(settings.activityGoal(), 150);
+    EXPECT_EQ(settings.numberOfStandUps(), 0); // Read again at each call.
+}
+
+TEST_F(AppPropertiesTest, writesOnlyWhatDiffersFromTheCache)
+{
+    AppProperties& settings = properties();
+    const struct {
+        const char* key;
+        std::function<void(int)> set;
+    } kSetters[] = {
+        {"Weight", [&](int value) { settings.setWeight(value); }},
+        {"ActivityMode", [&](int value) { settings.setActivityMode(value); }},
+        {"ActivityGoal", [&](int value) { settings.setActivityGoal(value); }},
+        {"DevicePosition1", [&](int value) { settings.setDevicePosition1(value); }},
+        {"DevicePosition2", [&](int value) { settings.setDevicePosition2(value); }},
+        {"DevicePosition3", [&](int value) { settings.setDevicePosition3(value); }},
+        {"TablePositionOffset", [&](int value) { settings.setTablePositionOffset(value); }},
+        {"NumberOfStandUps", [&](int value) { settings.setNumberOfStandUps(value); }},
+    };
+    for (const auto& [key, set] : kSetters) {
+        SCOPED_TRACE(key);
+        platform.defaults.writes.clear();
+        const int flushes = platform.defaults.flushes;
+        set(0); // What nothing has been read into is 0.
+        EXPECT_TRUE(platform.defaults.writes.isEmpty());
+        set(2);
+        set(2);
+        EXPECT_EQ(platform.defaults.writes, keys({key}));
+        EXPECT_EQ(platform.defaults.flushes, flushes + 1);
+        EXPECT_EQ(stored(key).toInt(), 2);
+    }
+}
+
+TEST_F(AppPropertiesTest, cachesSomeValuesAndReadsOthersAgain)
+{
+    AppProperties& settings = properties();
+    settings.setWeight(80);
+    settings.setDevicePosition1(100);
+    settings.setTablePositionOffset(100);
+    settings.setNumberOfStandUps(1);
+    for (const char* key : {"Weight", "DevicePosition1", "TablePositionOffset", "NumberOfStandUps"})
+        store(key, 7);
+    EXPECT_EQ(settings.weight(), 80);
+    EXPECT_EQ(settings.devicePosition1(), 100);
+    EXPECT_EQ(settings.tablePositionOffset(), 7);
+    EXPECT_EQ(settings.numberOfStandUps(), 7);
+
+    settings.setWeight(0); // 0 stands for "not loaded yet".
+    EXPECT_EQ(settings.weight(), 0);
+    store("Weight", 66);
+    EXPECT_EQ(settings.weight(), 66);
+
+    // Reading refreshed the cache, so the value read counts as known.
+    platform.defaults.writes.clear();
+    settings.setNumberOfStandUps(7);
+    EXPECT_TRUE(platform.defaults.writes.isEmpty());
+}
+
+TEST_F(AppPropertiesTest, comparesTheVersionByTheIdentityOfItsText)
+{
+    AppProperties& settings = properties();
+    EXPECT_TRUE(settings.version().isNull());
+    platform.defaults.writes.clear();
+    const QString version = QStringLiteral("1.0.1");
+    settings.setVersion(version);
+    settings.setVersion(version);
+    EXPECT_EQ(platform.defaults.writes, keys({"Version"}));
+    const QString sameText = QString::fromLatin1("1.0.1");
+    settings.setVersion(sameText);
+    EXPECT_EQ(platform.defaults.writes, keys({"Version", "Version"}));
+    settings.setVersion(QString());
+    EXPECT_FALSE(stored("Version").isValid());
+    EXPECT_TRUE(settings.version().isNull());
+}
+
+TEST_F(AppPropertiesTest, crossesTheNumbersOfTheActivityModes)
+{
+    const struct {
+        QJsonValue information;
+        int32_t mode;
+    } kTestCases[] = {
+        {QStringLiteral("1"), 2},
+        {QStringLiteral("2"), 1},
+        {QStringLiteral("3"), 0},
+        {QStringLiteral(" 1"), 0},
+        {QStringLiteral(""), 0},
+        {QJsonValue::Null, 0},
+    };
+    for (const auto& [information, mode] : kTestCases) {
+        setInformation("ActivityModeDefault", information);
+        SCOPED_TRACE(qPrintable(information.toString()));
+        EXPECT_EQ(properties().activityModeDefault(), mode);
+        EXPECT_EQ(properties().activityMode(), mode);
+        EXPECT_FALSE(stored("ActivityMode").isValid()); // The fallback stays in the cache.
+    }
+}
+
+TEST_F(AppPropertiesTest, completesAHalfDoneSetUp)
+{
+    removeInformation("ActivityModeDefault");
+    EXPECT_EQ(properties().activityMode(), 0);
+    properties().setWeight(75);
+    EXPECT_FALSE(properties().isUserSetupCompleted());
+
+    setInformation("ActivityModeDefault", QStringLiteral("1"));
+    store("Weight", -3.0);
+    EXPECT_FALSE(properties().isUserSetupCompleted());
+    EXPECT_TRUE(properties().setDefaultUserValues());
+    EXPECT_EQ(stored("Weight"), QVariant(80.0));
+    EXPECT_TRUE(properties().isUserSetupCompleted());
+
+    store("ActivityGoal", 0.0);
+    AppProperties::resetInstance();
+    EXPECT_TRUE(properties().setDefaultUserValues());
+    EXPECT_FALSE(properties().isUserSetupCompleted()); // No default goal has ever been written.
+}
+
+TEST_F(AppPropertiesTest, runsWithoutInformationKeys)
+{
+    for (const QString& key : TestPlatform::defaultInformation().keys()) {
+        SCOPED_TRACE(qPrintable(key));
+        platform.defaults.values.clear();
+        testing::internal::CaptureStderr();
+        removeInformation(key.toLatin1().constData());
+        AppProperties& settings = properties();
+        for (int i = 0; i < 2; ++i) {
+            const QStringList texts {settings.bundleName(), settings.bundleVersion(),
+                settings.zelvoFontName(), settings.zelvoColor1()};
+            const QList<QUrl> urls {settings.errorUrl(), settings.infoUrl(), settings.videoUrl()};
+            EXPECT_EQ(texts.count(QString()) + urls.count(QUrl()),
+                key.contains(QStringLiteral("Pos")) || key == QStringLiteral("ActivityModeDefault") ? 0 : 1);
+            EXPECT_EQ(settings.activityModeDefault() == 0, key == QStringLiteral("ActivityModeDefault"));
+        }
+        const std::string log = testing::internal::GetCapturedStderr();
+        EXPECT_EQ(QString::fromStdString(log).count(QStringLiteral("\"%1\" is missing").arg(key)), 1) << log;
+    }
+    removeInformation("DevicePosition1");
+    platform.defaults.values.clear();
+    EXPECT_TRUE(properties().hasDevicePosition1());
+    EXPECT_EQ(properties().devicePosition1(), 0);
+}
+
+TEST_F(AppPropertiesTest, readsNumbersOfTheBundle)
+{
+    const struct {
+        QJsonValue information;
+        int32_t position;
+    } kTestCases[] = {
+        {650.9, 650},
+        {-1.5, -1},
+        {QStringLiteral("650"), 650},
+        {QStringLiteral("high"), 0},
+        {1e300, kLargestInt32},
+        {true, 0},
+    };
+    for (const auto& [information, position] : kTestCases) {
+        platform.defaults.values.clear();
+        setInformation("DevicePosition3", information);
+        EXPECT_EQ(properties().devicePosition3(), position);
+        EXPECT_TRUE(properties().hasDevicePosition3());
+    }
+}
+
+TEST_F(AppPropertiesTest, readsAddressesOfTheBundle)
+{
+    const struct {
+        QJsonValue information;
+        QString url;
+    } kTestCases[] = {
+        {QStringLiteral("https://zelvo.example/a?b=c"), QStringLiteral("https://zelvo.example/a?b=c")},
+        {QStringLiteral(""), QString()},
+        {QStringLiteral("http://[::1"), QString()},
+        {QJsonValue::Null, QString()},
+    };
+    for (const auto& [information, url] : kTestCases) {
+        setInformation("InfoUrl", information);
+        EXPECT_EQ(properties().infoUrl().toString(), url);
+        EXPECT_EQ(properties().infoUrl().isEmpty(), url.isEmpty());
+    }
+}
+
+TEST_F(AppPropertiesTest, readsWhateverAFileMayHoldWithoutOverflow)
+{
+    const struct {
+        QVariant value;
+        double number;
+        int32_t integer;
+        bool isNamed; ///< in the log
+    } kTestCases[] = {
+        {50, 50, 50, false},
+        {QStringLiteral("50"), 50, 50, false},
+        {QStringLiteral("50.9"), 50.9, 50, false},
+        {QStringLiteral(" 5e1 "), 50, 50, false},
+        {50.9, 50.9, 50, false},
+        {QStringLiteral("-7.5"), -7.5, -7, true},
+        {QStringLiteral("1e300"), 1e300, kLargestInt32, true},
+        {QStringLiteral("-1e300"), -1e300, kSmallestInt32, true},
+        {QStringLiteral("1e400"), kLargest, kLargestInt32, true},
+        {QStringLiteral("99999999999"), 99999999999.0, kLargestInt32, true},
+        {QStringLiteral("-99999999999"), -99999999999.0, kSmallestInt32, true},
+        {kInfinity, kLargest, kLargestInt32, true},
+        {-kInfinity, -kLargest, kSmallestInt32, true},
+        {QStringLiteral("inf"), kLargest, kLargestInt32, true},
+        {kNan, 0, 0, true},
+        {QStringLiteral("nan"), 0, 0, true},
+        {QStringLiteral("eighty"), 0, 0, true},
+        {QStringLiteral("80 kg"), 0, 0, true},
+        {QStringLiteral("80,5"), 0, 0, true},
+        {keys({"80", "5"}), 0, 0, true}, // What an INI file makes of 80,5.
+        {QVariantList {1, QVariantList {2}}, 0, 0, true},
+        {QStringLiteral(""), 0, 0, true},
+        {QString(4000, QLatin1Char('x')), 0, 0, true},
+        {QByteArray("\xFF\x00", 2), 0, 0, true},
+        {QVariantMap {{QStringLiteral("a"), 1}}, 0, 0, true},
+        {QVariant(), 0, 0, false},
+    };
+    // The default locale has no say: a decimal comma would turn 50.9 into something else.
+    QLocale::setDefault(QLocale(QStringLiteral("de_DE")));
+    for (const auto& [value, number, integer, isNamed] : kTestCases) {
+        SCOPED_TRACE(qPrintable(value.toString().left(20)));
+        AppProperties::resetInstance();
+        properties();
+        for (const char* key : {"Weight", "TimeSnooze", "DevicePosition1", "NumberOfStandUps"})
+            store(key, value);
+
+        testing::internal::CaptureStderr();
+        for (int i = 0; i < 3; ++i) {
+            EXPECT_EQ(properties().weight(), number);
+            EXPECT_EQ(properties().timeSnooze(), number);
+            EXPECT_EQ(properties().devicePosition1(), integer);
+            EXPECT_EQ(properties().numberOfStandUps(), integer);
+        }
+        const QString log = QString::fromStdString(testing::internal::GetCapturedStderr());
+        for (const char* key : {"Weight", "TimeSnooze", "DevicePosition1", "NumberOfStandUps"})
+            EXPECT_EQ(log.count(QStringLiteral("\"%1\"").arg(QLatin1String(key))), isNamed ? 1 : 0)
+                << qPrintable(log);
+        EXPECT_LT(log.size(), 1500);
+    }
+    QLocale::setDefault(QLocale::system());
+}
+
+TEST_F(AppPropertiesTest, givesACountThatMayDivide)
+{
+    const struct {
+        QVariant count;
+        QVariant defaultCount;
+        int32_t divisor;
+    } kTestCases[] = {
+        {4, 1, 4},
+        {QVariant(), 2, 2},
+        {0, 2, 2},
+        {-1, 2, 2},
+        {QStringLiteral("often"), 3.9, 3},
+        {0, 0, 1},
+        {0, QStringLiteral("often"), 1},
+        {0, -5, 1},
+        {1e300, 1, 60},
+        {0, kInfinity, 60},
+    };
+    for (const auto& [count, defaultCount, divisor] : kTestCases) {
+        store("NumberOfStandUps", count);
+        store("NumberOfStandupsdefault", defaultCount);
+        SCOPED_TRACE(qPrintable(count.toString() + QLatin1Char('/') + defaultCount.toString()));
+        EXPECT_EQ(properties().standUpsForDivision(), divisor);
+    }
+}
+
+TEST_F(AppPropertiesTest, readsTheOddDefaultsAsNumbers)
+{
+    store("ActivityGoalDefault", QStringLiteral("75"));
+    store("TablePositionOffsetDefault", 12.5);
+    store("DevicePositionOffset", QStringLiteral("-12.9"));
+    EXPECT_EQ(properties().activitGoalDefault(), 75);
+    EXPECT_EQ(properties().tablePositionDefault(), 12.5);
+    EXPECT_EQ(properties().tablePositionOffsetDefault(), 0);
+    EXPECT_EQ(properties().devicePositionOffset(), -12);
+}
+
+TEST_F(AppPropertiesTest, storesEveryKindOfValue)
+{
+    const QString key = QStringLiteral("Key");
+    constexpr int64_t kBeyondDouble = (int64_t(1) << 53) + 1;
+    AppProperties::setInteger(kBeyondDouble, key);
+    EXPECT_EQ(AppProperties::getIntegerForkey(key), kBeyondDouble);
+    AppProperties::setDouble(0.1, key);
+    EXPECT_EQ(AppProperties::getDoubleForKey(key), 0.1);
+    AppProperties::setString(QStringLiteral("text"), key);
+    EXPECT_EQ(AppProperties::getStringForKey(key), QStringLiteral("text"));
+    AppProperties::setArray({1, QStringLiteral("a")}, key);
+    EXPECT_EQ(AppProperties::getArrayForKey(key), QVariantList({1, QStringLiteral("a")}));
+    AppProperties::setDict({{QStringLiteral("a"), 1}}, key);
+    EXPECT_EQ(AppProperties::getDictForKey(key), QVariantMap({{QStringLiteral("a"), 1}}));
+    AppProperties::setBool(true, key);
+    EXPECT_TRUE(AppProperties::getBoolForKey(key));
+    EXPECT_EQ(platform.defaults.flushes, 6);
+
+    AppProperties::removeValueForKey(key);
+    EXPECT_FALSE(AppProperties::hasValueForKey(key));
+    EXPECT_EQ(platform.defaults.flushes, 7);
+
+    for (const auto& [text, truth] : {std::pair("true", true), {"false", false}, {"1", true}, {"0", false}}) {
+        AppProperties::setString(QString::fromLatin1(text), key);
+        EXPECT_EQ(AppProperties::getBoolForKey(key), truth) << text;
+    }
+}
+
+TEST_F(AppPropertiesTest, doesNothingWithoutAStore)
+{
+    UserDefaults::setStandard(nullptr);
+    AppProperties& settings = properties();
+    settings.setVersion(QStringLiteral("1"));
+    settings.clearProperties();
+    EXPECT_TRUE(std::isnan(settings.timeIdle()));
+    EXPECT_TRUE(std::isnan(AppProperties::getDoubleForKey(QStringLiteral("Weight"))));
+    EXPECT_EQ(AppProperties::getIntegerForkey(QStringLiteral("Weight")), 0);
+    EXPECT_TRUE(AppProperties::getStringForKey(QStringLiteral("Weight")).isNull());
+    EXPECT_FALSE(settings.hasDevicePosition1());
+    EXPECT_FALSE(settings.isUserSetupCompleted());
+    EXPECT_EQ(settings.standUpsForDivision(), 1);
+    EXPECT_TRUE(platform.defaults.writes.isEmpty());
+}
+
+TEST_F(AppPropertiesTest, takesItsUnitsFromTheLocaleAlone)
+{
+    const struct {
+        const char* locale;
+        bool isMetric;
+    } kTestCases[] = {{"de_DE", true}, {"en_US", false}, {"en_GB", true}, {"es_US", false}, {"C", true}};
+    for (const auto& [locale, isMetric] : kTestCases) {
+        SCOPED_TRACE(locale);
+        platform.bundle.testLocale = QLocale(QString::fromLatin1(locale));
+        properties().setIsMetric(!isMetric);
+        EXPECT_EQ(properties().isMetric(), isMetric);
+    }
+}
+
+TEST_F(AppPropertiesTest, makesTheHubOnce)
+{
+    int made = 0;
+    AppProperties& settings = properties();
+    settings.startZelvoController();
+    EXPECT_EQ(settings.zelvoController(), nullptr);
+    settings.setZelvoControllerFactory([&made] {
+        ++made;
+        return std::make_shared<ZelvoController>();
+    });
+    settings.startZelvoController();
+    const auto hub = settings.zelvoController();
+    settings.startZelvoController();
+    EXPECT_NE(hub, nullptr);
+    EXPECT_EQ(settings.zelvoController(), hub);
+    EXPECT_EQ(made, 1);
+}
+
+TEST_F(AppPropertiesTest, givesTimesThatTimersSurvive)
+{
+    for (const double seconds : {1e300, -1e300, -1.0, 0.0, kNan, kInfinity}) {
+        SCOPED_TRACE(seconds);
+        AppProperties::resetInstance();
+        store("TimeSnooze", seconds);
+        int calls = 0;
+        const TimerRef timer = platform.runLoop.scheduleTimer(
+            properties().timeSnooze(), RunLoop::Repeat::No, [&calls](Timer&) { ++calls; });
+        platform.runLoop.advance(86400);
+        EXPECT_EQ(calls, seconds > 0 ? 0 : 1);
+        invalidate(timer);
+    }
+}
