@@ -1,0 +1,127 @@
+#include "ui/BackgroundTextField.h"
+
+#include "ui/TextUtilities.h"
+
+#include <QFocusEvent>
+#include <QGuiApplication>
+#include <QPainter>
+#include <QProxyStyle>
+#include <QStyleHints>
+
+namespace {
+constexpr qreal kPictureCorner = 6;
+constexpr qreal kFocusRadius = 4;
+constexpr int kCaretWidth = 1;
+
+/// Takes away Qt's caret, which is drawn by inverting what lies under it and so has no colour to set.
+class CaretlessStyle final : public QProxyStyle {
+public:
+    [[nodiscard]] int pixelMetric(
+        PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override
+    {
+        return metric == PM_TextCursorWidth ? 0 : QProxyStyle::pixelMetric(metric, option, widget);
+    }
+};
+}
+
+BackgroundTextField::BackgroundTextField(QWidget* parent)
+    : QLineEdit(parent)
+    , m_insertionPointColor(Qt::black)
+{
+    auto* style = new CaretlessStyle;
+    style->setParent(this);
+    setStyle(style);
+    setFrame(false);
+    setAttribute(Qt::WA_MacShowFocusRect, false);
+    setVerticalCentering(*this, true);
+    setTextColor(palette().color(QPalette::Text));
+    connect(this, &QLineEdit::cursorPositionChanged, this, &BackgroundTextField::restartCaret);
+    connect(this, &QLineEdit::textChanged, this, &BackgroundTextField::restartCaret);
+}
+
+void BackgroundTextField::setBackgroundImage(const Picture& image)
+{
+    m_backgroundImage = image;
+    update();
+}
+
+void BackgroundTextField::setInsertionPointColor(const QColor& color)
+{
+    m_insertionPointColor = color;
+    update();
+}
+
+QColor BackgroundTextField::textColor() const
+{
+    return palette().color(QPalette::Text);
+}
+
+void BackgroundTextField::setTextColor(const QColor& color)
+{
+    QPalette colors = palette();
+    colors.setColor(QPalette::Text, color);
+    colors.setColor(QPalette::HighlightedText, color);
+    colors.setColor(QPalette::Highlight, Qt::transparent);
+    colors.setColor(QPalette::Base, Qt::transparent);
+    setPalette(colors);
+}
+
+void BackgroundTextField::paintEvent(QPaintEvent* event)
+{
+    {
+        QPainter painter(this);
+        m_backgroundImage.drawStretched(painter, rect(), kPictureCorner);
+    }
+    QLineEdit::paintEvent(event);
+    QPainter painter(this);
+    if (m_isCaretShown)
+        painter.fillRect(caretRect(), m_insertionPointColor);
+    if (m_focusMark.isVisible())
+        paintFocusMark(painter, rect(), kFocusRadius);
+}
+
+void BackgroundTextField::focusInEvent(QFocusEvent* event)
+{
+    m_focusMark.focusIn(event->reason());
+    QLineEdit::focusInEvent(event);
+    restartCaret();
+}
+
+void BackgroundTextField::focusOutEvent(QFocusEvent* event)
+{
+    m_focusMark.focusOut(event->reason());
+    QLineEdit::focusOutEvent(event);
+    stopCaret();
+}
+
+void BackgroundTextField::restartCaret()
+{
+    stopCaret();
+    if (!hasFocus() || isReadOnly())
+        return;
+    m_isCaretShown = true;
+    const int flashTime = QGuiApplication::styleHints()->cursorFlashTime(); // Milliseconds for on and off.
+    if (flashTime <= 0)
+        return;
+    m_blinkTimer = m_timers.schedule(
+        flashTime / 2000.0, RunLoop::Repeat::Yes,
+        [this](Timer&) {
+            m_isCaretShown = !m_isCaretShown;
+            update(caretRect());
+        },
+        {}, RunLoop::Precision::Precise);
+}
+
+void BackgroundTextField::stopCaret()
+{
+    invalidate(m_blinkTimer);
+    m_isCaretShown = false;
+    update();
+}
+
+QRect BackgroundTextField::caretRect() const
+{
+    // Qt's rectangle has four pixels to spare on each side.
+    const QRect spacious = cursorRect();
+    return {spacious.center().x() + 1, spacious.top(), kCaretWidth, spacious.height()};
+}

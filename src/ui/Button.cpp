@@ -1,0 +1,140 @@
+#include "ui/Button.h"
+
+#include "ui/Accessibility.h"
+
+#include <QFocusEvent>
+#include <QFontMetrics>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QToolTip>
+
+#include <algorithm>
+
+Button::Button(QWidget* parent)
+    : QPushButton(parent)
+{
+    installControlAccessibility();
+    setAutoDefault(false);
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+QColor Button::textColor() const
+{
+    const bool isColored = m_textColor.isValid() && !text().isEmpty();
+    return isColored ? m_textColor : palette().color(QPalette::ButtonText);
+}
+
+void Button::setTextColor(const QColor& color)
+{
+    m_textColor = color;
+    update();
+}
+
+void Button::setUnderLineText()
+{
+    m_isUnderlined = true;
+    update();
+}
+
+void Button::removeUnderLineText()
+{
+    m_isUnderlined = false;
+    update();
+}
+
+void Button::setImage(const Picture& image)
+{
+    if (m_image == image)
+        return;
+    m_image = image;
+    updateGeometry();
+    update();
+}
+
+void Button::setImagePosition(ImagePosition position)
+{
+    m_imagePosition = position;
+    updateGeometry();
+    update();
+}
+
+void Button::setBackgroundColor(const QColor& color)
+{
+    m_backgroundColor = color;
+    updateGeometry();
+    update();
+}
+
+QSize Button::sizeHint() const
+{
+    return buttonSizeHint(state());
+}
+
+QSize Button::minimumSizeHint() const
+{
+    // Room for the picture and the beginning of the title; the rest may go into an ellipsis.
+    ButtonState shortened = state();
+    const QString beginning = shortened.title.trimmed().left(3) + QChar(0x2026);
+    if (beginning.size() < shortened.title.size())
+        shortened.title = beginning;
+    return buttonSizeHint(shortened).boundedTo(sizeHint());
+}
+
+ButtonState Button::state() const
+{
+    return {
+        .title = text(),
+        .font = font(),
+        .textColor = textColor(),
+        .backgroundColor = m_backgroundColor,
+        .image = m_image,
+        .imagePosition = m_imagePosition,
+        .direction = layoutDirection(),
+        .isUnderlined = m_isUnderlined,
+        .isPressed = isDown(),
+        .isEnabled = isEnabled(),
+        .showsFocus = m_focusMark.isVisible(),
+    };
+}
+
+bool Button::event(QEvent* event)
+{
+    if (event->type() == QEvent::ToolTip && toolTip().isEmpty() && isButtonTitleElided(state(), width())) {
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text().trimmed(), this);
+        return true;
+    }
+    return QPushButton::event(event);
+}
+
+void Button::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    paintButton(painter, rect(), state());
+}
+
+void Button::keyPressEvent(QKeyEvent* event)
+{
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (!isReturn)
+        QPushButton::keyPressEvent(event);
+    else if (!event->isAutoRepeat())
+        click();
+}
+
+void Button::focusInEvent(QFocusEvent* event)
+{
+    m_focusMark.focusIn(event->reason());
+    QPushButton::focusInEvent(event);
+}
+
+void Button::focusOutEvent(QFocusEvent* event)
+{
+    m_focusMark.focusOut(event->reason());
+    QPushButton::focusOutEvent(event);
+}
+
+bool Button::hitButton(const QPoint& position) const
+{
+    return rect().contains(position);
+}

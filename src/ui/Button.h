@@ -1,0 +1,56 @@
+#pragma once
+
+#include "ui/ButtonPainter.h"
+#include "ui/FocusMark.h"
+
+#include <QPushButton>
+
+/// What all buttons of the program share: a title with a colour and an underline of its own, a picture, a
+/// background, and one way of being painted. In Designer forms it is promoted from QPushButton.
+class Button : public QPushButton {
+    Q_OBJECT
+
+public:
+    using ImagePosition = ButtonState::ImagePosition;
+
+    explicit Button(QWidget* parent = nullptr);
+
+    /// The title's colour; the system's colour for control text while there is no title or no colour was set.
+    [[nodiscard]] QColor textColor() const;
+    virtual void setTextColor(const QColor& color);
+    void setUnderLineText();
+    void removeUnderLineText();
+    [[nodiscard]] bool isUnderlined() const { return m_isUnderlined; }
+
+    [[nodiscard]] const Picture& image() const { return m_image; }
+    virtual void setImage(const Picture& image);
+    [[nodiscard]] ImagePosition imagePosition() const { return m_imagePosition; }
+    void setImagePosition(ImagePosition position);
+    /// An invalid colour stands for no background.
+    [[nodiscard]] QColor backgroundColor() const { return m_backgroundColor; }
+    void setBackgroundColor(const QColor& color);
+
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+protected:
+    /// What is to be painted now.
+    [[nodiscard]] virtual ButtonState state() const;
+    /// The colour that was set, invalid when none was.
+    [[nodiscard]] QColor titleColor() const { return m_textColor; }
+
+    bool event(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    [[nodiscard]] bool hitButton(const QPoint& position) const override;
+
+private:
+    QColor m_textColor;
+    QColor m_backgroundColor;
+    Picture m_image;
+    ImagePosition m_imagePosition = ImagePosition::Leading;
+    FocusMark m_focusMark;
+    bool m_isUnderlined = false;
+};

@@ -1,0 +1,182 @@
+#include "ui/ButtonPainter.h"
+
+#include "ui/FocusMark.h"
+#include "ui/Palette.h"
+
+#include <QFontMetricsF>
+#include <QPainter>
+#include <QSize>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+constexpr qreal kRadius = 4;
+constexpr qreal kHorizontalPadding = 10;
+constexpr qreal kVerticalPadding = 6;
+constexpr qreal kGap = 6;
+constexpr int kPressedDarkness = 112; // Percent, as QColor::darker() takes it.
+constexpr qreal kDisabledOpacity = 0.45;
+
+using ImagePosition = ButtonState::ImagePosition;
+
+bool showsTitle(const ButtonState& state)
+{
+    return state.imagePosition != ImagePosition::Only || state.image.isNull();
+}
+
+/// Spaces around a title make room beside a picture; without one they would push it off the middle.
+QString shownTitle(const ButtonState& state)
+{
+    if (!showsTitle(state))
+        return {};
+    return state.image.isNull() ? state.title.trimmed() : state.title;
+}
+
+QFont titleFont(const ButtonState& state)
+{
+    QFont font = state.font;
+    font.setUnderline(state.isUnderlined);
+    return font;
+}
+
+qreal horizontalPadding(const ButtonState& state)
+{
+    return state.backgroundColor.isValid() ? kHorizontalPadding : kHorizontalPadding / 2;
+}
+
+/// What the picture takes away from the title beside it.
+qreal widthBesideTitle(const ButtonState& state)
+{
+    const bool isBeside = !state.image.isNull() && state.imagePosition == ImagePosition::Leading;
+    return isBeside ? state.image.size().width() + kGap : 0;
+}
+
+qreal titleWidth(const ButtonState& state, qreal buttonWidth)
+{
+    return std::max(0.0, buttonWidth - 2 * horizontalPadding(state) - widthBesideTitle(state));
+}
+
+QSizeF titleSize(const ButtonState& state)
+{
+    const QString title = shownTitle(state);
+    if (title.isEmpty())
+        return {0, 0};
+    const QFontMetricsF metrics(titleFont(state));
+    return {metrics.horizontalAdvance(title), metrics.height()};
+}
+
+void paintBackground(QPainter& painter, const QRectF& rect, const ButtonState& state)
+{
+    QColor color = state.backgroundColor;
+    if (color.isValid() && state.isPressed)
+        color = color.darker(kPressedDarkness);
+    else if (!color.isValid() && state.isPressed)
+        color = QColor(0, 0, 0, 20);
+    if (!color.isValid())
+        return;
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(color);
+    painter.drawRoundedRect(rect, kRadius, kRadius);
+}
+
+QColor shownTextColor(const ButtonState& state)
+{
+    if (!state.backgroundColor.isValid())
+        return state.isPressed ? state.textColor.darker(kPressedDarkness) : state.textColor;
+    return readableColor(state.textColor, state.backgroundColor);
+}
+
+void paintTitle(QPainter& painter, const QRectF& rect, const ButtonState& state)
+{
+    const QFont font = titleFont(state);
+    const QString title = QFontMetricsF(font).elidedText(shownTitle(state), Qt::ElideRight, rect.width());
+    painter.setFont(font);
+    painter.setPen(shownTextColor(state));
+    painter.drawText(rect, Qt::AlignCenter | Qt::TextSingleLine | Qt::TextDontClip, title);
+}
+
+/// The picture's size, made smaller where the button is too small for it.
+QSizeF shownImageSize(const ButtonState& state, const QRectF& rect)
+{
+    const QSizeF natural = state.image.size();
+    const bool fits = natural.width() <= rect.width() && natural.height() <= rect.height();
+    return fits ? natural : natural.scaled(rect.size(), Qt::KeepAspectRatio);
+}
+
+QRectF mirrored(const QRectF& rect, const QRectF& within, Qt::LayoutDirection direction)
+{
+    if (direction == Qt::LeftToRight)
+        return rect;
+    return QRectF(QPointF(within.left() + within.right() - rect.right(), rect.top()), rect.size());
+}
+
+void paintBeside(QPainter& painter, const QRectF& rect, const ButtonState& state)
+{
+    const QSizeF image = shownImageSize(state, rect);
+    const qreal title = std::min(titleSize(state).width(), titleWidth(state, rect.width()));
+    const qreal gap = title > 0 ? kGap : 0;
+    const qreal left = rect.center().x() - (image.width() + gap + title) / 2;
+    const QRectF imageRect(
+        QPointF(std::round(left), std::round(rect.center().y() - image.height() / 2)), image);
+    state.image.draw(painter, mirrored(imageRect, rect, state.direction));
+    if (title > 0)
+        paintTitle(painter,
+            mirrored(
+                QRectF(imageRect.right() + gap, rect.top(), title, rect.height()), rect, state.direction),
+            state);
+}
+
+void paintBelow(QPainter& painter, const QRectF& rect, const ButtonState& state)
+{
+    const QSizeF image = shownImageSize(state, rect);
+    const qreal title = titleSize(state).height();
+    const qreal gap = title > 0 ? kGap / 2 : 0;
+    const qreal top = rect.center().y() - (image.height() + gap + title) / 2;
+    const QRectF imageRect(
+        QPointF(std::round(rect.center().x() - image.width() / 2), std::round(top)), image);
+    state.image.draw(painter, imageRect);
+    const qreal padding = horizontalPadding(state);
+    if (title > 0)
+        paintTitle(painter,
+            QRectF(rect.left() + padding, imageRect.bottom() + gap, rect.width() - 2 * padding, title),
+            state);
+}
+}
+
+void paintButton(QPainter& painter, const QRectF& rect, const ButtonState& state)
+{
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (!state.isEnabled)
+        painter.setOpacity(kDisabledOpacity);
+    paintBackground(painter, rect, state);
+    const qreal padding = horizontalPadding(state);
+    if (state.image.isNull())
+        paintTitle(painter, rect.adjusted(padding, 0, -padding, 0), state);
+    else if (state.imagePosition == ImagePosition::Leading)
+        paintBeside(painter, rect, state);
+    else
+        paintBelow(painter, rect, state);
+    painter.restore();
+    if (state.showsFocus)
+        paintFocusMark(painter, rect, kRadius);
+}
+
+QSize buttonSizeHint(const ButtonState& state)
+{
+    const QSizeF title = titleSize(state);
+    const QSizeF image = state.image.isNull() ? QSizeF(0, 0) : state.image.size();
+    QSizeF size(image.width() + title.width(), std::max(image.height(), title.height()));
+    if (state.imagePosition == ImagePosition::Above && !image.isEmpty())
+        size = {std::max(image.width(), title.width()), image.height() + kGap / 2 + title.height()};
+    else if (!image.isEmpty() && title.width() > 0)
+        size.rwidth() += kGap;
+    size += QSizeF(2 * horizontalPadding(state), 2 * kVerticalPadding);
+    return {int(std::ceil(size.width())), int(std::ceil(size.height()))};
+}
+
+bool isButtonTitleElided(const ButtonState& state, qreal width)
+{
+    return titleSize(state).width() > titleWidth(state, width);
+}

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "ui/Picture.h"
+
+#include <QColor>
+#include <QFont>
+#include <QString>
+
+class QPainter;
+class QRectF;
+class QSize;
+
+/// What a button looks like at one moment.
+struct ButtonState {
+    enum class ImagePosition {
+        Leading, ///< before the title, in the direction of reading
+        Above,
+        Only ///< the title is not drawn; it still names the button to a screen reader
+    };
+
+    QString title;
+    QFont font;
+    QColor textColor;
+    QColor backgroundColor; ///< invalid: none
+    Picture image;
+    ImagePosition imagePosition = ImagePosition::Leading;
+    Qt::LayoutDirection direction = Qt::LeftToRight;
+    bool isUnderlined = false;
+    bool isPressed = false;
+    bool isEnabled = true;
+    bool showsFocus = false;
+
+    friend bool operator==(const ButtonState&, const ButtonState&) = default;
+};
+
+/// A title that does not fit ends in an ellipsis.
+void paintButton(QPainter& painter, const QRectF& rect, const ButtonState& state);
+/// The size that shows image and whole title.
+[[nodiscard]] QSize buttonSizeHint(const ButtonState& state);
+/// Whether paintButton() shortens the title in a button of that width.
+[[nodiscard]] bool isButtonTitleElided(const ButtonState& state, qreal width);

@@ -1,0 +1,45 @@
+#include "ui/FocusMark.h"
+
+#include "ui/Palette.h"
+
+#include <QPainter>
+
+namespace {
+constexpr qreal kRingWidth = 2;
+constexpr qreal kInnerLineWidth = 1;
+
+bool isComingBack(Qt::FocusReason reason)
+{
+    return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason;
+}
+
+void paintLine(QPainter& painter, const QRectF& rect, qreal inset, qreal radius, const QPen& pen)
+{
+    painter.setPen(pen);
+    painter.drawRoundedRect(rect.adjusted(inset, inset, -inset, -inset), radius, radius);
+}
+}
+
+void FocusMark::focusIn(Qt::FocusReason reason)
+{
+    const bool byKeyboard =
+        reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
+    m_isVisible = isComingBack(reason) ? m_returns : byKeyboard;
+}
+
+void FocusMark::focusOut(Qt::FocusReason reason)
+{
+    m_returns = m_isVisible && isComingBack(reason);
+    m_isVisible = false;
+}
+
+void paintFocusMark(QPainter& painter, const QRectF& rect, qreal radius)
+{
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setBrush(Qt::NoBrush);
+    paintLine(painter, rect, kRingWidth / 2, radius - kRingWidth / 2, QPen(zelvoHoverColor(), kRingWidth));
+    paintLine(painter, rect, kRingWidth + kInnerLineWidth / 2, radius - kRingWidth,
+        QPen(QColor(255, 255, 255, 220), kInnerLineWidth));
+    painter.restore();
+}

@@ -1,0 +1,7 @@
+#include "ui/HorizontalRuleView.h"
+
+HorizontalRuleView::HorizontalRuleView(QWidget* parent)
+    : StrokeView(parent)
+{
+    setHorizontal(true);
+}

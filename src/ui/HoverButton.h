@@ -1,0 +1,40 @@
+#pragma once
+
+#include "ui/Button.h"
+
+/// A button that shows another picture, another background and a title in the hover colour while the mouse is
+/// inside, and gets its own look back when the mouse leaves.
+class HoverButton : public Button {
+    Q_OBJECT
+
+public:
+    explicit HoverButton(QWidget* parent = nullptr);
+
+    /// Begins the hover look; does nothing while the button is disabled.
+    void mouseEntered();
+    /// Ends the hover look. A screen that hides the button under the mouse calls this first. Called without
+    /// an entry before it, it gives the title the colour that the last entry found.
+    void mouseExited();
+
+    /// A picture or colour set while the mouse is inside is the one that its leaving restores.
+    void setImage(const Picture& image) override;
+    void setTextColor(const QColor& color) override;
+    [[nodiscard]] const Picture& alternateImage() const { return m_alternateImage; }
+    void setAlternateImage(const Picture& image);
+    /// The background while the mouse is inside; invalid: the ordinary one stays.
+    [[nodiscard]] QColor alternateBackgroundColor() const { return m_alternateBackgroundColor; }
+    void setAlternateBackgroundColor(const QColor& color);
+
+protected:
+    [[nodiscard]] ButtonState state() const override;
+    void enterEvent(QEnterEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    Picture m_alternateImage;
+    Picture m_imageTmp;
+    QColor m_alternateBackgroundColor;
+    QColor m_textColorTmp;
+    bool m_isHovered = false;
+};

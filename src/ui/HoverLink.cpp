@@ -1,0 +1,22 @@
+#include "ui/HoverLink.h"
+
+#include "ui/Palette.h"
+
+HoverLink::HoverLink(QWidget* parent)
+    : Button(parent)
+{
+    setTextColor(zelvoHoverColor());
+    setCursor(Qt::PointingHandCursor);
+}
+
+void HoverLink::enterEvent(QEnterEvent* event)
+{
+    Button::enterEvent(event);
+    setTextColor(zelvoLinkHover());
+}
+
+void HoverLink::leaveEvent(QEvent* event)
+{
+    Button::leaveEvent(event);
+    setTextColor(zelvoHoverColor());
+}

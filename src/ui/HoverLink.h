@@ -1,0 +1,15 @@
+#pragma once
+
+#include "ui/Button.h"
+
+/// A button that looks like a link: the hover colour, and a grey while the mouse is inside.
+class HoverLink final : public Button {
+    Q_OBJECT
+
+public:
+    explicit HoverLink(QWidget* parent = nullptr);
+
+protected:
+    void enterEvent(QEnterEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+};

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "ui/Button.h"
+
+/// A button whose title is underlined while the mouse is inside.
+class HoverUnderlineButton final : public Button {
+    Q_OBJECT
+
+public:
+    explicit HoverUnderlineButton(QWidget* parent = nullptr);
+
+protected:
+    void enterEvent(QEnterEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+};

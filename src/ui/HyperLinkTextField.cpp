@@ -1,0 +1,34 @@
+#include "ui/HyperLinkTextField.h"
+
+#include <QAccessible>
+
+#include <utility>
+
+HyperLinkTextField::HyperLinkTextField(QWidget* parent)
+    : QLabel(parent)
+{
+    setWordWrap(true);
+    setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+    setFocusPolicy(Qt::NoFocus);
+    connect(this, &QLabel::linkActivated, this, [this](const QString& address) {
+        if (m_opener)
+            m_opener(QUrl(address));
+    });
+}
+
+void HyperLinkTextField::setText(const QString& text)
+{
+    if (text == this->text())
+        return;
+    QLabel::setText(text);
+    setFocusPolicy(text.contains(QLatin1String("<a href")) ? Qt::StrongFocus : Qt::NoFocus);
+    if (text.isEmpty() || !QAccessible::isActive())
+        return;
+    QAccessibleEvent event(this, QAccessible::Alert);
+    QAccessible::updateAccessibility(&event);
+}
+
+void HyperLinkTextField::setOpener(Opener opener)
+{
+    m_opener = std::move(opener);
+}

@@ -1,0 +1,176 @@
+#include "ui/MouseEventButton.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPointer>
+
+namespace {
+bool isHoldKey(int key)
+{
+    return key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Select;
+}
+
+/// Events to the button itself after which no release may come any more.
+bool takesTheHoldAway(const QEvent& event, const QWidget& button)
+{
+    switch (event.type()) {
+    case QEvent::FocusOut:
+    case QEvent::Hide:
+    case QEvent::ParentAboutToChange:
+    case QEvent::TouchCancel:
+    case QEvent::UngrabKeyboard:
+    case QEvent::UngrabMouse:
+    case QEvent::WindowBlocked:
+    case QEvent::WindowDeactivate:
+        return true;
+    case QEvent::EnabledChange:
+        return !button.isEnabled();
+    default:
+        return false;
+    }
+}
+
+/// The same for events to the window around the button.
+bool takesTheWindowAway(QEvent::Type type)
+{
+    return type == QEvent::WindowBlocked || type == QEvent::WindowDeactivate
+        || type == QEvent::WindowStateChange || type == QEvent::Close || type == QEvent::Hide;
+}
+
+/// A mouse event anywhere in the program that shows the left button up.
+bool showsLeftButtonUp(const QEvent& event)
+{
+    switch (event.type()) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseMove:
+    case QEvent::Enter:
+        return !static_cast<const QSinglePointEvent&>(event).buttons().testFlag(Qt::LeftButton);
+    default:
+        return false;
+    }
+}
+}
+
+MouseEventButton::MouseEventButton(QWidget* parent)
+    : HoverButton(parent)
+{
+}
+
+MouseEventButton::~MouseEventButton()
+{
+    release();
+}
+
+void MouseEventButton::setDelegate(MouseEventButtonDelegate* delegate)
+{
+    if (delegate != m_delegate)
+        release();
+    m_delegate = delegate;
+}
+
+ButtonState MouseEventButton::state() const
+{
+    ButtonState state = HoverButton::state();
+    state.isPressed = isHeld();
+    return state;
+}
+
+void MouseEventButton::hold(Holder holder)
+{
+    if (isHeld())
+        return;
+    m_holder = holder;
+    setDown(true);
+    qApp->installEventFilter(this);
+    // The delegate may delete the button: nothing comes after this.
+    if (m_delegate)
+        m_delegate->mouseEventButtonMouseDown(*this);
+}
+
+void MouseEventButton::release()
+{
+    if (!isHeld())
+        return;
+    m_holder = Holder::None;
+    setDown(false);
+    if (qApp)
+        qApp->removeEventFilter(this);
+    // The delegate may delete the button: nothing comes after this.
+    if (m_delegate)
+        m_delegate->mouseEventButtonMouseUp(*this);
+}
+
+bool MouseEventButton::eventFilter(QObject* receiver, QEvent* event)
+{
+    if (receiver == this)
+        return false; // event() sees it.
+    const bool windowIsGone = receiver == window() && takesTheWindowAway(event->type());
+    const bool programIsGone = event->type() == QEvent::Quit
+        || (event->type() == QEvent::ApplicationStateChange
+            && QGuiApplication::applicationState() != Qt::ApplicationActive);
+    const bool mouseIsUp = m_holder == Holder::Mouse && showsLeftButtonUp(*event);
+    if (windowIsGone || programIsGone || mouseIsUp)
+        release();
+    return false;
+}
+
+bool MouseEventButton::event(QEvent* event)
+{
+    // The letter of a title after "&" would click, and this button has no click.
+    if (event->type() == QEvent::Shortcut)
+        return true;
+    if (isHeld() && takesTheHoldAway(*event, *this)) {
+        const QPointer<MouseEventButton> self(this);
+        release();
+        if (!self)
+            return true;
+    }
+    return HoverButton::event(event);
+}
+
+void MouseEventButton::mousePressEvent(QMouseEvent* event)
+{
+    event->accept();
+    if (event->button() == Qt::LeftButton)
+        hold(Holder::Mouse);
+}
+
+void MouseEventButton::mouseMoveEvent(QMouseEvent* event)
+{
+    event->accept();
+    if (m_holder == Holder::Mouse && showsLeftButtonUp(*event))
+        release();
+}
+
+void MouseEventButton::mouseReleaseEvent(QMouseEvent* event)
+{
+    event->accept();
+    if (m_holder == Holder::Mouse && showsLeftButtonUp(*event))
+        release();
+}
+
+void MouseEventButton::keyPressEvent(QKeyEvent* event)
+{
+    constexpr auto kCommands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+    const bool isHold = isHoldKey(event->key()) && !(event->modifiers() & kCommands);
+    if (m_holder == Holder::Key && event->key() != m_key) {
+        // A second key may open something that swallows the first one's release (Alt+Tab does).
+        event->ignore();
+        release();
+    } else if (!isHold) {
+        event->ignore();
+    } else if (!isHeld() && !event->isAutoRepeat()) {
+        m_key = event->key();
+        hold(Holder::Key);
+    }
+}
+
+void MouseEventButton::keyReleaseEvent(QKeyEvent* event)
+{
+    if (!isHoldKey(event->key()))
+        event->ignore();
+    else if (m_holder == Holder::Key && event->key() == m_key && !event->isAutoRepeat())
+        release();
+}

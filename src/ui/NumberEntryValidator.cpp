@@ -1,0 +1,16 @@
+#include "ui/NumberEntryValidator.h"
+
+#include "data/DecimalFormatter.h"
+
+NumberEntryValidator::NumberEntryValidator(QObject* parent)
+    : QValidator(parent)
+    , m_formatter(std::make_unique<DecimalFormatter>())
+{
+}
+
+NumberEntryValidator::~NumberEntryValidator() = default;
+
+QValidator::State NumberEntryValidator::validate(QString& input, int&) const
+{
+    return m_formatter->isPartialStringValid(input) ? Acceptable : Invalid;
+}

@@ -1,0 +1,143 @@
+#include "ui/Palette.h"
+
+#include "platform/Bundle.h"
+
+#include <QPalette>
+#include <QWidget>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace {
+constexpr double kContrastOfLargeText = 3.0; // Web Content Accessibility Guidelines 2.1, 1.4.3 and 1.4.11.
+
+double linearComponent(double component)
+{
+    return component <= 0.04045 ? component / 12.92 : std::pow((component + 0.055) / 1.055, 2.4);
+}
+
+double relativeLuminance(const QColor& color)
+{
+    return 0.2126 * linearComponent(color.redF()) + 0.7152 * linearComponent(color.greenF())
+        + 0.0722 * linearComponent(color.blueF());
+}
+
+double contrast(const QColor& first, const QColor& second)
+{
+    const auto [darker, lighter] = std::minmax(relativeLuminance(first), relativeLuminance(second));
+    return (lighter + 0.05) / (darker + 0.05);
+}
+
+/// The number at the start of the text, after white space and an optional "0x"; too large a one saturates.
+uint32_t scanHexadecimal(QStringView text)
+{
+    text = text.trimmed();
+    if (text.startsWith(QLatin1String("0x"), Qt::CaseInsensitive))
+        text = text.mid(2);
+    uint64_t number = 0;
+    for (const QChar character : text) {
+        bool isDigit = false;
+        const uint digit = QString(character).toUInt(&isDigit, 16);
+        if (!isDigit)
+            break;
+        number = std::min<uint64_t>(number * 16 + digit, std::numeric_limits<uint32_t>::max());
+    }
+    return uint32_t(number);
+}
+}
+
+QColor zelvoColor1()
+{
+    return colorFromHexadecimalValue(
+        Bundle::main().stringValue(QStringLiteral("ZelvoColor1")).value_or(QString()));
+}
+
+QColor zelvoTextColor()
+{
+    return QColor(0x61, 0x61, 0x61);
+}
+
+QColor zelvoBackgroundColor()
+{
+    return QColor(0xEC, 0xEC, 0xEC);
+}
+
+QColor zelvoHoverColor()
+{
+    return zelvoColor1();
+}
+
+QColor zelvoMainLineColor()
+{
+    return QColor(0xB0, 0xB0, 0xB0);
+}
+
+QColor zelvoLineColor()
+{
+    return QColor(0xB2, 0xB2, 0xB2);
+}
+
+QColor zelvoButtonDarkBackgroundColor()
+{
+    return QColor(0xD9, 0xD9, 0xD9);
+}
+
+QColor zelvoLinkHover()
+{
+    return QColor(0x6F, 0x6F, 0x6F);
+}
+
+QColor colorFromHexadecimalValue(const QString& string)
+{
+    QStringView digits(string);
+    if (digits.startsWith(QLatin1Char('#')))
+        digits = digits.mid(1);
+    return QColor::fromRgb(scanHexadecimal(digits) | 0xFF000000U);
+}
+
+QString hexadecimalValue(const QColor& color)
+{
+    if (!color.isValid())
+        return {};
+    const QColor rgb = color.toRgb();
+    // One step below 256, so that a full component gives ff and not 100.
+    constexpr double kScale = 255.99998474121094;
+    const auto digits = [](double component) {
+        return QStringLiteral("%1").arg(int(component * kScale), 2, 16, QLatin1Char('0'));
+    };
+    return QLatin1Char('#') + digits(rgb.redF()) + digits(rgb.greenF()) + digits(rgb.blueF());
+}
+
+QColor readableColor(const QColor& preferred, const QColor& background)
+{
+    if (contrast(preferred, background) >= kContrastOfLargeText)
+        return preferred;
+    const QColor light(Qt::white);
+    const QColor dark = zelvoTextColor();
+    return contrast(light, background) >= contrast(dark, background) ? light : dark;
+}
+
+void applyWindowPalette(QWidget& window)
+{
+    const QColor text = zelvoTextColor();
+    const QColor background = zelvoBackgroundColor();
+    const QColor brand = zelvoHoverColor();
+
+    QPalette palette(zelvoButtonDarkBackgroundColor(), background);
+    for (const auto role :
+        {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText})
+        palette.setColor(role, text);
+    palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::AlternateBase, background);
+    palette.setColor(QPalette::ToolTipBase, Qt::white);
+    palette.setColor(QPalette::PlaceholderText, zelvoMainLineColor());
+    palette.setColor(QPalette::Highlight, brand);
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::Link, brand);
+    palette.setColor(QPalette::LinkVisited, brand);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, zelvoMainLineColor());
+    window.setPalette(palette);
+    window.setAutoFillBackground(true);
+}

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QSizeF>
+#include <QString>
+
+class QPainter;
+class QPixmap;
+class QRectF;
+
+/// One of the program's pictures, by name. It is drawn from its vector form for exactly the device pixels it
+/// covers, so that it is crisp at every scale; the results are kept in Qt's pixmap cache.
+class Picture {
+public:
+    Picture() = default;
+    /// A name that the program has no picture for gives a null picture and one log line.
+    explicit Picture(const QString& name);
+
+    [[nodiscard]] bool isNull() const { return m_name.isNull(); }
+    [[nodiscard]] const QString& name() const { return m_name; }
+    /// The natural size in logical pixels.
+    [[nodiscard]] QSizeF size() const { return m_size; }
+
+    /// Scaled to the rectangle.
+    void draw(QPainter& painter, const QRectF& target) const;
+    /// Fitted to the rectangle: corners of `corner` logical pixels keep their shape, the rest stretches.
+    void drawStretched(QPainter& painter, const QRectF& target, qreal corner) const;
+    /// `size` in logical pixels.
+    [[nodiscard]] QPixmap pixmap(QSizeF size, qreal devicePixelRatio) const;
+
+    friend bool operator==(const Picture&, const Picture&) = default;
+
+private:
+    QString m_name;
+    QSizeF m_size;
+};

@@ -1,0 +1,94 @@
+#include "ui/StepSlider.h"
+
+#include <QFocusEvent>
+#include <QMouseEvent>
+#include <QPainter>
+
+#include <cmath>
+
+namespace {
+constexpr qreal kFocusRadius = 4;
+constexpr qreal kDisabledOpacity = 0.45;
+constexpr int kUsualWidth = 320;
+}
+
+StepSlider::StepSlider(QWidget* parent)
+    : QSlider(Qt::Horizontal, parent)
+{
+    setFocusPolicy(Qt::StrongFocus);
+    setRange(int(m_cell.minValue), int(m_cell.maxValue));
+    setSingleStep(1);
+    setPageStep(1);
+    setValue(2);
+}
+
+QRectF StepSlider::knobRect() const
+{
+    // Mirrored values stand mirrored: step 0 is at the right end in right-to-left layouts.
+    const bool isMirrored = layoutDirection() == Qt::RightToLeft;
+    return m_cell.knobRect(size(), isMirrored ? maximum() + minimum() - value() : value());
+}
+
+QSize StepSlider::sizeHint() const
+{
+    return {kUsualWidth, minimumSizeHint().height()};
+}
+
+QSize StepSlider::minimumSizeHint() const
+{
+    return {int(m_cell.knobImage.size().width()) * m_cell.numberOfTickMarks,
+        int(std::ceil(m_cell.minimumHeight()))};
+}
+
+void StepSlider::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    const bool isMirrored = layoutDirection() == Qt::RightToLeft;
+    if (!isEnabled())
+        painter.setOpacity(kDisabledOpacity);
+    paintSlider(painter, rect(), m_cell, isMirrored ? maximum() + minimum() - value() : value());
+    if (m_focusMark.isVisible())
+        paintFocusMark(painter, rect(), kFocusRadius);
+}
+
+void StepSlider::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton) {
+        event->ignore();
+        return;
+    }
+    setSliderDown(true);
+    moveTo(event->position().x());
+}
+
+void StepSlider::mouseMoveEvent(QMouseEvent* event)
+{
+    if (isSliderDown())
+        moveTo(event->position().x());
+}
+
+void StepSlider::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton)
+        setSliderDown(false);
+}
+
+void StepSlider::moveTo(double x)
+{
+    const bool isMirrored = layoutDirection() == Qt::RightToLeft;
+    setSliderPosition(m_cell.stepAt(size(), isMirrored ? width() - x : x));
+}
+
+void StepSlider::focusInEvent(QFocusEvent* event)
+{
+    m_focusMark.focusIn(event->reason());
+    QSlider::focusInEvent(event);
+    update();
+}
+
+void StepSlider::focusOutEvent(QFocusEvent* event)
+{
+    m_focusMark.focusOut(event->reason());
+    QSlider::focusOutEvent(event);
+    update();
+}

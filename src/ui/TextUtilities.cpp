@@ -1,0 +1,64 @@
+#include "ui/TextUtilities.h"
+
+#include "platform/Bundle.h"
+#include "ui/FontAndTextHandler.h"
+#include "ui/Palette.h"
+
+#include <QLabel>
+#include <QLineEdit>
+
+#include <algorithm>
+
+namespace {
+Qt::Alignment verticallyAligned(Qt::Alignment alignment, bool centered)
+{
+    return (alignment & Qt::AlignHorizontal_Mask) | (centered ? Qt::AlignVCenter : Qt::AlignTop);
+}
+}
+
+QString reversed(const QString& string)
+{
+    QString result = string;
+    std::reverse(result.begin(), result.end());
+    return result;
+}
+
+QString hyperlinkFromString(const QString& string, const QUrl& url)
+{
+    const QFont font = FontAndTextHandler::Light18();
+    return QStringLiteral(
+        "<a href=\"%1\" style=\"color:%2; font-family:'%3'; font-size:%4px; font-weight:%5; "
+        "text-decoration:underline\">%6</a>")
+        .arg(url.toString(QUrl::FullyEncoded).toHtmlEscaped(), hexadecimalValue(zelvoHoverColor()),
+            font.family(), QString::number(font.pixelSize()), QString::number(font.weight()),
+            richTextFromString(string));
+}
+
+QString richTextFromString(const QString& string)
+{
+    return string.toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>"));
+}
+
+void setVerticalCentering(QLabel& label, bool centered)
+{
+    label.setAlignment(verticallyAligned(label.alignment(), centered));
+}
+
+void setVerticalCentering(QLineEdit& field, bool centered)
+{
+    field.setAlignment(verticallyAligned(field.alignment(), centered));
+}
+
+void applyTypefaceToWrappingLabels(QWidget& form)
+{
+    const QString typeface = Bundle::main().stringValue(QStringLiteral("ZelvoFontName")).value_or(QString());
+    if (typeface.isEmpty())
+        return;
+    for (QLabel* label : form.findChildren<QLabel*>()) {
+        if (!label->wordWrap())
+            continue;
+        QFont font = label->font();
+        font.setFamily(typeface);
+        label->setFont(font);
+    }
+}

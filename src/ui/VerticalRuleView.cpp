@@ -1,0 +1,7 @@
+#include "ui/VerticalRuleView.h"
+
+VerticalRuleView::VerticalRuleView(QWidget* parent)
+    : StrokeView(parent)
+{
+    setHorizontal(false);
+}
