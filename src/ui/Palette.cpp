@@ -1,6 +1,6 @@
 #include "ui/Palette.h"
 
-#include "platform/Bundle.h"
+#include "data/AppProperties.h"
 
 #include <QPalette>
 #include <QWidget>
@@ -49,8 +49,7 @@ uint32_t scanHexadecimal(QStringView text)
 
 QColor zelvoColor1()
 {
-    return colorFromHexadecimalValue(
-        Bundle::main().stringValue(QStringLiteral("ZelvoColor1")).value_or(QString()));
+    return colorFromHexadecimalValue(AppProperties::instance().zelvoColor1());
 }
 
 QColor zelvoTextColor()

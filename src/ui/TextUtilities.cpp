@@ -1,6 +1,6 @@
 #include "ui/TextUtilities.h"
 
-#include "platform/Bundle.h"
+#include "data/AppProperties.h"
 #include "ui/FontAndTextHandler.h"
 #include "ui/Palette.h"
 
@@ -51,7 +51,7 @@ void setVerticalCentering(QLineEdit& field, bool centered)
 
 void applyTypefaceToWrappingLabels(QWidget& form)
 {
-    const QString typeface = Bundle::main().stringValue(QStringLiteral("ZelvoFontName")).value_or(QString());
+    const QString typeface = AppProperties::instance().zelvoFontName();
     if (typeface.isEmpty())
         return;
     for (QLabel* label : form.findChildren<QLabel*>()) {
