@@ -21,6 +21,9 @@ struct DateComponents {
 
 /// An instant, and what the user's calendar says of it. "Adding days" is a fixed step of 86,400 s, so a day
 /// across a daylight-saving change ends an hour beside midnight; totals rest on that.
+///
+/// To the calendar an instant beyond the years 1 to 9999 is the nearest one inside, and one that is not a
+/// number is 1970-01-01 UTC.
 class Date {
 public:
     static constexpr double kMinute = 60;
@@ -43,7 +46,7 @@ public:
     static Date dateWithHoursBeforeNow(int64_t hours);
     static Date dateWithMinutesFromNow(int64_t minutes);
     static Date dateWithMinutesBeforeNow(int64_t minutes);
-    /// The instant of 00:00 on that day of the user's calendar.
+    /// The instant of 00:00 on that day of the user's calendar, whose years may be others than the Gregorian.
     static Date dateFromComponents(int year, int month, int day);
 
     [[nodiscard]] double secondsSince1970() const { return m_seconds; }
@@ -108,7 +111,8 @@ public:
     [[nodiscard]] QString monthName() const;
     [[nodiscard]] DateComponents components() const;
 
-    /// Forgets the calendar that is kept for speed, after the locale or the time zone has changed.
+    /// Forgets the calendar that is kept for speed. A long-running program need not call it: another locale
+    /// or TZ is noticed at the next question, another time zone of the system within a second.
     static void resetCalendar();
 
     friend bool operator==(Date, Date) = default;

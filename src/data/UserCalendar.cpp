@@ -1,0 +1,230 @@
+#include "data/UserCalendar.h"
+
+#include "data/IcuLocale.h"
+#include "platform/Bundle.h"
+#include "platform/RunLoop.h"
+
+#include <QByteArray>
+
+#include <algorithm>
+#include <cmath>
+#include <sys/stat.h>
+#include <tuple>
+#include <unicode/dtfmtsym.h>
+#include <unicode/gregocal.h>
+#include <unicode/timezone.h>
+#include <utility>
+
+namespace {
+constexpr double kMillisecondsPerSecond = 1000;
+constexpr double kFirstInstant = -62135596800; // Year 1.
+constexpr double kLastInstant = 253402300799; // The end of the year 9999.
+constexpr double kLookAtZoneFileSeconds = 1;
+
+std::unique_ptr<UserCalendar> s_current;
+
+double milliseconds(double instant)
+{
+    return std::isnan(instant) ? 0
+                               : std::clamp(instant, kFirstInstant, kLastInstant) * kMillisecondsPerSecond;
+}
+
+/// Tells one state of the system's time zone from another: setting it replaces the file.
+using ZoneFileState = std::tuple<dev_t, ino_t, time_t, long>;
+
+ZoneFileState zoneFileState()
+{
+    struct stat file { };
+    if (lstat("/etc/localtime", &file) != 0)
+        return {};
+    return {file.st_dev, file.st_ino, file.st_ctim.tv_sec, file.st_ctim.tv_nsec};
+}
+
+void prepare(icu::Calendar& calendar)
+{
+    // Where clocks change at midnight a day starts with its first instant: at the first of two midnights,
+    // or at the end of the hour that is left out.
+    calendar.setRepeatedWallTimeOption(UCAL_WALLTIME_FIRST);
+    calendar.setSkippedWallTimeOption(UCAL_WALLTIME_NEXT_VALID);
+}
+}
+
+/// Where the kept calendar came from. The locale's name and TZ are compared at each question; the system's
+/// time zone, which costs a call to the kernel, is looked at once a second at most. The clock for that counts
+/// sleep: a traveller's machine wakes up in another zone.
+struct UserCalendar::Source {
+    QString localeName;
+    QByteArray zoneVariable;
+    ZoneFileState zoneFile;
+    double lookedAt = 0;
+
+    bool changed();
+};
+
+bool UserCalendar::Source::changed()
+{
+    bool isOther = false;
+    const QString name = Bundle::main().calendarLocaleName();
+    if (name != localeName) {
+        localeName = name;
+        isOther = true;
+    }
+    const char* variable = getenv("TZ");
+    if (variable != zoneVariable) {
+        zoneVariable = variable;
+        isOther = true;
+    }
+    const double now = RunLoop::main().bootTimeNow();
+    if (now < lookedAt || now >= lookedAt + kLookAtZoneFileSeconds) {
+        lookedAt = now;
+        isOther |= std::exchange(zoneFile, zoneFileState()) != zoneFile;
+    }
+    return isOther;
+}
+
+UserCalendar& UserCalendar::current()
+{
+    static Source source;
+    if (source.changed() || !s_current) {
+        const std::unique_ptr<icu::TimeZone> zone(icu::TimeZone::detectHostTimeZone());
+        s_current.reset(new UserCalendar(icuLocale(source.localeName), *zone));
+    }
+    return *s_current;
+}
+
+void UserCalendar::forget()
+{
+    s_current.reset();
+}
+
+UserCalendar::UserCalendar(const icu::Locale& locale, const icu::TimeZone& timeZone)
+    : m_locale(locale)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    m_calendar.reset(icu::Calendar::createInstance(timeZone, locale, status));
+    m_gregorian = std::make_unique<icu::GregorianCalendar>(timeZone, locale, status);
+    Q_ASSERT(U_SUCCESS(status));
+    prepare(*m_calendar);
+    prepare(*m_gregorian);
+}
+
+void UserCalendar::moveTo(double instant)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    m_calendar->setTime(milliseconds(instant), status);
+}
+
+int UserCalendar::field(UCalendarDateFields field) const
+{
+    UErrorCode status = U_ZERO_ERROR;
+    return m_calendar->get(field, status);
+}
+
+double UserCalendar::midnight()
+{
+    for (const auto field : {UCAL_HOUR_OF_DAY, UCAL_MINUTE, UCAL_SECOND, UCAL_MILLISECOND})
+        m_calendar->set(field, 0);
+    UErrorCode status = U_ZERO_ERROR;
+    return m_calendar->getTime(status) / kMillisecondsPerSecond;
+}
+
+DateComponents UserCalendar::components(double instant)
+{
+    moveTo(instant);
+    return {
+        .year = field(UCAL_YEAR),
+        .month = field(UCAL_MONTH) + 1,
+        .day = field(UCAL_DATE),
+        .hour = field(UCAL_HOUR_OF_DAY),
+        .minute = field(UCAL_MINUTE),
+        .second = field(UCAL_SECOND),
+        .week = field(UCAL_WEEK_OF_YEAR),
+        .yearForWeekOfYear = field(UCAL_YEAR_WOY),
+        .weekday = field(UCAL_DAY_OF_WEEK),
+        .weekdayOrdinal = field(UCAL_DAY_OF_WEEK_IN_MONTH),
+    };
+}
+
+DateComponents UserCalendar::difference(double fromInstant, double toInstant)
+{
+    moveTo(fromInstant);
+    const double end = milliseconds(toInstant);
+    // Each call moves the calendar on by the steps it counted, so what is left goes to the next field.
+    const auto steps = [&](UCalendarDateFields field) {
+        UErrorCode status = U_ZERO_ERROR;
+        return m_calendar->fieldDifference(end, field, status);
+    };
+    DateComponents result;
+    result.year = steps(UCAL_YEAR);
+    result.month = steps(UCAL_MONTH);
+    result.week = steps(UCAL_WEEK_OF_YEAR);
+    result.day = steps(UCAL_DATE);
+    result.hour = steps(UCAL_HOUR_OF_DAY);
+    result.minute = steps(UCAL_MINUTE);
+    result.second = steps(UCAL_SECOND);
+    return result; // Weekdays are days too: none is left for them.
+}
+
+int64_t UserCalendar::gregorianDays(double fromInstant, double toInstant)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    m_gregorian->setTime(milliseconds(fromInstant), status);
+    return m_gregorian->fieldDifference(milliseconds(toInstant), UCAL_DATE, status);
+}
+
+double UserCalendar::startOfDay(double instant)
+{
+    moveTo(instant);
+    return midnight();
+}
+
+double UserCalendar::startOfWeek(double instant)
+{
+    constexpr int kDaysPerWeek = 7;
+    moveTo(instant);
+    UErrorCode status = U_ZERO_ERROR;
+    const int firstWeekday = m_calendar->getFirstDayOfWeek(status);
+    const auto placeInWeek = [&](int weekday) {
+        return (weekday - firstWeekday + kDaysPerWeek) % kDaysPerWeek;
+    };
+    const int days = placeInWeek(UCAL_MONDAY) - placeInWeek(field(UCAL_DAY_OF_WEEK));
+    m_calendar->set(UCAL_JULIAN_DAY, field(UCAL_JULIAN_DAY) + days);
+    return midnight();
+}
+
+double UserCalendar::startOfMonth(double instant)
+{
+    moveTo(instant);
+    m_calendar->set(UCAL_DATE, 1);
+    return midnight();
+}
+
+double UserCalendar::startOfYear(double instant)
+{
+    moveTo(instant);
+    m_calendar->set(UCAL_MONTH, 0);
+    m_calendar->set(UCAL_IS_LEAP_MONTH, 0); // In the Chinese calendar a month may come twice.
+    m_calendar->set(UCAL_DATE, 1);
+    return midnight();
+}
+
+double UserCalendar::instantOf(int year, int month, int day)
+{
+    m_calendar->clear();
+    m_calendar->set(year, month - 1, day);
+    return midnight();
+}
+
+QString UserCalendar::monthName(int month) const
+{
+    UErrorCode status = U_ZERO_ERROR;
+    const icu::DateFormatSymbols symbols(m_locale, m_calendar->getType(), status);
+    int32_t count = 0;
+    // The form for a name that stands alone: several languages inflect it beside a day.
+    const icu::UnicodeString* names =
+        symbols.getMonths(count, icu::DateFormatSymbols::STANDALONE, icu::DateFormatSymbols::WIDE);
+    if (U_FAILURE(status) || month < 1 || month > count)
+        return QString();
+    const icu::UnicodeString& name = names[month - 1];
+    return QString::fromUtf16(name.getBuffer(), name.length());
+}

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "data/Date.h"
+
+#include <QString>
+
+#include <cstdint>
+#include <memory>
+#include <unicode/calendar.h>
+
+/// The user's calendar in the user's time zone, which Date asks. Making one takes ICU longer than a thousand
+/// questions, so one is kept, and remade when the locale or the time zone is another than before.
+///
+/// Instants are seconds since 1970-01-01 UTC; beyond the years 1 to 9999 the nearest of these answers, and
+/// what is not a number counts as 0. Main thread only.
+class UserCalendar {
+public:
+    static UserCalendar& current();
+    static void forget();
+
+    [[nodiscard]] DateComponents components(double instant);
+    /// The calendar steps from one instant to the other, the longest ones first; negative when it lies
+    /// before.
+    [[nodiscard]] DateComponents difference(double fromInstant, double toInstant);
+    [[nodiscard]] int64_t gregorianDays(double fromInstant, double toInstant);
+
+    [[nodiscard]] double startOfDay(double instant);
+    [[nodiscard]] double startOfWeek(double instant);
+    [[nodiscard]] double startOfMonth(double instant);
+    [[nodiscard]] double startOfYear(double instant);
+    [[nodiscard]] double instantOf(int year, int month, int day);
+
+    /// The full name of a month, 1 being the first; empty when there is no such month.
+    [[nodiscard]] QString monthName(int month) const;
+
+private:
+    struct Source;
+    UserCalendar(const icu::Locale& locale, const icu::TimeZone& timeZone);
+
+    void moveTo(double instant);
+    [[nodiscard]] int field(UCalendarDateFields field) const;
+    [[nodiscard]] double midnight();
+
+    icu::Locale m_locale;
+    std::unique_ptr<icu::Calendar> m_calendar;
+    std::unique_ptr<icu::Calendar> m_gregorian;
+};

@@ -1,0 +1,479 @@
+#include "data/Date.h"
+
+#include "fakes/TestPlatform.h"
+
+#include <QDateTime>
+#include <QTimeZone>
+
+#include <cmath>
+#include <gtest/gtest.h>
+#include <limits>
+
+namespace {
+/// Sets TZ for one test, as a user's session would.
+class TimeZoneScope {
+public:
+    explicit TimeZoneScope(const char* name)
+        : m_before(qgetenv("TZ"))
+    {
+        use(name);
+    }
+    ~TimeZoneScope()
+    {
+        qputenv("TZ", m_before);
+        Date::resetCalendar();
+    }
+    TimeZoneScope(const TimeZoneScope&) = delete;
+    TimeZoneScope& operator=(const TimeZoneScope&) = delete;
+
+    void use(const char* name)
+    {
+        qputenv("TZ", name);
+        m_zone = QTimeZone(name);
+    }
+    /// The instant that a wall clock in this zone shows as "2024-03-15 10:00" (or "... 10:00:30").
+    [[nodiscard]] Date at(const char* text) const
+    {
+        QDateTime time = QDateTime::fromString(QString::fromLatin1(text), QStringLiteral("yyyy-MM-dd HH:mm"));
+        time.setTimeZone(m_zone);
+        return Date(double(time.toSecsSinceEpoch()));
+    }
+    /// What the wall clock shows at the instant.
+    [[nodiscard]] std::string show(Date date) const
+    {
+        return QDateTime::fromMSecsSinceEpoch(qint64(date.secondsSince1970() * 1000), m_zone)
+            .toString(QStringLiteral("yyyy-MM-dd HH:mm:ss.zzz"))
+            .replace(QStringLiteral(":00.000"), QString())
+            .toStdString();
+    }
+
+private:
+    QByteArray m_before;
+    QTimeZone m_zone;
+};
+
+class DateTest : public testing::Test {
+protected:
+    void useLocale(const char* name) { platform.bundle.testCalendarLocaleName = QString::fromLatin1(name); }
+    void setNow(Date date) { platform.runLoop.setWallClock(date.secondsSince1970()); }
+
+    TestPlatform platform;
+    TimeZoneScope zone {"UTC"};
+};
+}
+
+TEST_F(DateTest, startsDaysWithTheirFirstInstant)
+{
+    const struct {
+        const char* zone;
+        const char* time;
+        const char* startOfDay;
+        const char* startPlusOneDay;
+    } kTestCases[] = {
+        {"UTC", "2024-03-15 10:30", "2024-03-15 00:00", "2024-03-16 00:00"},
+        {"UTC", "2024-03-15 00:00", "2024-03-15 00:00", "2024-03-16 00:00"},
+        {"UTC", "2024-03-15 23:59", "2024-03-15 00:00", "2024-03-16 00:00"},
+        // A 23-hour day and a 25-hour day, asked before and after the change.
+        {"Europe/Berlin", "2024-03-31 01:30", "2024-03-31 00:00", "2024-04-01 01:00"},
+        {"Europe/Berlin", "2024-03-31 22:00", "2024-03-31 00:00", "2024-04-01 01:00"},
+        {"Europe/Berlin", "2024-10-27 01:30", "2024-10-27 00:00", "2024-10-27 23:00"},
+        {"Europe/Berlin", "2024-10-27 22:00", "2024-10-27 00:00", "2024-10-27 23:00"},
+        {"America/New_York", "2024-03-10 12:00", "2024-03-10 00:00", "2024-03-11 01:00"},
+        {"America/New_York", "2024-11-03 12:00", "2024-11-03 00:00", "2024-11-03 23:00"},
+        // Clocks that go forward at midnight: the day begins at 01:00.
+        {"America/Sao_Paulo", "2017-10-15 12:00", "2017-10-15 01:00", "2017-10-16 01:00"},
+        {"Asia/Beirut", "2024-03-31 12:00", "2024-03-31 01:00", "2024-04-01 01:00"},
+        // The last hour of a day comes twice.
+        {"America/Sao_Paulo", "2018-02-17 23:30", "2018-02-17 00:00", "2018-02-17 23:00"},
+        {"America/Sao_Paulo", "2018-02-18 12:00", "2018-02-18 00:00", "2018-02-19 00:00"},
+        // Midnight itself comes twice.
+        {"America/Havana", "2024-11-03 12:00", "2024-11-03 00:00", "2024-11-03 23:00"},
+        // Half hours: a left-out 23:30 to 00:30, a change by half an hour, an offset of 5:45.
+        {"America/Toronto", "1919-03-31 12:00", "1919-03-31 00:30", "1919-04-01 00:30"},
+        {"Australia/Lord_Howe", "2024-10-06 12:00", "2024-10-06 00:00", "2024-10-07 00:30"},
+        {"Asia/Kathmandu", "2024-03-15 03:00", "2024-03-15 00:00", "2024-03-16 00:00"},
+        // The day before the one that was skipped altogether.
+        {"Pacific/Apia", "2011-12-29 12:00", "2011-12-29 00:00", "2011-12-31 00:00"},
+    };
+    for (const auto& [zoneName, time, startOfDay, startPlusOneDay] : kTestCases) {
+        SCOPED_TRACE(testing::Message() << zoneName << " " << time);
+        zone.use(zoneName);
+        const Date start = zone.at(time).dateAtStartOfDay();
+        EXPECT_EQ(zone.show(start), startOfDay);
+        EXPECT_EQ(zone.show(start.dateByAddingDays(1)), startPlusOneDay);
+        EXPECT_EQ(start.dateAtStartOfDay(), start);
+        EXPECT_LT(start.dateByAddingSeconds(-1).day(), 32);
+        EXPECT_NE(start.dateByAddingSeconds(-1).day(), start.day());
+    }
+}
+
+TEST_F(DateTest, findsTheFirstOfTwoMidnights)
+{
+    zone.use("America/Havana"); // 01:00 becomes 00:00 again on 2024-11-03.
+    const Date day = zone.at("2024-11-03 12:00");
+    EXPECT_EQ(day.timeIntervalSinceDate(day.dateAtStartOfDay()), 13 * Date::kHour);
+    EXPECT_EQ(zone.at("2024-11-04 12:00").dateAtStartOfDay().timeIntervalSinceDate(day.dateAtStartOfDay()),
+        25 * Date::kHour);
+}
+
+TEST_F(DateTest, startsWeeksOnMondayWithinTheLocalesWeek)
+{
+    const struct {
+        const char* locale;
+        const char* time;
+        const char* startOfWeek;
+        int week;
+        int yearForWeekOfYear;
+    } kTestCases[] = {
+        {"de_DE", "2024-03-11 10:00", "2024-03-11 00:00", 11, 2024}, // a Monday
+        {"de_DE", "2024-03-13 10:00", "2024-03-11 00:00", 11, 2024}, // Wednesday
+        {"de_DE", "2024-03-17 10:00", "2024-03-11 00:00", 11, 2024}, // Sunday
+        {"en_US", "2024-03-11 10:00", "2024-03-11 00:00", 11, 2024},
+        {"en_US", "2024-03-16 10:00", "2024-03-11 00:00", 11, 2024}, // Saturday
+        {"en_US", "2024-03-17 10:00", "2024-03-18 00:00", 12, 2024}, // Sunday begins the next week
+        {"C", "2024-03-17 10:00", "2024-03-18 00:00", 12, 2024},
+        {"fa_IR@calendar=gregorian", "2024-03-16 10:00", "2024-03-18 00:00", 12, 2024}, // from Saturday
+        // Weeks that belong to the other year, week 53 among them.
+        {"de_DE", "2021-01-03 10:00", "2020-12-28 00:00", 53, 2020},
+        {"de_DE", "2020-12-31 10:00", "2020-12-28 00:00", 53, 2020},
+        {"de_DE", "2024-12-30 10:00", "2024-12-30 00:00", 1, 2025},
+        {"en_US", "2024-12-29 10:00", "2024-12-30 00:00", 1, 2025},
+        {"en_US", "2022-01-01 10:00", "2021-12-27 00:00", 1, 2022},
+        // Across a change of the clocks.
+        {"de_DE", "2024-03-31 10:00", "2024-03-25 00:00", 13, 2024},
+        {"de_DE", "2024-10-27 23:30", "2024-10-21 00:00", 43, 2024},
+        // A year of another calendar turns in the middle of these weeks.
+        {"th_TH@calendar=buddhist", "2024-03-17 10:00", "2024-03-18 00:00", 12, 2024},
+        {"en_US@calendar=hebrew", "2024-10-05 10:00", "2024-09-30 00:00", 1, 5785},
+        {"de_DE@calendar=persian", "2024-03-22 10:00", "2024-03-18 00:00", 1, 1403},
+    };
+    zone.use("Europe/Berlin");
+    for (const auto& [locale, time, startOfWeek, week, yearForWeekOfYear] : kTestCases) {
+        SCOPED_TRACE(testing::Message() << locale << " " << time);
+        useLocale(locale);
+        const Date date = zone.at(time);
+        EXPECT_EQ(zone.show(date.dateAtStartOfWeek()), startOfWeek);
+        EXPECT_EQ(date.week(), week);
+        EXPECT_EQ(date.components().yearForWeekOfYear, yearForWeekOfYear);
+    }
+}
+
+TEST_F(DateTest, startsMonthsAndYearsInTheUsersCalendar)
+{
+    const struct {
+        const char* locale;
+        const char* zone;
+        const char* time;
+        const char* startOfMonth;
+        const char* startOfYear;
+        int year;
+        int month;
+        const char* monthName;
+    } kTestCases[] = {
+        {"en_US", "UTC", "2024-03-15 10:00", "2024-03-01 00:00", "2024-01-01 00:00", 2024, 3, "March"},
+        {"de_DE", "UTC", "2024-03-31 23:59", "2024-03-01 00:00", "2024-01-01 00:00", 2024, 3, "März"},
+        {"fr_FR.UTF-8", "UTC", "2024-12-31 10:00", "2024-12-01 00:00", "2024-01-01 00:00", 2024, 12,
+            "décembre"},
+        {"ru_RU", "UTC", "2024-05-15 10:00", "2024-05-01 00:00", "2024-01-01 00:00", 2024, 5, "май"},
+        {"es_ES", "Asia/Kathmandu", "2024-02-29 03:00", "2024-02-01 00:00", "2024-01-01 00:00", 2024, 2,
+            "febrero"},
+        {"nl_NL", "Europe/Berlin", "2024-07-15 10:00", "2024-07-01 00:00", "2024-01-01 00:00", 2024, 7,
+            "juli"},
+        {"C", "America/New_York", "2024-11-30 20:00", "2024-11-01 00:00", "2024-01-01 00:00", 2024, 11,
+            "November"},
+        {"th_TH", "Asia/Bangkok", "2024-03-15 10:00", "2024-03-01 00:00", "2024-01-01 00:00", 2567, 3,
+            "มีนาคม"},
+        {"en_US@calendar=hebrew", "Asia/Jerusalem", "2024-03-15 10:00", "2024-03-11 00:00",
+            "2023-09-16 00:00", 5784, 7, "Adar"},
+        {"en_US@calendar=islamic-umalqura", "Asia/Riyadh", "2024-03-15 10:00", "2024-03-11 00:00",
+            "2023-07-19 00:00", 1445, 9, "Ramadan"},
+        {"fa_IR@numbers=latn", "Asia/Tehran", "2024-03-25 10:00", "2024-03-20 00:00", "2024-03-20 00:00",
+            1403, 1, "فروردین"},
+        {"ja_JP@calendar=japanese", "Asia/Tokyo", "2024-03-15 10:00", "2024-03-01 00:00", "2024-01-01 00:00",
+            6, 3, "3月"},
+    };
+    for (const auto& row : kTestCases) {
+        SCOPED_TRACE(testing::Message() << row.locale << " " << row.time);
+        useLocale(row.locale);
+        zone.use(row.zone);
+        const Date date = zone.at(row.time);
+        EXPECT_EQ(zone.show(date.dateAtStartOfMonth()), row.startOfMonth);
+        EXPECT_EQ(zone.show(date.dateAtStartOfYear()), row.startOfYear);
+        EXPECT_EQ(date.year(), row.year);
+        EXPECT_EQ(date.month(), row.month);
+        EXPECT_EQ(date.monthName().toStdString(), row.monthName);
+        EXPECT_EQ(date.dateAtStartOfYear().month(), 1);
+        EXPECT_EQ(date.dateAtStartOfYear().day(), 1);
+        EXPECT_EQ(date.dateAtStartOfMonth().day(), 1);
+        const Date rebuilt = Date::dateFromComponents(date.year(), date.month(), date.day());
+        EXPECT_EQ(rebuilt, date.dateAtStartOfDay());
+    }
+}
+
+TEST_F(DateTest, tellsTheFieldsOfADate)
+{
+    zone.use("America/New_York");
+    const Date date = zone.at("2024-03-31 17:45").dateByAddingSeconds(12.75);
+    EXPECT_EQ(date.hour(), 17);
+    EXPECT_EQ(date.minute(), 45);
+    EXPECT_EQ(date.seconds(), 12);
+    EXPECT_EQ(date.day(), 31);
+    EXPECT_EQ(date.weekday(), 1);
+    EXPECT_EQ(date.nthWeekday(), 5); // the fifth Sunday
+    EXPECT_TRUE(date.isTypicallyWeekend());
+    EXPECT_TRUE(zone.at("2024-03-30 12:00").isTypicallyWeekend());
+    EXPECT_TRUE(zone.at("2024-03-29 12:00").isTypicallyWorkday());
+    EXPECT_TRUE(zone.at("2024-04-01 12:00").isTypicallyWorkday());
+    EXPECT_EQ(zone.at("1969-12-31 23:59").dateByAddingSeconds(30.5).seconds(), 30);
+}
+
+TEST_F(DateTest, comparesWithNow)
+{
+    const struct {
+        const char* time;
+        const char* yes; ///< the questions that the date answers with yes
+    } kTestCases[] = {
+        {"2024-03-15 00:00", "today thisWeek thisMonth thisYear past"},
+        {"2024-03-15 23:59", "today thisWeek thisMonth thisYear future"},
+        {"2024-03-16 00:00", "tomorrow thisWeek thisMonth thisYear future"},
+        {"2024-03-14 23:59", "yesterday thisWeek thisMonth thisYear past"},
+        {"2024-03-11 00:00", "thisWeek thisMonth thisYear past"},
+        {"2024-03-10 23:59", "lastWeek thisMonth thisYear past"},
+        {"2024-03-18 00:00", "nextWeek thisMonth thisYear future"},
+        {"2024-02-29 12:00", "thisYear past"},
+        {"2025-03-15 12:00", "nextYear future"}, // March again, and another year's week 11
+        {"2023-03-15 12:00", "lastYear past"},
+        {"2026-01-01 12:00", "future"},
+    };
+    setNow(zone.at("2024-03-15 12:00"));
+    for (const auto& [time, expected] : kTestCases) {
+        const Date date = zone.at(time);
+        const std::pair<const char*, bool> answers[] = {
+            {"today", date.isToday()},
+            {"tomorrow", date.isTomorrow()},
+            {"yesterday", date.isYesterday()},
+            {"thisWeek", date.isThisWeek()},
+            {"nextWeek", date.isNextWeek()},
+            {"lastWeek", date.isLastWeek()},
+            {"thisMonth", date.isThisMonth()},
+            {"thisYear", date.isThisYear()},
+            {"nextYear", date.isNextYear()},
+            {"lastYear", date.isLastYear()},
+            {"future", date.isInFuture()},
+            {"past", date.isInPast()},
+        };
+        QStringList yes;
+        for (const auto& [question, answer] : answers) {
+            if (answer)
+                yes.append(QString::fromLatin1(question));
+        }
+        EXPECT_EQ(yes.join(QLatin1Char(' ')).toStdString(), expected) << time;
+    }
+    EXPECT_FALSE(Date::now().isInPast());
+    EXPECT_FALSE(Date::now().isInFuture());
+}
+
+TEST_F(DateTest, tellsWeeksApartByNumberAndDistance)
+{
+    const struct {
+        const char* locale;
+        const char* one;
+        const char* other;
+        bool isSame;
+    } kTestCases[] = {
+        {"de_DE", "2024-03-11 00:00", "2024-03-17 23:59", true},
+        {"de_DE", "2024-03-10 23:59", "2024-03-11 00:00", false},
+        {"en_US", "2024-03-10 00:00", "2024-03-11 00:00", true},
+        {"en_US", "2024-03-16 23:59", "2024-03-17 00:00", false},
+        {"de_DE", "2024-03-13 12:00", "2023-03-15 12:00", false}, // week 11 of both years
+        {"de_DE", "2020-12-31 12:00", "2021-01-02 12:00", true},
+    };
+    for (const auto& [locale, one, other, isSame] : kTestCases) {
+        SCOPED_TRACE(testing::Message() << locale << " " << one);
+        useLocale(locale);
+        EXPECT_EQ(zone.at(one).isSameWeekAsDate(zone.at(other)), isSame);
+        EXPECT_EQ(zone.at(other).isSameWeekAsDate(zone.at(one)), isSame);
+    }
+    // The clock goes back in this week: its first and last minute are more than 604,800 s apart, and the
+    // distance counts.
+    zone.use("Europe/Berlin");
+    useLocale("de_DE");
+    EXPECT_FALSE(zone.at("2024-10-21 00:00").isSameWeekAsDate(zone.at("2024-10-27 23:59")));
+}
+
+TEST_F(DateTest, addsFixedSteps)
+{
+    zone.use("Europe/Berlin");
+    const Date date = zone.at("2024-03-30 12:00");
+    setNow(date);
+    const std::pair<Date, const char*> kTestCases[] = {
+        {date.dateByAddingDays(1), "2024-03-31 13:00"},
+        {date.dateByAddingDays(-1), "2024-03-29 12:00"},
+        {date.dateBySubtractingDays(2), "2024-03-28 12:00"},
+        {date.dateByAddingHours(25), "2024-03-31 14:00"},
+        {date.dateBySubtractingHours(13), "2024-03-29 23:00"},
+        {date.dateByAddingMinutes(90), "2024-03-30 13:30"},
+        {date.dateBySubtractingMinutes(90), "2024-03-30 10:30"},
+        {Date::dateTomorrow(), "2024-03-31 13:00"},
+        {Date::dateYesterday(), "2024-03-29 12:00"},
+        {Date::dateWithDaysFromNow(3), "2024-04-02 13:00"},
+        {Date::dateWithDaysBeforeNow(3), "2024-03-27 12:00"},
+        {Date::dateWithHoursFromNow(1), "2024-03-30 13:00"},
+        {Date::dateWithHoursBeforeNow(1), "2024-03-30 11:00"},
+        {Date::dateWithMinutesFromNow(1), "2024-03-30 12:01"},
+        {Date::dateWithMinutesBeforeNow(1), "2024-03-30 11:59"},
+    };
+    for (const auto& [result, expected] : kTestCases)
+        EXPECT_EQ(zone.show(result), expected);
+}
+
+TEST_F(DateTest, countsWholeUnitsTowardZero)
+{
+    const Date date = zone.at("2024-03-15 12:00");
+    const struct {
+        double seconds; ///< of the receiver after the date
+        int64_t minutes;
+        int64_t hours;
+        int64_t days;
+    } kTestCases[] = {
+        {0, 0, 0, 0},
+        {59.9, 0, 0, 0},
+        {90, 1, 0, 0},
+        {-90, -1, 0, 0},
+        {3600, 60, 1, 0},
+        {-3599, -59, 0, 0},
+        {86399, 1439, 23, 0},
+        {-86400, -1440, -24, -1},
+        {1e300, std::numeric_limits<int64_t>::max(), std::numeric_limits<int64_t>::max(),
+            std::numeric_limits<int64_t>::max()},
+        {std::numeric_limits<double>::quiet_NaN(), 0, 0, 0},
+    };
+    for (const auto& [seconds, minutes, hours, days] : kTestCases) {
+        SCOPED_TRACE(seconds);
+        const Date receiver = date.dateByAddingSeconds(seconds);
+        EXPECT_EQ(receiver.minutesAfterDate(date), minutes);
+        EXPECT_EQ(receiver.hoursAfterDate(date), hours);
+        EXPECT_EQ(receiver.daysAfterDate(date), days);
+        EXPECT_EQ(date.minutesBeforeDate(receiver), minutes);
+        EXPECT_EQ(date.hoursBeforeDate(receiver), hours);
+        EXPECT_EQ(date.daysBeforeDate(receiver), days);
+    }
+    EXPECT_FALSE(date.isEarlierThanDate(date) || date.isLaterThanDate(date));
+}
+
+TEST_F(DateTest, countsCalendarDifferences)
+{
+    zone.use("Europe/Berlin");
+    const Date from = zone.at("2023-01-30 12:00");
+    const Date to = zone.at("2024-03-11 13:02").dateByAddingSeconds(3);
+    const DateComponents forward = to.componentsWithOffsetFromDate(from);
+    EXPECT_EQ(forward.year, 1);
+    EXPECT_EQ(forward.month, 1);
+    EXPECT_EQ(forward.week, 1);
+    EXPECT_EQ(forward.day, 4); // 29 February + 1 week is 7 March.
+    EXPECT_EQ(forward.hour, 1);
+    EXPECT_EQ(forward.minute, 2);
+    EXPECT_EQ(forward.second, 3);
+    EXPECT_EQ(forward.weekday, 0);
+    EXPECT_EQ(forward.weekdayOrdinal, 0);
+    EXPECT_EQ(zone.at("2024-03-29 12:00").componentsWithOffsetFromDate(zone.at("2024-03-31 12:00")).day, -2);
+
+    // Days of 23 and of 25 hours are whole days.
+    EXPECT_EQ(zone.at("2024-03-30 12:00").distanceInDaysToDate(zone.at("2024-03-31 12:00")), 1);
+    EXPECT_EQ(zone.at("2024-10-26 12:00").distanceInDaysToDate(zone.at("2024-10-27 11:59")), 0);
+    EXPECT_EQ(zone.at("2024-10-27 12:00").distanceInDaysToDate(zone.at("2024-10-26 12:00")), -1);
+    for (const char* locale : {"en_US@calendar=hebrew", "th_TH"}) {
+        useLocale(locale);
+        EXPECT_EQ(zone.at("2023-01-01 00:00").distanceInDaysToDate(zone.at("2024-03-01 00:00")), 425);
+    }
+}
+
+TEST_F(DateTest, givesTheNearestHourOfNowWhateverTheReceiver)
+{
+    const std::pair<const char*, int> kTestCases[] = {
+        {"2024-03-15 10:29", 10}, {"2024-03-15 10:30", 11}, {"2024-03-15 23:30", 0}};
+    for (const auto& [now, nearestHour] : kTestCases) {
+        setNow(zone.at(now));
+        EXPECT_EQ(zone.at("2001-01-01 05:00").nearestHour(), nearestHour) << now;
+    }
+}
+
+TEST_F(DateTest, followsAnotherLocaleAndTimeZoneAtOnce)
+{
+    const Date date = zone.at("2024-03-17 20:00");
+    EXPECT_EQ(date.hour(), 20);
+    EXPECT_EQ(date.week(), 11);
+    zone.use("Asia/Kathmandu");
+    useLocale("en_US");
+    EXPECT_EQ(date.day(), 18);
+    EXPECT_EQ(date.hour(), 1);
+    EXPECT_EQ(date.minute(), 45);
+    EXPECT_EQ(date.week(), 12);
+    zone.use("UTC");
+    Date::resetCalendar();
+    EXPECT_EQ(date.hour(), 20);
+}
+
+TEST_F(DateTest, answersForInstantsBeyondEveryCalendar)
+{
+    constexpr double kInfinity = std::numeric_limits<double>::infinity();
+    for (const char* locale : {"de_DE", "th_TH", "en_US@calendar=chinese", "ar_SA@calendar=islamic",
+             "he_IL@calendar=hebrew", "ja_JP@calendar=japanese"}) {
+        useLocale(locale);
+        for (const double seconds : {1e300, -1e300, 1e18, -1e18, kInfinity, -kInfinity, std::nan("")}) {
+            SCOPED_TRACE(testing::Message() << locale << " " << seconds);
+            const Date date(seconds);
+            for (const Date& start : {date.dateAtStartOfDay(), date.dateAtStartOfWeek(),
+                     date.dateAtStartOfMonth(), date.dateAtStartOfYear()})
+                EXPECT_LT(std::abs(start.secondsSince1970()), 3e11);
+            EXPECT_FALSE(date.monthName().isEmpty());
+            (void)date.componentsWithOffsetFromDate(Date(0));
+            (void)Date(0).distanceInDaysToDate(date);
+        }
+    }
+    useLocale("de_DE");
+    EXPECT_EQ(Date(1e300).year(), 9999);
+    EXPECT_EQ(Date(-1e300).year(), 1);
+    EXPECT_EQ(Date(std::nan("")).year(), 1970);
+}
+
+TEST_F(DateTest, copesWithLocalesThatDoNotExist)
+{
+    const Date date = zone.at("2024-03-15 10:00");
+    for (const QString& name : {QStringLiteral("xx_YY"), QStringLiteral("de_DE@calendar=none"),
+             QString(5000, QLatin1Char('x')), QStringLiteral("@@@==;"), QStringLiteral("ä日本")}) {
+        platform.bundle.testCalendarLocaleName = name;
+        SCOPED_TRACE(qPrintable(name.left(20)));
+        EXPECT_EQ(date.year(), 2024);
+        EXPECT_FALSE(date.monthName().isEmpty());
+    }
+}
+
+TEST(CalendarLocale, comesFromTheEnvironmentUnlessTheProgramWasToldAnother)
+{
+    const struct {
+        const char* all;
+        const char* time;
+        const char* lang;
+        const char* expected;
+    } kTestCases[] = {
+        {"", "", "", "C"},
+        {"", "", "de_DE.UTF-8", "de_DE.UTF-8"},
+        {"", "th_TH@calendar=buddhist", "de_DE.UTF-8", "th_TH@calendar=buddhist"},
+        {"nl_NL", "th_TH", "de_DE", "nl_NL"},
+    };
+    const QByteArray all = qgetenv("LC_ALL");
+    const Bundle bundle {QJsonObject()};
+    for (const auto& row : kTestCases) {
+        qputenv("LC_ALL", row.all);
+        qputenv("LC_TIME", row.time);
+        qputenv("LANG", row.lang);
+        EXPECT_EQ(bundle.calendarLocaleName().toStdString(), row.expected);
+    }
+    QLocale::setDefault(QLocale(QStringLiteral("fr_FR")));
+    EXPECT_EQ(bundle.calendarLocaleName(), QStringLiteral("fr_FR"));
+    QLocale::setDefault(QLocale::system());
+    qputenv("LC_ALL", all);
+    qunsetenv("LC_TIME");
+    qunsetenv("LANG");
+}
