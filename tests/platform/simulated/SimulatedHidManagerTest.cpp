@@ -164,8 +164,11 @@ TEST_F(SimulatedHidManagerTest, refusedReportsAreEPIPE)
 TEST_F(SimulatedHidManagerTest, unplugAndReplugBringANewDevice)
 {
     const HidDeviceRef first = attach();
+    EXPECT_EQ(first->setFeatureReport(kUp), 0);
+    platform.runLoop.advance(0.4);
     manager->unplug();
     EXPECT_FALSE(manager->isPlugged());
+    EXPECT_GT(manager->desk().height(), 1000) << "it moved until the cable was pulled";
     std::array<uint8_t, 64> report {0x04};
     EXPECT_EQ(first->getFeatureReport(report), ENODEV);
     EXPECT_TRUE(removed.empty()) << "told on the run loop";
