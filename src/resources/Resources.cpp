@@ -27,17 +27,6 @@ QString languageOf(const QString& code)
     return code.left(length).toLower();
 }
 
-/// The first language that has texts; empty when none has.
-QString firstKnownLanguage(const QStringList& codes)
-{
-    for (const QString& code : codes) {
-        const QString language = languageOf(code);
-        if (!language.isEmpty() && QFile::exists(textsPath(language)))
-            return language;
-    }
-    return {};
-}
-
 const QString kTranslatorName = QStringLiteral("zelvoTexts");
 
 void removeTexts(QCoreApplication& application)
@@ -75,10 +64,21 @@ void initResources()
     Q_INIT_RESOURCE(strings);
 }
 
+QString firstAvailableLanguage(const QStringList& codes)
+{
+    for (const QString& code : codes) {
+        const QString language = languageOf(code);
+        if (!language.isEmpty() && QFile::exists(textsPath(language)))
+            return language;
+    }
+    return {};
+}
+
 bool installTexts(QCoreApplication& application, const QString& languageCode)
 {
     const bool own = languageCode.isEmpty();
-    QString language = firstKnownLanguage(own ? QLocale::system().uiLanguages() : QStringList {languageCode});
+    const QString language =
+        firstAvailableLanguage(own ? QLocale::system().uiLanguages() : QStringList {languageCode});
     const bool known = own || !language.isEmpty();
     if (!known)
         Log::line(QStringLiteral("There are no texts in the language \"%1\"; they are shown in English.")

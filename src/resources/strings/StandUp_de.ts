@@ -24,12 +24,12 @@
         <source>Quit</source>
         <translation>Beenden</translation>
     </message>
-    <message id="DeskConnected">
+    <message id="TrayTooltipConnected">
         <source>Desk connected</source>
         <extracomment>Tooltip and spoken state of the icon in the system tray</extracomment>
         <translation>Tisch verbunden</translation>
     </message>
-    <message id="DeskDisconnected">
+    <message id="TrayTooltipDisconnected">
         <source>No desk connected</source>
         <extracomment>Tooltip and spoken state of the icon in the system tray</extracomment>
         <translation>Kein Tisch verbunden</translation>
@@ -78,9 +78,9 @@
         <extracomment>%1: path</extracomment>
         <translation>Die Aufzeichnung der Aktivitäten ist beschädigt und nicht lesbar. Die Datei bleibt unverändert erhalten: %1</translation>
     </message>
-    <message id="DataFolderUnavailable">
+    <message id="DataFolderError">
         <source>The folder for the program’s data cannot be used: %1</source>
-        <extracomment>%1: path or reason</extracomment>
+        <extracomment>%1: path</extracomment>
         <translation>Der Ordner für die Programmdaten ist nicht benutzbar: %1</translation>
     </message>
     <message id="AdapterNotAllowed">

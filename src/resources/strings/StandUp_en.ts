@@ -24,12 +24,12 @@
         <source></source>
         <translation>Quit</translation>
     </message>
-    <message id="DeskConnected">
+    <message id="TrayTooltipConnected">
         <source></source>
         <extracomment>Tooltip and spoken state of the icon in the system tray</extracomment>
         <translation>Desk connected</translation>
     </message>
-    <message id="DeskDisconnected">
+    <message id="TrayTooltipDisconnected">
         <source></source>
         <extracomment>Tooltip and spoken state of the icon in the system tray</extracomment>
         <translation>No desk connected</translation>
@@ -78,9 +78,9 @@
         <extracomment>%1: path</extracomment>
         <translation>The record of your activities is damaged and cannot be read. The file has been kept as it is: %1</translation>
     </message>
-    <message id="DataFolderUnavailable">
+    <message id="DataFolderError">
         <source></source>
-        <extracomment>%1: path or reason</extracomment>
+        <extracomment>%1: path</extracomment>
         <translation>The folder for the program’s data cannot be used: %1</translation>
     </message>
     <message id="AdapterNotAllowed">

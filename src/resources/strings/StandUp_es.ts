@@ -24,12 +24,12 @@
         <source>Quit</source>
         <translation>Salir</translation>
     </message>
-    <message id="DeskConnected">
+    <message id="TrayTooltipConnected">
         <source>Desk connected</source>
         <extracomment>Tooltip and spoken state of the icon in the system tray</extracomment>
         <translation>Escritorio conectado</translation>
     </message>
-    <message id="DeskDisconnected">
+    <message id="TrayTooltipDisconnected">
         <source>No desk connected</source>
         <extracomment>Tooltip and spoken state of the icon in the system tray</extracomment>
         <translation>Ningún escritorio conectado</translation>
@@ -78,9 +78,9 @@
         <extracomment>%1: path</extracomment>
         <translation>El registro de actividades está dañado y no se puede leer. El archivo se ha conservado tal cual: %1</translation>
     </message>
-    <message id="DataFolderUnavailable">
+    <message id="DataFolderError">
         <source>The folder for the program’s data cannot be used: %1</source>
-        <extracomment>%1: path or reason</extracomment>
+        <extracomment>%1: path</extracomment>
         <translation>No se puede utilizar la carpeta de datos del programa: %1</translation>
     </message>
     <message id="AdapterNotAllowed">
@@ -98,7 +98,7 @@
     </message>
     <message id="PositionLostError">
         <source>The desk has lost its position. Hold Down until it has reached the bottom.</source>
-        <translation>El escritorio ha perdido su posición. Mantener pulsado «Bajar» hasta que llegue abajo.</translation>
+        <translation>El escritorio ha perdido la posición. Mantener pulsado «Bajar» hasta que llegue abajo.</translation>
     </message>
     <message id="OverloadUpError">
         <source>Overload while going up. Take some weight off the desk.</source>
@@ -201,7 +201,7 @@
     </message>
     <message id="ConnectTable">
         <source>Please connect your desk</source>
-        <translation>Conecta el escritorio</translation>
+        <translation>Conectar el escritorio</translation>
     </message>
     <!-- Reminder: the headline when the user stands and is asked to sit -->
     <message id="StandingMessage1">

@@ -24,12 +24,12 @@
         <source>Quit</source>
         <translation>Quitter</translation>
     </message>
-    <message id="DeskConnected">
+    <message id="TrayTooltipConnected">
         <source>Desk connected</source>
         <extracomment>Tooltip and spoken state of the icon in the system tray</extracomment>
         <translation>Bureau connecté</translation>
     </message>
-    <message id="DeskDisconnected">
+    <message id="TrayTooltipDisconnected">
         <source>No desk connected</source>
         <extracomment>Tooltip and spoken state of the icon in the system tray</extracomment>
         <translation>Aucun bureau connecté</translation>
@@ -42,7 +42,7 @@
     <!-- Ending and errors -->
     <message id="Could not save changes while quitting. Quit anyway?">
         <source>Could not save changes while quitting. Quit anyway?</source>
-        <translation>Impossible d’enregistrer les modifications en quittant. Quitter quand même ?</translation>
+        <translation>Impossible d’enregistrer les modifications en quittant. Quitter quand même ?</translation>
     </message>
     <message id="Quitting now will lose any changes you have made since the last successful save">
         <source>Quitting now will lose any changes you have made since the last successful save.</source>
@@ -78,9 +78,9 @@
         <extracomment>%1: path</extracomment>
         <translation>L’enregistrement des activités est endommagé et illisible. Le fichier a été conservé tel quel : %1</translation>
     </message>
-    <message id="DataFolderUnavailable">
+    <message id="DataFolderError">
         <source>The folder for the program’s data cannot be used: %1</source>
-        <extracomment>%1: path or reason</extracomment>
+        <extracomment>%1: path</extracomment>
         <translation>Le dossier des données du programme est inutilisable : %1</translation>
     </message>
     <message id="AdapterNotAllowed">
@@ -210,7 +210,7 @@
     </message>
     <message id="StandingMessage2">
         <source>Well stood! Have a seat.</source>
-        <translation>Bien tenu ! Place au fauteuil.</translation>
+        <translation>Bien tenu ! Place au fauteuil.</translation>
     </message>
     <message id="StandingMessage3">
         <source>Your legs have earned a rest</source>
@@ -218,7 +218,7 @@
     </message>
     <message id="StandingMessage4">
         <source>How about sitting for a while?</source>
-        <translation>Et si on s’asseyait un moment ?</translation>
+        <translation>Et si on s’asseyait un moment ?</translation>
     </message>
     <message id="StandingMessage5">
         <source>A good moment to sit down</source>
@@ -251,7 +251,7 @@
     </message>
     <message id="SittingMessage2">
         <source>Ready for a stretch?</source>
-        <translation>Envie de s’étirer ?</translation>
+        <translation>Envie de s’étirer ?</translation>
     </message>
     <message id="SittingMessage3">
         <source>A good moment to get on your feet</source>
@@ -267,7 +267,7 @@
     </message>
     <message id="SittingMessage6">
         <source>How about standing for a while?</source>
-        <translation>Et si on se levait un moment ?</translation>
+        <translation>Et si on se levait un moment ?</translation>
     </message>
     <message id="SittingMessage7">
         <source>Rise with your desk</source>

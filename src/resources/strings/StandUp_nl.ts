@@ -24,12 +24,12 @@
         <source>Quit</source>
         <translation>Afsluiten</translation>
     </message>
-    <message id="DeskConnected">
+    <message id="TrayTooltipConnected">
         <source>Desk connected</source>
         <extracomment>Tooltip and spoken state of the icon in the system tray</extracomment>
         <translation>Bureau verbonden</translation>
     </message>
-    <message id="DeskDisconnected">
+    <message id="TrayTooltipDisconnected">
         <source>No desk connected</source>
         <extracomment>Tooltip and spoken state of the icon in the system tray</extracomment>
         <translation>Geen bureau verbonden</translation>
@@ -78,9 +78,9 @@
         <extracomment>%1: path</extracomment>
         <translation>De registratie van de activiteiten is beschadigd en kan niet worden gelezen. Het bestand is ongewijzigd bewaard: %1</translation>
     </message>
-    <message id="DataFolderUnavailable">
+    <message id="DataFolderError">
         <source>The folder for the program’s data cannot be used: %1</source>
-        <extracomment>%1: path or reason</extracomment>
+        <extracomment>%1: path</extracomment>
         <translation>De map voor de programmagegevens is niet bruikbaar: %1</translation>
     </message>
     <message id="AdapterNotAllowed">
