@@ -1,0 +1,56 @@
+#pragma once
+
+#include "platform/Workspace.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusServiceWatcher>
+#include <QDBusUnixFileDescriptor>
+#include <QObject>
+#include <QSet>
+
+#include <functional>
+
+class QDBusPendingCallWatcher;
+
+/// The session as its services describe it over D-Bus: logind's sleep and lock, and the screen savers' and
+/// GNOME's own signals. Without a bus, or without one of these services, its news are simply missing.
+///
+/// The same event arrives through several services. Each has a state of its own here; the first to go dark
+/// counts and the others join it, until one of them is light again. All calls are asynchronous.
+class DBusWorkspace final : public QObject, public Workspace {
+    Q_OBJECT
+
+public:
+    DBusWorkspace(const QDBusConnection& systemBus, const QDBusConnection& sessionBus);
+    ~DBusWorkspace() override;
+
+    bool openUrl(const QUrl& url) override;
+
+private Q_SLOTS:
+    void prepareForSleep(bool isAboutToSleep);
+    void prepareForShutdown(bool isAboutToShutDown);
+    void screenSaverActiveChanged(bool isActive, const QDBusMessage& message);
+    void propertiesChanged(
+        const QString& interface, const QVariantMap& changed, const QStringList& invalidated);
+
+private:
+    using ReplyHandler = std::function<void(const QDBusPendingCallWatcher&)>;
+
+    void watchScreens();
+    void watchLogind();
+    void watchLockOfSession();
+    void call(const QDBusConnection& bus, const QDBusMessage& message, ReplyHandler handler);
+
+    void takeDelayLock();
+    void releaseDelayLock();
+    void setDark(const QString& source, bool isDark);
+
+    QDBusConnection m_systemBus;
+    QDBusConnection m_sessionBus;
+    QDBusServiceWatcher m_logindWatcher;
+    QDBusUnixFileDescriptor m_delayLock; ///< logind waits with sleep and shutdown while it is open
+    bool m_isTakingLock = false;
+    QSet<QString> m_darkSources; ///< their last word was dark
+    bool m_isDark = false;
+};
