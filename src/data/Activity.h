@@ -1,6 +1,6 @@
 #pragma once
 
-#include "data/Date.h"
+#include "data/ActivityPeriod.h"
 
 #include <cstdint>
 #include <memory>
@@ -8,22 +8,25 @@
 class ManagedObjectContext;
 
 /// One stored period of sitting or standing. A change is kept in the context until the next successful save.
+/// A date that is no finite number is refused with a log line and leaves the record as it was.
 class Activity {
 public:
     Activity(const Activity&) = delete;
     Activity& operator=(const Activity&) = delete;
-    ~Activity() = default;
+    ~Activity();
 
-    [[nodiscard]] Date startDate() const { return m_startDate; }
+    [[nodiscard]] Date startDate() const { return m_period.startDate; }
     void setStartDate(Date startDate);
     /// When the period ended, or the last pulse while it is still running.
-    [[nodiscard]] Date endDate() const { return m_endDate; }
+    [[nodiscard]] Date endDate() const { return m_period.endDate; }
     void setEndDate(Date endDate);
-    [[nodiscard]] bool isStanding() const { return m_isStanding; }
+    [[nodiscard]] bool isStanding() const { return m_period.isStanding; }
     void setIsStanding(bool isStanding);
     /// The user's weight when the record was made, in kg.
     [[nodiscard]] double weight() const { return m_weight; }
     void setWeight(double weight);
+
+    [[nodiscard]] const ActivityPeriod& period() const { return m_period; }
 
     /// Ends the period now and saves its context. False (and one log line) when the save failed; the new end
     /// stays in memory and goes out with the next successful save.
@@ -36,9 +39,7 @@ private:
 
     ManagedObjectContext* m_context; ///< Null once the context is gone.
     int64_t m_rowId = 0; ///< 0 until the record has been saved for the first time.
-    Date m_startDate;
-    Date m_endDate;
-    bool m_isStanding = false;
+    ActivityPeriod m_period;
     double m_weight = 0;
 };
 

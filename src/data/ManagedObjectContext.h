@@ -3,6 +3,7 @@
 #include "data/Activity.h"
 #include "platform/Dialogs.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -13,10 +14,15 @@ class PersistentStoreCoordinator;
 /// are seen by fetches meanwhile; the same stored record is always the same object while somebody holds it.
 class ManagedObjectContext {
 public:
+    using PeriodVisitor = std::function<void(const ActivityPeriod&)>;
+
     explicit ManagedObjectContext(std::shared_ptr<PersistentStoreCoordinator> coordinator);
     ~ManagedObjectContext();
     ManagedObjectContext(const ManagedObjectContext&) = delete;
     ManagedObjectContext& operator=(const ManagedObjectContext&) = delete;
+
+    /// The error of whoever has no context to work on.
+    static Error missingError();
 
     /// A new record, stored by the next save.
     ActivityRef insertActivity();
@@ -24,19 +30,25 @@ public:
     /// Whether pending edits could be committed; records have no half-typed state, so this is true.
     [[nodiscard]] bool commitEditing() const { return true; }
     /// Writes all pending records in one transaction and is on disk when it answers true. On failure
-    /// everything stays pending and `error` says why.
+    /// everything stays pending and `error` says why. Waits at most a tenth of a second for another program.
     bool save(Error& error);
 
-    /// Records inside [fromDate, toDate), covering fromDate, or covering toDate, by start date; nothing and
-    /// `error` on failure. With `isStanding`, the posture is asked of the records inside only; the totals
-    /// rest on that.
+    /// Records that meet the interval (see ActivityPeriod::meets()) by start date, pending ones after stored
+    /// ones of the same start; nothing and `error` on failure.
     std::optional<std::vector<ActivityRef>> fetch(
         Date fromDate, Date toDate, std::optional<bool> isStanding, Error& error);
+    /// Shows the visitor the same periods in the same order, but makes no objects of them: for sums over many
+    /// records. The visitor must not touch the context. False and `error` when the fetch failed half-way.
+    bool forEachPeriod(Date fromDate, Date toDate, std::optional<bool> isStanding,
+        const PeriodVisitor& visitor, Error& error);
     /// Number of records, pending ones included; 0 on failure.
     [[nodiscard]] uint64_t count();
 
 private:
     friend class Activity;
+    void recordChanged(const Activity& activity);
+    void forget(const Activity& activity);
+
     struct Store;
     std::unique_ptr<Store> m_store;
 };

@@ -8,10 +8,17 @@
 
 struct sqlite3;
 
-/// Opens the store file (SQLite) and keeps its connection. A file that is damaged or is no store is left
-/// exactly as it is and gives an error; a missing one is made.
+/// Opens the store file (SQLite) and keeps its connection. A file that is damaged, foreign, of a newer
+/// version or not writable is left exactly as it is and gives an error; a missing or empty one becomes a new
+/// store.
+///
+/// The store is one table, Activity(id, startDate, endDate, isStanding, weight): dates in seconds since
+/// 1970-01-01 UTC, weight in kg (NULL when undefined). A transaction that has been committed is on disk.
 class PersistentStoreCoordinator {
 public:
+    /// The layout's number, kept as the file's user_version.
+    static constexpr int kSchemaVersion = 1;
+
     /// Opens or makes the store at that path; null and the reason in `error` on failure.
     static std::unique_ptr<PersistentStoreCoordinator> open(const QString& path, Error& error);
 
@@ -20,9 +27,24 @@ public:
     PersistentStoreCoordinator& operator=(const PersistentStoreCoordinator&) = delete;
 
     [[nodiscard]] sqlite3* connection() const { return m_connection; }
+    /// What a result code of this connection means to the user; domain "SQLite", the code is the result.
+    [[nodiscard]] Error errorForResult(int result) const;
 
 private:
-    explicit PersistentStoreCoordinator(sqlite3* connection);
+    explicit PersistentStoreCoordinator(const QString& path);
 
-    sqlite3* m_connection;
+    // Each step of opening answers a result code, SQLITE_OK to go on.
+    [[nodiscard]] int checkFile();
+    [[nodiscard]] int connect();
+    [[nodiscard]] int identify();
+    [[nodiscard]] int checkPages();
+    [[nodiscard]] int prepareForWriting();
+
+    [[nodiscard]] int execute(const char* sql);
+    [[nodiscard]] int queryInteger(const char* sql, int& value);
+
+    QString m_path;
+    sqlite3* m_connection = nullptr;
+    bool m_isNew = false;
+    bool m_endedUncleanly = false; ///< A write-ahead log was left behind.
 };

@@ -1,0 +1,283 @@
+#include "data/ManagedObjectContext.h"
+
+#include "data/PersistentStoreCoordinator.h"
+#include "data/SqlStatement.h"
+
+#include <algorithm>
+#include <cmath>
+#include <sqlite3.h>
+#include <string>
+#include <unordered_map>
+#include <utility>
+
+namespace {
+/// ?1 is from, ?2 to, ?3 the posture or NULL. AND binds tighter than OR, so that the posture is asked of the
+/// first group alone.
+///
+/// A usual period is at most a day long and not backward: one that meets the interval starts no earlier than
+/// a day before it and no later than its end, ?4 and ?5. All others are looked through.
+std::string fetchQuery()
+{
+    const std::string columns = "SELECT id, startDate, endDate, isStanding, weight FROM Activity ";
+    const std::string meetsInterval =
+        "((?3 IS NULL OR isStanding = ?3) AND (startDate >= ?1 AND endDate < ?2)"
+        " OR (startDate <= ?1 AND endDate >= ?1)"
+        " OR (startDate < ?2 AND endDate > ?2))";
+    return columns + "INDEXED BY UsualActivity WHERE endDate - startDate BETWEEN 0 AND 86400"
+        + " AND startDate BETWEEN ?4 AND ?5 AND " + meetsInterval + " UNION ALL " + columns
+        + "INDEXED BY OddActivity WHERE (endDate - startDate BETWEEN 0 AND 86400) IS NOT TRUE AND "
+        + meetsInterval + " ORDER BY startDate";
+}
+
+constexpr char kWrite[] = "INSERT INTO Activity(id, startDate, endDate, isStanding, weight) "
+                          "VALUES(?1, ?2, ?3, ?4, ?5) ON CONFLICT(id) DO UPDATE SET "
+                          "startDate = excluded.startDate, endDate = excluded.endDate, "
+                          "isStanding = excluded.isStanding, weight = excluded.weight";
+
+/// A day, and a second for the rounding of differences.
+constexpr double kLongestUsualPeriod = Date::kDay + 1;
+
+struct Query {
+    Date fromDate;
+    Date toDate;
+    std::optional<bool> isStanding;
+};
+
+struct StoredRow {
+    int64_t id;
+    ActivityPeriod period;
+    double weight;
+};
+}
+
+struct ManagedObjectContext::Store {
+    explicit Store(std::shared_ptr<PersistentStoreCoordinator> storeCoordinator)
+        : coordinator(std::move(storeCoordinator))
+        , fetchStatement(coordinator->connection(), fetchQuery().c_str())
+        , countStatement(coordinator->connection(), "SELECT count(*) FROM Activity")
+        , writeStatement(coordinator->connection(), kWrite)
+        , beginStatement(coordinator->connection(), "BEGIN IMMEDIATE")
+        , commitStatement(coordinator->connection(), "COMMIT")
+        , rollbackStatement(coordinator->connection(), "ROLLBACK")
+    {
+    }
+
+    std::vector<const ActivityRef*> pendingThatMeet(const Query& query) const;
+    template <typename RowVisitor, typename PendingVisitor>
+    int visit(const Query& query, RowVisitor visitRow, PendingVisitor visitPending);
+    ActivityRef object(ManagedObjectContext& context, const StoredRow& row);
+    int write(const Activity& activity);
+    int writeAll(std::vector<int64_t>& insertedIds);
+
+    std::shared_ptr<PersistentStoreCoordinator> coordinator;
+    SqlStatement fetchStatement;
+    SqlStatement countStatement;
+    SqlStatement writeStatement;
+    SqlStatement beginStatement;
+    SqlStatement commitStatement;
+    SqlStatement rollbackStatement;
+
+    std::vector<ActivityRef> inserted; ///< Not stored yet, in the order of insertion.
+    std::unordered_map<int64_t, ActivityRef> changed; ///< Stored with other values.
+    std::unordered_map<int64_t, std::weak_ptr<Activity>>
+        registered; ///< Every stored record that has an object.
+};
+
+/// The unsaved records that meet the query by their values in memory, by start date.
+std::vector<const ActivityRef*> ManagedObjectContext::Store::pendingThatMeet(const Query& query) const
+{
+    std::vector<const ActivityRef*> result;
+    const auto add = [&](const ActivityRef& activity) {
+        if (activity->period().meets(query.fromDate, query.toDate, query.isStanding))
+            result.push_back(&activity);
+    };
+    for (const auto& [id, activity] : changed)
+        add(activity);
+    for (const ActivityRef& activity : inserted)
+        add(activity);
+    std::stable_sort(result.begin(), result.end(), [](const ActivityRef* left, const ActivityRef* right) {
+        return (*left)->startDate().isEarlierThanDate((*right)->startDate());
+    });
+    return result;
+}
+
+/// Walks stored rows and unsaved records by start date. A row whose record has unsaved changes is passed
+/// over: what counts is the record in memory.
+template <typename RowVisitor, typename PendingVisitor>
+int ManagedObjectContext::Store::visit(const Query& query, RowVisitor visitRow, PendingVisitor visitPending)
+{
+    const double from = query.fromDate.secondsSince1970();
+    const double to = query.toDate.secondsSince1970();
+    if (std::isnan(from) || std::isnan(to))
+        return SQLITE_OK;
+    const std::vector<const ActivityRef*> pending = pendingThatMeet(query);
+    auto next = pending.begin();
+    fetchStatement.bind(1, from);
+    fetchStatement.bind(2, to);
+    if (query.isStanding)
+        fetchStatement.bind(3, int64_t(*query.isStanding));
+    else
+        fetchStatement.bindNull(3);
+    fetchStatement.bind(4, std::min(from, to) - kLongestUsualPeriod);
+    fetchStatement.bind(5, std::max(from, to));
+    int result = fetchStatement.step();
+    for (; result == SQLITE_ROW; result = fetchStatement.step()) {
+        const StoredRow row {fetchStatement.integer(0),
+            {Date(fetchStatement.number(1)), Date(fetchStatement.number(2)), fetchStatement.integer(3) != 0},
+            fetchStatement.number(4)};
+        if (!changed.empty() && changed.contains(row.id))
+            continue;
+        for (; next != pending.end() && (**next)->startDate().isEarlierThanDate(row.period.startDate); ++next)
+            visitPending(**next);
+        visitRow(row);
+    }
+    fetchStatement.reset();
+    for (; next != pending.end(); ++next)
+        visitPending(**next);
+    return result == SQLITE_DONE ? SQLITE_OK : result;
+}
+
+/// The object of a stored row: the one that somebody holds already, or a new one.
+ActivityRef ManagedObjectContext::Store::object(ManagedObjectContext& context, const StoredRow& row)
+{
+    std::weak_ptr<Activity>& known = registered[row.id];
+    ActivityRef activity = known.lock();
+    if (activity)
+        return activity;
+    activity.reset(new Activity(context));
+    activity->m_rowId = row.id;
+    activity->m_period = row.period;
+    activity->m_weight = row.weight;
+    known = activity;
+    return activity;
+}
+
+int ManagedObjectContext::Store::write(const Activity& activity)
+{
+    if (activity.m_rowId)
+        writeStatement.bind(1, activity.m_rowId);
+    else
+        writeStatement.bindNull(1);
+    writeStatement.bind(2, activity.startDate().secondsSince1970());
+    writeStatement.bind(3, activity.endDate().secondsSince1970());
+    writeStatement.bind(4, int64_t(activity.isStanding()));
+    writeStatement.bind(5, activity.weight());
+    return writeStatement.run();
+}
+
+int ManagedObjectContext::Store::writeAll(std::vector<int64_t>& insertedIds)
+{
+    int result = beginStatement.run();
+    for (const ActivityRef& activity : inserted) {
+        if (result == SQLITE_OK)
+            result = write(*activity);
+        insertedIds.push_back(sqlite3_last_insert_rowid(coordinator->connection()));
+    }
+    for (const auto& [id, activity] : changed) {
+        if (result == SQLITE_OK)
+            result = write(*activity);
+    }
+    return result == SQLITE_OK ? commitStatement.run() : result;
+}
+
+ManagedObjectContext::ManagedObjectContext(std::shared_ptr<PersistentStoreCoordinator> coordinator)
+    : m_store(std::make_unique<Store>(std::move(coordinator)))
+{
+}
+
+ManagedObjectContext::~ManagedObjectContext()
+{
+    // Records may be held longer than the context; they must not reach into it any more.
+    for (const ActivityRef& activity : m_store->inserted)
+        activity->m_context = nullptr;
+    for (const auto& [id, known] : m_store->registered) {
+        if (const ActivityRef activity = known.lock())
+            activity->m_context = nullptr;
+    }
+}
+
+Error ManagedObjectContext::missingError()
+{
+    return {QStringLiteral("YOUR_ERROR_DOMAIN"), 9999, QStringLiteral("Failed to initialize the store"),
+        QStringLiteral("There was an error building up the data file.")};
+}
+
+ActivityRef ManagedObjectContext::insertActivity()
+{
+    ActivityRef activity(new Activity(*this));
+    m_store->inserted.push_back(activity);
+    return activity;
+}
+
+bool ManagedObjectContext::hasChanges() const
+{
+    return !m_store->inserted.empty() || !m_store->changed.empty();
+}
+
+bool ManagedObjectContext::save(Error& error)
+{
+    if (!hasChanges())
+        return true;
+    std::vector<int64_t> insertedIds;
+    const int result = m_store->writeAll(insertedIds);
+    if (result != SQLITE_OK) {
+        error = m_store->coordinator->errorForResult(result);
+        if (!sqlite3_get_autocommit(m_store->coordinator->connection()))
+            (void)m_store->rollbackStatement.run();
+        return false;
+    }
+    for (size_t i = 0; i < insertedIds.size(); ++i) {
+        m_store->inserted[i]->m_rowId = insertedIds[i];
+        m_store->registered[insertedIds[i]] = m_store->inserted[i];
+    }
+    // Moved out first: a record that nobody else holds goes away with these lists and takes itself off the
+    // register.
+    const auto inserted = std::exchange(m_store->inserted, {});
+    const auto changed = std::exchange(m_store->changed, {});
+    return true;
+}
+
+std::optional<std::vector<ActivityRef>> ManagedObjectContext::fetch(
+    Date fromDate, Date toDate, std::optional<bool> isStanding, Error& error)
+{
+    std::vector<ActivityRef> activities;
+    const int result = m_store->visit(
+        {fromDate, toDate, isStanding},
+        [&](const StoredRow& row) { activities.push_back(m_store->object(*this, row)); },
+        [&](const ActivityRef& pending) { activities.push_back(pending); });
+    if (result == SQLITE_OK)
+        return activities;
+    error = m_store->coordinator->errorForResult(result);
+    return std::nullopt;
+}
+
+bool ManagedObjectContext::forEachPeriod(
+    Date fromDate, Date toDate, std::optional<bool> isStanding, const PeriodVisitor& visitor, Error& error)
+{
+    const int result = m_store->visit(
+        {fromDate, toDate, isStanding}, [&](const StoredRow& row) { visitor(row.period); },
+        [&](const ActivityRef& pending) { visitor(pending->period()); });
+    if (result != SQLITE_OK)
+        error = m_store->coordinator->errorForResult(result);
+    return result == SQLITE_OK;
+}
+
+uint64_t ManagedObjectContext::count()
+{
+    const bool counted = m_store->countStatement.step() == SQLITE_ROW;
+    const int64_t stored = counted ? m_store->countStatement.integer(0) : 0;
+    m_store->countStatement.reset();
+    return counted ? uint64_t(stored) + m_store->inserted.size() : 0;
+}
+
+void ManagedObjectContext::recordChanged(const Activity& activity)
+{
+    // An inserted record is pending anyway.
+    if (activity.m_rowId)
+        m_store->changed.try_emplace(activity.m_rowId, m_store->registered[activity.m_rowId].lock());
+}
+
+void ManagedObjectContext::forget(const Activity& activity)
+{
+    m_store->registered.erase(activity.m_rowId);
+}

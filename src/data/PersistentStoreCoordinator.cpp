@@ -1,0 +1,210 @@
+#include "data/PersistentStoreCoordinator.h"
+
+#include "data/SqlStatement.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <cerrno>
+#include <sqlite3.h>
+
+namespace {
+/// Result codes of our own, beside SQLite's: what only this program can tell of a file.
+enum StoreResult { NotAFile = 1001, LogWithoutStore, ForeignStore, NewerStore };
+
+/// The main thread never waits longer than this for another program that holds the store.
+constexpr int kBusyTimeoutMilliseconds = 100;
+
+/// Reading every page costs about 1 ms a megabyte: nothing for the store of a working life (4 MB), too much
+/// at each start for one of a million records. Those are read through only after an unclean end; damage found
+/// later is an error of the fetch or save that meets it.
+constexpr qint64 kAlwaysCheckedBytes = 8 * 1024 * 1024;
+
+/// Two partial indexes serve the interval queries: usual periods are found by their start alone, the few
+/// others (the clock was set back, longer than a day) have an index of their own. Both hold all columns, so
+/// that a fetch never visits the table.
+constexpr char kCreateTable[] = "CREATE TABLE IF NOT EXISTS Activity("
+                                "id INTEGER PRIMARY KEY, startDate REAL NOT NULL, endDate REAL NOT NULL, "
+                                "isStanding INTEGER NOT NULL, weight REAL)";
+constexpr char kCreateUsualIndex[] = "CREATE INDEX IF NOT EXISTS UsualActivity "
+                                     "ON Activity(startDate, endDate, isStanding, weight) "
+                                     "WHERE endDate - startDate BETWEEN 0 AND 86400";
+constexpr char kCreateOddIndex[] = "CREATE INDEX IF NOT EXISTS OddActivity "
+                                   "ON Activity(startDate, endDate, isStanding, weight) "
+                                   "WHERE (endDate - startDate BETWEEN 0 AND 86400) IS NOT TRUE";
+
+QString descriptionForResult(int result)
+{
+    switch (result & 0xFF) {
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB:
+        return QStringLiteral("The activity store is damaged. It has been left as it is (%1).");
+    case SQLITE_FULL:
+        return QStringLiteral("There is no space left on the disk for the activity store (%1).");
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+        return QStringLiteral("Another program is using the activity store (%1).");
+    case SQLITE_READONLY:
+    case SQLITE_PERM:
+    case SQLITE_CANTOPEN:
+        return QStringLiteral("The activity store may not be written (%1).");
+    default:
+        return QStringLiteral("The activity store cannot be read or written (%1).");
+    }
+}
+
+QString descriptionForStoreResult(int result)
+{
+    switch (result) {
+    case NotAFile:
+        return QStringLiteral("Expected the activity store, found something that is not a file (%1).");
+    case LogWithoutStore:
+        return QStringLiteral(
+            "The activity store is missing or empty, but the log of its last changes is still "
+            "there and has been left as it is (%1-wal).");
+    case NewerStore:
+        return QStringLiteral("The activity store was written by a newer version of this program (%1).");
+    default:
+        return QStringLiteral("The file in the place of the activity store holds something else (%1).");
+    }
+}
+}
+
+std::unique_ptr<PersistentStoreCoordinator> PersistentStoreCoordinator::open(
+    const QString& path, Error& error)
+{
+    std::unique_ptr<PersistentStoreCoordinator> coordinator(new PersistentStoreCoordinator(path));
+    using Step = int (PersistentStoreCoordinator::*)();
+    for (const Step step : {&PersistentStoreCoordinator::checkFile, &PersistentStoreCoordinator::connect,
+             &PersistentStoreCoordinator::identify, &PersistentStoreCoordinator::checkPages,
+             &PersistentStoreCoordinator::prepareForWriting}) {
+        const int result = (*coordinator.*step)();
+        if (result != SQLITE_OK) {
+            error = coordinator->errorForResult(result);
+            return nullptr;
+        }
+    }
+    return coordinator;
+}
+
+PersistentStoreCoordinator::PersistentStoreCoordinator(const QString& path)
+    : m_path(path)
+{
+}
+
+PersistentStoreCoordinator::~PersistentStoreCoordinator()
+{
+    sqlite3_close(m_connection);
+}
+
+int PersistentStoreCoordinator::checkFile()
+{
+    const QFileInfo file(m_path);
+    if (file.exists() && !file.isFile())
+        return NotAFile;
+    // SQLite throws the log of an empty or missing store away, and with it the last records.
+    m_endedUncleanly = QFileInfo(m_path + QStringLiteral("-wal")).size() > 0;
+    if (m_endedUncleanly)
+        return file.size() == 0 ? LogWithoutStore : SQLITE_OK;
+    // Pages are whole multiples of this. SQLite would fill up a cut last page with zeros; where a log is left
+    // behind, it mends that page.
+    constexpr qint64 kSmallestPage = 512;
+    return file.size() % kSmallestPage == 0 ? SQLITE_OK : SQLITE_CORRUPT;
+}
+
+int PersistentStoreCoordinator::connect()
+{
+    const int flags =
+        SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE;
+    const int result = sqlite3_open_v2(QFile::encodeName(m_path).constData(), &m_connection, flags, nullptr);
+    if (result != SQLITE_OK)
+        return result;
+    // Closing a store that turned out to be no good must not write its log into it.
+    sqlite3_db_config(m_connection, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+    sqlite3_busy_timeout(m_connection, kBusyTimeoutMilliseconds);
+    return execute("PRAGMA synchronous = FULL; PRAGMA cell_size_check = ON; PRAGMA temp_store = MEMORY");
+}
+
+int PersistentStoreCoordinator::identify()
+{
+    int version = 0;
+    int objects = 0;
+    int tables = 0;
+    int result = queryInteger("PRAGMA user_version", version);
+    if (result == SQLITE_OK)
+        result = queryInteger("SELECT count(*) FROM sqlite_master", objects);
+    if (result == SQLITE_OK)
+        result = queryInteger(
+            "SELECT count(*) FROM sqlite_master WHERE type = 'table' AND name = 'Activity'", tables);
+    if (result != SQLITE_OK)
+        return result;
+    if (sqlite3_db_readonly(m_connection, "main") == 1)
+        return SQLITE_READONLY;
+    m_isNew = version == 0 && objects == 0;
+    if (m_isNew)
+        return SQLITE_OK;
+    if (version > kSchemaVersion)
+        return NewerStore;
+    const SqlStatement columns(
+        m_connection, "SELECT id, startDate, endDate, isStanding, weight FROM Activity");
+    return version == kSchemaVersion && tables == 1 && columns.prepareResult() == SQLITE_OK ? SQLITE_OK
+                                                                                            : ForeignStore;
+}
+
+int PersistentStoreCoordinator::checkPages()
+{
+    if (!m_endedUncleanly && QFileInfo(m_path).size() > kAlwaysCheckedBytes)
+        return SQLITE_OK;
+    SqlStatement check(m_connection, "PRAGMA quick_check(1)");
+    const int result = check.step();
+    if (result != SQLITE_ROW)
+        return result == SQLITE_DONE ? SQLITE_CORRUPT : result;
+    return check.text(0) == "ok" ? SQLITE_OK : SQLITE_CORRUPT;
+}
+
+int PersistentStoreCoordinator::prepareForWriting()
+{
+    if (m_isNew)
+        QFile::setPermissions(m_path, QFile::ReadOwner | QFile::WriteOwner);
+    int result = execute("PRAGMA journal_mode = WAL");
+    if (result == SQLITE_OK && m_isNew)
+        result = execute("BEGIN IMMEDIATE");
+    // The indexes are made again should somebody's tool have dropped them: the queries name them.
+    for (const char* sql : {kCreateTable, kCreateUsualIndex, kCreateOddIndex}) {
+        if (result == SQLITE_OK)
+            result = execute(sql);
+    }
+    if (result == SQLITE_OK && m_isNew)
+        result = execute(
+            QStringLiteral("PRAGMA user_version = %1; COMMIT").arg(kSchemaVersion).toLatin1().constData());
+    if (result == SQLITE_OK)
+        sqlite3_db_config(m_connection, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0, nullptr);
+    return result;
+}
+
+int PersistentStoreCoordinator::execute(const char* sql)
+{
+    return sqlite3_exec(m_connection, sql, nullptr, nullptr, nullptr);
+}
+
+int PersistentStoreCoordinator::queryInteger(const char* sql, int& value)
+{
+    SqlStatement statement(m_connection, sql);
+    const int result = statement.step();
+    if (result != SQLITE_ROW)
+        return result == SQLITE_DONE ? SQLITE_CORRUPT : result;
+    value = int(statement.integer(0));
+    return SQLITE_OK;
+}
+
+Error PersistentStoreCoordinator::errorForResult(int result) const
+{
+    const QString domain = QStringLiteral("SQLite");
+    const QString path = QDir::toNativeSeparators(m_path);
+    if (result >= NotAFile && result <= NewerStore)
+        return {domain, result, descriptionForStoreResult(result).arg(path), {}};
+    const bool isLatest = m_connection && sqlite3_extended_errcode(m_connection) == result;
+    const char* reason = isLatest ? sqlite3_errmsg(m_connection) : sqlite3_errstr(result);
+    return {domain, result, descriptionForResult(result).arg(path), QString::fromUtf8(reason)};
+}

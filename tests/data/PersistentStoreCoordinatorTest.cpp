@@ -1,0 +1,280 @@
+#include "data/PersistentStoreCoordinator.h"
+
+#include "fakes/TestStore.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <functional>
+#include <random>
+#include <sqlite3.h>
+#include <unistd.h>
+
+namespace {
+QByteArray contents(const QString& path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void write(const QString& path, const QByteArray& bytes)
+{
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    ASSERT_EQ(file.write(bytes), bytes.size());
+}
+
+QByteArray randomBytes(qsizetype size, unsigned seed = 1)
+{
+    std::mt19937 engine(seed);
+    QByteArray bytes(size, '\0');
+    std::generate(bytes.begin(), bytes.end(), [&] { return char(engine()); });
+    return bytes;
+}
+
+void executeOn(const QString& path, const char* sql)
+{
+    sqlite3* connection = nullptr;
+    ASSERT_EQ(sqlite3_open(qPrintable(path), &connection), SQLITE_OK);
+    EXPECT_EQ(sqlite3_exec(connection, sql, nullptr, nullptr, nullptr), SQLITE_OK);
+    sqlite3_close(connection);
+}
+
+/// Gives up root's right to write everywhere while it lives. The folder becomes the unprivileged user's.
+class Unprivileged {
+public:
+    explicit Unprivileged(const QString& folder)
+    {
+        if (geteuid() != 0)
+            return;
+        m_wasRoot = true;
+        EXPECT_EQ(chown(qPrintable(folder), kNobody, gid_t(-1)), 0);
+        const QDir dir(folder);
+        for (const QString& name : dir.entryList(QDir::AllEntries | QDir::NoDotDot))
+            EXPECT_EQ(chown(qPrintable(dir.filePath(name)), kNobody, gid_t(-1)), 0);
+        EXPECT_EQ(seteuid(kNobody), 0);
+    }
+    ~Unprivileged()
+    {
+        if (m_wasRoot) {
+            EXPECT_EQ(seteuid(0), 0);
+        }
+    }
+
+private:
+    static constexpr uid_t kNobody = 65534;
+    bool m_wasRoot = false;
+};
+
+class PersistentStoreCoordinatorTest : public testing::Test {
+protected:
+    /// A store of that many records, closed.
+    void makeStore(int records)
+    {
+        TestStore store(platform);
+        for (int i = 0; i < records; ++i)
+            store.insert(
+                TestPlatform::kStart + 1200.0 * i, TestPlatform::kStart + 1200.0 * (i + 1), i % 2 == 0);
+        Error saveError;
+        ASSERT_TRUE(store.context->save(saveError));
+    }
+    std::unique_ptr<PersistentStoreCoordinator> open()
+    {
+        return PersistentStoreCoordinator::open(path, error);
+    }
+
+    TestPlatform platform;
+    const QString path = platform.folder.filePath(QStringLiteral("StandUp.storedata"));
+    Error error;
+};
+}
+
+TEST_F(PersistentStoreCoordinatorTest, makesANewStoreOfNothing)
+{
+    for (const bool fileExists : {false, true}) {
+        if (fileExists)
+            write(path, {});
+        ASSERT_TRUE(open()) << qPrintable(error.localizedDescription);
+        EXPECT_EQ(QFile::permissions(path) & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
+        QFile::remove(path);
+    }
+}
+
+TEST_F(PersistentStoreCoordinatorTest, aCommitIsOnDiskWhenItReturns)
+{
+    const auto coordinator = open();
+    sqlite3_stmt* statement = nullptr;
+    sqlite3_prepare_v2(coordinator->connection(),
+        "SELECT journal_mode = 'wal' AND synchronous = 2 FROM pragma_journal_mode, pragma_synchronous", -1,
+        &statement, nullptr);
+    EXPECT_EQ(sqlite3_step(statement), SQLITE_ROW);
+    EXPECT_EQ(sqlite3_column_int(statement, 0), 1);
+    sqlite3_finalize(statement);
+}
+
+TEST_F(PersistentStoreCoordinatorTest, refusesWhatIsNoGoodStoreAndLeavesItAsItIs)
+{
+    const char* const kDamaged = "is damaged";
+    const char* const kForeign = "holds something else";
+    const struct TestCase {
+        const char* name;
+        std::function<void()> spoil;
+        const char* description;
+    } kTestCases[] = {
+        {"random bytes", [&] { write(path, randomBytes(9000)); }, kDamaged},
+        {"a short text", [&] { write(path, "hello"); }, kDamaged},
+        {"zeros", [&] { write(path, QByteArray(8192, '\0')); }, kDamaged},
+        {"cut in the first page", [&] { QFile::resize(path, 1000); }, kDamaged},
+        {"cut in half", [&] { QFile::resize(path, QFile(path).size() / 2); }, kDamaged},
+        {"cut by a byte", [&] { QFile::resize(path, QFile(path).size() - 1); }, kDamaged},
+        {"pages overwritten", [&] { write(path, contents(path).left(4096) + randomBytes(40000)); }, kDamaged},
+        {"a page of zeros", [&] { write(path, contents(path).replace(8192, 4096, QByteArray(4096, '\0'))); },
+            kDamaged},
+        {"empty beside its log",
+            [&] {
+                write(path, {});
+                write(path + QStringLiteral("-wal"), randomBytes(5000));
+            },
+            "log of its last changes"},
+        {"a page of zeros beside its log",
+            [&] {
+                TestStore store(platform);
+                store.insert(0, 1, true);
+                EXPECT_TRUE(store.context->save(error));
+                const QByteArray log = contents(path + QStringLiteral("-wal"));
+                store.close();
+                write(path, contents(path).replace(8192, 4096, QByteArray(4096, '\0')));
+                write(path + QStringLiteral("-wal"), log);
+            },
+            kDamaged},
+        {"foreign tables",
+            [&] { executeOn(path, "DROP TABLE Activity; PRAGMA user_version = 0; CREATE TABLE Other(a)"); },
+            kForeign},
+        {"no table", [&] { executeOn(path, "DROP TABLE Activity"); }, kForeign},
+        {"a column is missing",
+            [&] {
+                executeOn(path,
+                    "DROP INDEX UsualActivity; DROP INDEX OddActivity; ALTER TABLE Activity DROP COLUMN "
+                    "weight");
+            },
+            kForeign},
+        {"no version", [&] { executeOn(path, "PRAGMA user_version = 0"); }, kForeign},
+        {"a newer version", [&] { executeOn(path, "PRAGMA user_version = 2"); }, "newer version"},
+    };
+    for (const TestCase& testCase : kTestCases) {
+        SCOPED_TRACE(testCase.name);
+        makeStore(1000);
+        testCase.spoil();
+        const QByteArray before = contents(path);
+        const QByteArray logBefore = contents(path + QStringLiteral("-wal"));
+        EXPECT_FALSE(open());
+        EXPECT_TRUE(error.localizedDescription.contains(QLatin1String(testCase.description)))
+            << qPrintable(error.localizedDescription);
+        EXPECT_TRUE(error.localizedDescription.contains(path));
+        EXPECT_TRUE(contents(path) == before);
+        EXPECT_TRUE(contents(path + QStringLiteral("-wal")) == logBefore);
+        QFile::remove(path);
+        QFile::remove(path + QStringLiteral("-wal"));
+    }
+}
+
+TEST_F(PersistentStoreCoordinatorTest, refusesAPlaceThatIsNoFile)
+{
+    ASSERT_TRUE(QDir().mkpath(path));
+    EXPECT_FALSE(open());
+    EXPECT_TRUE(error.localizedDescription.contains(QStringLiteral("not a file")));
+    EXPECT_FALSE(
+        PersistentStoreCoordinator::open(platform.folder.filePath(QStringLiteral("none/store")), error));
+}
+
+TEST_F(PersistentStoreCoordinatorTest, refusesWhatItMayNotWrite)
+{
+    const struct TestCase {
+        const char* name;
+        bool storeExists;
+        QFile::Permissions file;
+        QFile::Permissions folder;
+    } kTestCases[] = {
+        {"a file for reading only", true, QFile::ReadOwner,
+            QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner},
+        {"a file that may not be read", true, {}, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner},
+        {"a folder for reading only", true, QFile::ReadOwner | QFile::WriteOwner,
+            QFile::ReadOwner | QFile::ExeOwner},
+        {"a new file in such a folder", false, {}, QFile::ReadOwner | QFile::ExeOwner},
+    };
+    const QString folder = platform.folder.path();
+    for (const TestCase& testCase : kTestCases) {
+        SCOPED_TRACE(testCase.name);
+        if (testCase.storeExists) {
+            makeStore(10);
+            QFile::setPermissions(path, testCase.file);
+        }
+        QFile::setPermissions(folder, testCase.folder);
+        {
+            const Unprivileged unprivileged(folder);
+            EXPECT_FALSE(open());
+        }
+        EXPECT_TRUE(error.localizedDescription.contains(QStringLiteral("may not be written")))
+            << qPrintable(error.localizedDescription);
+        QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        QFile::remove(path);
+    }
+}
+
+TEST_F(PersistentStoreCoordinatorTest, doesNotWaitForAnotherProgramThatKeepsTheStore)
+{
+    makeStore(10);
+    sqlite3* other = nullptr;
+    sqlite3_open(qPrintable(path), &other);
+    ASSERT_EQ(
+        sqlite3_exec(other, "PRAGMA locking_mode = EXCLUSIVE; BEGIN IMMEDIATE", nullptr, nullptr, nullptr),
+        SQLITE_OK);
+    EXPECT_FALSE(open());
+    EXPECT_TRUE(error.localizedDescription.contains(QStringLiteral("Another program")))
+        << qPrintable(error.localizedDescription);
+    sqlite3_close(other);
+    EXPECT_TRUE(open());
+}
+
+TEST_F(PersistentStoreCoordinatorTest, makesDroppedIndexesAgain)
+{
+    makeStore(10);
+    executeOn(path, "DROP INDEX UsualActivity; DROP INDEX OddActivity");
+    EXPECT_EQ(TestStore(platform).all().size(), 10U);
+}
+
+/// Whatever bytes change in the file, the program goes on, and a store that is refused stays as it was.
+TEST_F(PersistentStoreCoordinatorTest, survivesRandomDamage)
+{
+    makeStore(400);
+    const QByteArray good = contents(path);
+    std::mt19937 engine(7);
+    int refused = 0;
+    for (int round = 0; round < 200; ++round) {
+        SCOPED_TRACE(round);
+        QByteArray bytes = good;
+        for (int i = 0; i <= round % 20; ++i)
+            bytes[qsizetype(engine() % size_t(bytes.size()))] = char(engine());
+        if (round % 5 == 0)
+            bytes.truncate(qsizetype(engine() % size_t(bytes.size())) + 1);
+        write(path, bytes);
+        std::shared_ptr<PersistentStoreCoordinator> coordinator = open();
+        if (!coordinator) {
+            ++refused;
+            EXPECT_TRUE(contents(path) == bytes);
+        } else {
+            ManagedObjectContext context(coordinator);
+            Error fetchError;
+            const auto all = context.fetch(Date(-1e15), Date(1e15), std::nullopt, fetchError);
+            if (all && !all->empty())
+                (void)all->front()->pulse();
+            const auto inserted = context.insertActivity();
+            const bool isSaved = context.save(fetchError);
+            EXPECT_EQ(isSaved, !context.hasChanges());
+        }
+        coordinator.reset();
+        QFile::remove(path + QStringLiteral("-wal"));
+        QFile::remove(path + QStringLiteral("-shm"));
+    }
+    EXPECT_GT(refused, 20);
+}
