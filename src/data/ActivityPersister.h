@@ -10,15 +10,16 @@
 class ManagedObjectContext;
 
 /// Makes and queries the records of sitting and standing, and sums them up. The day operations take any
-/// instant of the day and cover [start of day, start of day + 86,400 s). Without a context every query is
-/// empty.
+/// instant of the day and cover [start of day, start of day + 86,400 s). Failures are logged. Without a
+/// context nothing is made or found.
 class ActivityPersister {
 public:
     using Activities = std::optional<std::vector<ActivityRef>>;
 
     explicit ActivityPersister(std::shared_ptr<ManagedObjectContext> context);
 
-    /// Null when the record could not be saved; it then stays pending in the context.
+    /// Null when the record could not be saved; it then stays pending in the context. A date that is no
+    /// finite number gives no record at all.
     ActivityRef createWithStartDate(Date startDate, Date endDate, bool isStanding, double weight);
     /// A record that starts and ends now, with the user's weight.
     ActivityRef createIsStanding(bool isStanding);
@@ -50,5 +51,16 @@ public:
     [[nodiscard]] const std::shared_ptr<ManagedObjectContext>& context() const { return m_context; }
 
 private:
+    /// What the totals are made of, over the records that a fetch gives. Nothing is rounded.
+    struct Sums {
+        double seconds = 0;
+        double minutes = 0;
+        double standingSeconds = 0;
+        double standingMinutes = 0;
+    };
+
+    Activities fetch(Date fromDate, Date toDate, std::optional<bool> isStanding);
+    Sums sums(Date fromDate, Date toDate, std::optional<bool> isStanding);
+
     std::shared_ptr<ManagedObjectContext> m_context;
 };
