@@ -201,7 +201,7 @@
     </message>
     <message id="ConnectTable">
         <source>Please connect your desk</source>
-        <translation>Bitte den Tisch verbinden</translation>
+        <translation>Bitte den Tisch anschließen</translation>
     </message>
     <!-- Reminder: the headline when the user stands and is asked to sit -->
     <message id="StandingMessage1">
@@ -315,11 +315,12 @@
         <translation>Mein Gewicht</translation>
     </message>
     <message id="StandUpHeader">
-        <source>Stand up</source>
+        <source>Stand-ups</source>
         <translation>Aufstehen</translation>
     </message>
     <message id="EachHour">
-        <source>times an hour</source>
+        <source>per hour</source>
+        <extracomment>Behind the field with the number of stand-ups, 1 to 6; the words must suit 1 too</extracomment>
         <translation>Mal pro Stunde</translation>
     </message>
     <message id="Time">
@@ -329,7 +330,7 @@
     <message id="SetupCaloriesHeader">
         <source>Calories to burn by standing each day</source>
         <extracomment>Heading over the goals in calories</extracomment>
-        <translation>Kalorien, die das Stehen am Tag verbraucht</translation>
+        <translation>Kalorien pro Tag im Stehen</translation>
     </message>
     <message id="SetupEnergyHeader">
         <source>Minutes to stand each hour</source>
@@ -350,8 +351,9 @@
         <translation>Mehr über das Arbeiten im Stehen</translation>
     </message>
     <message id="MemoryInstruction">
-        <source>Hold Up or Down until the desk is at the right height, then choose Done.</source>
-        <translation>„Auf“ oder „Ab“ gedrückt halten, bis die Höhe stimmt, dann „Fertig“ wählen.</translation>
+        <source>Hold Up or Down, then choose Done.</source>
+        <extracomment>In the small panel that sets the height of a memory position</extracomment>
+        <translation>„Auf“ oder „Ab“ halten, dann „Fertig“ wählen.</translation>
     </message>
     <!-- History -->
     <message id="History">

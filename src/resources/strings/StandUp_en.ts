@@ -315,11 +315,12 @@
     </message>
     <message id="StandUpHeader">
         <source></source>
-        <translation>Stand up</translation>
+        <translation>Stand-ups</translation>
     </message>
     <message id="EachHour">
         <source></source>
-        <translation>times an hour</translation>
+        <extracomment>Behind the field with the number of stand-ups, 1 to 6; the words must suit 1 too</extracomment>
+        <translation>per hour</translation>
     </message>
     <message id="Time">
         <source></source>
@@ -350,7 +351,8 @@
     </message>
     <message id="MemoryInstruction">
         <source></source>
-        <translation>Hold Up or Down until the desk is at the right height, then choose Done.</translation>
+        <extracomment>In the small panel that sets the height of a memory position</extracomment>
+        <translation>Hold Up or Down, then choose Done.</translation>
     </message>
     <!-- History -->
     <message id="History">

@@ -27,17 +27,17 @@
     <message id="TrayTooltipConnected">
         <source>Desk connected</source>
         <extracomment>Tooltip and spoken state of the icon in the system tray</extracomment>
-        <translation>Escritorio conectado</translation>
+        <translation>Mesa conectada</translation>
     </message>
     <message id="TrayTooltipDisconnected">
         <source>No desk connected</source>
         <extracomment>Tooltip and spoken state of the icon in the system tray</extracomment>
-        <translation>Ningún escritorio conectado</translation>
+        <translation>Ninguna mesa conectada</translation>
     </message>
     <message id="SimulatedDesk">
         <source>Simulated desk</source>
         <extracomment>Said wherever the program drives its built-in simulated desk</extracomment>
-        <translation>Escritorio simulado</translation>
+        <translation>Mesa simulada</translation>
     </message>
     <!-- Ending and errors -->
     <message id="Could not save changes while quitting. Quit anyway?">
@@ -86,23 +86,23 @@
     <message id="AdapterNotAllowed">
         <source>The desk adapter may not be opened. Install the udev rule %1 and run: %2</source>
         <extracomment>%1: name of the rule, %2: command</extracomment>
-        <translation>No se permite abrir el adaptador del escritorio. Instalar la regla de udev %1 y ejecutar: %2</translation>
+        <translation>No se permite abrir el adaptador de la mesa. Instalar la regla de udev %1 y ejecutar: %2</translation>
     </message>
     <!-- Errors that the desk reports -->
     <message id="Error &#10;">
         <source>Desk error
 </source>
         <extracomment>Heading of the list of errors; ends with a line break</extracomment>
-        <translation>Error del escritorio
+        <translation>Error de la mesa
 </translation>
     </message>
     <message id="PositionLostError">
         <source>The desk has lost its position. Hold Down until it has reached the bottom.</source>
-        <translation>El escritorio ha perdido la posición. Mantener pulsado «Bajar» hasta que llegue abajo.</translation>
+        <translation>La mesa ha perdido la posición. Mantener pulsado «Bajar» hasta que llegue abajo.</translation>
     </message>
     <message id="OverloadUpError">
         <source>Overload while going up. Take some weight off the desk.</source>
-        <translation>Sobrecarga al subir. Retirar peso del escritorio.</translation>
+        <translation>Sobrecarga al subir. Retirar peso de la mesa.</translation>
     </message>
     <message id="OverloadDownError">
         <source>Overload while going down. Check that nothing is in the way.</source>
@@ -189,7 +189,7 @@
     <!-- Main window -->
     <message id="TableHeightLabel">
         <source>Desk height</source>
-        <translation>Altura del escritorio</translation>
+        <translation>Altura de la mesa</translation>
     </message>
     <message id="OfTodaysGoal">
         <source>of today’s goal</source>
@@ -201,7 +201,7 @@
     </message>
     <message id="ConnectTable">
         <source>Please connect your desk</source>
-        <translation>Conectar el escritorio</translation>
+        <translation>Conectar la mesa</translation>
     </message>
     <!-- Reminder: the headline when the user stands and is asked to sit -->
     <message id="StandingMessage1">
@@ -218,7 +218,7 @@
     </message>
     <message id="StandingMessage4">
         <source>How about sitting for a while?</source>
-        <translation>¿Qué tal un rato en la silla?</translation>
+        <translation>¿Y si nos sentamos un rato?</translation>
     </message>
     <message id="StandingMessage5">
         <source>A good moment to sit down</source>
@@ -230,7 +230,7 @@
     </message>
     <message id="StandingMessage7">
         <source>Let the desk come down with you</source>
-        <translation>Abajo, junto con el escritorio</translation>
+        <translation>Abajo, junto con la mesa</translation>
     </message>
     <message id="StandingMessage8">
         <source>Ease back into your chair</source>
@@ -242,7 +242,7 @@
     </message>
     <message id="StandingMessage10">
         <source>A change of view: sit for a bit</source>
-        <translation>Cambio de vista: un rato sentado</translation>
+        <translation>Cambio de vista: a la silla un rato</translation>
     </message>
     <!-- Reminder: the headline when the user sits and is asked to stand -->
     <message id="SittingMessage1">
@@ -271,7 +271,7 @@
     </message>
     <message id="SittingMessage7">
         <source>Rise with your desk</source>
-        <translation>Arriba, junto con el escritorio</translation>
+        <translation>Arriba, junto con la mesa</translation>
     </message>
     <message id="SittingMessage8">
         <source>A new angle on things: stand up</source>
@@ -308,19 +308,20 @@
     </message>
     <message id="TableHeightHeader">
         <source>Desk height now</source>
-        <translation>Altura actual del escritorio</translation>
+        <translation>Altura actual de la mesa</translation>
     </message>
     <message id="MyWeightIs">
         <source>My weight</source>
         <translation>Mi peso</translation>
     </message>
     <message id="StandUpHeader">
-        <source>Stand up</source>
-        <translation>Levantarse</translation>
+        <source>Stand-ups</source>
+        <translation>Pausas de pie</translation>
     </message>
     <message id="EachHour">
-        <source>times an hour</source>
-        <translation>veces por hora</translation>
+        <source>per hour</source>
+        <extracomment>Behind the field with the number of stand-ups, 1 to 6; the words must suit 1 too</extracomment>
+        <translation>por hora</translation>
     </message>
     <message id="Time">
         <source>Time</source>
@@ -329,7 +330,7 @@
     <message id="SetupCaloriesHeader">
         <source>Calories to burn by standing each day</source>
         <extracomment>Heading over the goals in calories</extracomment>
-        <translation>Calorías que quemar de pie cada día</translation>
+        <translation>Calorías que quemar de pie al día</translation>
     </message>
     <message id="SetupEnergyHeader">
         <source>Minutes to stand each hour</source>
@@ -350,8 +351,9 @@
         <translation>Más sobre el trabajo de pie</translation>
     </message>
     <message id="MemoryInstruction">
-        <source>Hold Up or Down until the desk is at the right height, then choose Done.</source>
-        <translation>Mantener pulsado «Subir» o «Bajar» hasta la altura deseada y elegir «Listo».</translation>
+        <source>Hold Up or Down, then choose Done.</source>
+        <extracomment>In the small panel that sets the height of a memory position</extracomment>
+        <translation>Mantener «Subir» o «Bajar» y luego elegir «Listo».</translation>
     </message>
     <!-- History -->
     <message id="History">
@@ -364,7 +366,7 @@
     </message>
     <message id="Stands">
         <source>stand-ups</source>
-        <translation>veces de pie</translation>
+        <translation>pausas de pie</translation>
     </message>
     <message id="GoalsMet">
         <source>goals met</source>
@@ -416,15 +418,15 @@
     <!-- What a screen reader says -->
     <message id="AccessMoveUpHint">
         <source>Hold to raise the desk</source>
-        <translation>Mantener pulsado para subir el escritorio</translation>
+        <translation>Mantener pulsado para subir la mesa</translation>
     </message>
     <message id="AccessMoveDownHint">
         <source>Hold to lower the desk</source>
-        <translation>Mantener pulsado para bajar el escritorio</translation>
+        <translation>Mantener pulsado para bajar la mesa</translation>
     </message>
     <message id="AccessMemoryHint">
         <source>Hold to move the desk to this position</source>
-        <translation>Mantener pulsado para llevar el escritorio a esta posición</translation>
+        <translation>Mantener pulsado para llevar la mesa a esta posición</translation>
     </message>
     <message id="AccessSetMemoryHint">
         <source>Set the height of this position</source>
@@ -454,7 +456,7 @@
     </message>
     <message id="AccessErrorLine">
         <source>Desk errors</source>
-        <translation>Errores del escritorio</translation>
+        <translation>Errores de la mesa</translation>
     </message>
     <message id="AccessCloseWithoutSaving">
         <source>Close without saving</source>

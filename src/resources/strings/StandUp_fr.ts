@@ -238,11 +238,11 @@
     </message>
     <message id="StandingMessage9">
         <source>Nicely done. Now put your feet up.</source>
-        <translation>Joli score. Maintenant, on souffle.</translation>
+        <translation>Bravo. Maintenant, on souffle.</translation>
     </message>
     <message id="StandingMessage10">
         <source>A change of view: sit for a bit</source>
-        <translation>Changement de vue : assis un moment</translation>
+        <translation>Changement de vue : place à la chaise</translation>
     </message>
     <!-- Reminder: the headline when the user sits and is asked to stand -->
     <message id="SittingMessage1">
@@ -299,7 +299,7 @@
     <message id="NotificationSittingmemory">
         <source>Sit for %1 min, then stand again.</source>
         <extracomment>%1: whole minutes</extracomment>
-        <translation>Assis %1 min, puis de nouveau debout.</translation>
+        <translation>%1 min sur la chaise, puis de nouveau debout.</translation>
     </message>
     <!-- Setup -->
     <message id="Setup">
@@ -315,11 +315,12 @@
         <translation>Mon poids</translation>
     </message>
     <message id="StandUpHeader">
-        <source>Stand up</source>
+        <source>Stand-ups</source>
         <translation>Se lever</translation>
     </message>
     <message id="EachHour">
-        <source>times an hour</source>
+        <source>per hour</source>
+        <extracomment>Behind the field with the number of stand-ups, 1 to 6; the words must suit 1 too</extracomment>
         <translation>fois par heure</translation>
     </message>
     <message id="Time">
@@ -329,7 +330,7 @@
     <message id="SetupCaloriesHeader">
         <source>Calories to burn by standing each day</source>
         <extracomment>Heading over the goals in calories</extracomment>
-        <translation>Calories à brûler debout chaque jour</translation>
+        <translation>Calories à brûler debout par jour</translation>
     </message>
     <message id="SetupEnergyHeader">
         <source>Minutes to stand each hour</source>
@@ -350,8 +351,9 @@
         <translation>En savoir plus sur le travail debout</translation>
     </message>
     <message id="MemoryInstruction">
-        <source>Hold Up or Down until the desk is at the right height, then choose Done.</source>
-        <translation>Maintenir « Monter » ou « Descendre » jusqu’à la bonne hauteur, puis choisir « Terminé ».</translation>
+        <source>Hold Up or Down, then choose Done.</source>
+        <extracomment>In the small panel that sets the height of a memory position</extracomment>
+        <translation>Maintenir « Monter » ou « Descendre », puis choisir « Terminé ».</translation>
     </message>
     <!-- History -->
     <message id="History">
@@ -364,7 +366,7 @@
     </message>
     <message id="Stands">
         <source>stand-ups</source>
-        <translation>stations debout</translation>
+        <translation>pauses debout</translation>
     </message>
     <message id="GoalsMet">
         <source>goals met</source>

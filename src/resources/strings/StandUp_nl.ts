@@ -315,11 +315,12 @@
         <translation>Mijn gewicht</translation>
     </message>
     <message id="StandUpHeader">
-        <source>Stand up</source>
+        <source>Stand-ups</source>
         <translation>Opstaan</translation>
     </message>
     <message id="EachHour">
-        <source>times an hour</source>
+        <source>per hour</source>
+        <extracomment>Behind the field with the number of stand-ups, 1 to 6; the words must suit 1 too</extracomment>
         <translation>keer per uur</translation>
     </message>
     <message id="Time">
@@ -329,7 +330,7 @@
     <message id="SetupCaloriesHeader">
         <source>Calories to burn by standing each day</source>
         <extracomment>Heading over the goals in calories</extracomment>
-        <translation>Calorieën om per dag staand te verbranden</translation>
+        <translation>Calorieën per dag, staand verbrand</translation>
     </message>
     <message id="SetupEnergyHeader">
         <source>Minutes to stand each hour</source>
@@ -350,8 +351,9 @@
         <translation>Meer over staand werken</translation>
     </message>
     <message id="MemoryInstruction">
-        <source>Hold Up or Down until the desk is at the right height, then choose Done.</source>
-        <translation>Houd ‘Omhoog’ of ‘Omlaag’ ingedrukt tot de hoogte goed is en kies dan ‘Gereed’.</translation>
+        <source>Hold Up or Down, then choose Done.</source>
+        <extracomment>In the small panel that sets the height of a memory position</extracomment>
+        <translation>Houd ‘Omhoog’ of ‘Omlaag’ vast en kies dan ‘Gereed’.</translation>
     </message>
     <!-- History -->
     <message id="History">
