@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QWidget>
+
+/// A rounded surface in the brand colour, for white text on it.
+class CardView final : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit CardView(QWidget* parent = nullptr);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};

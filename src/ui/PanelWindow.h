@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QWidget>
+
+#include <functional>
+
+/// A window of the program: sets the palette that its fixed colours need, moves when its background is
+/// dragged, and treats Escape as its close button.
+class PanelWindow : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit PanelWindow(Qt::WindowFlags flags = Qt::Window);
+
+    void setMovableByWindowBackground(bool movable) { m_movable = movable; }
+    /// What Escape and the window manager's close button do; without one they close the window.
+    void onCloseRequested(std::function<void()> callback) { m_closeRequested = std::move(callback); }
+    /// Called whenever the window goes from shown to hidden.
+    void onWillClose(std::function<void()> callback) { m_willClose = std::move(callback); }
+    void onResized(std::function<void()> callback) { m_resized = std::move(callback); }
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void requestClose();
+
+    bool m_movable = false;
+    std::function<void()> m_closeRequested;
+    std::function<void()> m_willClose;
+    std::function<void()> m_resized;
+};

@@ -1,0 +1,50 @@
+#include "ui/WindowFade.h"
+
+#include <QWidget>
+
+#include <algorithm>
+
+namespace {
+constexpr double kFrameSeconds = 0.025;
+}
+
+WindowFade::WindowFade(QWidget& window)
+    : m_window(window)
+{
+}
+
+void WindowFade::fadeIn()
+{
+    m_window.setWindowOpacity(0.0);
+    m_window.show();
+    m_window.raise();
+    start(Direction::In);
+}
+
+void WindowFade::fadeOut()
+{
+    if (m_window.isVisible())
+        start(Direction::Out);
+}
+
+void WindowFade::start(Direction direction)
+{
+    invalidate(m_timer);
+    m_direction = direction;
+    m_startedAt = RunLoop::main().monotonicNow();
+    m_timer = m_timers.schedule(
+        kFrameSeconds, RunLoop::Repeat::Yes, [this](Timer&) { step(); }, {}, RunLoop::Precision::Precise);
+}
+
+void WindowFade::step()
+{
+    const double done = std::min(1.0, (RunLoop::main().monotonicNow() - m_startedAt) / kSeconds);
+    m_window.setWindowOpacity(m_direction == Direction::In ? done : 1.0 - done);
+    if (done < 1.0)
+        return;
+    invalidate(m_timer);
+    if (m_direction == Direction::Out) {
+        m_window.hide();
+        m_window.setWindowOpacity(1.0);
+    }
+}

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "platform/RunLoop.h"
+
+class QWidget;
+
+/// Fades a window in and out over 0.4 s. A fade that starts ends the one that runs.
+class WindowFade {
+public:
+    static constexpr double kSeconds = 0.4;
+
+    explicit WindowFade(QWidget& window);
+
+    void fadeIn();
+    /// Hides the window at the end and leaves it opaque, so that the next fadeIn() starts from a clean state.
+    void fadeOut();
+
+private:
+    enum class Direction { In, Out };
+
+    void start(Direction direction);
+    void step();
+
+    QWidget& m_window;
+    Direction m_direction = Direction::In;
+    double m_startedAt = 0;
+    TimerRef m_timer;
+    TimerScope m_timers;
+};
