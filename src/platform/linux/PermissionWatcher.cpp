@@ -1,9 +1,9 @@
 #include "platform/linux/PermissionWatcher.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QSocketNotifier>
 
-#include <algorithm>
 #include <climits>
 #include <cstring>
 #include <sys/inotify.h>
@@ -17,31 +17,29 @@ PermissionWatcher::PermissionWatcher(Changed changed)
 
 PermissionWatcher::~PermissionWatcher()
 {
-    m_notifier.reset();
-    if (m_inotify >= 0)
-        close(m_inotify);
+    stopListening();
 }
 
 bool PermissionWatcher::watch(const QString& path)
 {
     if (!listen())
         return false;
-    const int watch = inotify_add_watch(m_inotify, QFile::encodeName(path).constData(), IN_ATTRIB);
-    if (watch < 0)
+    // The kernel lets nobody watch a file that he may not read, but its folder tells of it too.
+    const QString directory = QFileInfo(path).path();
+    const int number =
+        inotify_add_watch(m_inotify, QFile::encodeName(directory).constData(), IN_ATTRIB | IN_ONLYDIR);
+    if (number < 0)
         return false;
-    m_paths[watch] = path;
+    m_directories[number] = directory;
+    m_paths.insert(path);
     return true;
 }
 
 void PermissionWatcher::unwatch(const QString& path)
 {
-    const auto found = std::find_if(
-        m_paths.begin(), m_paths.end(), [&](const auto& watched) { return watched.second == path; });
-    if (found == m_paths.end())
-        return;
-    // Fails when the file is gone, and its watch with it.
-    inotify_rm_watch(m_inotify, found->first);
-    m_paths.erase(found);
+    m_paths.erase(path);
+    if (m_paths.empty())
+        stopListening();
 }
 
 bool PermissionWatcher::listen()
@@ -56,27 +54,29 @@ bool PermissionWatcher::listen()
     return true;
 }
 
+void PermissionWatcher::stopListening()
+{
+    if (!m_notifier)
+        return;
+    m_notifier.reset();
+    close(std::exchange(m_inotify, -1));
+    m_directories.clear();
+}
+
 void PermissionWatcher::receive()
 {
-    alignas(inotify_event) char buffer[16 * (sizeof(inotify_event) + NAME_MAX + 1)];
+    char buffer[16 * (sizeof(inotify_event) + NAME_MAX + 1)];
     const ssize_t length = read(m_inotify, buffer, sizeof buffer);
-    // What does not fit is read when the notifier speaks again.
+    // What did not fit is read when the notifier speaks again.
     for (const char* next = buffer; next < buffer + length;) {
         inotify_event event {};
         memcpy(&event, next, sizeof event);
-        next += sizeof event + event.len;
-        handle(event.wd, event.mask);
+        const char* name = next + sizeof event;
+        next = name + event.len;
+        if (event.len == 0)
+            continue;
+        const QString path = m_directories[event.wd] + u'/' + QFile::decodeName(name);
+        if (m_paths.contains(path))
+            m_changed(path);
     }
-}
-
-void PermissionWatcher::handle(int watch, uint32_t mask)
-{
-    const auto found = m_paths.find(watch);
-    if (found == m_paths.end())
-        return;
-    const QString path = found->second;
-    if (mask & IN_IGNORED)
-        m_paths.erase(found);
-    else
-        m_changed(path);
 }

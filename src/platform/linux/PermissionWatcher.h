@@ -5,32 +5,36 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <set>
 
 class QSocketNotifier;
 
-/// Tells when the permissions of a file change, access lists included. Costs nothing until the first watch.
+/// Tells when the permissions of a file change, access lists included. Costs nothing while no file is
+/// watched.
 class PermissionWatcher {
 public:
     using Changed = std::function<void(const QString& path)>;
 
-    /// The callback may be called several times for one change.
+    /// The callback comes on the main run loop, several times for one change if the change has several steps.
     explicit PermissionWatcher(Changed changed);
     ~PermissionWatcher();
     PermissionWatcher(const PermissionWatcher&) = delete;
     PermissionWatcher& operator=(const PermissionWatcher&) = delete;
 
-    /// False, with errno set, when the file is not there or the system has no watches left.
+    /// Watches a file that need not be readable, by an absolute path. False when the system has no watch
+    /// left.
     [[nodiscard]] bool watch(const QString& path);
     /// Does nothing for a file that is not watched.
     void unwatch(const QString& path);
 
 private:
     [[nodiscard]] bool listen();
+    void stopListening();
     void receive();
-    void handle(int watch, uint32_t mask);
 
     Changed m_changed;
     int m_inotify = -1;
     std::unique_ptr<QSocketNotifier> m_notifier;
-    std::map<int, QString> m_paths;
+    std::map<int, QString> m_directories; ///< by the kernel's number of the watch
+    std::set<QString> m_paths;
 };

@@ -8,8 +8,10 @@
 #include <linux/hidraw.h>
 #include <stdexcept>
 #include <sys/ioctl.h>
+#include <sys/stat.h>
 #include <umockdev.h>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 QByteArray take(gchar* text)
@@ -30,7 +32,8 @@ HidTestbed::HidTestbed()
         g_main_context_pop_thread_default(m_context);
     })
 {
-    onAdapterThread([] {});
+    // For a test that gives up its privileges: umockdev puts the sockets of listeners there.
+    chmod(take(umockdev_testbed_get_root_dir(m_testbed)).constData(), 0777);
 }
 
 HidTestbed::~HidTestbed()
@@ -50,6 +53,7 @@ std::unique_ptr<TestAdapter> HidTestbed::plug(const TestAdapter::Strings& string
 void HidTestbed::onAdapterThread(const std::function<void()>& callable)
 {
     std::packaged_task<void()> task(callable);
+    auto ended = task.get_future();
     g_main_context_invoke(
         m_context,
         [](gpointer data) -> gboolean {
@@ -57,7 +61,7 @@ void HidTestbed::onAdapterThread(const std::function<void()>& callable)
             return G_SOURCE_REMOVE;
         },
         &task);
-    task.get_future().wait();
+    ended.get();
 }
 
 TestAdapter::TestAdapter(HidTestbed& testbed, int number, const Strings& strings)
@@ -89,17 +93,27 @@ TestAdapter::TestAdapter(HidTestbed& testbed, int number, const Strings& strings
         if (!umockdev_testbed_attach_ioctl(bed, m_node.constData(), m_handler, nullptr))
             throw std::runtime_error("no transfers on the emulated node");
     });
+    chmod((take(umockdev_testbed_get_root_dir(bed)) + "/ioctl" + m_node).constData(), 0777);
 }
 
 TestAdapter::~TestAdapter()
 {
-    UMockdevTestbed* bed = m_testbed.m_testbed;
+    unplug();
     setSilent(false);
-    umockdev_testbed_uevent(bed, m_hidrawPath.constData(), "remove");
+    m_testbed.onAdapterThread([this] { g_signal_handlers_disconnect_by_data(m_handler, this); });
+    g_object_unref(m_handler);
+}
+
+void TestAdapter::unplug()
+{
+    if (!std::exchange(m_isPlugged, false))
+        return;
+    UMockdevTestbed* bed = m_testbed.m_testbed;
+    setFailure(ENODEV);
+    report("remove");
     m_testbed.onAdapterThread([&] { umockdev_testbed_detach_ioctl(bed, m_node.constData(), nullptr); });
     umockdev_testbed_remove_device(bed, m_usbPath.constData());
     unlink(m_file.constData());
-    g_object_unref(m_handler);
 }
 
 void TestAdapter::setAnswer(Report answer)

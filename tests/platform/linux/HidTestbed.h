@@ -45,6 +45,9 @@ public:
     [[nodiscard]] const QByteArray& file() const { return m_file; }
     /// Has udev speak of the adapter once more.
     void report(const char* action);
+    /// Pulls the adapter out: transfers on an open node fail, then udev says so. Its destructor does it at
+    /// the latest.
+    void unplug();
 
 private:
     static int handle(UMockdevIoctlBase*, UMockdevIoctlClient* client, void* adapter);
@@ -57,6 +60,7 @@ private:
     QByteArray m_usbPath;
     QByteArray m_hidrawPath;
     UMockdevIoctlBase* m_handler;
+    bool m_isPlugged = true;
 
     mutable std::mutex m_mutex;
     Report m_answer;
@@ -74,7 +78,6 @@ public:
     HidTestbed(const HidTestbed&) = delete;
     HidTestbed& operator=(const HidTestbed&) = delete;
 
-    /// Pulling an adapter out is destroying it.
     [[nodiscard]] std::unique_ptr<TestAdapter> plug(const TestAdapter::Strings& strings = {});
 
 private:
