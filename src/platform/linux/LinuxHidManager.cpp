@@ -23,6 +23,13 @@ void logRefusal(const QString& node, HidStatus status)
                       .arg(node, QString::fromLocal8Bit(strerror(status))));
     }
 }
+
+/// Calls a copy, because the manager and its callbacks may end in the call.
+void announce(const HidManager::DeviceCallback callback, const HidDeviceRef& device)
+{
+    if (callback)
+        callback(device);
+}
 }
 
 LinuxHidManager::LinuxHidManager()
@@ -34,6 +41,7 @@ LinuxHidManager::LinuxHidManager()
 
 LinuxHidManager::~LinuxHidManager()
 {
+    // Somebody else may hold a device for longer. Detached, it calls back no more.
     for (const Attached& attached : m_attached)
         attached.device->detach();
 }
@@ -70,8 +78,8 @@ void LinuxHidManager::left(const QString& syspath)
     m_attached.erase(found);
     m_permissions.unwatch(attached.device->node());
     attached.device->detach();
-    if (attached.announced && m_removed)
-        m_removed(attached.device);
+    if (attached.announced)
+        announce(m_removed, attached.device);
 }
 
 void LinuxHidManager::permissionsChanged(const QString& node)
@@ -85,10 +93,7 @@ void LinuxHidManager::permissionsChanged(const QString& node)
 void LinuxHidManager::beginOpening(const std::shared_ptr<HidrawDevice>& device)
 {
     device->beginOpening(
-        [this, alive = std::weak_ptr(m_life), syspath = device->syspath()](HidStatus status) {
-            if (!alive.expired())
-                openingEnded(syspath, status);
-        });
+        [this, syspath = device->syspath()](HidStatus status) { openingEnded(syspath, status); });
 }
 
 void LinuxHidManager::openingEnded(const QString& syspath, HidStatus status)
@@ -111,8 +116,7 @@ void LinuxHidManager::openingEnded(const QString& syspath, HidStatus status)
         m_permissions.unwatch(device->node());
     else
         logRefusal(device->node(), status);
-    if (m_matched)
-        m_matched(device);
+    announce(m_matched, device);
 }
 
 bool LinuxHidManager::matches(const HidrawAdapter& adapter) const

@@ -42,5 +42,4 @@ private:
     HidrawMonitor m_monitor;
     PermissionWatcher m_permissions;
     DeviceList m_attached;
-    std::shared_ptr<void> m_life = std::make_shared<char>();
 };

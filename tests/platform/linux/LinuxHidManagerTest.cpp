@@ -1,6 +1,7 @@
 #include "platform/linux/LinuxHidManager.h"
 
 #include "HidTestbed.h"
+#include "platform/linux/HidrawDevice.h"
 #include "platform/qt/QtRunLoop.h"
 
 #include <QCoreApplication>
@@ -288,13 +289,20 @@ TEST_F(LinuxHid, followsTheAdapterOutAndInAgain)
     EXPECT_EQ(read(1), 0);
 }
 
-TEST_F(LinuxHid, closesTheNodeOfAnAdapterThatLeft)
+TEST_F(LinuxHid, knowsAnAdapterThatComesBackUnderTheSameName)
 {
     const auto adapter = plugAndStart();
     ASSERT_TRUE(isHeld(adapter->file()));
+    adapter->report("add");
+    settle();
     adapter->report("remove");
     ASSERT_TRUE(waitForRemoved(1));
-    EXPECT_TRUE(waitFor([&] { return !isHeld(adapter->file()); }));
+    EXPECT_TRUE(waitFor([&] { return !isHeld(adapter->file()); })) << "the node stays open";
+
+    adapter->report("add");
+    ASSERT_TRUE(waitForAdded(2));
+    EXPECT_NE(m_added[0], m_added[1]);
+    EXPECT_EQ(m_added[1]->openExclusively(), 0);
 }
 
 TEST_F(LinuxHid, tellsOfARemovalDuringASilentTransferAtOnce)
@@ -311,7 +319,8 @@ TEST_F(LinuxHid, tellsOfARemovalDuringASilentTransferAtOnce)
 TEST_F(LinuxHid, saysNothingOfAnAdapterThatLeavesBeforeItWasOpened)
 {
     start();
-    m_testbed.plug().reset();
+    const auto adapter = m_testbed.plug();
+    adapter->report("remove");
     settle();
     EXPECT_TRUE(m_added.empty());
     EXPECT_TRUE(m_removed.empty());
@@ -387,6 +396,17 @@ TEST_F(LinuxHid, announcesNothingAfterItsEnd)
     settle();
     EXPECT_TRUE(m_added.empty());
     EXPECT_TRUE(waitFor([&] { return !isHeld(adapter->file()); }));
+}
+
+TEST_F(LinuxHid, aDetachedDeviceKeepsItsNewsToItself)
+{
+    const auto device = std::make_shared<HidrawDevice>(HidrawAdapter {});
+    bool called = false;
+    device->beginOpening([&](HidStatus) { called = true; });
+    usleep(50'000); // The opening has ended by now, its news waits in the loop.
+    device->detach();
+    settle();
+    EXPECT_FALSE(called);
 }
 
 TEST_F(LinuxHid, mayBeDestroyedByItsOwnCallbacks)
