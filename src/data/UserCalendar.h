@@ -8,7 +8,7 @@
 #include <memory>
 #include <unicode/calendar.h>
 
-/// The user's calendar in the user's time zone, which Date asks. Making one takes ICU longer than a thousand
+/// The user's calendar in the user's time zone, which Date asks. A new one costs as much as a hundred
 /// questions, so one is kept, and remade when the locale or the time zone is another than before.
 ///
 /// Instants are seconds since 1970-01-01 UTC; beyond the years 1 to 9999 the nearest of these answers, and
