@@ -133,7 +133,7 @@ TEST_F(Pictures, everyPictureShowsSomethingAtEverySize)
 TEST_F(Pictures, everyPictureInTheCodeExists)
 {
     const QStringList names = SourceLiterals::argumentsOf(
-        {QStringLiteral("imagePath"), QStringLiteral("imageNamed"), QStringLiteral("namedImage")});
+        {QStringLiteral("imagePath"), QStringLiteral("Picture"), QStringLiteral("m_image\\w*")});
     for (const QString& name : names)
         EXPECT_TRUE(QFile::exists(Bundle::imagePath(name))) << qPrintable(name);
 }

@@ -56,10 +56,6 @@
         <source>Cancel</source>
         <translation>Abbrechen</translation>
     </message>
-    <message id="OkButton">
-        <source>OK</source>
-        <translation>OK</translation>
-    </message>
     <message id="Expected a folder to store application data, found a file (%1).">
         <source>Expected a folder to store application data, found a file (%1).</source>
         <extracomment>%1: path</extracomment>
@@ -73,10 +69,50 @@
         <source>There was an error building up the data file.</source>
         <translation>Beim Anlegen der Datendatei ist ein Fehler aufgetreten.</translation>
     </message>
-    <message id="DamagedStore">
-        <source>The record of your activities is damaged and cannot be read. The file has been kept as it is: %1</source>
+    <message id="StoreDamaged">
+        <source>The record of your activities is damaged. It has been left as it is (%1).</source>
         <extracomment>%1: path</extracomment>
-        <translation>Die Aufzeichnung der Aktivitäten ist beschädigt und nicht lesbar. Die Datei bleibt unverändert erhalten: %1</translation>
+        <translation>Die Aufzeichnung der Aktivitäten ist beschädigt. Die Datei bleibt unverändert erhalten (%1).</translation>
+    </message>
+    <message id="StoreDiskFull">
+        <source>There is no space left on the disk for the record of your activities (%1).</source>
+        <extracomment>%1: path</extracomment>
+        <translation>Für die Aufzeichnung der Aktivitäten ist kein Speicherplatz mehr frei (%1).</translation>
+    </message>
+    <message id="StoreInUse">
+        <source>Another program is using the record of your activities (%1).</source>
+        <extracomment>%1: path</extracomment>
+        <translation>Ein anderes Programm benutzt gerade die Aufzeichnung der Aktivitäten (%1).</translation>
+    </message>
+    <message id="StoreNotWritable">
+        <source>The record of your activities may not be written (%1).</source>
+        <extracomment>%1: path</extracomment>
+        <translation>Die Aufzeichnung der Aktivitäten ist schreibgeschützt (%1).</translation>
+    </message>
+    <message id="StoreUnreadable">
+        <source>The record of your activities cannot be read or written (%1).</source>
+        <extracomment>%1: path</extracomment>
+        <translation>Die Aufzeichnung der Aktivitäten kann nicht gelesen oder geschrieben werden (%1).</translation>
+    </message>
+    <message id="StoreNotAFile">
+        <source>Expected the record of your activities, found something that is not a file (%1).</source>
+        <extracomment>%1: path</extracomment>
+        <translation>Statt der Aufzeichnung der Aktivitäten wurde etwas gefunden, das keine Datei ist (%1).</translation>
+    </message>
+    <message id="StoreMissingBesideLog">
+        <source>The record of your activities is missing or empty, but the log of its last changes is still there and has been left as it is (%1-wal).</source>
+        <extracomment>%1: path</extracomment>
+        <translation>Die Aufzeichnung der Aktivitäten fehlt oder ist leer. Das Protokoll der letzten Änderungen ist noch da und bleibt unverändert erhalten (%1-wal).</translation>
+    </message>
+    <message id="StoreTooNew">
+        <source>The record of your activities was written by a newer version of this program (%1).</source>
+        <extracomment>%1: path</extracomment>
+        <translation>Die Aufzeichnung der Aktivitäten stammt von einer neueren Version dieses Programms (%1).</translation>
+    </message>
+    <message id="StoreForeign">
+        <source>The file in the place of the record of your activities holds something else (%1).</source>
+        <extracomment>%1: path</extracomment>
+        <translation>Die Datei an der Stelle der Aufzeichnung der Aktivitäten enthält etwas anderes (%1).</translation>
     </message>
     <message id="DataFolderError">
         <source>The folder for the program’s data cannot be used: %1</source>
@@ -439,16 +475,6 @@
     <message id="AccessSessionProgress">
         <source>Progress of the current session</source>
         <translation>Fortschritt des aktuellen Abschnitts</translation>
-    </message>
-    <message id="AccessCircleValue">
-        <source>%1 %2, %3 percent</source>
-        <extracomment>%1: number, %2: its caption, %3: percentage</extracomment>
-        <translation>%1 %2, %3 Prozent</translation>
-    </message>
-    <message id="AccessGoalCircle">
-        <source>Goal: %1 %2</source>
-        <extracomment>%1: number, %2: its unit</extracomment>
-        <translation>Ziel: %1 %2</translation>
     </message>
     <message id="AccessGoalSlider">
         <source>Goal</source>

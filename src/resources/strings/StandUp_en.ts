@@ -56,10 +56,6 @@
         <source></source>
         <translation>Cancel</translation>
     </message>
-    <message id="OkButton">
-        <source></source>
-        <translation>OK</translation>
-    </message>
     <message id="Expected a folder to store application data, found a file (%1).">
         <source></source>
         <extracomment>%1: path</extracomment>
@@ -73,10 +69,50 @@
         <source></source>
         <translation>There was an error building up the data file.</translation>
     </message>
-    <message id="DamagedStore">
+    <message id="StoreDamaged">
         <source></source>
         <extracomment>%1: path</extracomment>
-        <translation>The record of your activities is damaged and cannot be read. The file has been kept as it is: %1</translation>
+        <translation>The record of your activities is damaged. It has been left as it is (%1).</translation>
+    </message>
+    <message id="StoreDiskFull">
+        <source></source>
+        <extracomment>%1: path</extracomment>
+        <translation>There is no space left on the disk for the record of your activities (%1).</translation>
+    </message>
+    <message id="StoreInUse">
+        <source></source>
+        <extracomment>%1: path</extracomment>
+        <translation>Another program is using the record of your activities (%1).</translation>
+    </message>
+    <message id="StoreNotWritable">
+        <source></source>
+        <extracomment>%1: path</extracomment>
+        <translation>The record of your activities may not be written (%1).</translation>
+    </message>
+    <message id="StoreUnreadable">
+        <source></source>
+        <extracomment>%1: path</extracomment>
+        <translation>The record of your activities cannot be read or written (%1).</translation>
+    </message>
+    <message id="StoreNotAFile">
+        <source></source>
+        <extracomment>%1: path</extracomment>
+        <translation>Expected the record of your activities, found something that is not a file (%1).</translation>
+    </message>
+    <message id="StoreMissingBesideLog">
+        <source></source>
+        <extracomment>%1: path</extracomment>
+        <translation>The record of your activities is missing or empty, but the log of its last changes is still there and has been left as it is (%1-wal).</translation>
+    </message>
+    <message id="StoreTooNew">
+        <source></source>
+        <extracomment>%1: path</extracomment>
+        <translation>The record of your activities was written by a newer version of this program (%1).</translation>
+    </message>
+    <message id="StoreForeign">
+        <source></source>
+        <extracomment>%1: path</extracomment>
+        <translation>The file in the place of the record of your activities holds something else (%1).</translation>
     </message>
     <message id="DataFolderError">
         <source></source>
@@ -438,16 +474,6 @@
     <message id="AccessSessionProgress">
         <source></source>
         <translation>Progress of the current session</translation>
-    </message>
-    <message id="AccessCircleValue">
-        <source></source>
-        <extracomment>%1: number, %2: its caption, %3: percentage</extracomment>
-        <translation>%1 %2, %3 percent</translation>
-    </message>
-    <message id="AccessGoalCircle">
-        <source></source>
-        <extracomment>%1: number, %2: its unit</extracomment>
-        <translation>Goal: %1 %2</translation>
     </message>
     <message id="AccessGoalSlider">
         <source></source>

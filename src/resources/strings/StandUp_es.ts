@@ -56,10 +56,6 @@
         <source>Cancel</source>
         <translation>Cancelar</translation>
     </message>
-    <message id="OkButton">
-        <source>OK</source>
-        <translation>Aceptar</translation>
-    </message>
     <message id="Expected a folder to store application data, found a file (%1).">
         <source>Expected a folder to store application data, found a file (%1).</source>
         <extracomment>%1: path</extracomment>
@@ -73,10 +69,50 @@
         <source>There was an error building up the data file.</source>
         <translation>Se ha producido un error al crear el archivo de datos.</translation>
     </message>
-    <message id="DamagedStore">
-        <source>The record of your activities is damaged and cannot be read. The file has been kept as it is: %1</source>
+    <message id="StoreDamaged">
+        <source>The record of your activities is damaged. It has been left as it is (%1).</source>
         <extracomment>%1: path</extracomment>
-        <translation>El registro de actividades está dañado y no se puede leer. El archivo se ha conservado tal cual: %1</translation>
+        <translation>El registro de actividades está dañado. Se ha dejado tal como está (%1).</translation>
+    </message>
+    <message id="StoreDiskFull">
+        <source>There is no space left on the disk for the record of your activities (%1).</source>
+        <extracomment>%1: path</extracomment>
+        <translation>No queda espacio en el disco para el registro de actividades (%1).</translation>
+    </message>
+    <message id="StoreInUse">
+        <source>Another program is using the record of your activities (%1).</source>
+        <extracomment>%1: path</extracomment>
+        <translation>Otro programa está utilizando el registro de actividades (%1).</translation>
+    </message>
+    <message id="StoreNotWritable">
+        <source>The record of your activities may not be written (%1).</source>
+        <extracomment>%1: path</extracomment>
+        <translation>No se permite escribir en el registro de actividades (%1).</translation>
+    </message>
+    <message id="StoreUnreadable">
+        <source>The record of your activities cannot be read or written (%1).</source>
+        <extracomment>%1: path</extracomment>
+        <translation>No se puede leer ni escribir el registro de actividades (%1).</translation>
+    </message>
+    <message id="StoreNotAFile">
+        <source>Expected the record of your activities, found something that is not a file (%1).</source>
+        <extracomment>%1: path</extracomment>
+        <translation>En lugar del registro de actividades hay algo que no es un archivo (%1).</translation>
+    </message>
+    <message id="StoreMissingBesideLog">
+        <source>The record of your activities is missing or empty, but the log of its last changes is still there and has been left as it is (%1-wal).</source>
+        <extracomment>%1: path</extracomment>
+        <translation>Falta el registro de actividades o está vacío, pero el diario de los últimos cambios sigue ahí y se ha dejado tal como está (%1-wal).</translation>
+    </message>
+    <message id="StoreTooNew">
+        <source>The record of your activities was written by a newer version of this program (%1).</source>
+        <extracomment>%1: path</extracomment>
+        <translation>El registro de actividades procede de una versión más reciente del programa (%1).</translation>
+    </message>
+    <message id="StoreForeign">
+        <source>The file in the place of the record of your activities holds something else (%1).</source>
+        <extracomment>%1: path</extracomment>
+        <translation>El archivo en el lugar del registro de actividades contiene otra cosa (%1).</translation>
     </message>
     <message id="DataFolderError">
         <source>The folder for the program’s data cannot be used: %1</source>
@@ -439,16 +475,6 @@
     <message id="AccessSessionProgress">
         <source>Progress of the current session</source>
         <translation>Progreso de la sesión actual</translation>
-    </message>
-    <message id="AccessCircleValue">
-        <source>%1 %2, %3 percent</source>
-        <extracomment>%1: number, %2: its caption, %3: percentage</extracomment>
-        <translation>%1 %2, %3 por ciento</translation>
-    </message>
-    <message id="AccessGoalCircle">
-        <source>Goal: %1 %2</source>
-        <extracomment>%1: number, %2: its unit</extracomment>
-        <translation>Objetivo: %1 %2</translation>
     </message>
     <message id="AccessGoalSlider">
         <source>Goal</source>

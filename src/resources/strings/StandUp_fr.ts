@@ -56,10 +56,6 @@
         <source>Cancel</source>
         <translation>Annuler</translation>
     </message>
-    <message id="OkButton">
-        <source>OK</source>
-        <translation>OK</translation>
-    </message>
     <message id="Expected a folder to store application data, found a file (%1).">
         <source>Expected a folder to store application data, found a file (%1).</source>
         <extracomment>%1: path</extracomment>
@@ -73,10 +69,50 @@
         <source>There was an error building up the data file.</source>
         <translation>Une erreur s’est produite lors de la création du fichier de données.</translation>
     </message>
-    <message id="DamagedStore">
-        <source>The record of your activities is damaged and cannot be read. The file has been kept as it is: %1</source>
+    <message id="StoreDamaged">
+        <source>The record of your activities is damaged. It has been left as it is (%1).</source>
         <extracomment>%1: path</extracomment>
-        <translation>L’enregistrement des activités est endommagé et illisible. Le fichier a été conservé tel quel : %1</translation>
+        <translation>L’enregistrement des activités est endommagé. Il a été laissé tel quel (%1).</translation>
+    </message>
+    <message id="StoreDiskFull">
+        <source>There is no space left on the disk for the record of your activities (%1).</source>
+        <extracomment>%1: path</extracomment>
+        <translation>Il ne reste plus de place sur le disque pour l’enregistrement des activités (%1).</translation>
+    </message>
+    <message id="StoreInUse">
+        <source>Another program is using the record of your activities (%1).</source>
+        <extracomment>%1: path</extracomment>
+        <translation>Un autre programme utilise l’enregistrement des activités (%1).</translation>
+    </message>
+    <message id="StoreNotWritable">
+        <source>The record of your activities may not be written (%1).</source>
+        <extracomment>%1: path</extracomment>
+        <translation>L’enregistrement des activités ne peut pas être modifié (%1).</translation>
+    </message>
+    <message id="StoreUnreadable">
+        <source>The record of your activities cannot be read or written (%1).</source>
+        <extracomment>%1: path</extracomment>
+        <translation>L’enregistrement des activités ne peut être ni lu ni modifié (%1).</translation>
+    </message>
+    <message id="StoreNotAFile">
+        <source>Expected the record of your activities, found something that is not a file (%1).</source>
+        <extracomment>%1: path</extracomment>
+        <translation>À la place de l’enregistrement des activités se trouve autre chose qu’un fichier (%1).</translation>
+    </message>
+    <message id="StoreMissingBesideLog">
+        <source>The record of your activities is missing or empty, but the log of its last changes is still there and has been left as it is (%1-wal).</source>
+        <extracomment>%1: path</extracomment>
+        <translation>L’enregistrement des activités est absent ou vide, mais le journal des dernières modifications existe encore et a été laissé tel quel (%1-wal).</translation>
+    </message>
+    <message id="StoreTooNew">
+        <source>The record of your activities was written by a newer version of this program (%1).</source>
+        <extracomment>%1: path</extracomment>
+        <translation>L’enregistrement des activités provient d’une version plus récente du programme (%1).</translation>
+    </message>
+    <message id="StoreForeign">
+        <source>The file in the place of the record of your activities holds something else (%1).</source>
+        <extracomment>%1: path</extracomment>
+        <translation>Le fichier à la place de l’enregistrement des activités contient autre chose (%1).</translation>
     </message>
     <message id="DataFolderError">
         <source>The folder for the program’s data cannot be used: %1</source>
@@ -439,16 +475,6 @@
     <message id="AccessSessionProgress">
         <source>Progress of the current session</source>
         <translation>Progression de la session en cours</translation>
-    </message>
-    <message id="AccessCircleValue">
-        <source>%1 %2, %3 percent</source>
-        <extracomment>%1: number, %2: its caption, %3: percentage</extracomment>
-        <translation>%1 %2, %3 pour cent</translation>
-    </message>
-    <message id="AccessGoalCircle">
-        <source>Goal: %1 %2</source>
-        <extracomment>%1: number, %2: its unit</extracomment>
-        <translation>Objectif : %1 %2</translation>
     </message>
     <message id="AccessGoalSlider">
         <source>Goal</source>

@@ -56,10 +56,6 @@
         <source>Cancel</source>
         <translation>Annuleren</translation>
     </message>
-    <message id="OkButton">
-        <source>OK</source>
-        <translation>OK</translation>
-    </message>
     <message id="Expected a folder to store application data, found a file (%1).">
         <source>Expected a folder to store application data, found a file (%1).</source>
         <extracomment>%1: path</extracomment>
@@ -73,10 +69,50 @@
         <source>There was an error building up the data file.</source>
         <translation>Er is een fout opgetreden bij het aanmaken van het gegevensbestand.</translation>
     </message>
-    <message id="DamagedStore">
-        <source>The record of your activities is damaged and cannot be read. The file has been kept as it is: %1</source>
+    <message id="StoreDamaged">
+        <source>The record of your activities is damaged. It has been left as it is (%1).</source>
         <extracomment>%1: path</extracomment>
-        <translation>De registratie van de activiteiten is beschadigd en kan niet worden gelezen. Het bestand is ongewijzigd bewaard: %1</translation>
+        <translation>De registratie van de activiteiten is beschadigd. Ze is ongewijzigd gelaten (%1).</translation>
+    </message>
+    <message id="StoreDiskFull">
+        <source>There is no space left on the disk for the record of your activities (%1).</source>
+        <extracomment>%1: path</extracomment>
+        <translation>Er is geen schijfruimte meer voor de registratie van de activiteiten (%1).</translation>
+    </message>
+    <message id="StoreInUse">
+        <source>Another program is using the record of your activities (%1).</source>
+        <extracomment>%1: path</extracomment>
+        <translation>Een ander programma gebruikt de registratie van de activiteiten (%1).</translation>
+    </message>
+    <message id="StoreNotWritable">
+        <source>The record of your activities may not be written (%1).</source>
+        <extracomment>%1: path</extracomment>
+        <translation>De registratie van de activiteiten mag niet worden gewijzigd (%1).</translation>
+    </message>
+    <message id="StoreUnreadable">
+        <source>The record of your activities cannot be read or written (%1).</source>
+        <extracomment>%1: path</extracomment>
+        <translation>De registratie van de activiteiten kan niet worden gelezen of geschreven (%1).</translation>
+    </message>
+    <message id="StoreNotAFile">
+        <source>Expected the record of your activities, found something that is not a file (%1).</source>
+        <extracomment>%1: path</extracomment>
+        <translation>In plaats van de registratie van de activiteiten staat er iets wat geen bestand is (%1).</translation>
+    </message>
+    <message id="StoreMissingBesideLog">
+        <source>The record of your activities is missing or empty, but the log of its last changes is still there and has been left as it is (%1-wal).</source>
+        <extracomment>%1: path</extracomment>
+        <translation>De registratie van de activiteiten ontbreekt of is leeg, maar het logboek van de laatste wijzigingen is er nog en is ongewijzigd gelaten (%1-wal).</translation>
+    </message>
+    <message id="StoreTooNew">
+        <source>The record of your activities was written by a newer version of this program (%1).</source>
+        <extracomment>%1: path</extracomment>
+        <translation>De registratie van de activiteiten is door een nieuwere versie van dit programma geschreven (%1).</translation>
+    </message>
+    <message id="StoreForeign">
+        <source>The file in the place of the record of your activities holds something else (%1).</source>
+        <extracomment>%1: path</extracomment>
+        <translation>Het bestand op de plaats van de registratie van de activiteiten bevat iets anders (%1).</translation>
     </message>
     <message id="DataFolderError">
         <source>The folder for the program’s data cannot be used: %1</source>
@@ -439,16 +475,6 @@
     <message id="AccessSessionProgress">
         <source>Progress of the current session</source>
         <translation>Voortgang van de huidige periode</translation>
-    </message>
-    <message id="AccessCircleValue">
-        <source>%1 %2, %3 percent</source>
-        <extracomment>%1: number, %2: its caption, %3: percentage</extracomment>
-        <translation>%1 %2, %3 procent</translation>
-    </message>
-    <message id="AccessGoalCircle">
-        <source>Goal: %1 %2</source>
-        <extracomment>%1: number, %2: its unit</extracomment>
-        <translation>Doel: %1 %2</translation>
     </message>
     <message id="AccessGoalSlider">
         <source>Goal</source>
