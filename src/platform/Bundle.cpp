@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QJsonDocument>
 
+#include <cmath>
 #include <cstdlib>
 #include <utility>
 
@@ -49,7 +50,8 @@ std::optional<QString> Bundle::stringValue(const QString& key) const
 double Bundle::numberValue(const QString& key) const
 {
     const QJsonValue value = m_information.value(key);
-    return value.isString() ? value.toString().toDouble() : value.toDouble();
+    const double number = value.isString() ? value.toString().toDouble() : value.toDouble();
+    return std::isfinite(number) ? number : 0; // "nan" and "inf" are numbers to Qt.
 }
 
 QString Bundle::localizedString(const QString& key) const

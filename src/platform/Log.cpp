@@ -8,10 +8,12 @@
 #include <cstring>
 #include <ctime>
 #include <fcntl.h>
+#include <mutex>
 #include <unistd.h>
 
 namespace {
 constexpr qsizetype kMostEarlyLines = 100;
+std::mutex s_mutex; // The worker threads of backends write lines too.
 QStringList s_earlyLines;
 bool s_redirected = false;
 
@@ -38,6 +40,7 @@ void write(const QString& text)
 void Log::line(const QString& message)
 {
     const QString text = QStringLiteral("%1 StandUp[%2] %3\n").arg(timeStamp()).arg(getpid()).arg(message);
+    const std::scoped_lock lock(s_mutex);
     write(text);
     if (!s_redirected && s_earlyLines.size() < kMostEarlyLines)
         s_earlyLines.append(text);
@@ -53,9 +56,10 @@ bool Log::redirectToFile(const QString& path)
                  .arg(path, QString::fromLocal8Bit(strerror(errno))));
         return false;
     }
-    fflush(stderr);
+    const std::scoped_lock lock(s_mutex);
     dup2(file, STDERR_FILENO);
-    close(file);
+    if (file != STDERR_FILENO) // It is, when the program was started with standard error closed.
+        close(file);
     s_redirected = true;
     for (const QString& early : std::as_const(s_earlyLines))
         write(early);

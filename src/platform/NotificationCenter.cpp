@@ -41,7 +41,7 @@ void NotificationCenter::Observation::end()
 
 NotificationCenter::Observation NotificationCenter::addObserver(const QString& name, Handler handler)
 {
-    std::erase_if(m_entries, [](const auto& entry) { return !entry->live; });
+    dropEnded();
     auto entry = std::make_shared<Observation::Entry>();
     entry->name = name;
     entry->handler = std::move(handler);
@@ -53,11 +53,17 @@ void NotificationCenter::post(
     const QString& name, std::shared_ptr<void> object, QMap<QString, QString> userInfo)
 {
     const PostedNotification posted {name, std::move(object), std::move(userInfo)};
+    dropEnded();
     const auto entries = m_entries; // A handler may add and remove observers.
     for (const auto& entry : entries) {
         if (entry->live && entry->name == name)
             entry->handler(posted);
     }
+}
+
+void NotificationCenter::dropEnded()
+{
+    std::erase_if(m_entries, [](const auto& entry) { return !entry->live; });
 }
 
 NotificationCenter& NotificationCenter::defaultCenter()

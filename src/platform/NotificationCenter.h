@@ -50,6 +50,8 @@ public:
     static NotificationCenter& defaultCenter();
 
 private:
+    void dropEnded();
+
     std::vector<std::shared_ptr<Observation::Entry>> m_entries;
 };
 

@@ -19,7 +19,6 @@
 #include <utility>
 
 namespace {
-constexpr int kAnswerTimeoutMs = 2000;
 constexpr int kRetryMs = 50;
 constexpr qsizetype kLongestRequest = 4096;
 constexpr size_t kMostClients = 8;
@@ -152,7 +151,7 @@ bool SingleInstance::acquire()
     return true;
 }
 
-bool SingleInstance::activateFirst(const ActivationToken& token) const
+bool SingleInstance::activateFirst(const ActivationToken& token, int timeoutMs) const
 {
     sockaddr_un address {};
     if (!makeAddress(m_folder, address))
@@ -160,9 +159,9 @@ bool SingleInstance::activateFirst(const ActivationToken& token) const
     const QByteArray request = encoded(token);
     // The first instance may hold its lock already and not listen yet, so a refused connection is tried
     // again.
-    for (int waitedMs = 0; waitedMs < kAnswerTimeoutMs; waitedMs += kRetryMs) {
+    for (int waitedMs = 0; waitedMs < timeoutMs; waitedMs += kRetryMs) {
         const int connection = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-        const timeval timeout {kAnswerTimeoutMs / 1000, 0};
+        const timeval timeout {timeoutMs / 1000, timeoutMs % 1000 * 1000};
         setsockopt(connection, SOL_SOCKET, SO_RCVTIMEO, &timeout, sizeof timeout);
         setsockopt(connection, SOL_SOCKET, SO_SNDTIMEO, &timeout, sizeof timeout);
         const bool connected = connect(connection, generic(address), sizeof address) == 0;

@@ -40,9 +40,8 @@ public:
     /// Called on the main loop of the first instance at each further start.
     void onActivated(ActivationCallback callback) { m_activated = std::move(callback); }
 
-    /// Asks the running instance to show its window; waits for its answer for two seconds at most. False when
-    /// none came.
-    [[nodiscard]] bool activateFirst(const ActivationToken& token) const;
+    /// Asks the running instance to show its window and waits for its answer. False when none came in time.
+    [[nodiscard]] bool activateFirst(const ActivationToken& token, int timeoutMs = 2000) const;
 
 private:
     struct Client;
