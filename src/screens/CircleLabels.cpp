@@ -8,6 +8,8 @@
 
 namespace {
 constexpr int kSideMargin = 6;
+// The circles were drawn for a typeface with lines of this height; the fallback's are taller.
+constexpr double kLineHeight = 1.2;
 
 void centerHorizontally(QLabel& label, int top)
 {
@@ -32,6 +34,7 @@ void setCircleLabelText(QLabel& label, const QString& text)
     const int room = label.parentWidget()->width() - 2 * kSideMargin;
     label.setText(label.fontMetrics().elidedText(text.toUpper(), Qt::ElideRight, room));
     label.adjustSize();
+    label.resize(label.width(), int(std::lround(label.font().pixelSize() * kLineHeight)));
 }
 
 void layOutCircleLabels(QLabel& value, QLabel& title, double valueOffset, int gap)

@@ -16,6 +16,7 @@
 
 namespace {
 constexpr int kUsualSide = 60;
+constexpr double kFocusInset = 5; // Inside the picture's own rings, which say other things.
 }
 
 GoalCircleView::GoalCircleView(QWidget* parent)
@@ -105,8 +106,10 @@ void GoalCircleView::paintEvent(QPaintEvent*)
     QPainter painter(this);
     const Picture& picture = m_active ? m_imageActive : m_hover ? m_imageHover : m_image;
     picture.draw(painter, rect());
-    if (m_focusMark.isVisible())
-        paintFocusMark(painter, rect(), std::min(width(), height()) / 2.0);
+    if (!m_focusMark.isVisible())
+        return;
+    const QRectF ring = QRectF(rect()).adjusted(kFocusInset, kFocusInset, -kFocusInset, -kFocusInset);
+    paintFocusMark(painter, ring, std::min(ring.width(), ring.height()) / 2);
 }
 
 void GoalCircleView::resizeEvent(QResizeEvent* event)

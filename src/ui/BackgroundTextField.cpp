@@ -9,7 +9,8 @@
 #include <QStyleHints>
 
 namespace {
-constexpr qreal kPictureCorner = 6;
+constexpr QMargins kPictureMargins {6, 6, 6, 6};
+constexpr qreal kDisabledOpacity = 0.45;
 constexpr qreal kFocusRadius = 4;
 constexpr int kCaretWidth = 1;
 
@@ -70,7 +71,8 @@ void BackgroundTextField::paintEvent(QPaintEvent* event)
 {
     {
         QPainter painter(this);
-        m_backgroundImage.drawStretched(painter, rect(), kPictureCorner);
+        painter.setOpacity(isEnabled() ? 1 : kDisabledOpacity);
+        m_backgroundImage.drawStretched(painter, rect(), kPictureMargins);
     }
     QLineEdit::paintEvent(event);
     QPainter painter(this);

@@ -45,11 +45,18 @@ qreal horizontalPadding(const ButtonState& state)
     return state.backgroundColor.isValid() ? kHorizontalPadding : kHorizontalPadding / 2;
 }
 
+/// A title that begins with spaces brings its own gap.
+qreal gapBesideTitle(const ButtonState& state)
+{
+    const QString title = shownTitle(state);
+    return title.isEmpty() || title.front().isSpace() ? 0 : kGap;
+}
+
 /// What the picture takes away from the title beside it.
 qreal widthBesideTitle(const ButtonState& state)
 {
     const bool isBeside = !state.image.isNull() && state.imagePosition == ImagePosition::Leading;
-    return isBeside ? state.image.size().width() + kGap : 0;
+    return isBeside ? state.image.size().width() + gapBesideTitle(state) : 0;
 }
 
 qreal titleWidth(const ButtonState& state, qreal buttonWidth)
@@ -71,7 +78,7 @@ void paintBackground(QPainter& painter, const QRectF& rect, const ButtonState& s
     QColor color = state.backgroundColor;
     if (color.isValid() && state.isPressed)
         color = color.darker(kPressedDarkness);
-    else if (!color.isValid() && state.isPressed)
+    else if (state.isPressed && !state.isLink)
         color = QColor(0, 0, 0, 20);
     if (!color.isValid())
         return;
@@ -85,6 +92,16 @@ QColor shownTextColor(const ButtonState& state)
     if (!state.backgroundColor.isValid())
         return state.isPressed ? state.textColor.darker(kPressedDarkness) : state.textColor;
     return readableColor(state.textColor, state.backgroundColor);
+}
+
+/// A picture beside a title that had to change its colour to be read changes with it.
+void paintImage(QPainter& painter, const QRectF& rect, const ButtonState& state)
+{
+    const bool isReadable = !state.backgroundColor.isValid() || shownTextColor(state) == state.textColor;
+    if (isReadable)
+        state.image.draw(painter, rect);
+    else
+        state.image.drawTinted(painter, rect, shownTextColor(state));
 }
 
 void paintTitle(QPainter& painter, const QRectF& rect, const ButtonState& state)
@@ -115,11 +132,11 @@ void paintBeside(QPainter& painter, const QRectF& rect, const ButtonState& state
 {
     const QSizeF image = shownImageSize(state, rect);
     const qreal title = std::min(titleSize(state).width(), titleWidth(state, rect.width()));
-    const qreal gap = title > 0 ? kGap : 0;
+    const qreal gap = gapBesideTitle(state);
     const qreal left = rect.center().x() - (image.width() + gap + title) / 2;
     const QRectF imageRect(
         QPointF(std::round(left), std::round(rect.center().y() - image.height() / 2)), image);
-    state.image.draw(painter, mirrored(imageRect, rect, state.direction));
+    paintImage(painter, mirrored(imageRect, rect, state.direction), state);
     if (title > 0)
         paintTitle(painter,
             mirrored(
@@ -135,7 +152,7 @@ void paintBelow(QPainter& painter, const QRectF& rect, const ButtonState& state)
     const qreal top = rect.center().y() - (image.height() + gap + title) / 2;
     const QRectF imageRect(
         QPointF(std::round(rect.center().x() - image.width() / 2), std::round(top)), image);
-    state.image.draw(painter, imageRect);
+    paintImage(painter, imageRect, state);
     const qreal padding = horizontalPadding(state);
     if (title > 0)
         paintTitle(painter,
@@ -170,8 +187,8 @@ QSize buttonSizeHint(const ButtonState& state)
     QSizeF size(image.width() + title.width(), std::max(image.height(), title.height()));
     if (state.imagePosition == ImagePosition::Above && !image.isEmpty())
         size = {std::max(image.width(), title.width()), image.height() + kGap / 2 + title.height()};
-    else if (!image.isEmpty() && title.width() > 0)
-        size.rwidth() += kGap;
+    else if (!image.isEmpty())
+        size.rwidth() += gapBesideTitle(state);
     size += QSizeF(2 * horizontalPadding(state), 2 * kVerticalPadding);
     return {int(std::ceil(size.width())), int(std::ceil(size.height()))};
 }

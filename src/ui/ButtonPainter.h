@@ -25,6 +25,7 @@ struct ButtonState {
     Picture image;
     ImagePosition imagePosition = ImagePosition::Leading;
     Qt::LayoutDirection direction = Qt::LeftToRight;
+    bool isLink = false; ///< has nothing behind its title that could darken when pressed
     bool isUnderlined = false;
     bool isPressed = false;
     bool isEnabled = true;

@@ -9,6 +9,13 @@ HoverLink::HoverLink(QWidget* parent)
     setCursor(Qt::PointingHandCursor);
 }
 
+ButtonState HoverLink::state() const
+{
+    ButtonState state = Button::state();
+    state.isLink = true;
+    return state;
+}
+
 void HoverLink::enterEvent(QEnterEvent* event)
 {
     Button::enterEvent(event);

@@ -10,6 +10,7 @@ public:
     explicit HoverLink(QWidget* parent = nullptr);
 
 protected:
+    [[nodiscard]] ButtonState state() const override;
     void enterEvent(QEnterEvent* event) override;
     void leaveEvent(QEvent* event) override;
 };

@@ -5,6 +5,13 @@ HoverUnderlineButton::HoverUnderlineButton(QWidget* parent)
 {
 }
 
+ButtonState HoverUnderlineButton::state() const
+{
+    ButtonState state = Button::state();
+    state.isLink = true;
+    return state;
+}
+
 void HoverUnderlineButton::enterEvent(QEnterEvent* event)
 {
     Button::enterEvent(event);

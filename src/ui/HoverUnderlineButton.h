@@ -10,6 +10,7 @@ public:
     explicit HoverUnderlineButton(QWidget* parent = nullptr);
 
 protected:
+    [[nodiscard]] ButtonState state() const override;
     void enterEvent(QEnterEvent* event) override;
     void leaveEvent(QEvent* event) override;
 };

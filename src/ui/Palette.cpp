@@ -25,8 +25,9 @@ double relativeLuminance(const QColor& color)
 
 double contrast(const QColor& first, const QColor& second)
 {
-    const auto [darker, lighter] = std::minmax(relativeLuminance(first), relativeLuminance(second));
-    return (lighter + 0.05) / (darker + 0.05);
+    const double one = relativeLuminance(first) + 0.05;
+    const double other = relativeLuminance(second) + 0.05;
+    return std::max(one, other) / std::min(one, other);
 }
 
 /// The number at the start of the text, after white space and an optional "0x"; too large a one saturates.

@@ -4,10 +4,12 @@
 #include "platform/Log.h"
 
 #include <QHash>
+#include <QMargins>
 #include <QPainter>
 #include <QPixmapCache>
 #include <QSvgRenderer>
-#include <qdrawutil.h>
+
+#include <array>
 
 namespace {
 /// The natural size of a picture; an empty one when there is no such picture. Read once for each name.
@@ -39,6 +41,20 @@ QPixmap renderedPixmap(const QString& name, QSize devicePixels)
     QPixmapCache::insert(key, pixmap);
     return pixmap;
 }
+
+/// Device pixels to one logical pixel: the surface's scale together with the painter's own.
+qreal deviceScale(const QPainter& painter)
+{
+    const qreal scale = painter.deviceTransform().m11();
+    return scale > 0 ? scale : 1;
+}
+
+using Cuts = std::array<qreal, 4>;
+
+QRectF part(const Cuts& x, const Cuts& y, size_t column, size_t row)
+{
+    return {QPointF(x[column], y[row]), QPointF(x[column + 1], y[row + 1])};
+}
 }
 
 Picture::Picture(const QString& name)
@@ -60,19 +76,40 @@ QPixmap Picture::pixmap(QSizeF size, qreal devicePixelRatio) const
 
 void Picture::draw(QPainter& painter, const QRectF& target) const
 {
-    // The scale of the surface together with the painter's own.
-    const qreal scale = painter.deviceTransform().m11();
-    const QPixmap picture = pixmap(target.size(), scale > 0 ? scale : 1);
+    const QPixmap picture = pixmap(target.size(), deviceScale(painter));
     if (!picture.isNull())
         painter.drawPixmap(target, picture, QRectF(picture.rect()));
 }
 
-void Picture::drawStretched(QPainter& painter, const QRectF& target, qreal corner) const
+void Picture::drawTinted(QPainter& painter, const QRectF& target, const QColor& color) const
 {
-    const qreal scale = painter.deviceTransform().m11();
-    const QPixmap picture = pixmap(m_size, scale > 0 ? scale : 1);
+    QPixmap picture = pixmap(target.size(), deviceScale(painter));
     if (picture.isNull())
         return;
-    const int margin = int(corner);
-    qDrawBorderPixmap(&painter, target.toAlignedRect(), QMargins(margin, margin, margin, margin), picture);
+    QPainter tinter(&picture);
+    tinter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    tinter.fillRect(QRectF(QPointF(), picture.deviceIndependentSize()), color);
+    tinter.end();
+    painter.drawPixmap(target, picture, QRectF(picture.rect()));
+}
+
+void Picture::drawStretched(QPainter& painter, const QRectF& target, const QMargins& margins) const
+{
+    const qreal scale = deviceScale(painter);
+    const QPixmap picture = pixmap(m_size, scale);
+    if (picture.isNull())
+        return;
+    const auto cuts = [](qreal start, qreal end, qreal before, qreal after) {
+        return std::array {start, start + before, end - after, end};
+    };
+    const auto targetX = cuts(target.left(), target.right(), margins.left(), margins.right());
+    const auto targetY = cuts(target.top(), target.bottom(), margins.top(), margins.bottom());
+    // The source is counted in the pixmap's own pixels.
+    const auto sourceX = cuts(0, picture.width(), margins.left() * scale, margins.right() * scale);
+    const auto sourceY = cuts(0, picture.height(), margins.top() * scale, margins.bottom() * scale);
+    for (size_t row = 0; row < 3; ++row) {
+        for (size_t column = 0; column < 3; ++column)
+            painter.drawPixmap(
+                part(targetX, targetY, column, row), picture, part(sourceX, sourceY, column, row));
+    }
 }

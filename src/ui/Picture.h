@@ -3,6 +3,8 @@
 #include <QSizeF>
 #include <QString>
 
+class QColor;
+class QMargins;
 class QPainter;
 class QPixmap;
 class QRectF;
@@ -22,8 +24,10 @@ public:
 
     /// Scaled to the rectangle.
     void draw(QPainter& painter, const QRectF& target) const;
-    /// Fitted to the rectangle: corners of `corner` logical pixels keep their shape, the rest stretches.
-    void drawStretched(QPainter& painter, const QRectF& target, qreal corner) const;
+    /// The same shapes in one colour.
+    void drawTinted(QPainter& painter, const QRectF& target, const QColor& color) const;
+    /// Fitted to the rectangle: the margins, in logical pixels, keep their shape, the rest stretches.
+    void drawStretched(QPainter& painter, const QRectF& target, const QMargins& margins) const;
     /// `size` in logical pixels.
     [[nodiscard]] QPixmap pixmap(QSizeF size, qreal devicePixelRatio) const;
 

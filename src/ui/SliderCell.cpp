@@ -1,5 +1,6 @@
 #include "ui/SliderCell.h"
 
+#include <QMargins>
 #include <QPainter>
 
 #include <algorithm>
@@ -40,7 +41,9 @@ double SliderCell::minimumHeight() const
 
 void paintSlider(QPainter& painter, const QRectF& rect, const SliderCell& cell, double value)
 {
-    cell.backgroundImage.draw(painter, rect);
+    // The ends keep their shape, so that they stay under the knob's outermost places at every width.
+    const int end = int(std::ceil(cell.knobImage.size().width()));
+    cell.backgroundImage.drawStretched(painter, rect, QMargins(end, 0, end, 0));
     const QRectF knob = cell.knobRect(rect.size(), value);
     cell.knobImage.draw(painter, knob.translated(rect.left(), rect.top() + kKnobDrop));
 }

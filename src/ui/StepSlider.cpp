@@ -4,12 +4,12 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
 constexpr qreal kFocusRadius = 4;
 constexpr qreal kDisabledOpacity = 0.45;
-constexpr int kUsualWidth = 320;
 }
 
 StepSlider::StepSlider(QWidget* parent)
@@ -31,7 +31,8 @@ QRectF StepSlider::knobRect() const
 
 QSize StepSlider::sizeHint() const
 {
-    return {kUsualWidth, minimumSizeHint().height()};
+    const QSize minimum = minimumSizeHint();
+    return {std::max(int(m_cell.backgroundImage.size().width()), minimum.width()), minimum.height()};
 }
 
 QSize StepSlider::minimumSizeHint() const
