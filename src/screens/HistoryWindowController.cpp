@@ -1,0 +1,255 @@
+#include "screens/HistoryWindowController.h"
+
+#include "data/AppProperties.h"
+#include "data/ExportManager.h"
+#include "platform/Bundle.h"
+#include "ui/FontAndTextHandler.h"
+#include "ui/Palette.h"
+#include "ui/PanelWindow.h"
+#include "ui/TextUtilities.h"
+#include "ui/WindowPlacement.h"
+#include "ui_HistoryWindow.h"
+
+#include <QFontMetricsF>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+enum Period { kDay, kWeek, kMonth, kYear };
+constexpr int kFirstRecordedYear = 2013;
+constexpr int kSmallestFitted = 10;
+constexpr int kLargestFitted = 45;
+
+QString localized(const QString& key)
+{
+    return Bundle::main().localizedString(key);
+}
+
+/// The number without its fraction, and 0 for a negative or undefined one.
+QString shown(double number)
+{
+    return std::isfinite(number) && number > 0 ? QString::number(std::trunc(number), 'f', 0)
+                                               : QStringLiteral("0");
+}
+
+/// The smallest size at which the text outgrows the field; the largest size where it never does.
+int sizeThatOutgrows(const QLabel& label, QFont font, QSizeF field)
+{
+    int size = kSmallestFitted;
+    for (; size < kLargestFitted; ++size) {
+        font.setPixelSize(size);
+        const QFontMetricsF metrics(font);
+        const QSizeF text(metrics.horizontalAdvance(label.text()), metrics.height());
+        if (float(text.width()) > float(field.width()) || float(text.height()) > float(field.height()))
+            break;
+    }
+    return size;
+}
+}
+
+HistoryWindowController::HistoryWindowController(
+    std::shared_ptr<ManagedObjectContext> managedObjectContext, Dialogs& dialogs)
+    : m_dialogs(dialogs)
+    , m_persister(std::make_unique<ActivityPersister>(std::move(managedObjectContext)))
+    , m_window(std::make_unique<PanelWindow>(Qt::Window | Qt::FramelessWindowHint))
+    , m_ui(std::make_unique<Ui::HistoryWindow>())
+{
+    m_ui->setupUi(m_window.get());
+    applyTypefaceToWrappingLabels(*m_window);
+    awakeFromNib();
+}
+
+HistoryWindowController::~HistoryWindowController() = default;
+
+void HistoryWindowController::awakeFromNib()
+{
+    m_window->setMovableByWindowBackground(true);
+    m_window->onCloseRequested([this] { buttonCloseClicked(); });
+    m_currentDate = Date::now();
+    m_startDate = m_currentDate.dateAtStartOfWeek();
+    setHighLightedButton(kWeek);
+    // The first numbers keep their full size: fonts are set after them and fitted from the next refresh on.
+    updateData();
+    setLocalizationText();
+    setFont();
+    connectButtons();
+}
+
+void HistoryWindowController::setLocalizationText()
+{
+    m_ui->historySubTitle1->setText(localized(QStringLiteral("Mins")));
+    m_ui->historySubTitle2->setText(localized(QStringLiteral("CaloriesCheckbox")));
+    m_ui->historySubTitle3->setText(localized(QStringLiteral("Stands")));
+    m_ui->historySubTitle4->setText(localized(QStringLiteral("GoalsMet")));
+    m_ui->historyTitle->setText(localized(QStringLiteral("History")));
+    m_window->setWindowTitle(localized(QStringLiteral("History")));
+    m_ui->labelHistoryStats->setText(localized(QStringLiteral("YourWeeklyStats")));
+    m_ui->buttonDay->setText(localized(QStringLiteral("Day")));
+    m_ui->buttonWeek->setText(localized(QStringLiteral("Week")));
+    m_ui->buttonMonth->setText(localized(QStringLiteral("Month")));
+    m_ui->buttonYear->setText(localized(QStringLiteral("Year")));
+    m_ui->buttonClose->setText(QStringLiteral("   %1").arg(localized(QStringLiteral("CloseButton"))));
+    m_ui->exportToExcelLabel->setText(localized(QStringLiteral("ExportData")));
+}
+
+void HistoryWindowController::setFont()
+{
+    using Fonts = FontAndTextHandler;
+    const auto setColor = [](QLabel& label, const QColor& color) {
+        QPalette palette = label.palette();
+        palette.setColor(QPalette::WindowText, color);
+        label.setPalette(palette);
+    };
+    m_ui->historyTitle->setFont(Fonts::Roman30());
+    m_ui->labelHistoryStats->setFont(Fonts::Roman22());
+    for (QLabel* label : historyHeadTextfieldsArray()) {
+        label->setFont(Fonts::Roman38());
+        setColor(*label, Qt::white);
+    }
+    for (QLabel* label :
+        {m_ui->historySubTitle1, m_ui->historySubTitle2, m_ui->historySubTitle3, m_ui->historySubTitle4}) {
+        label->setFont(Fonts::Light12());
+        setColor(*label, Qt::white);
+    }
+    m_ui->buttonClose->setFont(Fonts::Roman18());
+    for (Button* button : {m_ui->buttonDay, m_ui->buttonWeek, m_ui->buttonMonth, m_ui->buttonYear}) {
+        button->setFont(Fonts::Roman22());
+        button->setTextColor(zelvoTextColor());
+    }
+    m_ui->buttonWeek->setTextColor(zelvoHoverColor());
+    m_ui->exportToExcelLabel->setTextColor(zelvoHoverColor());
+}
+
+void HistoryWindowController::connectButtons()
+{
+    const auto onClick = [this](QAbstractButton* button, void (HistoryWindowController::*action)()) {
+        QObject::connect(
+            button, &QAbstractButton::clicked, m_window.get(), [this, action] { (this->*action)(); });
+    };
+    onClick(m_ui->buttonDay, &HistoryWindowController::buttonDayClicked);
+    onClick(m_ui->buttonWeek, &HistoryWindowController::buttonWeekClicked);
+    onClick(m_ui->buttonMonth, &HistoryWindowController::buttonMonthClicked);
+    onClick(m_ui->buttonYear, &HistoryWindowController::buttonYearClicked);
+    onClick(m_ui->buttonClose, &HistoryWindowController::buttonCloseClicked);
+    onClick(m_ui->exportToExcelLabel, &HistoryWindowController::exportToExcelClicked);
+}
+
+void HistoryWindowController::showWindow()
+{
+    if (!m_window->isVisible())
+        WindowPlacement::moveToCentre(*m_window);
+    m_window->show();
+    m_window->raise();
+    m_window->activateWindow();
+}
+
+void HistoryWindowController::updateData()
+{
+    const Totals sums = AppProperties::instance().isUserSetupCompleted() ? totals() : Totals();
+    m_ui->historyHeadTitle1->setText(shown(sums.minutes));
+    m_ui->historyHeadTitle2->setText(shown(sums.calories));
+    m_ui->historyHeadTitle3->setText(QString::number(sums.stands));
+    m_ui->historyHeadTitle4->setText(shown(sums.goals));
+    setFontSizeToFitHistoryHead();
+}
+
+HistoryWindowController::Totals HistoryWindowController::totals()
+{
+    const auto stands = m_persister->activitiesFromDate(m_startDate, m_currentDate, true);
+    return {m_persister->minutesActiveFromDate(m_startDate, m_currentDate, true),
+        m_persister->caloriesBurnedFromDate(m_startDate, m_currentDate),
+        stands ? qsizetype(stands->size()) : 0, m_persister->goalsMetFromDay(m_startDate, m_currentDate)};
+}
+
+void HistoryWindowController::selectPeriod(int index, Date startDate)
+{
+    setHighLightedButton(index);
+    m_startDate = startDate;
+    updateData();
+}
+
+void HistoryWindowController::buttonDayClicked()
+{
+    selectPeriod(kDay, m_currentDate.dateAtStartOfDay());
+    m_ui->labelHistoryStats->setText(localized(QStringLiteral("YourDailyStats")));
+}
+
+void HistoryWindowController::buttonWeekClicked()
+{
+    selectPeriod(kWeek, m_currentDate.dateAtStartOfWeek());
+    m_ui->labelHistoryStats->setText(localized(QStringLiteral("YourWeeklyStats")));
+}
+
+void HistoryWindowController::buttonMonthClicked()
+{
+    selectPeriod(kMonth, m_currentDate.dateAtStartOfMonth());
+    m_ui->labelHistoryStats->setText(
+        localized(QStringLiteral("YourMonthlyStats")).arg(m_currentDate.monthName()));
+}
+
+void HistoryWindowController::buttonYearClicked()
+{
+    selectPeriod(kYear, m_currentDate.dateAtStartOfYear());
+    m_ui->labelHistoryStats->setText(localized(QStringLiteral("YourYearlyStats")).arg(m_currentDate.year()));
+}
+
+void HistoryWindowController::buttonCloseClicked()
+{
+    m_window->close();
+    if (m_delegate)
+        m_delegate->historyWindowButtonCloseClicked();
+}
+
+void HistoryWindowController::exportToExcelClicked()
+{
+    exportToCSVFile();
+}
+
+void HistoryWindowController::setHighLightedButton(int index)
+{
+    Button* const buttons[] = {m_ui->buttonDay, m_ui->buttonWeek, m_ui->buttonMonth, m_ui->buttonYear};
+    for (Button* button : buttons)
+        button->setTextColor(zelvoTextColor());
+    if (index >= kDay && index <= kYear)
+        buttons[index]->setTextColor(zelvoHoverColor());
+}
+
+void HistoryWindowController::setFontSizeToFitHistoryHead()
+{
+    const std::vector<QLabel*> heads = historyHeadTextfieldsArray();
+    const QSizeF field = heads.front()->size();
+    int best = kLargestFitted;
+    for (const QLabel* head : heads)
+        best = std::min(best, sizeThatOutgrows(*head, heads.front()->font(), field));
+    for (QLabel* head : heads) {
+        QFont font = heads.front()->font();
+        font.setPixelSize(best - 1);
+        head->setFont(font);
+    }
+}
+
+std::vector<QLabel*> HistoryWindowController::historyHeadTextfieldsArray() const
+{
+    return {
+        m_ui->historyHeadTitle1, m_ui->historyHeadTitle2, m_ui->historyHeadTitle3, m_ui->historyHeadTitle4};
+}
+
+QWidget& HistoryWindowController::window() const
+{
+    return *m_window;
+}
+
+void HistoryWindowController::exportToCSVFile()
+{
+    if (!AppProperties::instance().isUserSetupCompleted())
+        return;
+    // The shown period's start is given up for the export's; the numbers on screen stay until a period is
+    // chosen.
+    m_startDate = Date::dateFromComponents(kFirstRecordedYear, 1, 1);
+    const Totals sums = totals();
+    ExportManager::exportHistoryToCSV(
+        {QString::number(sums.minutes, 'f', 2), QString::number(sums.calories, 'f', 2),
+            QString::number(sums.stands), QString::number(sums.goals)},
+        m_dialogs);
+}

@@ -1,0 +1,81 @@
+#pragma once
+
+#include "data/ActivityPersister.h"
+
+#include <memory>
+#include <vector>
+
+class Dialogs;
+class ManagedObjectContext;
+class PanelWindow;
+class QLabel;
+class QWidget;
+
+namespace Ui {
+class HistoryWindow;
+}
+
+class HistoryWindowControllerDelegate {
+public:
+    virtual void historyWindowButtonCloseClicked() = 0;
+
+protected:
+    ~HistoryWindowControllerDelegate() = default;
+};
+
+/// Four totals of a day, week, month or year that ends at the moment the window was first opened, and the
+/// export of all.
+class HistoryWindowController {
+public:
+    /// @param managedObjectContext empty when the store cannot be opened; every total is 0 then
+    HistoryWindowController(std::shared_ptr<ManagedObjectContext> managedObjectContext, Dialogs& dialogs);
+    ~HistoryWindowController();
+    HistoryWindowController(const HistoryWindowController&) = delete;
+    HistoryWindowController& operator=(const HistoryWindowController&) = delete;
+
+    /// Shows the window in front, ready for the keyboard.
+    void showWindow();
+    void updateData();
+    void buttonDayClicked();
+    void buttonWeekClicked();
+    void buttonMonthClicked();
+    void buttonYearClicked();
+    void buttonCloseClicked();
+    void exportToExcelClicked();
+    /// 0 day, 1 week, 2 month, 3 year; any other index highlights none.
+    void setHighLightedButton(int index);
+    /// One size for the four numbers, the largest at which each fits the first one's field.
+    void setFontSizeToFitHistoryHead();
+    [[nodiscard]] std::vector<QLabel*> historyHeadTextfieldsArray() const;
+
+    [[nodiscard]] HistoryWindowControllerDelegate* delegate() const { return m_delegate; }
+    void setDelegate(HistoryWindowControllerDelegate* delegate) { m_delegate = delegate; }
+    /// End of every period: the moment the window was first opened.
+    [[nodiscard]] Date currentDate() const { return m_currentDate; }
+    [[nodiscard]] Date startDate() const { return m_startDate; }
+    [[nodiscard]] QWidget& window() const;
+
+private:
+    struct Totals {
+        double minutes = 0;
+        double calories = 0;
+        qsizetype stands = 0;
+        int32_t goals = 0;
+    };
+
+    void awakeFromNib();
+    void setLocalizationText();
+    void setFont();
+    void connectButtons();
+    void selectPeriod(int index, Date startDate);
+    [[nodiscard]] Totals totals();
+    void exportToCSVFile();
+
+    Dialogs& m_dialogs;
+    HistoryWindowControllerDelegate* m_delegate = nullptr;
+    std::unique_ptr<ActivityPersister> m_persister;
+    Date m_currentDate;
+    Date m_startDate;
+    std::unique_ptr<PanelWindow> m_window;
+    std::unique_ptr<Ui::HistoryWindow> m_ui;
+};
