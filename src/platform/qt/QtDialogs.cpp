@@ -1,0 +1,134 @@
+#include "platform/qt/QtDialogs.h"
+
+#include "platform/Log.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QPointer>
+#include <QPushButton>
+#include <QStandardPaths>
+
+namespace {
+/// A dialog dies with its parent window, also while it runs; the pointer then is null.
+template <typename Dialog>
+class Modal {
+public:
+    Modal()
+        : m_dialog(new Dialog(QApplication::activeModalWidget() ? QApplication::activeModalWidget()
+                                                                : QApplication::activeWindow()))
+    {
+    }
+    ~Modal() { delete m_dialog.data(); }
+    Modal(const Modal&) = delete;
+    Modal& operator=(const Modal&) = delete;
+
+    Dialog* operator->() const { return m_dialog.data(); }
+    /// False when the dialog has gone with its window.
+    bool run(int& result)
+    {
+        m_dialog->setWindowModality(Qt::ApplicationModal);
+        result = m_dialog->exec();
+        return !m_dialog.isNull();
+    }
+
+private:
+    QPointer<Dialog> m_dialog;
+};
+
+QString documentsFolder()
+{
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QFileInfo(folder).isDir() ? folder : QDir::homePath();
+}
+
+bool mayReplace(const QString& path)
+{
+    if (!QFileInfo::exists(path))
+        return true;
+    // The file dialog's own question, in the words of Qt's own translations.
+    const QString question =
+        QCoreApplication::translate("QFileDialog", "%1 already exists.\nDo you want to replace it?");
+    Modal<QMessageBox> box;
+    box->setIcon(QMessageBox::Warning);
+    box->setTextFormat(Qt::PlainText);
+    box->setText(question.arg(QFileInfo(path).fileName()));
+    box->setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+    box->setDefaultButton(QMessageBox::No);
+    int answer = 0;
+    return box.run(answer) && answer == QMessageBox::Yes;
+}
+}
+
+bool QtDialogs::presentError(const Error& error)
+{
+    Log::line(
+        QStringLiteral("%1 %2: %3 %4")
+            .arg(error.domain, QString::number(error.code), error.localizedDescription, error.failureReason));
+    Modal<QMessageBox> box;
+    box->setIcon(QMessageBox::Critical);
+    box->setTextFormat(Qt::PlainText);
+    box->setText(error.localizedDescription);
+    box->setInformativeText(error.failureReason);
+    box->setStandardButtons(QMessageBox::Ok);
+    int answer = 0;
+    box.run(answer);
+    return false;
+}
+
+int QtDialogs::runAlert(
+    const QString& messageText, const QString& informativeText, const QStringList& buttons)
+{
+    const int lastButton = kFirstButton + int(qMax(buttons.size(), qsizetype(1))) - 1;
+    Modal<QMessageBox> box;
+    box->setIcon(QMessageBox::Warning);
+    box->setTextFormat(Qt::PlainText);
+    box->setText(messageText);
+    box->setInformativeText(informativeText);
+    QList<QAbstractButton*> added;
+    for (const QString& text : buttons) {
+        QString label = text;
+        label.replace(QLatin1Char('&'), QLatin1String("&&"));
+        const bool isLast = added.size() + 1 == buttons.size() && !added.isEmpty();
+        added.append(box->addButton(label, isLast ? QMessageBox::RejectRole : QMessageBox::AcceptRole));
+    }
+    if (added.isEmpty())
+        added.append(box->addButton(QMessageBox::Ok));
+    box->setDefaultButton(qobject_cast<QPushButton*>(added.first()));
+    box->setEscapeButton(added.last());
+    int result = 0;
+    if (!box.run(result) || !box->clickedButton())
+        return lastButton;
+    return kFirstButton + int(added.indexOf(box->clickedButton()));
+}
+
+std::optional<QString> QtDialogs::runSavePanel(const QString& proposedFileName)
+{
+    QString proposed = proposedFileName;
+    proposed.replace(QLatin1Char('/'), QLatin1Char('-')); // A text table may hold a date with slashes.
+    const QString suffix = QFileInfo(proposed).suffix();
+
+    Modal<QFileDialog> dialog;
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setFileMode(QFileDialog::AnyFile);
+    if (!suffix.isEmpty()) {
+        dialog->setDefaultSuffix(suffix);
+        dialog->setNameFilter(QStringLiteral("*.%1").arg(suffix));
+    }
+    dialog->setDirectory(documentsFolder());
+    dialog->selectFile(proposed);
+    int result = 0;
+    while (dialog.run(result) && result == QDialog::Accepted && !dialog->selectedFiles().isEmpty()) {
+        const QString path = dialog->selectedFiles().constFirst();
+        if (suffix.isEmpty() || QFileInfo(path).suffix().compare(suffix, Qt::CaseInsensitive) == 0)
+            return path;
+        // The dialog asked about a name without the ending.
+        const QString withSuffix = path + QLatin1Char('.') + suffix;
+        if (mayReplace(withSuffix))
+            return withSuffix;
+        dialog->selectFile(withSuffix);
+    }
+    return std::nullopt;
+}

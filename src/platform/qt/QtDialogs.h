@@ -1,0 +1,18 @@
+#pragma once
+
+#include "platform/Dialogs.h"
+
+/// Dialogs on Qt's own. They belong to the active window, if there is one, and hold up the whole program
+/// until they are answered. Ended from outside (the program quits), a dialog counts as cancelled.
+class QtDialogs final : public Dialogs {
+public:
+    QtDialogs() = default;
+
+    /// There is no remedy to choose in the panel, so no error is ever dealt with.
+    bool presentError(const Error& error) override;
+    int runAlert(
+        const QString& messageText, const QString& informativeText, const QStringList& buttons) override;
+    /// Starts in the user's documents folder. The file keeps the proposed name's type: another ending that
+    /// the user types becomes part of the name. An existing file is replaced only after the user has agreed.
+    std::optional<QString> runSavePanel(const QString& proposedFileName) override;
+};

@@ -1,0 +1,212 @@
+#include "platform/qt/QtDialogs.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include <functional>
+#include <gtest/gtest.h>
+#include <vector>
+
+namespace {
+class QtDialogsTest : public testing::Test {
+protected:
+    void SetUp() override
+    {
+        qputenv("HOME", m_home.path().toUtf8());
+        qunsetenv("XDG_CONFIG_HOME");
+        QDir(m_home.path()).mkdir(QStringLiteral("Documents"));
+        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { look(); });
+        m_timer.start(1);
+    }
+    void TearDown() override
+    {
+        m_timer.stop();
+        EXPECT_TRUE(m_user.empty()) << "a dialog that was expected did not appear";
+        qputenv("HOME", m_previousHome);
+    }
+
+    /// What the user does with the next modal dialog.
+    void user(std::function<void(QWidget&)> action) { m_user.push_back(std::move(action)); }
+
+    template <typename Dialog>
+    void userMeets(std::function<void(Dialog&)> action)
+    {
+        user([action = std::move(action)](QWidget& widget) {
+            auto* const dialog = qobject_cast<Dialog*>(&widget);
+            ASSERT_TRUE(dialog) << widget.metaObject()->className();
+            action(*dialog);
+        });
+    }
+    static void click(QMessageBox& box, QMessageBox::StandardButton button)
+    {
+        QTest::mouseClick(box.button(button), Qt::LeftButton);
+    }
+    static void saveAs(QFileDialog& dialog, const QString& name)
+    {
+        auto* const edit = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        ASSERT_TRUE(edit);
+        edit->selectAll();
+        QTest::keyClicks(edit, name);
+        QTest::keyClick(edit, Qt::Key_Return);
+    }
+    [[nodiscard]] QString documents() const { return m_home.filePath(QStringLiteral("Documents")); }
+    void makeFile(const QString& name)
+    {
+        QFile file(documents() + QLatin1Char('/') + name);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    }
+
+    QtDialogs m_dialogs;
+
+private:
+    void look()
+    {
+        QWidget* const modal = QApplication::activeModalWidget();
+        if (!modal || m_user.empty())
+            return;
+        const auto action = std::move(m_user.front());
+        m_user.erase(m_user.begin());
+        // Not from the timer itself, which would stand still while the action opens another dialog.
+        QMetaObject::invokeMethod(
+            modal, [action, modal] { action(*modal); }, Qt::QueuedConnection);
+    }
+
+    QTemporaryDir m_home;
+    QByteArray m_previousHome = qgetenv("HOME");
+    std::vector<std::function<void(QWidget&)>> m_user;
+    QTimer m_timer;
+};
+
+TEST_F(QtDialogsTest, anErrorIsShownAsItIsAndNotDealtWith)
+{
+    const Error error {QStringLiteral("YOUR_ERROR_DOMAIN"), 101,
+        QStringLiteral("Expected a folder, found a file (/tmp/<b>a&b</b>)."), QStringLiteral("The reason.")};
+    userMeets<QMessageBox>([&](QMessageBox& box) {
+        EXPECT_EQ(box.text(), error.localizedDescription);
+        EXPECT_EQ(box.textFormat(), Qt::PlainText);
+        EXPECT_EQ(box.informativeText(), error.failureReason);
+        EXPECT_TRUE(box.isModal());
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    EXPECT_FALSE(m_dialogs.presentError(error));
+}
+
+TEST_F(QtDialogsTest, anAlertAnswersTheButton)
+{
+    const QStringList buttons {
+        QStringLiteral("Quit anyway"), QStringLiteral("Save & wait"), QStringLiteral("Cancel")};
+    const struct TestCase {
+        const char* name;
+        std::function<void(QMessageBox&)> action;
+        int answer;
+    } kTestCases[] = {
+        {"first", [](QMessageBox& box) { QTest::mouseClick(box.buttons().at(0), Qt::LeftButton); }, 0},
+        {"Return", [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); }, 0},
+        {"Escape", [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); }, 2},
+        {"closed", [](QMessageBox& box) { box.close(); }, 2},
+        {"ended from outside", [](QMessageBox& box) { box.done(0); }, 2},
+        {"second",
+            [](QMessageBox& box) {
+                for (QAbstractButton* const button : box.buttons()) {
+                    if (button->text() == QStringLiteral("Save && wait"))
+                        QTest::mouseClick(button, Qt::LeftButton);
+                }
+            },
+            1},
+    };
+    for (const auto& test : kTestCases) {
+        SCOPED_TRACE(test.name);
+        userMeets<QMessageBox>(test.action);
+        EXPECT_EQ(m_dialogs.runAlert(QStringLiteral("Message"), QStringLiteral("More"), buttons),
+            Dialogs::kFirstButton + test.answer);
+    }
+}
+
+TEST_F(QtDialogsTest, anAlertWithoutButtonsCanBeLeft)
+{
+    userMeets<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+    EXPECT_EQ(m_dialogs.runAlert(QStringLiteral("Message"), {}, {}), Dialogs::kFirstButton);
+}
+
+TEST_F(QtDialogsTest, aDialogMayGoWithItsWindow)
+{
+    auto* const window = new QWidget;
+    window->show();
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window));
+    user([&](QWidget&) { delete window; });
+    EXPECT_EQ(
+        m_dialogs.runAlert(QStringLiteral("Message"), {}, {QStringLiteral("Yes"), QStringLiteral("No")}),
+        Dialogs::kFirstButton + 1);
+}
+
+TEST_F(QtDialogsTest, theProposedFileGoesIntoTheDocumentsFolder)
+{
+    userMeets<QFileDialog>([](QFileDialog& dialog) {
+        QTest::keyClick(dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit")), Qt::Key_Return);
+    });
+    EXPECT_EQ(m_dialogs.runSavePanel(QStringLiteral("Höhe 15-03-2024.csv")),
+        documents() + QStringLiteral("/Höhe 15-03-2024.csv"));
+}
+
+TEST_F(QtDialogsTest, theTypeOfTheFileStays)
+{
+    const struct TestCase {
+        const char* typed;
+        const char* saved;
+    } kTestCases[] = {
+        {"plain", "plain.csv"},
+        {"same.CSV", "same.CSV"},
+        {"other.pdf", "other.pdf.csv"},
+    };
+    for (const auto& test : kTestCases) {
+        SCOPED_TRACE(test.typed);
+        userMeets<QFileDialog>([&](QFileDialog& dialog) { saveAs(dialog, QLatin1String(test.typed)); });
+        EXPECT_EQ(m_dialogs.runSavePanel(QStringLiteral("Export.csv")),
+            documents() + QLatin1Char('/') + QLatin1String(test.saved));
+    }
+}
+
+TEST_F(QtDialogsTest, anExistingFileIsReplacedOnlyWithConsent)
+{
+    makeFile(QStringLiteral("Export.csv"));
+    makeFile(QStringLiteral("a.pdf.csv"));
+    for (const QString& name : {QStringLiteral("Export.csv"), QStringLiteral("a.pdf")}) {
+        SCOPED_TRACE(name.toStdString());
+        const auto saveIt = [&](QFileDialog& dialog) { saveAs(dialog, name); };
+        userMeets<QFileDialog>(saveIt);
+        userMeets<QMessageBox>([](QMessageBox& box) { click(box, QMessageBox::No); });
+        userMeets<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
+        EXPECT_EQ(m_dialogs.runSavePanel(QStringLiteral("Export.csv")), std::nullopt);
+
+        userMeets<QFileDialog>(saveIt);
+        userMeets<QMessageBox>([](QMessageBox& box) { click(box, QMessageBox::Yes); });
+        EXPECT_TRUE(m_dialogs.runSavePanel(QStringLiteral("Export.csv")));
+    }
+}
+
+TEST_F(QtDialogsTest, cancellingAnswersNothing)
+{
+    userMeets<QFileDialog>([](QFileDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+    EXPECT_EQ(m_dialogs.runSavePanel(QStringLiteral("Export.csv")), std::nullopt);
+}
+
+TEST_F(QtDialogsTest, aProposedNameIsAName)
+{
+    QDir(documents()).removeRecursively();
+    userMeets<QFileDialog>([](QFileDialog& dialog) {
+        QTest::keyClick(dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit")), Qt::Key_Return);
+    });
+    EXPECT_EQ(m_dialogs.runSavePanel(QStringLiteral("15/03/2024.csv")),
+        QDir::homePath() + QStringLiteral("/15-03-2024.csv"))
+        << "without a documents folder the home folder serves";
+}
+}
