@@ -1,6 +1,9 @@
 #include "data/AppProperties.h"
 
 #include "fakes/TestPlatform.h"
+#include "platform/qt/QtUserDefaults.h"
+
+#include <QFile>
 
 #include <cmath>
 #include <gtest/gtest.h>
@@ -375,6 +378,38 @@ TEST_F(AppPropertiesTest, readsWhateverAFileMayHoldWithoutOverflow)
         EXPECT_LT(log.size(), 1500);
     }
     QLocale::setDefault(QLocale::system());
+}
+
+TEST_F(AppPropertiesTest, startsOnAFileThatSomebodyEdited)
+{
+    const QString path = platform.folder.filePath(QStringLiteral("StandUp.conf"));
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("[General]\nWeight=80,5\nTimeIdle=\"five minutes\"\nNumberOfStandUps=99999999999\n"
+               "ActivityMode=1\nActivityGoal=150.5\nTimeSnooze=-1\nDevicePosition1=@Variant(\\x1)\n"
+               "DevicePosition2=\n");
+    file.close();
+    QtUserDefaults defaults(path);
+    UserDefaults::setStandard(&defaults);
+
+    AppProperties& settings = properties();
+    EXPECT_EQ(settings.weight(), 0);
+    EXPECT_EQ(settings.timeIdle(), 0);
+    EXPECT_EQ(settings.numberOfStandUps(), kLargestInt32);
+    EXPECT_EQ(settings.activityMode(), 1);
+    EXPECT_EQ(settings.activityGoal(), 150.5);
+    EXPECT_EQ(settings.timeSnooze(), -1);
+    EXPECT_EQ(settings.devicePosition1(), 700); // The value could not be read: the default goes there.
+    EXPECT_EQ(settings.devicePosition2(), 0);
+    EXPECT_EQ(settings.averageWorkDayHours(), 8);
+
+    // What is right is kept by the next process.
+    settings.setWeight(80.5);
+    QtUserDefaults reopened(path);
+    UserDefaults::setStandard(&reopened);
+    AppProperties::resetInstance();
+    EXPECT_EQ(properties().weight(), 80.5);
+    EXPECT_EQ(properties().devicePosition3(), 4700);
 }
 
 TEST_F(AppPropertiesTest, givesACountThatMayDivide)
