@@ -5,8 +5,8 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QStorageInfo>
 
-#include <cerrno>
 #include <sqlite3.h>
 
 namespace {
@@ -33,6 +33,14 @@ constexpr char kCreateUsualIndex[] = "CREATE INDEX IF NOT EXISTS UsualActivity "
 constexpr char kCreateOddIndex[] = "CREATE INDEX IF NOT EXISTS OddActivity "
                                    "ON Activity(startDate, endDate, isStanding, weight) "
                                    "WHERE (endDate - startDate BETWEEN 0 AND 86400) IS NOT TRUE";
+
+/// SQLite knows a full disk by that name only where it writes the store itself, not where it maps its memory.
+bool isDiskFull(int result, const QString& path)
+{
+    constexpr qint64 kLeastBytes = 64 * 1024;
+    return (result & 0xFF) == SQLITE_IOERR
+        && QStorageInfo(QFileInfo(path).path()).bytesAvailable() < kLeastBytes;
+}
 
 QString descriptionForResult(int result)
 {
@@ -206,5 +214,6 @@ Error PersistentStoreCoordinator::errorForResult(int result) const
         return {domain, result, descriptionForStoreResult(result).arg(path), {}};
     const bool isLatest = m_connection && sqlite3_extended_errcode(m_connection) == result;
     const char* reason = isLatest ? sqlite3_errmsg(m_connection) : sqlite3_errstr(result);
-    return {domain, result, descriptionForResult(result).arg(path), QString::fromUtf8(reason)};
+    const int meaning = isDiskFull(result, m_path) ? SQLITE_FULL : result;
+    return {domain, result, descriptionForResult(meaning).arg(path), QString::fromUtf8(reason)};
 }
