@@ -224,7 +224,7 @@ QString UserCalendar::monthName(int month) const
     const icu::UnicodeString* names =
         symbols.getMonths(count, icu::DateFormatSymbols::STANDALONE, icu::DateFormatSymbols::WIDE);
     if (U_FAILURE(status) || month < 1 || month > count)
-        return QString();
+        return {};
     const icu::UnicodeString& name = names[month - 1];
     return QString::fromUtf16(name.getBuffer(), name.length());
 }
