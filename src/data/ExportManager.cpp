@@ -9,7 +9,7 @@
 
 namespace {
 /// The same in every language, because other programs read the file.
-constexpr char kTitles[] = "Standing Minutes;Calories burned;Standing session count;Goals met;\n";
+constexpr const char* kTitles = "Standing Minutes;Calories burned;Standing session count;Goals met;\n";
 }
 
 bool ExportManager::exportHistoryToCSV(const QStringList& values, Dialogs& dialogs)

@@ -29,10 +29,10 @@ std::string fetchQuery()
         + meetsInterval + " ORDER BY startDate";
 }
 
-constexpr char kWrite[] = "INSERT INTO Activity(id, startDate, endDate, isStanding, weight) "
-                          "VALUES(?1, ?2, ?3, ?4, ?5) ON CONFLICT(id) DO UPDATE SET "
-                          "startDate = excluded.startDate, endDate = excluded.endDate, "
-                          "isStanding = excluded.isStanding, weight = excluded.weight";
+constexpr const char* kWrite = "INSERT INTO Activity(id, startDate, endDate, isStanding, weight) "
+                               "VALUES(?1, ?2, ?3, ?4, ?5) ON CONFLICT(id) DO UPDATE SET "
+                               "startDate = excluded.startDate, endDate = excluded.endDate, "
+                               "isStanding = excluded.isStanding, weight = excluded.weight";
 
 /// A day, and a second for the rounding of differences.
 constexpr double kLongestUsualPeriod = Date::kDay + 1;

@@ -8,6 +8,7 @@
 #include <QStorageInfo>
 
 #include <sqlite3.h>
+#include <utility>
 
 namespace {
 /// Result codes of our own, beside SQLite's: what only this program can tell of a file.
@@ -19,25 +20,26 @@ constexpr int kBusyTimeoutMilliseconds = 100;
 /// Reading every page costs about 1 ms a megabyte: nothing for the store of a working life (4 MB), too much
 /// at each start for one of a million records. Those are read through only after an unclean end; damage found
 /// later is an error of the fetch or save that meets it.
-constexpr qint64 kAlwaysCheckedBytes = 8 * 1024 * 1024;
+constexpr qint64 kAlwaysCheckedBytes = qint64(8) * 1024 * 1024;
 
 /// Two partial indexes serve the interval queries: usual periods are found by their start alone, the few
 /// others (the clock was set back, longer than a day) have an index of their own. Both hold all columns, so
 /// that a fetch never visits the table.
-constexpr char kCreateTable[] = "CREATE TABLE IF NOT EXISTS Activity("
-                                "id INTEGER PRIMARY KEY, startDate REAL NOT NULL, endDate REAL NOT NULL, "
-                                "isStanding INTEGER NOT NULL, weight REAL)";
-constexpr char kCreateUsualIndex[] = "CREATE INDEX IF NOT EXISTS UsualActivity "
-                                     "ON Activity(startDate, endDate, isStanding, weight) "
-                                     "WHERE endDate - startDate BETWEEN 0 AND 86400";
-constexpr char kCreateOddIndex[] = "CREATE INDEX IF NOT EXISTS OddActivity "
-                                   "ON Activity(startDate, endDate, isStanding, weight) "
-                                   "WHERE (endDate - startDate BETWEEN 0 AND 86400) IS NOT TRUE";
+constexpr const char* kCreateTable =
+    "CREATE TABLE IF NOT EXISTS Activity("
+    "id INTEGER PRIMARY KEY, startDate REAL NOT NULL, endDate REAL NOT NULL, "
+    "isStanding INTEGER NOT NULL, weight REAL)";
+constexpr const char* kCreateUsualIndex = "CREATE INDEX IF NOT EXISTS UsualActivity "
+                                          "ON Activity(startDate, endDate, isStanding, weight) "
+                                          "WHERE endDate - startDate BETWEEN 0 AND 86400";
+constexpr const char* kCreateOddIndex = "CREATE INDEX IF NOT EXISTS OddActivity "
+                                        "ON Activity(startDate, endDate, isStanding, weight) "
+                                        "WHERE (endDate - startDate BETWEEN 0 AND 86400) IS NOT TRUE";
 
 /// SQLite knows a full disk by that name only where it writes the store itself, not where it maps its memory.
 bool isDiskFull(int result, const QString& path)
 {
-    constexpr qint64 kLeastBytes = 64 * 1024;
+    constexpr qint64 kLeastBytes = 65536;
     return (result & 0xFF) == SQLITE_IOERR
         && QStorageInfo(QFileInfo(path).path()).bytesAvailable() < kLeastBytes;
 }
@@ -96,8 +98,8 @@ std::unique_ptr<PersistentStoreCoordinator> PersistentStoreCoordinator::open(
     return coordinator;
 }
 
-PersistentStoreCoordinator::PersistentStoreCoordinator(const QString& path)
-    : m_path(path)
+PersistentStoreCoordinator::PersistentStoreCoordinator(QString path)
+    : m_path(std::move(path))
 {
 }
 

@@ -31,7 +31,7 @@ public:
     [[nodiscard]] Error errorForResult(int result) const;
 
 private:
-    explicit PersistentStoreCoordinator(const QString& path);
+    explicit PersistentStoreCoordinator(QString path);
 
     // Each step of opening answers a result code, SQLITE_OK to go on.
     [[nodiscard]] int checkFile();

@@ -150,7 +150,7 @@ TEST_F(ManagedObjectContextTest, aFailedSaveKeepsEverythingForTheNextOne)
 {
     const ActivityRef changed = store.insert(1000, 1100, true);
     ASSERT_TRUE(store.context->save(error));
-    // Wide enough apart from each other that they need new pages.
+    // More than fits into the pages that are there.
     changed->setEndDate(Date(1150));
     for (int i = 0; i < 2000; ++i)
         store.insert(2000 + i, 2001 + i, i % 2 == 0);
