@@ -29,7 +29,7 @@ int inOwnProcess(const std::function<int()>& body)
 QByteArrayList linesOf(const QString& path)
 {
     QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll().trimmed().split('\n') : QByteArrayList();
+    return file.open(QIODevice::ReadOnly) ? file.readAll().trimmed().split('\n') : QByteArrayList {{}};
 }
 
 class LogTest : public testing::Test {
@@ -86,7 +86,7 @@ TEST_F(LogTest, aClosedStandardErrorIsReplaced)
         return 0;
     }),
         0);
-    ASSERT_EQ(linesOf(m_path).size(), 1);
+    EXPECT_TRUE(linesOf(m_path).constFirst().endsWith("] heard"));
 }
 
 TEST_F(LogTest, linesOfSeveralThreadsStayWhole)

@@ -239,6 +239,25 @@ TEST_F(QtRunLoopTest, veryLongIntervalsNeitherFireNorOverflow)
     EXPECT_TRUE(runUntil([&] { return passed == 1; }));
 }
 
+TEST_F(QtRunLoopTest, aWaitOfSeveralLegsIsAsLongAsItsInterval)
+{
+    m_loop.emplace(0.01);
+    RunLoop::setMain(&*m_loop);
+    for (const Repeat repeats : {Repeat::No, Repeat::Yes}) {
+        std::vector<double> firedAt;
+        const double start = m_loop->monotonicNow();
+        const TimerRef timer = m_loop->scheduleTimer(
+            0.045, repeats, [&](Timer&) { firedAt.push_back(m_loop->monotonicNow() - start); }, {},
+            RunLoop::Precision::Precise);
+        const size_t expected = repeats == Repeat::Yes ? 2 : 1;
+        ASSERT_TRUE(runUntil([&] { return firedAt.size() == expected; }));
+        for (size_t i = 0; i < expected; ++i)
+            EXPECT_GE(firedAt[i], 0.044 * double(i + 1));
+        EXPECT_EQ(timer->isValid(), repeats == Repeat::Yes);
+        timer->invalidate();
+    }
+}
+
 TEST_F(QtRunLoopTest, aCallbackMayEndTheLoopsLastReferenceAndTheOwner)
 {
     auto scope = std::make_unique<TimerScope>();

@@ -97,7 +97,6 @@ int QtDialogs::runAlert(
     if (added.isEmpty())
         added.append(box->addButton(QMessageBox::Ok));
     box->setDefaultButton(qobject_cast<QPushButton*>(added.first()));
-    box->setEscapeButton(added.last());
     int result = 0;
     if (!box.run(result) || !box->clickedButton())
         return lastButton;

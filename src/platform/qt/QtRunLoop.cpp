@@ -8,9 +8,6 @@
 #include <utility>
 
 namespace {
-/// QTimer counts milliseconds in an int; longer waits are made of several legs.
-constexpr double kLongestLegSeconds = 24.0 * 3600.0;
-
 double clockSeconds(clockid_t clock)
 {
     timespec time {};
@@ -44,7 +41,7 @@ public:
 
     void start()
     {
-        const double leg = std::min(m_remaining, kLongestLegSeconds);
+        const double leg = std::min(m_remaining, m_loop.m_longestLegSeconds);
         m_remaining -= leg;
         const bool whole = m_remaining <= 0 && leg == intervalSeconds();
         m_timer.setSingleShot(m_repeats == Repeat::No || !whole);
@@ -86,6 +83,11 @@ private:
     Repeat m_repeats;
     double m_remaining;
 };
+
+QtRunLoop::QtRunLoop(double longestLegSeconds)
+    : m_longestLegSeconds(longestLegSeconds)
+{
+}
 
 QtRunLoop::~QtRunLoop()
 {

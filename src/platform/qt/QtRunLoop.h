@@ -9,7 +9,9 @@
 /// The run loop of a Qt application.
 class QtRunLoop final : public RunLoop {
 public:
-    QtRunLoop() = default;
+    /// @param longestLegSeconds QTimer counts milliseconds in an int, which holds 24.8 days; a longer wait is
+    /// made of several legs. A test makes them short.
+    explicit QtRunLoop(double longestLegSeconds = 24.0 * 3600.0);
     ~QtRunLoop() override;
 
     [[nodiscard]] double now() const override;
@@ -25,4 +27,5 @@ private:
     class QtTimer;
     std::unordered_set<TimerRef> m_liveTimers;
     QObject m_context;
+    double m_longestLegSeconds;
 };

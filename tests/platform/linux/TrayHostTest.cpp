@@ -211,6 +211,17 @@ TEST_F(TrayHostOnX11Test, waitsAWhileForAHostOfTheWatcher)
     EXPECT_EQ(m_found, 1);
 }
 
+TEST_F(TrayHostOnX11Test, aTrayThatComesWithinThatWhileDoesNotShortenIt)
+{
+    const FakeWatcher withoutHost(m_desktop, false);
+    look(TrayHost::X11Tray::Accepted);
+    EXPECT_TRUE(isStillMissing());
+    const FakeXTray tray;
+    EXPECT_TRUE(isStillMissing());
+    m_runLoop.advance(5);
+    EXPECT_EQ(m_found, 1);
+}
+
 TEST_F(TrayHostOnX11Test, aServerThatDiesIsSurvived)
 {
     look(TrayHost::X11Tray::Accepted);
