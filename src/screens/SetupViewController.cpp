@@ -1,0 +1,651 @@
+#include "screens/SetupViewController.h"
+
+#include "data/AppProperties.h"
+#include "data/CalorieCalculator.h"
+#include "data/DecimalFormatter.h"
+#include "data/Helper.h"
+#include "data/Saturation.h"
+#include "desk/PositionListener.h"
+#include "platform/Bundle.h"
+#include "platform/Workspace.h"
+#include "screens/EntryNumber.h"
+#include "screens/SetupView.h"
+#include "ui/FontAndTextHandler.h"
+#include "ui/NumberEntryValidator.h"
+#include "ui/Palette.h"
+#include "ui/TextUtilities.h"
+#include "ui_SetupView.h"
+
+#include <QSignalBlocker>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace {
+constexpr int32_t kCalorieGoal = 1;
+constexpr int32_t kTimeGoal = 2;
+constexpr int32_t kMiddleStep = 2;
+constexpr double kMostWeight = 999;
+constexpr double kMostHeight = 2500;
+constexpr double kFewestStandUps = 1;
+constexpr double kMostStandUps = 6;
+constexpr int kUnitsPerMillimetre = 10; // Raw heights are in 0.1 mm.
+constexpr double kUnitsPerCentimetre = 100;
+constexpr float kShortestStandUp = 0.5F;
+
+AppProperties& properties()
+{
+    return AppProperties::instance();
+}
+
+ZelvoController* hub()
+{
+    return properties().zelvoController().get();
+}
+
+std::shared_ptr<ZelvoHIDDevice> device()
+{
+    return hub() ? hub()->device() : nullptr;
+}
+
+bool isDeskActive()
+{
+    return hub() && hub()->isActive();
+}
+
+/// Raw, 0.1 mm; 0 without a desk.
+int32_t deskPosition()
+{
+    const auto desk = device();
+    return desk ? desk->position() : 0;
+}
+
+QString localized(const QString& key)
+{
+    return Bundle::main().localizedString(key);
+}
+
+/// The number without its fraction.
+QString truncated(double number)
+{
+    return QString::number(saturated<int32_t>(number));
+}
+
+void setLabelColor(QLabel& label, const QColor& color)
+{
+    QPalette palette = label.palette();
+    palette.setColor(QPalette::WindowText, color);
+    label.setPalette(palette);
+}
+
+/// A field that begins with a text its validator refuses would from then on take any text. What the settings
+/// hold is therefore shown unasked.
+void fill(QLineEdit& field, const QString& text)
+{
+    const QValidator* const validator = field.validator();
+    field.setValidator(nullptr);
+    field.setText(text);
+    field.setValidator(validator);
+}
+
+void keepPlaceWhenHidden(QWidget& widget)
+{
+    QSizePolicy policy = widget.sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    widget.setSizePolicy(policy);
+}
+}
+
+SetupViewController::SetupViewController(Workspace& workspace)
+    : m_workspace(workspace)
+    , m_ui(std::make_unique<Ui::SetupView>())
+{
+}
+
+SetupViewController::~SetupViewController()
+{
+    for (const auto& listener : m_positionListeners) {
+        listener->cutOff();
+        if (hub())
+            hub()->removeDelegate(listener);
+    }
+    m_memoryViewController
+        .reset(); // A held button stops the desk through this object, which is still whole here.
+    delete std::exchange(m_view, nullptr).data();
+}
+
+QWidget* SetupViewController::view()
+{
+    if (!m_view) {
+        m_view = new SetupView;
+        m_ui->setupUi(m_view);
+        applyTypefaceToWrappingLabels(*m_view);
+        awakeFromNib();
+    }
+    return m_view;
+}
+
+void SetupViewController::awakeFromNib()
+{
+    observe();
+    setLocalizationText();
+    setFont();
+    setTextColor();
+    setImages();
+    connectControls();
+
+    const int32_t mode = properties().activityMode();
+    if (mode == kCalorieGoal)
+        activityModeCalories();
+    else
+        activityModeTime();
+    showActivityMode(mode); // An unknown mode leaves both tabs inactive and every goal at 0.
+    const double goal = properties().activityGoal();
+    setIndex(goal == 0
+            ? kMiddleStep
+            : saturated<int32_t>(m_activityGoalManager.indexFromGoal(saturated<int32_t>(goal), mode)));
+
+    m_memoryViewController = std::make_unique<MemoryViewController>();
+    m_memoryViewController->setDelegate(this);
+    m_ui->labelCalories->setDelegateClick(this);
+    m_ui->labelTime->setDelegateClick(this);
+    setUpEntryField(*m_ui->textFieldWeight, 0, kMostWeight, false);
+    setDefaultWeight();
+    m_ui->labelSystemOfUnits->setText(
+        localized(properties().isMetric() ? QStringLiteral("Kg") : QStringLiteral("Lbs")));
+    // Inches have one decimal, centimetres are whole.
+    setUpEntryField(*m_ui->textFieldTableHeight, 0, kMostHeight, !properties().isMetric());
+    setDefaultTableHeight();
+    setUpEntryField(*m_ui->textFieldStandUpNumber, kFewestStandUps, kMostStandUps, false);
+    setDefaultNumberOfStandUps();
+    for (GoalCircleView* circle : goalIndicators())
+        circle->setDelegate(this);
+    for (HoverButton* button : memoryButtons())
+        button->setAlternateBackgroundColor(zelvoHoverColor());
+    m_ui->labelConnection->setText(localized(QStringLiteral("ConnectTable")));
+    updateConnectionLabel();
+    m_ui->labelVersion->setText(QStringLiteral("Ver: %1").arg(properties().bundleVersion()));
+    updateGoalLabel();
+    setAccessibleTexts();
+}
+
+void SetupViewController::observe()
+{
+    // Every loading of the form registers anew, and all registrations last as long as this object does.
+    m_observations.push_back(
+        NotificationCenter::defaultCenter().addObserver(NotificationNames::kDeviceStateDidChange,
+            [this](const PostedNotification&) { observerDeviceStateDidChange(); }));
+    m_positionListeners.push_back(
+        std::make_shared<PositionListener>([this](int32_t height) { positionUpdated(height); }));
+    if (hub())
+        hub()->addDelegate(m_positionListeners.back());
+}
+
+void SetupViewController::setLocalizationText()
+{
+    m_ui->LabelHeadTitle->setText(localized(QStringLiteral("Setup")));
+    m_ui->labelTabelHeight->setText(localized(QStringLiteral("TableHeightHeader")));
+    m_ui->labelYourWeight->setText(localized(QStringLiteral("MyWeightIs")));
+    m_ui->labelNumberOfSessions->setText(localized(QStringLiteral("StandUpHeader")));
+    m_ui->labelCm->setText(Helper::TableHeightUnit());
+    m_ui->LabelEachHour->setText(localized(QStringLiteral("EachHour")));
+    m_ui->buttonDone->setText(QStringLiteral("   %1").arg(localized(QStringLiteral("DoneButton"))));
+    m_ui->labelCalories->setText(localized(QStringLiteral("Calories")));
+    m_ui->labelTime->setText(localized(QStringLiteral("Time")));
+    m_ui->buttonMemory1->setText(localized(QStringLiteral("Memory1")));
+    m_ui->buttonMemory2->setText(localized(QStringLiteral("Memory2")));
+    m_ui->buttonMemory3->setText(localized(QStringLiteral("Memory3")));
+    m_ui->labelVideoLinkInfo->setText(localized(QStringLiteral("InfoLinkButton")));
+    m_ui->labelVideoLinkInfo->setHidden(properties().videoUrl().isEmpty());
+    m_ui->labelMoreInfo->setText(localized(QStringLiteral("InfoLinkText")));
+    m_ui->labelMoreInfo->setHidden(properties().infoUrl().isEmpty());
+    // Its picture is all that is drawn; the text is for screen readers.
+    m_ui->buttonCloseWithoutSaving->setText(localized(QStringLiteral("AccessCloseWithoutSaving")));
+}
+
+void SetupViewController::setAccessibleTexts()
+{
+    const struct {
+        QLineEdit* field;
+        const QLabel* heading;
+        const QLabel* unit;
+    } kFields[] = {{m_ui->textFieldWeight, m_ui->labelYourWeight, m_ui->labelSystemOfUnits},
+        {m_ui->textFieldTableHeight, m_ui->labelTabelHeight, m_ui->labelCm},
+        {m_ui->textFieldStandUpNumber, m_ui->labelNumberOfSessions, m_ui->LabelEachHour}};
+    for (const auto& [field, heading, unit] : kFields) {
+        field->setAccessibleName(heading->text());
+        field->setAccessibleDescription(unit->text());
+    }
+    m_ui->slider->setAccessibleName(localized(QStringLiteral("AccessGoalSlider")));
+    for (HoverButton* button : memoryButtons()) {
+        button->setAccessibleDescription(localized(QStringLiteral("AccessSetMemoryHint")));
+        button->setToolTip(localized(QStringLiteral("AccessSetMemoryHint")));
+    }
+    m_ui->buttonCloseWithoutSaving->setToolTip(localized(QStringLiteral("AccessCloseWithoutSaving")));
+}
+
+void SetupViewController::setFont()
+{
+    using Fonts = FontAndTextHandler;
+    m_ui->LabelHeadTitle->setFont(Fonts::Roman30());
+    m_ui->labelModeTitle->setFont(Fonts::Roman18());
+    m_ui->buttonDone->setFont(Fonts::Roman18());
+    m_ui->labelCalories->setFont(Fonts::Roman22());
+    m_ui->labelTime->setFont(Fonts::Roman22());
+    m_ui->labelConnection->setFont(Fonts::Roman20());
+    for (QLabel* label : {m_ui->labelGoal, m_ui->labelSystemOfUnits, m_ui->labelTabelHeight,
+             m_ui->labelYourWeight, m_ui->labelNumberOfSessions, m_ui->labelCm, m_ui->LabelEachHour})
+        label->setFont(Fonts::Roman15());
+    m_ui->labelVersion->setFont(Fonts::Roman12());
+    for (HoverLink* link : {m_ui->labelVideoLinkInfo, m_ui->labelMoreInfo}) {
+        link->setFont(Fonts::Roman12());
+        link->setUnderLineText();
+    }
+    for (HoverButton* button : memoryButtons())
+        button->setFont(Fonts::Light11());
+    for (QLineEdit* field : {m_ui->textFieldWeight, m_ui->textFieldTableHeight, m_ui->textFieldStandUpNumber})
+        field->setFont(Fonts::Bold15());
+}
+
+void SetupViewController::setTextColor()
+{
+    const auto labels = m_view->findChildren<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
+    for (QLabel* label : labels)
+        setLabelColor(*label, zelvoTextColor());
+    for (HoverButton* button :
+        {m_ui->buttonDone, m_ui->buttonMemory1, m_ui->buttonMemory2, m_ui->buttonMemory3})
+        button->setTextColor(zelvoTextColor());
+    for (HoverLink* link : {m_ui->labelVideoLinkInfo, m_ui->labelMoreInfo})
+        link->setTextColor(zelvoHoverColor());
+}
+
+void SetupViewController::setImages()
+{
+    for (HoverButton* button : memoryButtons()) {
+        const QString name = QStringLiteral("ButtonMemory%1").arg(button->property("tag").toInt());
+        button->setImage(Picture(name));
+        button->setAlternateImage(Picture(name + QStringLiteral("_hoover")));
+        button->setImagePosition(Button::ImagePosition::Above);
+        button->setBackgroundColor(zelvoButtonDarkBackgroundColor());
+        keepPlaceWhenHidden(*button);
+    }
+    m_ui->buttonDone->setBackgroundColor(zelvoButtonDarkBackgroundColor());
+    m_ui->buttonCloseWithoutSaving->setImage(Picture(QStringLiteral("ButtonClose")));
+    m_ui->buttonCloseWithoutSaving->setAlternateImage(Picture(QStringLiteral("ButtonClose_hoover")));
+    m_ui->buttonCloseWithoutSaving->setImagePosition(Button::ImagePosition::Only);
+    keepPlaceWhenHidden(*m_ui->labelConnection);
+}
+
+void SetupViewController::connectControls()
+{
+    const auto onClick = [this](const QAbstractButton* button, void (SetupViewController::*action)()) {
+        QObject::connect(button, &QAbstractButton::clicked, m_view, [this, action] { (this->*action)(); });
+    };
+    onClick(m_ui->buttonDone, &SetupViewController::buttonClosedClicked);
+    onClick(m_ui->buttonCloseWithoutSaving, &SetupViewController::buttonCloseWithoutSavingClicked);
+    onClick(m_ui->labelMoreInfo, &SetupViewController::buttonInfoClicked);
+    onClick(m_ui->labelVideoLinkInfo, &SetupViewController::buttonVideoLinkClicked);
+    for (HoverButton* button : memoryButtons())
+        QObject::connect(
+            button, &QAbstractButton::clicked, m_view, [this, button] { buttonMemoryClicked(*button); });
+    QObject::connect(m_ui->slider, &QSlider::valueChanged, m_view, [this] { sliderMoved(); });
+}
+
+void SetupViewController::setUpEntryField(
+    BackgroundTextField& field, double minValue, double maxValue, bool acceptComma)
+{
+    auto* validator = new NumberEntryValidator(&field);
+    validator->formatter().setMinValue(minValue);
+    validator->formatter().setMaxValue(maxValue);
+    validator->formatter().setAcceptComma(acceptComma);
+    field.setValidator(validator);
+    field.setBackgroundImage(Picture(QStringLiteral("SetupTextField")));
+    field.setTextColor(Qt::white);
+    field.setInsertionPointColor(Qt::white);
+    QObject::connect(&field, &QLineEdit::textEdited, m_view, [this, &field] { controlTextDidChange(field); });
+    QObject::connect(
+        &field, &QLineEdit::editingFinished, m_view, [this, &field] { controlTextDidEndEditing(field); });
+}
+
+void SetupViewController::buttonClosedClicked()
+{
+    if (!m_view)
+        return;
+    // A press by a screen reader takes the focus from no field, so editing may still be going on.
+    controlTextDidEndEditing(*m_ui->textFieldWeight);
+    controlTextDidEndEditing(*m_ui->textFieldStandUpNumber);
+    const int32_t mode = currentActivityMode();
+    properties().setActivityMode(mode);
+    properties().setActivityGoal(m_activityGoalManager.goalFromIndex(m_ui->slider->value(), mode));
+    properties().setWeight(Helper::systemUnitToKilo(integerValue(m_ui->textFieldWeight->text())));
+    saveTablePositionOffset();
+    properties().setNumberOfStandUps(integerValue(m_ui->textFieldStandUpNumber->text()));
+    if (m_delegate)
+        m_delegate->setupViewButtonCloseClicked();
+}
+
+void SetupViewController::buttonCloseWithoutSavingClicked()
+{
+    if (m_delegate)
+        m_delegate->setupViewButtonCloseWithoutSaveClicked();
+    dropView();
+}
+
+/// The view's own button may be what is being clicked: it goes once that click is over.
+void SetupViewController::dropView()
+{
+    if (!m_view)
+        return;
+    QWidget* const dropped = std::exchange(m_view, nullptr);
+    dropped->hide(); // A held button is released by it.
+    dropped->deleteLater();
+}
+
+void SetupViewController::buttonInfoClicked()
+{
+    if (const QUrl url = properties().infoUrl(); !url.isEmpty())
+        m_workspace.openUrl(url);
+}
+
+void SetupViewController::buttonVideoLinkClicked()
+{
+    if (const QUrl url = properties().videoUrl(); !url.isEmpty())
+        m_workspace.openUrl(url);
+}
+
+void SetupViewController::sliderMoved()
+{
+    if (m_view)
+        setGoalIndicatorIndex(m_ui->slider->value());
+}
+
+void SetupViewController::clickableLabelClicked(ClickableLabel& label)
+{
+    if (!m_view || label.active())
+        return;
+    if (&label == m_ui->labelCalories)
+        activityModeCalories();
+    else if (&label == m_ui->labelTime)
+        activityModeTime();
+}
+
+void SetupViewController::goalCircleIndicatorViewClicked(GoalCircleView& circle)
+{
+    if (!m_view)
+        return;
+    deactiveteGoalIndicators();
+    circle.setActive(true);
+    const int32_t goal = integerValue(circle.value().value_or(QString()));
+    setSliderIndex(saturated<int32_t>(m_activityGoalManager.indexFromGoal(goal, currentActivityMode())));
+}
+
+void SetupViewController::controlTextDidChange(const QLineEdit& field)
+{
+    if (m_view && (&field == m_ui->textFieldWeight || &field == m_ui->textFieldStandUpNumber))
+        updateGoalLabel();
+}
+
+void SetupViewController::controlTextDidEndEditing(const QLineEdit& field)
+{
+    if (!m_view || (&field != m_ui->textFieldWeight && &field != m_ui->textFieldStandUpNumber))
+        return;
+    if (field.text().isEmpty()) {
+        if (&field == m_ui->textFieldWeight)
+            setDefaultWeight();
+        else
+            setDefaultNumberOfStandUps();
+    }
+    updateGoalLabel();
+}
+
+void SetupViewController::positionUpdated(int32_t)
+{
+    if (m_view)
+        setDefaultTableHeight();
+}
+
+void SetupViewController::observerDeviceStateDidChange()
+{
+    if (!m_view)
+        return;
+    updateConnectionLabel();
+    // The height of a desk that has left must not stay: saved against no desk it would shift the offset.
+    if (!device())
+        setDefaultTableHeight();
+}
+
+void SetupViewController::updateConnectionLabel()
+{
+    const bool active = isDeskActive();
+    m_ui->labelConnection->setHidden(active);
+    for (HoverButton* button : memoryButtons())
+        button->setEnabled(active);
+}
+
+void SetupViewController::setDefaultWeight()
+{
+    const double weight = properties().weight();
+    const double shown = weight > 0 ? weight : properties().weightDefault();
+    if (shown != 0)
+        fill(*m_ui->textFieldWeight, truncated(Helper::kiloToSystemUnit(shown)));
+}
+
+void SetupViewController::setDefaultTableHeight()
+{
+    const int64_t height = int64_t(deskPosition()) + properties().tablePositionOffset();
+    fill(*m_ui->textFieldTableHeight, Helper::formattedTableHeight(double(height / kUnitsPerMillimetre)));
+}
+
+void SetupViewController::setDefaultNumberOfStandUps()
+{
+    const int32_t stored = properties().numberOfStandUps();
+    fill(*m_ui->textFieldStandUpNumber,
+        stored < 1 ? truncated(properties().numberOfStandUpsDefault()) : QString::number(stored));
+}
+
+void SetupViewController::showActivityMode(int32_t mode)
+{
+    m_ui->labelCalories->setActive(mode == kCalorieGoal);
+    m_ui->labelTime->setActive(mode == kTimeGoal);
+    const QString unit =
+        localized(mode == kCalorieGoal ? QStringLiteral("Calories") : QStringLiteral("Mins"));
+    int32_t step = 0;
+    for (GoalCircleView* circle : goalIndicators()) {
+        circle->setValue(truncated(m_activityGoalManager.goalFromIndex(step++, mode)));
+        circle->setTitle(unit);
+    }
+    m_ui->labelModeTitle->setText(modeTitleFromMode(mode));
+    updateGoalLabel();
+}
+
+/// The time mode takes the heading under the "Energy" key: the string tables pair them so.
+QString SetupViewController::modeTitleFromMode(int32_t mode) const
+{
+    return localized(
+        mode == kTimeGoal ? QStringLiteral("SetupEnergyHeader") : QStringLiteral("SetupCaloriesHeader"));
+}
+
+int32_t SetupViewController::currentActivityMode() const
+{
+    return m_ui->labelTime->active() ? kTimeGoal : kCalorieGoal;
+}
+
+void SetupViewController::activityModeCalories()
+{
+    showActivityMode(kCalorieGoal);
+    m_ui->labelCalories->setActive(true);
+    setTabLineForCalories();
+}
+
+void SetupViewController::activityModeTime()
+{
+    showActivityMode(kTimeGoal);
+    m_ui->labelTime->setActive(true);
+    setTabLineForTime();
+}
+
+void SetupViewController::setTabLineForCalories()
+{
+    m_ui->lineTabHorizontal1->hide();
+    m_ui->lineTabHorizontal4->show();
+}
+
+void SetupViewController::setTabLineForTime()
+{
+    m_ui->lineTabHorizontal1->show();
+    m_ui->lineTabHorizontal4->hide();
+}
+
+std::array<GoalCircleView*, 5> SetupViewController::goalIndicators() const
+{
+    return {m_ui->goalIndicator1, m_ui->goalIndicator2, m_ui->goalIndicator3, m_ui->goalIndicator4,
+        m_ui->goalIndicator5};
+}
+
+void SetupViewController::deactiveteGoalIndicators()
+{
+    for (GoalCircleView* circle : goalIndicators())
+        circle->setActive(false);
+}
+
+void SetupViewController::setIndex(int32_t step)
+{
+    setGoalIndicatorIndex(step);
+    setSliderIndex(step);
+}
+
+void SetupViewController::setGoalIndicatorIndex(int32_t step)
+{
+    deactiveteGoalIndicators();
+    const auto circles = goalIndicators();
+    if (step >= 0 && step < int32_t(circles.size()))
+        circles[size_t(step)]->setActive(true);
+    updateGoalLabel();
+}
+
+void SetupViewController::setSliderIndex(int32_t step)
+{
+    {
+        const QSignalBlocker blocker(m_ui->slider); // Only the user's moves choose a circle.
+        m_ui->slider->setValue(step);
+    }
+    updateGoalLabel();
+}
+
+void SetupViewController::updateGoalLabel()
+{
+    m_ui->labelGoal->setText(QString());
+    const int32_t mode = currentActivityMode();
+    double goal = m_activityGoalManager.goalFromIndex(m_ui->slider->value(), mode);
+    if (mode == kCalorieGoal) {
+        const int32_t kilograms =
+            saturated<int32_t>(Helper::systemUnitToKilo(integerValue(m_ui->textFieldWeight->text())));
+        if (kilograms == 0)
+            return;
+        goal = CalorieCalculator::standingPerHourForDailyCalories(goal, kilograms);
+    }
+    const double minutes = timeOfEachStandUp(goal);
+    const int decimals = minutes == std::trunc(minutes) ? 0 : 1;
+    m_ui->labelGoal->setText(localized(QStringLiteral("SliderText"))
+                                 .arg(Bundle::main().locale().toString(minutes, 'f', decimals)));
+}
+
+double SetupViewController::timeOfEachStandUp(double goal) const
+{
+    const int32_t standUps = integerValue(m_ui->textFieldStandUpNumber->text());
+    const auto minutes = float(standUps != 0 ? goal / standUps : goal);
+    if (minutes < kShortestStandUp)
+        return double(kShortestStandUp);
+    return std::floor(2 * double(minutes)) * 0.5;
+}
+
+std::array<HoverButton*, 3> SetupViewController::memoryButtons() const
+{
+    return {m_ui->buttonMemory1, m_ui->buttonMemory2, m_ui->buttonMemory3};
+}
+
+/// What the user says the desk's height is, less what the desk says.
+void SetupViewController::saveTablePositionOffset()
+{
+    const double centimetres = Helper::systemUnitToCm(decimalValue(m_ui->textFieldTableHeight->text()));
+    properties().setTablePositionOffset(
+        saturated<int32_t>(centimetres * kUnitsPerCentimetre - deskPosition()));
+}
+
+void SetupViewController::buttonMemoryClicked(HoverButton& button)
+{
+    if (!m_view)
+        return;
+    saveTablePositionOffset();
+    if (!isDeskActive())
+        return;
+    removeMemoryView();
+    m_memoryViewController->setIndex(button.property("tag").toInt());
+    addMemoryView(button);
+}
+
+void SetupViewController::addMemoryView(HoverButton& button)
+{
+    QWidget* const editor = m_memoryViewController->view();
+    editor->setParent(button.parentWidget());
+    m_ui->memoryRow->addWidget(editor, 0, m_memoryViewController->index() - 1);
+    QWidget::setTabOrder(&button, m_memoryViewController->buttonUp());
+    QWidget::setTabOrder(m_memoryViewController->buttonUp(), m_memoryViewController->buttonDown());
+    QWidget::setTabOrder(m_memoryViewController->buttonDown(), m_memoryViewController->buttonDone());
+    editor->show();
+    m_memoryViewController->buttonUp()->setFocus(Qt::OtherFocusReason);
+    button.mouseExited();
+    button.hide();
+}
+
+void SetupViewController::removeMemoryView()
+{
+    QWidget* const editor = m_memoryViewController->view();
+    m_ui->memoryRow->removeWidget(editor);
+    editor->setParent(nullptr);
+    for (HoverButton* button : memoryButtons())
+        button->show();
+}
+
+void SetupViewController::memoryViewButtonDoneClicked()
+{
+    if (!m_view)
+        return;
+    removeMemoryView();
+    const int32_t index = m_memoryViewController->index();
+    // Without a desk there is no height; what was stored before stays.
+    if (index < 1 || index > 3 || !device())
+        return;
+    const int32_t position = deskPosition();
+    if (index == 1)
+        properties().setDevicePosition1(position);
+    else if (index == 2)
+        properties().setDevicePosition2(position);
+    else
+        properties().setDevicePosition3(position);
+}
+
+void SetupViewController::memoryViewButtonUpMouseDown()
+{
+    if (const auto desk = device())
+        desk->moveUp();
+}
+
+void SetupViewController::memoryViewButtonUpMouseUp()
+{
+    if (const auto desk = device())
+        desk->stop();
+}
+
+void SetupViewController::memoryViewButtonDownMouseDown()
+{
+    if (const auto desk = device())
+        desk->moveDown();
+}
+
+void SetupViewController::memoryViewButtonDownMouseUp()
+{
+    if (const auto desk = device())
+        desk->stop();
+}

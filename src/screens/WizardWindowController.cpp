@@ -1,0 +1,114 @@
+#include "screens/WizardWindowController.h"
+
+#include "data/AppProperties.h"
+#include "desk/ZelvoController.h"
+#include "platform/Bundle.h"
+#include "ui/PanelWindow.h"
+#include "ui/WindowPlacement.h"
+#include "ui_WizardWindow.h"
+
+#include <QLayout>
+
+#include <utility>
+
+WizardWindowController::WizardWindowController(Workspace& workspace, std::function<void()> terminate)
+    : m_workspace(workspace)
+    , m_terminate(std::move(terminate))
+    , m_window(std::make_unique<PanelWindow>(Qt::Window | Qt::FramelessWindowHint))
+    , m_ui(std::make_unique<Ui::WizardWindow>())
+{
+    m_ui->setupUi(m_window.get());
+    m_window->setWindowTitle(Bundle::main().localizedString(QStringLiteral("Setup")));
+    m_window->setMovableByWindowBackground(true);
+    m_window->onCloseRequested([this] { setupViewController().buttonCloseWithoutSavingClicked(); });
+    showSetupView();
+}
+
+WizardWindowController::~WizardWindowController() = default;
+
+void WizardWindowController::showWindow()
+{
+    if (!setupViewController().isViewLoaded())
+        showSetupView();
+    if (!m_window->isVisible()) {
+        m_window->adjustSize();
+        WindowPlacement::moveToCentre(*m_window);
+    }
+    m_window->show();
+    m_window->raise();
+    m_window->activateWindow();
+}
+
+void WizardWindowController::showSetupView()
+{
+    removeSubviews();
+    addSubview(setupViewController().view());
+}
+
+void WizardWindowController::removeSubviews()
+{
+    const auto children = m_ui->view->findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
+    for (QWidget* child : children) {
+        m_ui->view->layout()->removeWidget(child);
+        child->setParent(nullptr);
+    }
+}
+
+void WizardWindowController::addSubview(QWidget* view)
+{
+    m_ui->view->layout()->addWidget(view); // The layout has no margins: the view is pinned to all four edges.
+    view->show();
+}
+
+void WizardWindowController::close()
+{
+    m_window->close();
+}
+
+void WizardWindowController::setupViewButtonCloseClicked()
+{
+    close();
+    if (!completeSetup())
+        return;
+    ZelvoController* const hub = AppProperties::instance().zelvoController().get();
+    if (!hub)
+        return;
+    if (!hub->activity())
+        hub->startNewActivity();
+    else if (ScheduleManager* const schedule = hub->scheduleManager())
+        schedule->restartScheduleTimer(); // A running period takes the new number of stand-ups at once.
+}
+
+void WizardWindowController::setupViewButtonCloseWithoutSaveClicked()
+{
+    close();
+    completeSetup();
+}
+
+bool WizardWindowController::completeSetup()
+{
+    AppProperties& properties = AppProperties::instance();
+    if (properties.isUserSetupCompleted() || properties.setDefaultUserValues())
+        return true;
+    m_terminate();
+    return false;
+}
+
+SetupViewController& WizardWindowController::setupViewController()
+{
+    if (!m_setupViewController) {
+        m_setupViewController = std::make_unique<SetupViewController>(m_workspace);
+        m_setupViewController->setDelegate(this);
+    }
+    return *m_setupViewController;
+}
+
+bool WizardWindowController::isWindowVisible() const
+{
+    return m_window->isVisible();
+}
+
+QWidget& WizardWindowController::window() const
+{
+    return *m_window;
+}

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "screens/SetupViewController.h"
+
+#include <functional>
+#include <memory>
+
+class PanelWindow;
+class QWidget;
+class Workspace;
+
+namespace Ui {
+class WizardWindow;
+}
+
+/// The window around the setup screen: the first-run wizard, and the settings window afterwards. It decides
+/// what happens when the setup screen is closed.
+class WizardWindowController final : public SetupViewControllerDelegate {
+public:
+    /// @param terminate ends the program, for a first-run set-up that cannot be completed
+    WizardWindowController(Workspace& workspace, std::function<void()> terminate);
+    ~WizardWindowController();
+    WizardWindowController(const WizardWindowController&) = delete;
+    WizardWindowController& operator=(const WizardWindowController&) = delete;
+
+    /// Shows the window in front, ready for the keyboard.
+    void showWindow();
+    /// Puts the setup screen into the window; what was there leaves first.
+    void showSetupView();
+    void removeSubviews();
+    void addSubview(QWidget* view);
+    void close();
+
+    void setupViewButtonCloseClicked() override;
+    void setupViewButtonCloseWithoutSaveClicked() override;
+
+    /// Made on first use.
+    [[nodiscard]] SetupViewController& setupViewController();
+    [[nodiscard]] bool isWindowVisible() const;
+    [[nodiscard]] QWidget& window() const;
+
+private:
+    bool completeSetup();
+
+    Workspace& m_workspace;
+    std::function<void()> m_terminate;
+    std::unique_ptr<PanelWindow> m_window;
+    std::unique_ptr<Ui::WizardWindow> m_ui;
+    std::unique_ptr<SetupViewController> m_setupViewController;
+};
