@@ -1,6 +1,7 @@
 #include "ui/HyperLinkTextField.h"
 
 #include <QAccessible>
+#include <QFocusEvent>
 
 #include <utility>
 
@@ -31,4 +32,12 @@ void HyperLinkTextField::setText(const QString& text)
 void HyperLinkTextField::setOpener(Opener opener)
 {
     m_opener = std::move(opener);
+}
+
+void HyperLinkTextField::focusInEvent(QFocusEvent* event)
+{
+    QLabel::focusInEvent(event);
+    // Straight on to a link: the text itself would take a Tab and show no mark.
+    if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason)
+        focusNextPrevChild(event->reason() == Qt::TabFocusReason);
 }

@@ -21,6 +21,9 @@ public:
     /// Usually Workspace::openUrl().
     void setOpener(Opener opener);
 
+protected:
+    void focusInEvent(QFocusEvent* event) override;
+
 private:
     Opener m_opener;
 };

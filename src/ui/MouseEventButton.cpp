@@ -83,6 +83,7 @@ void MouseEventButton::hold(Holder holder)
         return;
     m_holder = holder;
     setDown(true);
+    setMouseTracking(true); // A move without the button tells of a release that was lost.
     qApp->installEventFilter(this);
     // The delegate may delete the button: nothing comes after this.
     if (m_delegate)
@@ -95,6 +96,7 @@ void MouseEventButton::release()
         return;
     m_holder = Holder::None;
     setDown(false);
+    setMouseTracking(false);
     if (qApp)
         qApp->removeEventFilter(this);
     // The delegate may delete the button: nothing comes after this.

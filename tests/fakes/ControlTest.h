@@ -1,0 +1,64 @@
+#pragma once
+
+#include "data/AppProperties.h"
+#include "fakes/TestPlatform.h"
+#include "resources/Resources.h"
+
+#include <QApplication>
+#include <QEnterEvent>
+#include <QFocusEvent>
+#include <QImage>
+#include <QWidget>
+
+#include <gtest/gtest.h>
+
+/// A fixture for controls and windows: the program's own pictures, texts and virtual time, nothing of the
+/// user's. Test programs that include this link zelvo_data and zelvo_resources.
+class ControlTest : public testing::Test {
+protected:
+    ControlTest()
+    {
+        initResources();
+        AppProperties::resetInstance();
+    }
+    ~ControlTest() override { AppProperties::resetInstance(); }
+
+    /// Shows a window and makes it the active one.
+    static void show(QWidget& window)
+    {
+        window.show();
+        QApplication::setActiveWindow(&window);
+        QApplication::processEvents();
+    }
+
+    /// What stands on a screen of that scale. The background is white where the widget draws none.
+    static QImage grab(QWidget& widget, double scale = 1)
+    {
+        QImage image((QSizeF(widget.size()) * scale).toSize(), QImage::Format_RGB32);
+        image.setDevicePixelRatio(scale);
+        image.fill(Qt::white);
+        widget.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
+        return image;
+    }
+
+    /// The colour at a point in logical pixels.
+    static QColor colorAt(const QImage& image, const QPointF& point)
+    {
+        return image.pixelColor((point * image.devicePixelRatio()).toPoint());
+    }
+
+    static void enter(QWidget& widget)
+    {
+        const QPointF center = widget.rect().center();
+        QEnterEvent event(center, center, widget.mapToGlobal(center));
+        QApplication::sendEvent(&widget, &event);
+    }
+
+    static void leave(QWidget& widget)
+    {
+        QEvent event(QEvent::Leave);
+        QApplication::sendEvent(&widget, &event);
+    }
+
+    TestPlatform platform;
+};

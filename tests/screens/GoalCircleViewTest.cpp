@@ -1,0 +1,151 @@
+#include "screens/GoalCircleView.h"
+
+#include "fakes/ControlTest.h"
+#include "ui/FontAndTextHandler.h"
+#include "ui/Palette.h"
+#include "ui/Picture.h"
+
+#include <QAccessible>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPainter>
+#include <QTest>
+
+namespace {
+struct Recorder final : GoalCircleViewDelegate {
+    std::vector<GoalCircleView*> clicked;
+    std::function<void()> onClick;
+
+    void goalCircleIndicatorViewClicked(GoalCircleView& circle) override
+    {
+        clicked.push_back(&circle);
+        if (onClick)
+            onClick();
+    }
+};
+
+class GoalCircleViewTest : public ControlTest {
+protected:
+    GoalCircleViewTest()
+    {
+        m_window.resize(200, 120);
+        m_circle.setGeometry(20, 20, 60, 60);
+        m_circle.setDelegate(&m_recorder);
+        m_field.setGeometry(100, 20, 80, 24);
+        show(m_window);
+    }
+
+    /// What the circle shows without labels.
+    QImage shown()
+    {
+        m_circle.setValue(QString());
+        m_circle.setTitle(QString());
+        return grab(m_circle);
+    }
+
+    static QImage picture(const char* name)
+    {
+        QImage image(60, 60, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        Picture(QString::fromLatin1(name)).draw(painter, QRectF(0, 0, 60, 60));
+        return image;
+    }
+
+    Recorder m_recorder;
+    QWidget m_window;
+    GoalCircleView m_circle {&m_window};
+    QLineEdit m_field {&m_window};
+};
+}
+
+TEST_F(GoalCircleViewTest, theStateChoosesThePictureAndActiveWinsOverHover)
+{
+    EXPECT_EQ(shown(), picture("GoalCircle"));
+    enter(m_circle);
+    EXPECT_TRUE(m_circle.hover());
+    EXPECT_EQ(shown(), picture("GoalCircleHover"));
+    m_circle.setActive(true);
+    EXPECT_EQ(shown(), picture("GoalCircleActive"));
+    leave(m_circle);
+    EXPECT_EQ(shown(), picture("GoalCircleActive"));
+    m_circle.setActive(false);
+    EXPECT_EQ(shown(), picture("GoalCircle"));
+}
+
+TEST_F(GoalCircleViewTest, theLabelsAreCentredInTheirFontsAndInUpperCase)
+{
+    m_circle.setValue(QStringLiteral("200"));
+    m_circle.setTitle(QStringLiteral("Mins"));
+    EXPECT_EQ(m_circle.textFieldTitle()->text(), QStringLiteral("MINS"));
+    EXPECT_EQ(m_circle.textFieldValue()->font(), FontAndTextHandler::Roman18());
+    EXPECT_EQ(m_circle.textFieldTitle()->font(), FontAndTextHandler::Light7());
+    EXPECT_EQ(m_circle.textFieldValue()->palette().color(QPalette::WindowText), zelvoTextColor());
+    const QRectF value(m_circle.textFieldValue()->geometry());
+    const QRectF title(m_circle.textFieldTitle()->geometry());
+    EXPECT_NEAR(value.center().y(), 30, 0.5);
+    EXPECT_NEAR(value.center().x(), 30, 0.5);
+    EXPECT_NEAR(title.center().x(), 30, 0.5);
+    EXPECT_EQ(title.top(), value.bottom());
+    m_circle.setVerticalOffset(5);
+    EXPECT_NEAR(QRectF(m_circle.textFieldValue()->geometry()).center().y(), 25, 0.5);
+    m_circle.setTitle(std::nullopt);
+    EXPECT_EQ(m_circle.textFieldTitle()->text(), QStringLiteral("MINS"));
+}
+
+TEST_F(GoalCircleViewTest, aClickFirstEndsTextEditingAndSelectsNothingItself)
+{
+    QStringList order;
+    QObject::connect(&m_field, &QLineEdit::editingFinished, [&] { order.append(QStringLiteral("edited")); });
+    m_recorder.onClick = [&] { order.append(QStringLiteral("clicked")); };
+    m_field.setFocus();
+    QTest::keyClicks(&m_field, QStringLiteral("80"));
+    QTest::mousePress(&m_circle, Qt::LeftButton);
+    EXPECT_EQ(order, QStringList({QStringLiteral("edited"), QStringLiteral("clicked")}));
+    EXPECT_EQ(m_window.focusWidget(), nullptr);
+    EXPECT_EQ(m_recorder.clicked, std::vector<GoalCircleView*> {&m_circle});
+    EXPECT_FALSE(m_circle.active());
+}
+
+TEST_F(GoalCircleViewTest, itsLabelsLetTheMouseThrough)
+{
+    m_circle.setValue(QStringLiteral("200"));
+    EXPECT_EQ(m_window.childAt(50, 50), &m_circle);
+}
+
+TEST_F(GoalCircleViewTest, onlyTheLeftButtonClicks)
+{
+    QTest::mouseClick(&m_circle, Qt::RightButton);
+    EXPECT_TRUE(m_recorder.clicked.empty());
+    m_circle.setDelegate(nullptr);
+    QTest::mouseClick(&m_circle, Qt::LeftButton);
+}
+
+TEST_F(GoalCircleViewTest, theKeyboardReachesItMarksItAndSelects)
+{
+    m_field.setFocus();
+    const QImage plain = grab(m_circle);
+    QTest::keyClick(&m_field, Qt::Key_Tab);
+    ASSERT_TRUE(m_circle.hasFocus());
+    EXPECT_NE(grab(m_circle), plain);
+    QTest::keyClick(&m_circle, Qt::Key_Space);
+    QTest::keyClick(&m_circle, Qt::Key_Return);
+    EXPECT_EQ(m_recorder.clicked.size(), 2U);
+    EXPECT_TRUE(m_circle.hasFocus());
+}
+
+TEST_F(GoalCircleViewTest, screenReadersMeetARadioButton)
+{
+    m_circle.setValue(QStringLiteral("200"));
+    m_circle.setTitle(QStringLiteral("Calories"));
+    QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(&m_circle);
+    EXPECT_EQ(interface->role(), QAccessible::RadioButton);
+    EXPECT_EQ(interface->text(QAccessible::Name), QStringLiteral("200 Calories"));
+    EXPECT_TRUE(interface->state().checkable);
+    EXPECT_FALSE(interface->state().checked);
+    m_circle.setActive(true);
+    EXPECT_TRUE(interface->state().checked);
+    EXPECT_TRUE(interface->state().focusable);
+    interface->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(m_recorder.clicked.size(), 1U);
+}

@@ -1,0 +1,74 @@
+#include "ui/HyperLinkTextField.h"
+
+#include "fakes/ControlTest.h"
+#include "ui/TextUtilities.h"
+
+#include <QTest>
+
+namespace {
+class HyperLinkTextFieldTest : public ControlTest {
+protected:
+    HyperLinkTextFieldTest()
+    {
+        m_field.setAlignment(Qt::AlignLeft | Qt::AlignTop);
+        m_field.setText(richTextFromString(QStringLiteral("Error \n"))
+            + hyperlinkFromString(
+                QStringLiteral("E07: motor \n"), QUrl(QStringLiteral("https://zelvo.example/7")))
+            + hyperlinkFromString(
+                QStringLiteral("E12: cable \n"), QUrl(QStringLiteral("https://zelvo.example/12"))));
+        m_field.setOpener([this](const QUrl& url) { m_opened.push_back(url.toString()); });
+        m_field.resize(300, 120);
+        show(m_field);
+    }
+
+    /// The middle of a line of the text.
+    [[nodiscard]] QPoint inLine(int line) const
+    {
+        const int height = m_field.heightForWidth(300) / 4;
+        return {40, height * line + height / 2};
+    }
+
+    HyperLinkTextField m_field;
+    QStringList m_opened;
+};
+}
+
+TEST_F(HyperLinkTextFieldTest, aClickOpensTheLinkUnderItAndNothingElse)
+{
+    QTest::mouseClick(&m_field, Qt::LeftButton, Qt::NoModifier, inLine(0));
+    QTest::mouseClick(&m_field, Qt::LeftButton, Qt::NoModifier, QPoint(290, inLine(1).y()));
+    EXPECT_TRUE(m_opened.isEmpty());
+    QTest::mouseClick(&m_field, Qt::LeftButton, Qt::NoModifier, inLine(2));
+    QTest::mouseClick(&m_field, Qt::LeftButton, Qt::NoModifier, inLine(1));
+    EXPECT_EQ(m_opened,
+        QStringList({QStringLiteral("https://zelvo.example/12"), QStringLiteral("https://zelvo.example/7")}));
+}
+
+TEST_F(HyperLinkTextFieldTest, theHandShowsOverLinksOnly)
+{
+    QTest::mouseMove(&m_field, inLine(0));
+    EXPECT_NE(m_field.cursor().shape(), Qt::PointingHandCursor);
+    QTest::mouseMove(&m_field, inLine(1));
+    EXPECT_EQ(m_field.cursor().shape(), Qt::PointingHandCursor);
+    QTest::mouseMove(&m_field, inLine(0));
+    EXPECT_NE(m_field.cursor().shape(), Qt::PointingHandCursor);
+}
+
+TEST_F(HyperLinkTextFieldTest, theKeyboardReachesEachLink)
+{
+    m_field.setFocus(Qt::TabFocusReason);
+    QTest::keyClick(&m_field, Qt::Key_Return);
+    QTest::keyClick(&m_field, Qt::Key_Tab);
+    QTest::keyClick(&m_field, Qt::Key_Return);
+    EXPECT_EQ(m_opened,
+        QStringList({QStringLiteral("https://zelvo.example/7"), QStringLiteral("https://zelvo.example/12")}));
+}
+
+TEST_F(HyperLinkTextFieldTest, tabPassesByATextWithoutLinks)
+{
+    EXPECT_EQ(m_field.focusPolicy(), Qt::StrongFocus);
+    m_field.setText(QStringLiteral("E07: motor"));
+    EXPECT_EQ(m_field.focusPolicy(), Qt::NoFocus);
+    m_field.setOpener({});
+    QTest::mouseClick(&m_field, Qt::LeftButton, Qt::NoModifier, inLine(0));
+}
