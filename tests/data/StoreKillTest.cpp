@@ -28,6 +28,14 @@ struct Confirmation {
     double end;
 };
 
+void confirm(const Activity& activity)
+{
+    const Confirmation confirmation {
+        activity.weight(), activity.startDate().secondsSince1970(), activity.endDate().secondsSince1970()};
+    if (write(STDOUT_FILENO, &confirmation, sizeof confirmation) != sizeof confirmation)
+        _exit(1);
+}
+
 /// Opens one period after the other, extends each by pulses, and reports each save that answered true.
 [[noreturn]] void runWriter(const char* path, int number)
 {
@@ -42,14 +50,14 @@ struct Confirmation {
         const double weight = number * 1e6 + record;
         const ActivityRef activity =
             persister.createWithStartDate(Date::now(), Date::now(), record % 2 == 0, weight);
-        for (int pulse = 0; pulse <= kPulsesARecord; ++pulse) {
-            const Confirmation confirmation {
-                weight, activity->startDate().secondsSince1970(), activity->endDate().secondsSince1970()};
-            if (write(STDOUT_FILENO, &confirmation, sizeof confirmation) != sizeof confirmation)
-                _exit(1);
+        if (!activity)
+            _exit(2);
+        confirm(*activity);
+        for (int pulse = 0; pulse < kPulsesARecord; ++pulse) {
             platform.runLoop.advance(kPulseInterval);
             if (!activity->pulse())
-                _exit(2);
+                _exit(3);
+            confirm(*activity);
         }
     }
 }
@@ -72,7 +80,7 @@ public:
             dup2(ends[1], STDOUT_FILENO);
             execl("/proc/self/exe", "store_kill_test", "--writer", m_path.c_str(),
                 std::to_string(number).c_str(), nullptr);
-            _exit(3);
+            _exit(4);
         }
         close(ends[1]);
         for (int i = 0; i < confirmations && readConfirmation(ends[0]); ++i) { }
