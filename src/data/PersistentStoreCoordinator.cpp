@@ -5,9 +5,11 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QStorageInfo>
 
+#include <cstdint>
+#include <filesystem>
 #include <sqlite3.h>
+#include <system_error>
 #include <utility>
 
 namespace {
@@ -39,9 +41,12 @@ constexpr const char* kCreateOddIndex = "CREATE INDEX IF NOT EXISTS OddActivity 
 /// SQLite knows a full disk by that name only where it writes the store itself, not where it maps its memory.
 bool isDiskFull(int result, const QString& path)
 {
-    constexpr qint64 kLeastBytes = 65536;
-    return (result & 0xFF) == SQLITE_IOERR
-        && QStorageInfo(QFileInfo(path).path()).bytesAvailable() < kLeastBytes;
+    constexpr std::uintmax_t kLeastBytes = 65536;
+    // QStorageInfo knows nothing of a folder whose mount point is out of sight, as in a chroot. This asks the
+    // file system itself, and takes one that does not answer for one with space.
+    std::error_code ignored;
+    const auto folder = QFileInfo(path).filesystemPath().parent_path();
+    return (result & 0xFF) == SQLITE_IOERR && std::filesystem::space(folder, ignored).available < kLeastBytes;
 }
 
 QString descriptionForResult(int result)
