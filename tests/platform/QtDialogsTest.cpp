@@ -33,6 +33,11 @@ protected:
         qputenv("HOME", m_previousHome);
     }
 
+    /// For a dialog that the program does not wait for itself.
+    void waitForTheUser()
+    {
+        EXPECT_TRUE(QTest::qWaitFor([this] { return m_user.empty() && !QApplication::activeModalWidget(); }));
+    }
     /// What the user does with the next modal dialog.
     void user(std::function<void(QWidget&)> action) { m_user.push_back(std::move(action)); }
 
@@ -97,6 +102,16 @@ TEST_F(QtDialogsTest, anErrorIsShownAsItIsAndNotDealtWith)
         QTest::keyClick(&box, Qt::Key_Return);
     });
     EXPECT_FALSE(m_dialogs.presentError(error));
+    waitForTheUser();
+
+    // The same error again opens nothing, another one does.
+    EXPECT_FALSE(m_dialogs.presentError(error));
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    Error other = error;
+    other.code = 9999;
+    userMeets<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); });
+    EXPECT_FALSE(m_dialogs.presentError(other));
+    waitForTheUser();
 }
 
 TEST_F(QtDialogsTest, anAlertAnswersTheButton)

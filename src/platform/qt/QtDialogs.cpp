@@ -67,14 +67,20 @@ bool QtDialogs::presentError(const Error& error)
     Log::line(
         QStringLiteral("%1 %2: %3 %4")
             .arg(error.domain, QString::number(error.code), error.localizedDescription, error.failureReason));
-    Modal<QMessageBox> box;
+    const QString identity = error.domain + QString::number(error.code) + error.localizedDescription;
+    if (m_shownErrors.contains(identity))
+        return false; // Once is enough: an error that comes again at each record must not fill the screen.
+    m_shownErrors.insert(identity);
+    // Not waited for: whoever met the error goes on without what it wanted, and the desk stays under control.
+    auto* box = new QMessageBox(QApplication::activeWindow());
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setWindowModality(Qt::ApplicationModal);
     box->setIcon(QMessageBox::Critical);
     box->setTextFormat(Qt::PlainText);
     box->setText(error.localizedDescription);
     box->setInformativeText(error.failureReason);
     box->setStandardButtons(QMessageBox::Ok);
-    int answer = 0;
-    box.run(answer);
+    box->show();
     return false;
 }
 

@@ -2,17 +2,23 @@
 
 #include "platform/Dialogs.h"
 
-/// Dialogs on Qt's own. They belong to the active window, if there is one, and hold up the whole program
-/// until they are answered. Ended from outside (the program quits), a dialog counts as cancelled.
+#include <QSet>
+
+/// Dialogs on Qt's own. They belong to the active window, if there is one. Questions hold up the whole
+/// program until they are answered. Ended from outside (the program quits), a dialog counts as cancelled.
 class QtDialogs final : public Dialogs {
 public:
     QtDialogs() = default;
 
-    /// There is no remedy to choose in the panel, so no error is ever dealt with.
+    /// Opens a panel, the first time for each error, and returns at once. There is no remedy to choose in it,
+    /// so no error is ever dealt with.
     bool presentError(const Error& error) override;
     int runAlert(
         const QString& messageText, const QString& informativeText, const QStringList& buttons) override;
     /// Starts in the user's documents folder. The file keeps the proposed name's type: another ending that
     /// the user types becomes part of the name. An existing file is replaced only after the user has agreed.
     std::optional<QString> runSavePanel(const QString& proposedFileName) override;
+
+private:
+    QSet<QString> m_shownErrors;
 };
