@@ -113,6 +113,9 @@ void HistoryWindowController::setFont()
         setColor(*label, Qt::white);
     }
     m_ui->buttonClose->setFont(Fonts::Roman18());
+    m_ui->buttonClose->setBackgroundColor(zelvoButtonDarkBackgroundColor());
+    m_ui->exportToExcelLabel->setFont(Fonts::Roman12());
+    m_ui->exportToExcelLabel->setUnderLineText();
     for (Button* button : {m_ui->buttonDay, m_ui->buttonWeek, m_ui->buttonMonth, m_ui->buttonYear}) {
         button->setFont(Fonts::Roman22());
         button->setTextColor(zelvoTextColor());
