@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+/// What the user asked for on the command line.
+struct CommandLine {
+    bool simulate = false; ///< drive the built-in simulated desk
+    bool testWindow = false; ///< open the developer's test window
+    QString language; ///< two-letter code; empty for the user's own
+    bool endsHere = false; ///< help or version was printed, or the arguments were wrong
+    int exitCode = 0;
+
+    /// Reads the arguments (the program's name first). Prints help, version or an error itself.
+    static CommandLine parse(const QStringList& arguments);
+};

@@ -1,0 +1,166 @@
+// The composition root: reads the command line, picks the backends for this machine, builds the application
+// and runs it.
+
+#include "CommandLine.h"
+#include "data/AppProperties.h"
+#include "data/Date.h"
+#include "platform/Bundle.h"
+#include "platform/Log.h"
+#include "platform/linux/AutostartLoginItems.h"
+#include "platform/linux/DBusWorkspace.h"
+#include "platform/linux/EventSources.h"
+#include "platform/linux/LinuxHidManager.h"
+#include "platform/linux/QtPlatform.h"
+#include "platform/linux/SingleInstance.h"
+#include "platform/linux/TrayHost.h"
+#include "platform/linux/UnixSignals.h"
+#include "platform/qt/QtDialogs.h"
+#include "platform/qt/QtRunLoop.h"
+#include "platform/qt/QtUserDefaults.h"
+#include "platform/simulated/SimulatedHidManager.h"
+#include "resources/Resources.h"
+#include "shell/AppDelegate.h"
+#include "shell/TestWindowController.h"
+
+#include <QApplication>
+#include <QDBusConnection>
+#include <QDir>
+#include <QSessionManager>
+#include <QStandardPaths>
+
+#include <memory>
+
+namespace {
+const QString kIdentifier = QStringLiteral("org.zelvo.StandUp");
+constexpr double kTrayPatienceSeconds = 10.0;
+
+bool hasDisplay()
+{
+    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY")
+        || qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
+}
+
+QString settingsPath()
+{
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation);
+    return QDir(folder).filePath(kIdentifier + QStringLiteral("/StandUp.conf"));
+}
+
+std::unique_ptr<HidManager> makeHidManager(bool simulate)
+{
+    if (!simulate)
+        return std::make_unique<LinuxHidManager>();
+    Log::line(QStringLiteral("Driving the built-in simulated desk."));
+    return std::make_unique<SimulatedHidManager>();
+}
+
+/// Everything that outlives the application delegate, in the order in which it is built.
+struct Program {
+    explicit Program(const CommandLine& commandLine)
+        : bundle(Bundle::compiledInformation())
+        , defaults(settingsPath())
+        , hidManager(makeHidManager(commandLine.simulate))
+        , eventSource(makeEventSource())
+        , tray(QDBusConnection::sessionBus(),
+              QGuiApplication::platformName() == QStringLiteral("xcb") ? TrayHost::X11Tray::Accepted
+                                                                       : TrayHost::X11Tray::Ignored)
+        , app({*hidManager, *eventSource, workspace, loginItems, dialogs,
+              QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation),
+              QCoreApplication::applicationFilePath(), [] { QCoreApplication::quit(); },
+              [this](AppDelegate& delegate) {
+                  return std::make_unique<TestWindowController>(
+                      delegate.menuletController(), dynamic_cast<SimulatedHidManager*>(hidManager.get()));
+              }})
+    {
+        Bundle::setMain(&bundle);
+        UserDefaults::setStandard(&defaults);
+    }
+
+    ~Program()
+    {
+        AppProperties::instance().setZelvoController(
+            nullptr); // The hub lets go of the backends before they go.
+        UserDefaults::setStandard(nullptr);
+        Bundle::setMain(nullptr);
+    }
+
+    Bundle bundle;
+    QtUserDefaults defaults;
+    std::unique_ptr<HidManager> hidManager;
+    std::unique_ptr<EventSource> eventSource;
+    DBusWorkspace workspace {QDBusConnection::systemBus(), QDBusConnection::sessionBus()};
+    AutostartLoginItems loginItems;
+    QtDialogs dialogs;
+    TrayHost tray;
+    AppDelegate app;
+};
+
+/// The icon appears as soon as a tray is there. A user without one finds the program's window instead.
+void appearInTray(Program& program, TimerScope& timers)
+{
+    program.tray.whenAvailable([&program] { program.app.statusItem().appear(); });
+    timers.schedule(kTrayPatienceSeconds, RunLoop::Repeat::No, [&program](Timer&) {
+        if (program.tray.isAvailable())
+            return;
+        Log::line(
+            QStringLiteral("No tray is there: showing the window instead. A further start shows it again."));
+        program.app.showSomething();
+    });
+}
+
+int run(const CommandLine& commandLine, SingleInstance& instance)
+{
+    TimerScope timers;
+    Program program(commandLine);
+    AppDelegate& app = program.app;
+    const UnixSignals signals([&app](int) { app.terminate(); });
+    QObject::connect(qApp, &QGuiApplication::commitDataRequest, &program.tray, [&app](QSessionManager&) {
+        app.applicationWillTerminate(); // The session ends: the record is closed now, whether or not it goes
+                                        // on.
+    });
+    instance.onActivated([&app](const ActivationToken& token) {
+        qputenv("XDG_ACTIVATION_TOKEN", token.xdgActivationToken);
+        app.showSomething();
+    });
+
+    app.applicationDidFinishLaunching();
+    appearInTray(program, timers);
+    if (commandLine.testWindow)
+        app.showTestWindow();
+    return QCoreApplication::exec();
+}
+}
+
+int main(int argc, char** argv)
+{
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    const CommandLine commandLine = CommandLine::parse(arguments);
+    if (commandLine.endsHere)
+        return commandLine.exitCode;
+    if (!hasDisplay()) {
+        Log::line(QStringLiteral("There is no display: neither DISPLAY nor WAYLAND_DISPLAY is set."));
+        return 1;
+    }
+    chooseQtPlatform();
+
+    QGuiApplication::setDesktopFileName(kIdentifier);
+    QApplication::setStyle(QStringLiteral("Fusion")); // Fixed colours and sizes belong to one style.
+    QApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("Zelvo StandUp"));
+    QApplication::setQuitOnLastWindowClosed(false);
+    QtRunLoop runLoop;
+    RunLoop::setMain(&runLoop);
+    initResources();
+
+    if (AutostartLoginItems().isStartUnwanted())
+        return 0;
+    SingleInstance instance;
+    if (!instance.acquire())
+        return instance.activateFirst(ActivationToken::fromEnvironment()) ? 0 : 1;
+    installTexts(application, commandLine.language);
+    const int exitCode = run(commandLine, instance);
+    RunLoop::setMain(nullptr);
+    return exitCode;
+}

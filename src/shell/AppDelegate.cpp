@@ -1,0 +1,309 @@
+#include "shell/AppDelegate.h"
+
+#include "data/AppProperties.h"
+#include "data/ManagedObjectContext.h"
+#include "data/PersistentStoreCoordinator.h"
+#include "desk/ZelvoController.h"
+#include "platform/Bundle.h"
+#include "platform/Log.h"
+#include "platform/LoginItems.h"
+#include "screens/HistoryWindowController.h"
+#include "screens/WizardWindowController.h"
+#include "shell/MainWindowController.h"
+#include "shell/Notification.h"
+#include "shell/NotificationWindowController.h"
+#include "shell/TestWindowController.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QVersionNumber>
+
+#include <utility>
+
+namespace {
+const QString kDomainPrefix = QStringLiteral("org.zelvo");
+const QString kErrorDomain = QStringLiteral("YOUR_ERROR_DOMAIN");
+constexpr int kExpectedFolder = 101;
+constexpr int kStoreNotInitialized = 9999;
+constexpr int kCannotMakeFolder = 512;
+/// The release whose first start gives the reminder's dismiss time its new default.
+const QString kDismissTimeRelease = QStringLiteral("1.0.1");
+
+QString localized(const QString& key)
+{
+    return Bundle::main().localizedString(key);
+}
+}
+
+AppDelegate::AppDelegate(Dependencies dependencies)
+    : m_dependencies(std::move(dependencies))
+{
+}
+
+AppDelegate::~AppDelegate() = default;
+
+void AppDelegate::applicationDidFinishLaunching()
+{
+    versionUpgrade();
+    redirectConsoleLogToDocumentFolder();
+    setupStatusBar();
+    provideZelvoController();
+    AppProperties::instance().startZelvoController();
+    if (!AppProperties::instance().isUserSetupCompleted())
+        showWizard();
+    setLaunchAtLogin();
+}
+
+void AppDelegate::versionUpgrade()
+{
+    AppProperties& properties = AppProperties::instance();
+    const QString stored = properties.version();
+    const QString running = properties.bundleVersion();
+    if (stored != kDismissTimeRelease && running == kDismissTimeRelease) {
+        AppProperties::removeValueForKey(QStringLiteral("TimeNotificationDismiss"));
+        properties.setDefaultAppSettings();
+    }
+    // Compared as numbers, so that 1.0.10 is later than 1.0.9. A downgrade never lowers what is stored.
+    const bool isLater = QVersionNumber::fromString(stored) < QVersionNumber::fromString(running);
+    if (stored.isEmpty() || isLater)
+        properties.setVersion(running);
+}
+
+void AppDelegate::redirectConsoleLogToDocumentFolder()
+{
+    const QString name = QStringLiteral("%1.log").arg(AppProperties::instance().bundleName());
+    Log::redirectToFile(QDir(applicationFilesDirectory()).filePath(name));
+}
+
+void AppDelegate::setupStatusBar()
+{
+    m_menuletController = std::make_unique<MenuletController>(makeWindows());
+    m_menuletController->setStatusItem(&m_statusItem);
+    m_menuletController->setStatusMenu(&m_statusMenu);
+    m_menuletView = std::make_unique<MenuletView>(m_statusItem);
+    m_menuletView->setDelegate(m_menuletController.get());
+
+    m_statusMenuOpen = addMenuItem(QStringLiteral("ContextMenuOpen"), &AppDelegate::menuOpenClicked);
+    m_statusMenuHistory = addMenuItem(QStringLiteral("ContextMenuHistory"), &AppDelegate::menuHistoryClicked);
+    m_statusMenuSettings =
+        addMenuItem(QStringLiteral("ContextMenuSettings"), &AppDelegate::menuSettingsClicked);
+    m_statusMenuQuit = addMenuItem(QStringLiteral("ContextMenuExit"), &AppDelegate::terminate);
+    QObject::connect(&m_statusMenu, &QMenu::aboutToShow, &m_statusMenu, [this] { validateMenu(); });
+    QObject::connect(
+        &m_statusMenu, &QMenu::aboutToHide, &m_statusMenu, [this] { m_menuletController->menuDidClose(); });
+    validateMenu();
+    m_statusItem.setMenu(&m_statusMenu);
+}
+
+void AppDelegate::setLaunchAtLogin()
+{
+    m_dependencies.loginItems.insertItem(m_dependencies.executablePath);
+}
+
+void AppDelegate::showWizard()
+{
+    wizardWindowController().showWindow();
+}
+
+void AppDelegate::showHistory()
+{
+    HistoryWindowController& controller = historyController();
+    controller.showWindow();
+    controller.updateData();
+}
+
+void AppDelegate::showTestWindow()
+{
+    if (m_dependencies.makeTestWindow)
+        testWindowController().showWindow();
+}
+
+void AppDelegate::showSomething()
+{
+    if (!AppProperties::instance().isUserSetupCompleted()) {
+        showWizard();
+        return;
+    }
+    m_menuletController->setActive(true);
+    m_menuletController->showMainWindow();
+}
+
+void AppDelegate::menuOpenClicked()
+{
+    m_menuletController->showMainWindow();
+}
+
+void AppDelegate::menuHistoryClicked()
+{
+    showHistory();
+}
+
+void AppDelegate::menuSettingsClicked()
+{
+    showWizard();
+    wizardWindowController().showSetupView();
+}
+
+bool AppDelegate::validateMenuItem(const QAction* item) const
+{
+    const bool needsSetup = item == m_statusMenuOpen || item == m_statusMenuHistory;
+    return !needsSetup || AppProperties::instance().isUserSetupCompleted();
+}
+
+QString AppDelegate::applicationFilesDirectory()
+{
+    const QString name = QStringLiteral("%1.%2").arg(kDomainPrefix, AppProperties::instance().bundleName());
+    const QString folder = QDir(m_dependencies.applicationSupportDirectory).filePath(name);
+    if (!QFileInfo::exists(folder))
+        QDir().mkpath(folder);
+    return folder;
+}
+
+std::shared_ptr<PersistentStoreCoordinator> AppDelegate::persistentStoreCoordinator()
+{
+    if (m_persistentStoreCoordinator)
+        return m_persistentStoreCoordinator;
+    const QString folder = applicationFilesDirectory();
+    if (!ensureFilesFolder(folder))
+        return nullptr;
+    Error error;
+    const QString file = QStringLiteral("%1.storedata").arg(AppProperties::instance().bundleName());
+    m_persistentStoreCoordinator = PersistentStoreCoordinator::open(QDir(folder).filePath(file), error);
+    if (!m_persistentStoreCoordinator)
+        m_dependencies.dialogs.presentError(error);
+    return m_persistentStoreCoordinator;
+}
+
+bool AppDelegate::ensureFilesFolder(const QString& folder)
+{
+    if (QFileInfo(folder).isDir())
+        return true;
+    Error error {kErrorDomain, kExpectedFolder,
+        localized(QStringLiteral("Expected a folder to store application data, found a file (%1)."))
+            .arg(folder),
+        {}};
+    if (!QFileInfo::exists(folder))
+        error = {QStringLiteral("NSCocoaErrorDomain"), kCannotMakeFolder,
+            localized(QStringLiteral("DataFolderError")).arg(QDir::toNativeSeparators(folder)), {}};
+    m_dependencies.dialogs.presentError(error);
+    return false;
+}
+
+std::shared_ptr<ManagedObjectContext> AppDelegate::managedObjectContext()
+{
+    if (m_managedObjectContext)
+        return m_managedObjectContext;
+    const auto coordinator = persistentStoreCoordinator();
+    if (!coordinator) {
+        m_dependencies.dialogs.presentError(
+            {kErrorDomain, kStoreNotInitialized, localized(QStringLiteral("Failed to initialize the store")),
+                localized(QStringLiteral("There was an error building up the data file."))});
+        return nullptr;
+    }
+    m_managedObjectContext = std::make_shared<ManagedObjectContext>(coordinator);
+    return m_managedObjectContext;
+}
+
+void AppDelegate::terminate()
+{
+    if (m_terminated || applicationShouldTerminate() == TerminateReply::Cancel)
+        return;
+    m_terminated = true;
+    applicationWillTerminate();
+    m_dependencies.quit();
+}
+
+AppDelegate::TerminateReply AppDelegate::applicationShouldTerminate()
+{
+    if (!m_managedObjectContext)
+        return TerminateReply::Now;
+    if (!m_managedObjectContext->commitEditing()) {
+        Log::line(
+            QStringLiteral("AppDelegate:applicationShouldTerminate: unable to commit editing to terminate"));
+        return TerminateReply::Cancel;
+    }
+    if (!m_managedObjectContext->hasChanges())
+        return TerminateReply::Now;
+    Error error;
+    if (m_managedObjectContext->save(error))
+        return TerminateReply::Now;
+    if (m_dependencies.dialogs.presentError(error))
+        return TerminateReply::Cancel;
+    const int answer = m_dependencies.dialogs.runAlert(
+        localized(QStringLiteral("Could not save changes while quitting. Quit anyway?")),
+        localized(QStringLiteral(
+            "Quitting now will lose any changes you have made since the last successful save")),
+        {localized(QStringLiteral("Quit anyway")), localized(QStringLiteral("Cancel"))});
+    // Both buttons answer with a code above zero, so both quit: a program that is told to end ends.
+    return answer == 0 ? TerminateReply::Cancel : TerminateReply::Now;
+}
+
+void AppDelegate::applicationWillTerminate()
+{
+    if (const auto& controller = AppProperties::instance().zelvoController())
+        controller->terminate();
+}
+
+WizardWindowController& AppDelegate::wizardWindowController()
+{
+    if (!m_wizardWindowController)
+        m_wizardWindowController =
+            std::make_unique<WizardWindowController>(m_dependencies.workspace, [this] { terminate(); });
+    return *m_wizardWindowController;
+}
+
+HistoryWindowController& AppDelegate::historyController()
+{
+    if (!m_historyController)
+        m_historyController =
+            std::make_unique<HistoryWindowController>(managedObjectContext(), m_dependencies.dialogs);
+    return *m_historyController;
+}
+
+TestWindowController& AppDelegate::testWindowController()
+{
+    if (!m_testWindowController)
+        m_testWindowController = m_dependencies.makeTestWindow(*this);
+    return *m_testWindowController;
+}
+
+MenuletController::Windows AppDelegate::makeWindows()
+{
+    return {
+        [this](MenuletController& controller) {
+            return std::make_unique<MainWindowController>(
+                MainWindowController::Dependencies {managedObjectContext(), &controller,
+                    m_dependencies.workspace, [this] { showHistory(); }, [this] { menuSettingsClicked(); }});
+        },
+        [this] { return std::make_unique<NotificationWindowController>(m_dependencies.workspace); },
+    };
+}
+
+QAction* AppDelegate::addMenuItem(const QString& key, void (AppDelegate::*action)())
+{
+    QAction* item = m_statusMenu.addAction(localized(key));
+    QObject::connect(item, &QAction::triggered, &m_statusMenu, [this, action] { (this->*action)(); });
+    return item;
+}
+
+void AppDelegate::validateMenu()
+{
+    for (QAction* item : m_statusMenu.actions())
+        item->setEnabled(validateMenuItem(item));
+}
+
+void AppDelegate::provideZelvoController()
+{
+    AppProperties::instance().setZelvoControllerFactory([this] {
+        return std::make_shared<ZelvoController>(
+            ZelvoController::Dependencies {m_dependencies.hidManager, m_dependencies.eventSource,
+                m_dependencies.workspace, contextProvider(), [this](int32_t newPosition) {
+                    m_menuletController->showNotification(std::make_shared<Notification>(newPosition));
+                }});
+    });
+}
+
+ManagedObjectContextProvider AppDelegate::contextProvider()
+{
+    return [this] { return managedObjectContext(); };
+}

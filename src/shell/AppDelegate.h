@@ -1,0 +1,118 @@
+#pragma once
+
+#include "data/ManagedObjectContextProvider.h"
+#include "platform/Dialogs.h"
+#include "shell/MenuletController.h"
+#include "shell/MenuletView.h"
+#include "shell/StatusItem.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QString>
+
+#include <functional>
+#include <memory>
+
+class EventSource;
+class HidManager;
+class HistoryWindowController;
+class LoginItems;
+class PersistentStoreCoordinator;
+class TestWindowController;
+class WizardWindowController;
+class Workspace;
+
+/// The application's life: start-up sequence, data stack, status item and menu, windows on first use,
+/// termination.
+class AppDelegate {
+public:
+    enum class TerminateReply { Cancel, Now };
+
+    /// What the composition root picks for this machine, or a test for itself.
+    struct Dependencies {
+        HidManager& hidManager;
+        EventSource& eventSource;
+        Workspace& workspace;
+        LoginItems& loginItems;
+        Dialogs& dialogs;
+        /// The folder that holds the application files folder (the user's data folder).
+        QString applicationSupportDirectory;
+        QString executablePath;
+        /// Ends the event loop.
+        std::function<void()> quit;
+        /// Fills the developer's test window with the simulated desk's controls; may be empty.
+        std::function<std::unique_ptr<TestWindowController>(AppDelegate&)> makeTestWindow;
+    };
+
+    explicit AppDelegate(Dependencies dependencies);
+    ~AppDelegate();
+    AppDelegate(const AppDelegate&) = delete;
+    AppDelegate& operator=(const AppDelegate&) = delete;
+
+    /// The start-up sequence, in its fixed order.
+    void applicationDidFinishLaunching();
+    void versionUpgrade();
+    void redirectConsoleLogToDocumentFolder();
+    void setupStatusBar();
+    void setLaunchAtLogin();
+
+    void showWizard();
+    void showHistory();
+    void showTestWindow();
+    /// Shows the program to a user who started it again or has no tray: the main window, or the wizard before
+    /// set-up.
+    void showSomething();
+    void menuOpenClicked();
+    void menuHistoryClicked();
+    void menuSettingsClicked();
+    /// Open and History are enabled only once set-up is complete; all else always.
+    [[nodiscard]] bool validateMenuItem(const QAction* item) const;
+
+    /// `org.zelvo.StandUp` in the user's data folder, made when missing; a failure shows when the store is
+    /// opened.
+    QString applicationFilesDirectory();
+    /// The open store, or null after the error has been presented; the next call then tries again.
+    std::shared_ptr<PersistentStoreCoordinator> persistentStoreCoordinator();
+    /// The application's one context, or null as above.
+    std::shared_ptr<ManagedObjectContext> managedObjectContext();
+
+    /// The termination flow: asks applicationShouldTerminate(), then lets the hub close the record and quits.
+    void terminate();
+    TerminateReply applicationShouldTerminate();
+    void applicationWillTerminate();
+
+    [[nodiscard]] MenuletController& menuletController() { return *m_menuletController; }
+    [[nodiscard]] WizardWindowController& wizardWindowController();
+    [[nodiscard]] HistoryWindowController& historyController();
+    [[nodiscard]] TestWindowController& testWindowController();
+    [[nodiscard]] StatusItem& statusItem() { return m_statusItem; }
+    [[nodiscard]] QMenu& statusMenu() { return m_statusMenu; }
+    [[nodiscard]] QAction* statusMenuOpen() const { return m_statusMenuOpen; }
+    [[nodiscard]] QAction* statusMenuHistory() const { return m_statusMenuHistory; }
+    [[nodiscard]] QAction* statusMenuSettings() const { return m_statusMenuSettings; }
+    [[nodiscard]] QAction* statusMenuQuit() const { return m_statusMenuQuit; }
+
+private:
+    MenuletController::Windows makeWindows();
+    QAction* addMenuItem(const QString& key, void (AppDelegate::*action)());
+    void validateMenu();
+    void provideZelvoController();
+    bool ensureFilesFolder(const QString& folder);
+    [[nodiscard]] ManagedObjectContextProvider contextProvider();
+
+    Dependencies m_dependencies;
+    QMenu m_statusMenu;
+    StatusItem m_statusItem;
+    QAction* m_statusMenuOpen = nullptr;
+    QAction* m_statusMenuHistory = nullptr;
+    QAction* m_statusMenuSettings = nullptr;
+    QAction* m_statusMenuQuit = nullptr;
+    std::shared_ptr<PersistentStoreCoordinator> m_persistentStoreCoordinator;
+    std::shared_ptr<ManagedObjectContext> m_managedObjectContext;
+    std::unique_ptr<MenuletController> m_menuletController;
+    std::unique_ptr<MenuletView> m_menuletView;
+    std::unique_ptr<WizardWindowController> m_wizardWindowController;
+    std::unique_ptr<HistoryWindowController> m_historyController;
+    std::unique_ptr<TestWindowController> m_testWindowController;
+    bool m_terminated = false;
+};

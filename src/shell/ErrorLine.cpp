@@ -1,0 +1,78 @@
+#include "shell/ErrorLine.h"
+
+#include "data/AppProperties.h"
+#include "platform/Bundle.h"
+#include "ui/HyperLinkTextField.h"
+#include "ui/TextUtilities.h"
+
+#include <QAccessible>
+#include <QTextDocumentFragment>
+
+namespace {
+constexpr double kClearSeconds = 15.0;
+}
+
+ErrorLine::ErrorLine(HyperLinkTextField& label, QWidget& area, WithoutUrl withoutUrl)
+    : m_label(label)
+    , m_area(area)
+    , m_withoutUrl(withoutUrl)
+    , m_errorObservation(NotificationCenter::defaultCenter().addObserver(NotificationNames::kErrorCode,
+          [this](const PostedNotification& posted) { observerErrorRecieved(posted); }))
+    , m_errorRemovedObservation(
+          NotificationCenter::defaultCenter().addObserver(NotificationNames::kErrorCodeRemoved,
+              [this](const PostedNotification&) { observerRemoveErrorRecieved(); }))
+{
+    hide();
+}
+
+void ErrorLine::hide()
+{
+    m_label.hide();
+    m_area.hide();
+}
+
+void ErrorLine::observerErrorRecieved(const PostedNotification& posted)
+{
+    invalidate(m_updateErrorTimer);
+    const QString shown = text(posted.userInfo);
+    const bool isNews = m_label.isHidden() || m_label.text() != shown;
+    m_label.setText(shown);
+    m_label.show();
+    m_area.show();
+    m_area.raise();
+    if (!isNews)
+        return; // The desk repeats an error each second; a screen reader says it once.
+    m_label.setAccessibleName(QTextDocumentFragment::fromHtml(shown).toPlainText());
+    QAccessibleEvent event(&m_label, QAccessible::Alert);
+    QAccessible::updateAccessibility(&event);
+}
+
+void ErrorLine::observerRemoveErrorRecieved()
+{
+    startErrorTimer();
+}
+
+void ErrorLine::startErrorTimer()
+{
+    // The timer before this one is replaced and not stopped: all it could do is clear a cleared line.
+    m_updateErrorTimer =
+        m_timers.schedule(kClearSeconds, RunLoop::Repeat::Yes, [this](Timer&) { onErrorTimerTick(); });
+}
+
+void ErrorLine::onErrorTimerTick()
+{
+    hide();
+    m_label.setText({});
+}
+
+QString ErrorLine::text(const QMap<QString, QString>& errorCodes) const
+{
+    const QUrl url = AppProperties::instance().errorUrl();
+    const bool isLinked = !url.isEmpty() || m_withoutUrl == WithoutUrl::EmptyLink;
+    QString text = richTextFromString(Bundle::main().localizedString(QStringLiteral("Error \n")));
+    for (auto entry = errorCodes.cbegin(); entry != errorCodes.cend(); ++entry) {
+        const QString line = QStringLiteral("%1: %2 \n").arg(entry.key(), entry.value());
+        text += isLinked ? hyperlinkFromString(line, url) : richTextFromString(line);
+    }
+    return text;
+}

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/NotificationCenter.h"
+#include "platform/RunLoop.h"
+
+#include <QUrl>
+
+#include <functional>
+
+class HyperLinkTextField;
+class QWidget;
+
+/// The line in which a window shows the desk's errors: filled by `error_code`, cleared 15 s after the desk
+/// reports itself well. Its timer goes on repeating until the next error, because a second clearing changes
+/// nothing.
+class ErrorLine {
+public:
+    /// Whether lines stay plain where the settings name no page on errors.
+    enum class WithoutUrl { PlainText, EmptyLink };
+
+    /// @param area what is shown and hidden with the label: the label itself, or the scroll area around it
+    ErrorLine(HyperLinkTextField& label, QWidget& area, WithoutUrl withoutUrl);
+    ErrorLine(const ErrorLine&) = delete;
+    ErrorLine& operator=(const ErrorLine&) = delete;
+    ~ErrorLine() = default;
+
+    void hide();
+    void observerErrorRecieved(const PostedNotification& posted);
+    void observerRemoveErrorRecieved();
+    void startErrorTimer();
+    void onErrorTimerTick();
+    [[nodiscard]] const TimerRef& updateErrorTimer() const { return m_updateErrorTimer; }
+
+private:
+    [[nodiscard]] QString text(const QMap<QString, QString>& errorCodes) const;
+
+    HyperLinkTextField& m_label;
+    QWidget& m_area;
+    WithoutUrl m_withoutUrl;
+    TimerRef m_updateErrorTimer;
+    TimerScope m_timers;
+    NotificationCenter::Observation m_errorObservation;
+    NotificationCenter::Observation m_errorRemovedObservation;
+};

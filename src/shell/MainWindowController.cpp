@@ -1,0 +1,320 @@
+#include "shell/MainWindowController.h"
+
+#include "data/AppProperties.h"
+#include "data/Helper.h"
+#include "desk/PositionListener.h"
+#include "platform/Bundle.h"
+#include "platform/Workspace.h"
+#include "shell/ErrorLine.h"
+#include "shell/HubAccess.h"
+#include "shell/MenuletController.h"
+#include "ui/FontAndTextHandler.h"
+#include "ui/Palette.h"
+#include "ui/PanelWindow.h"
+#include "ui/TextUtilities.h"
+#include "ui/WindowPlacement.h"
+#include "ui_MainWindow.h"
+
+#include <cmath>
+#include <utility>
+
+namespace {
+constexpr double kRefreshSeconds = 5.0;
+constexpr double kFullScale = 100.0;
+constexpr double kSecondsPerMinute = 60.0;
+constexpr int32_t kCalorieGoal = 1;
+constexpr int32_t kTimeGoal = 2;
+
+QString localized(const QString& key)
+{
+    return Bundle::main().localizedString(key);
+}
+
+/// The number without its fraction; sums of a damaged clock must not overflow a text.
+QString truncated(double number)
+{
+    return std::isfinite(number) ? QString::number(std::trunc(number), 'f', 0) : QStringLiteral("0");
+}
+
+/// fmin() takes the number where the other is none: a goal of 0 counts as reached.
+double cappedPercent(double raw)
+{
+    return std::fmin(raw, kFullScale);
+}
+}
+
+MainWindowController::MainWindowController(Dependencies dependencies)
+    : m_dependencies(std::move(dependencies))
+    , m_persister(std::make_unique<ActivityPersister>(m_dependencies.managedObjectContext))
+    , m_window(std::make_unique<PanelWindow>(Qt::Window | Qt::FramelessWindowHint))
+    , m_ui(std::make_unique<Ui::MainWindow>())
+{
+    m_ui->setupUi(m_window.get());
+    applyTypefaceToWrappingLabels(*m_window);
+    awakeFromNib();
+    windowDidLoad();
+}
+
+MainWindowController::~MainWindowController()
+{
+    m_positionListener->cutOff();
+    if (hub())
+        hub()->removeDelegate(m_positionListener);
+    m_window->onWillClose({});
+}
+
+void MainWindowController::awakeFromNib()
+{
+    m_window->onWillClose([this] { windowWillClose(); });
+    m_window->onCloseRequested([this] { buttonCloseClicked(); });
+    m_window->setMovableByWindowBackground(true);
+    observe();
+    for (MouseEventButton* button :
+        {m_ui->buttonDown, m_ui->buttonUp, m_ui->buttonMemory1, m_ui->buttonMemory2, m_ui->buttonMemory3})
+        button->setDelegate(this);
+    m_ui->caloriesBurnedIndicator->setTransparent(true);
+    m_ui->scheduleIndicator->setTransparent(true);
+    updateData();
+}
+
+void MainWindowController::windowDidLoad()
+{
+    startUpdateDataTimer();
+    setLocalizationText();
+    setupGUI();
+    connectButtons();
+}
+
+void MainWindowController::windowWillClose()
+{
+    stopUpdateDataTimer();
+}
+
+void MainWindowController::observe()
+{
+    NotificationCenter& center = NotificationCenter::defaultCenter();
+    for (const QString& name : {NotificationNames::kDeviceStateDidChange, NotificationNames::kNewSession})
+        m_observations.push_back(
+            center.addObserver(name, [this](const PostedNotification&) { updateData(); }));
+    m_errorLine = std::make_unique<ErrorLine>(
+        *m_ui->labelErrorText, *m_ui->errorArea, ErrorLine::WithoutUrl::PlainText);
+    m_positionListener = std::make_shared<PositionListener>([this](int32_t) { setTabelHeight(); });
+    if (hub())
+        hub()->addDelegate(m_positionListener);
+}
+
+void MainWindowController::connectButtons()
+{
+    QObject::connect(
+        m_ui->buttonClose, &QPushButton::clicked, m_window.get(), [this] { buttonCloseClicked(); });
+    QObject::connect(
+        m_ui->buttonHistory, &QPushButton::clicked, m_window.get(), [this] { buttonHistoryClicked(); });
+    QObject::connect(
+        m_ui->buttonSettings, &QPushButton::clicked, m_window.get(), [this] { buttonSettingsClicked(); });
+    m_ui->labelErrorText->setOpener([this](const QUrl& url) { m_dependencies.workspace.openUrl(url); });
+}
+
+void MainWindowController::setLocalizationText()
+{
+    m_window->setWindowTitle(localized(QStringLiteral("AppName")));
+    m_ui->buttonHistory->setText(localized(QStringLiteral("HistoryButton")));
+    m_ui->buttonSettings->setText(localized(QStringLiteral("SettingsButton")));
+    m_ui->buttonDown->setText(localized(QStringLiteral("DownButton")));
+    m_ui->buttonUp->setText(localized(QStringLiteral("UpButton")));
+    m_ui->buttonMemory1->setText(localized(QStringLiteral("Memory1")));
+    m_ui->buttonMemory2->setText(localized(QStringLiteral("Memory2")));
+    m_ui->buttonMemory3->setText(localized(QStringLiteral("Memory3")));
+    m_ui->labelOfTodaysGoal->setText(localized(QStringLiteral("OfTodaysGoal")));
+    m_ui->buttonClose->setText(localized(QStringLiteral("CloseButton"))); // Only a screen reader says it.
+}
+
+void MainWindowController::setupGUI()
+{
+    using Fonts = FontAndTextHandler;
+    m_ui->labelPercent->setFont(Fonts::Bold80());
+    m_ui->labelProcentSign->setFont(Fonts::Roman38());
+    const int baselines = QFontMetrics(Fonts::Bold80()).descent() - QFontMetrics(Fonts::Roman38()).descent();
+    m_ui->labelProcentSign->setContentsMargins(0, 0, 0, baselines);
+    m_ui->labelOfTodaysGoal->setFont(Fonts::Light16());
+    for (QLabel* label :
+        std::initializer_list<QLabel*> {m_ui->labelStatus, m_ui->labelErrorText, m_ui->labelTabelHeigt})
+        label->setFont(Fonts::Light18());
+    m_errorLine->hide();
+
+    const struct {
+        HoverButton* button;
+        const char* picture;
+    } kDarkButtons[] = {{m_ui->buttonHistory, "ButtonHistory"}, {m_ui->buttonSettings, "ButtonSettings"},
+        {m_ui->buttonDown, "ButtonDown"}, {m_ui->buttonUp, "ButtonUp"}};
+    for (const auto& [button, picture] : kDarkButtons) {
+        button->setFont(Fonts::Light10());
+        button->setBackgroundColor(zelvoButtonDarkBackgroundColor());
+        button->setTextColor(zelvoTextColor());
+        button->setImage(Picture(QString::fromLatin1(picture)));
+        button->setAlternateImage(Picture(QString::fromLatin1(picture) + QStringLiteral("_hoover")));
+    }
+    HoverButton* const memoryButtons[] = {m_ui->buttonMemory1, m_ui->buttonMemory2, m_ui->buttonMemory3};
+    for (int i = 0; i < 3; ++i) {
+        memoryButtons[i]->setFont(Fonts::Light12());
+        memoryButtons[i]->setBackgroundColor(Qt::white);
+        memoryButtons[i]->setAlternateBackgroundColor(zelvoHoverColor());
+        memoryButtons[i]->setTextColor(zelvoTextColor());
+        memoryButtons[i]->setImage(Picture(QStringLiteral("ButtonMemory%1").arg(i + 1)));
+        memoryButtons[i]->setAlternateImage(Picture(QStringLiteral("ButtonMemory%1_hoover").arg(i + 1)));
+        memoryButtons[i]->setImagePosition(Button::ImagePosition::Above);
+    }
+    m_ui->buttonClose->setImage(Picture(QStringLiteral("ButtonClose")));
+    m_ui->buttonClose->setAlternateImage(Picture(QStringLiteral("ButtonClose_hoover")));
+    m_ui->buttonClose->setImagePosition(Button::ImagePosition::Only);
+}
+
+void MainWindowController::startUpdateDataTimer()
+{
+    m_updateDateTimer =
+        m_timers.schedule(kRefreshSeconds, RunLoop::Repeat::Yes, [this](Timer&) { onUpdateDataTimerTick(); });
+}
+
+void MainWindowController::stopUpdateDataTimer()
+{
+    invalidate(m_updateDateTimer);
+}
+
+void MainWindowController::onUpdateDataTimerTick()
+{
+    if (m_window->isVisible()) // Timers of earlier openings go on; a hidden window has nothing to refresh.
+        updateData();
+}
+
+void MainWindowController::buttonCloseClicked()
+{
+    if (m_dependencies.delegate)
+        m_dependencies.delegate->mainWindowButtonCloseClicked();
+}
+
+void MainWindowController::buttonHistoryClicked()
+{
+    m_dependencies.showHistory();
+}
+
+void MainWindowController::buttonSettingsClicked()
+{
+    m_dependencies.showSettings();
+}
+
+void MainWindowController::orderFront()
+{
+    if (!m_window->isVisible())
+        WindowPlacement::moveNearPointer(*m_window);
+    m_window->show();
+    m_window->raise();
+    m_window->activateWindow();
+}
+
+void MainWindowController::close()
+{
+    m_window->hide();
+}
+
+bool MainWindowController::isWindowVisible() const
+{
+    return m_window->isVisible();
+}
+
+QWidget& MainWindowController::window() const
+{
+    return *m_window;
+}
+
+void MainWindowController::updateData()
+{
+    showGoalProgress();
+    setTabelHeight();
+    const bool isActive = hub() && hub()->isActive();
+    ScheduleManager* const schedule = isActive ? hub()->scheduleManager() : nullptr;
+    if (schedule && schedule->isScheduled())
+        showSchedule();
+    else
+        clearSchedule(isActive ? QString() : localized(QStringLiteral("ConnectTable")));
+}
+
+MainWindowController::GoalProgress MainWindowController::goalProgress()
+{
+    AppProperties& properties = AppProperties::instance();
+    const Date now = Date::now();
+    if (properties.activityMode() == kCalorieGoal) {
+        const double calories = m_persister->caloriesBurnedOnDay(now);
+        return {calories, calories / properties.activityGoal() * kFullScale,
+            localized(QStringLiteral("Calories"))};
+    }
+    if (properties.activityMode() == kTimeGoal) {
+        const double target = properties.activityGoal() * properties.averageWorkDayHours();
+        const double minutes = m_persister->minutesActiveOnDay(now, true);
+        return {minutes, minutes / target * kFullScale, localized(QStringLiteral("Min"))};
+    }
+    return {};
+}
+
+void MainWindowController::showGoalProgress()
+{
+    const GoalProgress progress = goalProgress();
+    const double percent = cappedPercent(progress.percent);
+    m_ui->caloriesBurnedIndicator->setValue(truncated(progress.value));
+    m_ui->caloriesBurnedIndicator->setTitle(progress.caption);
+    m_ui->caloriesBurnedIndicator->setPercent(percent);
+    m_ui->labelPercent->setText(truncated(percent));
+}
+
+void MainWindowController::showSchedule()
+{
+    const ScheduleManager& schedule = *hub()->scheduleManager();
+    const ActivityRef& activity = hub()->activity();
+    // A record that could not be stored leaves no start to count from.
+    const double session =
+        activity ? Date::now().timeIntervalSinceDate(activity->startDate()) / kSecondsPerMinute : 0;
+    m_ui->scheduleIndicator->setValue(truncated(session));
+    m_ui->scheduleIndicator->setTitle(localized(QStringLiteral("Min")));
+    const double interval = schedule.currentScheduleInterval() / kSecondsPerMinute;
+    const double left = schedule.timeToSchedule() / kSecondsPerMinute;
+    m_ui->scheduleIndicator->setPercent(cappedPercent((interval - left) / interval * kFullScale));
+    m_ui->labelStatus->setText(localized(QStringLiteral("CurrentSession")));
+}
+
+void MainWindowController::clearSchedule(const QString& status)
+{
+    m_ui->scheduleIndicator->setValue(QStringLiteral(""));
+    m_ui->scheduleIndicator->setTitle(QStringLiteral(""));
+    m_ui->scheduleIndicator->setPercent(0.0);
+    m_ui->labelStatus->setText(status);
+}
+
+void MainWindowController::setTabelHeight()
+{
+    m_ui->labelTabelHeigt->setText(
+        QStringLiteral("%1\n %2 %3")
+            .arg(localized(QStringLiteral("TableHeightLabel")),
+                Helper::formattedTableHeight(double(deskHeightMillimetres())), Helper::TableHeightUnit()));
+}
+
+void MainWindowController::mouseEventButtonMouseDown(MouseEventButton& button)
+{
+    ZelvoHIDDevice* const desk = device();
+    if (!desk)
+        return;
+    AppProperties& properties = AppProperties::instance();
+    if (&button == m_ui->buttonDown)
+        desk->moveDown();
+    else if (&button == m_ui->buttonUp)
+        desk->moveUp();
+    else if (&button == m_ui->buttonMemory1 && properties.hasDevicePosition1())
+        desk->moveToPosition(properties.devicePosition1());
+    else if (&button == m_ui->buttonMemory2 && properties.hasDevicePosition2())
+        desk->moveToPosition(properties.devicePosition2());
+    else if (&button == m_ui->buttonMemory3 && properties.hasDevicePosition3())
+        desk->moveToPosition(properties.devicePosition3());
+}
+
+void MainWindowController::mouseEventButtonMouseUp(MouseEventButton&)
+{
+    if (ZelvoHIDDevice* const desk = device())
+        desk->stop();
+}

@@ -1,0 +1,91 @@
+#pragma once
+
+#include "data/ActivityPersister.h"
+#include "platform/NotificationCenter.h"
+#include "platform/RunLoop.h"
+#include "ui/MouseEventButton.h"
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+class ErrorLine;
+class ManagedObjectContext;
+class MenuletController;
+class PanelWindow;
+class PositionListener;
+class QWidget;
+class Workspace;
+
+namespace Ui {
+class MainWindow;
+}
+
+/// The window behind the status item: today's progress, the current session, the desk's height, and the
+/// buttons that move the desk while they are held.
+class MainWindowController final : public MouseEventButtonDelegate {
+public:
+    struct Dependencies {
+        std::shared_ptr<ManagedObjectContext> managedObjectContext; ///< empty when the store cannot be opened
+        MenuletController* delegate; ///< told when Close is pressed
+        Workspace& workspace; ///< opens links
+        std::function<void()> showHistory;
+        std::function<void()> showSettings;
+    };
+
+    explicit MainWindowController(Dependencies dependencies);
+    ~MainWindowController();
+    MainWindowController(const MainWindowController&) = delete;
+    MainWindowController& operator=(const MainWindowController&) = delete;
+
+    /// Recomputes everything that the window shows.
+    void updateData();
+    void setTabelHeight();
+    /// Every opening adds a timer and only the last is kept and stopped; refreshing twice shows the same.
+    void startUpdateDataTimer();
+    void stopUpdateDataTimer();
+    void buttonCloseClicked();
+    void buttonHistoryClicked();
+    void buttonSettingsClicked();
+
+    /// Shows the window near the tray, in front of others.
+    void orderFront();
+    void close();
+    [[nodiscard]] bool isWindowVisible() const;
+    [[nodiscard]] QWidget& window() const;
+    [[nodiscard]] const TimerRef& updateDateTimer() const { return m_updateDateTimer; }
+
+    void mouseEventButtonMouseDown(MouseEventButton& button) override;
+    void mouseEventButtonMouseUp(MouseEventButton& button) override;
+
+private:
+    /// Today's progress towards the goal, in the goal's own unit.
+    struct GoalProgress {
+        double value = 0;
+        double percent = 0;
+        QString caption;
+    };
+
+    void awakeFromNib();
+    void windowDidLoad();
+    void windowWillClose();
+    void setLocalizationText();
+    void setupGUI();
+    void connectButtons();
+    void observe();
+    void onUpdateDataTimerTick();
+    [[nodiscard]] GoalProgress goalProgress();
+    void showGoalProgress();
+    void showSchedule();
+    void clearSchedule(const QString& status);
+
+    Dependencies m_dependencies;
+    std::unique_ptr<ActivityPersister> m_persister;
+    std::unique_ptr<PanelWindow> m_window;
+    std::unique_ptr<Ui::MainWindow> m_ui;
+    std::unique_ptr<ErrorLine> m_errorLine;
+    std::shared_ptr<PositionListener> m_positionListener;
+    std::vector<NotificationCenter::Observation> m_observations;
+    TimerRef m_updateDateTimer;
+    TimerScope m_timers;
+};

@@ -1,0 +1,108 @@
+#include "shell/Notification.h"
+
+#include "data/AppProperties.h"
+#include "data/CalorieCalculator.h"
+#include "desk/ScheduleManager.h"
+#include "desk/ZelvoController.h"
+#include "platform/Bundle.h"
+
+#include <QRandomGenerator>
+
+namespace {
+constexpr int32_t kStandUp = 1;
+constexpr int32_t kSitDown = 2;
+constexpr int32_t kTimeGoal = 2;
+constexpr int kMessageCount = 10;
+
+QString localized(const QString& key)
+{
+    return Bundle::main().localizedString(key);
+}
+
+/// Each word with a capital and small letters after it.
+QString capitalized(const QString& text)
+{
+    QString result = text.toLower();
+    for (qsizetype i = 0; i < result.size(); ++i) {
+        if (i == 0 || result[i - 1].isSpace())
+            result[i] = result[i].toUpper();
+    }
+    return result;
+}
+
+QStringList messages(const QString& keyPrefix)
+{
+    QStringList list;
+    for (int number = 1; number <= kMessageCount; ++number)
+        list.append(localized(keyPrefix + QString::number(number)));
+    return list;
+}
+
+ScheduleManager* schedule()
+{
+    const auto& controller = AppProperties::instance().zelvoController();
+    return controller ? controller->scheduleManager() : nullptr;
+}
+
+/// The minutes of one stand-up, out of the minutes of an hour.
+int32_t minutesPerStandUp(double minutesPerHour)
+{
+    return int32_t(minutesPerHour) / AppProperties::instance().standUpsForDivision();
+}
+}
+
+Notification::Notification(int32_t newPosition)
+    : m_title(randomMessageFromPosition(newPosition))
+    , m_message(QStringLiteral(""))
+    , m_position(newPosition)
+{
+    if (newPosition == kStandUp)
+        describeStandingUp();
+    else if (newPosition == kSitDown)
+        describeSittingDown();
+}
+
+QString Notification::randomMessageFromPosition(int32_t position)
+{
+    const QStringList& list = position == kSitDown ? messagesStanding() : messagesSitting();
+    const quint32 drawn = QRandomGenerator::system()->generate();
+    return list.at(qsizetype(drawn % quint32(list.size())));
+}
+
+const QStringList& Notification::messagesStanding()
+{
+    static const QStringList list = messages(QStringLiteral("StandingMessage"));
+    return list;
+}
+
+const QStringList& Notification::messagesSitting()
+{
+    static const QStringList list = messages(QStringLiteral("SittingMessage"));
+    return list;
+}
+
+void Notification::describeStandingUp()
+{
+    AppProperties& properties = AppProperties::instance();
+    const int32_t minutes = minutesPerStandUp(schedule() ? schedule()->standingPerHour() : 0);
+    if (properties.activityMode() == kTimeGoal) {
+        m_indicatorValue = QString::number(minutes);
+        m_indicatorTitle = capitalized(localized(QStringLiteral("Minutes")));
+        return;
+    }
+    const auto calories = int32_t(CalorieCalculator::caloriesBurnedInMinutes(minutes, properties.weight()));
+    m_message =
+        QStringLiteral("%1 %2").arg(localized(QStringLiteral("NotificationDetailMessage1")).arg(minutes),
+            localized(QStringLiteral("NotificationDetailMessage2")).arg(calories));
+    m_indicatorValue = QString::number(calories);
+    m_indicatorTitle = capitalized(localized(QStringLiteral("Calories")));
+}
+
+void Notification::describeSittingDown()
+{
+    const int32_t minutes = minutesPerStandUp(schedule() ? schedule()->sittingPerHour() : 0);
+    m_indicatorValue = QString::number(minutes);
+    m_indicatorTitle = capitalized(localized(QStringLiteral("Mins")));
+    if (AppProperties::instance().activityMode() != kTimeGoal)
+        m_message = localized(QStringLiteral("NotificationSittingmemory")).arg(minutes);
+}

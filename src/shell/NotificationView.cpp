@@ -1,0 +1,64 @@
+#include "shell/NotificationView.h"
+
+#include "ui/Palette.h"
+
+#include <QCursor>
+#include <QEnterEvent>
+#include <QPainter>
+
+bool NotificationView::s_isMouseInside = false;
+
+NotificationView::NotificationView(QWidget* parent)
+    : QWidget(parent)
+{
+}
+
+NotificationView::~NotificationView()
+{
+    s_isMouseInside = false;
+}
+
+void NotificationView::mouseEntered(QPointF position)
+{
+    if (s_isMouseInside || !QRectF(rect()).contains(position))
+        return;
+    s_isMouseInside = true;
+    if (m_delegate)
+        m_delegate->notificationViewMouseEntered();
+}
+
+void NotificationView::mouseExited(QPointF position)
+{
+    if (!s_isMouseInside || QRectF(rect()).contains(position))
+        return;
+    s_isMouseInside = false;
+    if (m_delegate)
+        m_delegate->notificationViewMouseExited();
+}
+
+void NotificationView::enterEvent(QEnterEvent* event)
+{
+    QWidget::enterEvent(event);
+    mouseEntered(event->position());
+}
+
+void NotificationView::leaveEvent(QEvent* event)
+{
+    QWidget::leaveEvent(event);
+    mouseExited(mapFromGlobal(QPointF(QCursor::pos())));
+}
+
+void NotificationView::hideEvent(QHideEvent* event)
+{
+    QWidget::hideEvent(event);
+    // A window that disappears under the pointer gets no leave event; the next reminder must not think it is
+    // visited.
+    s_isMouseInside = false;
+}
+
+void NotificationView::paintEvent(QPaintEvent* event)
+{
+    QWidget::paintEvent(event);
+    QPainter painter(this);
+    painter.fillRect(rect(), palette().color(QPalette::Window));
+}

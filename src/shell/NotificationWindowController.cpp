@@ -1,0 +1,269 @@
+#include "shell/NotificationWindowController.h"
+
+#include "data/AppProperties.h"
+#include "data/Helper.h"
+#include "desk/PositionListener.h"
+#include "platform/Bundle.h"
+#include "platform/Workspace.h"
+#include "shell/ErrorLine.h"
+#include "shell/HubAccess.h"
+#include "shell/Notification.h"
+#include "ui/FontAndTextHandler.h"
+#include "ui/Palette.h"
+#include "ui/PanelWindow.h"
+#include "ui/TextUtilities.h"
+#include "ui/WindowFade.h"
+#include "ui/WindowPlacement.h"
+#include "ui_NotificationWindow.h"
+
+#include <utility>
+
+namespace {
+constexpr int32_t kSitDown = 2;
+constexpr Qt::WindowFlags kFloating =
+    Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus;
+
+QString localized(const QString& key)
+{
+    return Bundle::main().localizedString(key);
+}
+}
+
+NotificationWindowController::NotificationWindowController(Workspace& workspace)
+    : m_workspace(workspace)
+    , m_window(std::make_unique<PanelWindow>(kFloating))
+    , m_ui(std::make_unique<Ui::NotificationWindow>())
+    , m_fade(std::make_unique<WindowFade>(*m_window))
+{
+    m_ui->setupUi(m_window.get());
+    applyTypefaceToWrappingLabels(*m_window);
+    awakeFromNib();
+}
+
+NotificationWindowController::~NotificationWindowController()
+{
+    m_positionListener->cutOff();
+    if (hub())
+        hub()->removeDelegate(m_positionListener);
+}
+
+void NotificationWindowController::awakeFromNib()
+{
+    m_ui->notificationView->setDelegate(this);
+    m_positionListener = std::make_shared<PositionListener>([this](int32_t) { setTabelHeight(); });
+    if (hub())
+        hub()->addDelegate(m_positionListener);
+    for (MouseEventButton* button : {m_ui->buttonMemory, m_ui->buttonUp, m_ui->buttonDown})
+        button->setDelegate(this);
+    m_errorLine = std::make_unique<ErrorLine>(
+        *m_ui->labelErrorText, *m_ui->errorArea, ErrorLine::WithoutUrl::EmptyLink);
+    m_window->setAttribute(Qt::WA_ShowWithoutActivating);
+    m_window->setMovableByWindowBackground(true);
+    m_window->onCloseRequested([this] { buttonSnoozeClicked(); }); // Escape is "not now".
+    m_window->setWindowOpacity(1.0);
+    setLocalizationText();
+    setupGUI();
+    setFont();
+    connectButtons();
+    updateControls();
+}
+
+void NotificationWindowController::setLocalizationText()
+{
+    m_window->setWindowTitle(localized(QStringLiteral("AppName")));
+    m_ui->labelTabelHeightTitel->setText(localized(QStringLiteral("TableHeightLabel")));
+    m_ui->buttonSnooze->setText(localized(QStringLiteral("SnoozeButton")));
+    m_ui->buttonCancel->setText(localized(QStringLiteral("SkipButton")));
+    m_ui->buttonUp->setText(localized(QStringLiteral("UpButton")));
+    m_ui->buttonDown->setText(localized(QStringLiteral("DownButton")));
+}
+
+void NotificationWindowController::setupGUI()
+{
+    m_buttonMemoryIconStandImage = Picture(QStringLiteral("NotificationButtonStandMemory"));
+    m_buttonMemoryIconStandAlternateImage = Picture(QStringLiteral("NotificationButtonStandMemory_hoover"));
+    m_buttonMemoryIconSitImage = Picture(QStringLiteral("NotificationButtonSitMemory"));
+    m_buttonMemoryIconSitAlternateImage = Picture(QStringLiteral("NotificationButtonSitMemory_hoover"));
+    m_ui->imageNotificationRadial->setPicture(Picture(QStringLiteral("NotificationRadial")));
+    setTabelHeight();
+    m_errorLine->hide();
+}
+
+void NotificationWindowController::setFont()
+{
+    using Fonts = FontAndTextHandler;
+    m_ui->labelTitle->setFont(Fonts::Roman18());
+    m_ui->labelMessage->setFont(Fonts::Light14());
+    m_ui->calRadialTitle->setFont(Fonts::Roman30());
+    m_ui->calRadialSubTitle->setFont(Fonts::Light12());
+    m_ui->labelTabelHeightTitel->setFont(Fonts::Roman14());
+    m_ui->labelTabelHeight->setFont(Fonts::Light14());
+    m_ui->labelErrorText->setFont(Fonts::Light18());
+    for (Button* button : std::initializer_list<Button*> {
+             m_ui->buttonMemory, m_ui->buttonSnooze, m_ui->buttonCancel, m_ui->buttonUp, m_ui->buttonDown}) {
+        button->setFont(Fonts::Light12());
+        button->setBackgroundColor(zelvoButtonDarkBackgroundColor());
+        button->setTextColor(zelvoTextColor());
+    }
+}
+
+void NotificationWindowController::connectButtons()
+{
+    QObject::connect(
+        m_ui->buttonSnooze, &QPushButton::clicked, m_window.get(), [this] { buttonSnoozeClicked(); });
+    QObject::connect(
+        m_ui->buttonCancel, &QPushButton::clicked, m_window.get(), [this] { buttonCancelClicked(); });
+    m_ui->labelErrorText->setOpener([this](const QUrl& url) { m_workspace.openUrl(url); });
+}
+
+void NotificationWindowController::setNotification(std::shared_ptr<Notification> notification)
+{
+    if (notification == m_notification)
+        return;
+    stopDismissTimer();
+    m_actionDone = false;
+    m_notification = std::move(notification);
+    updateControls();
+    startDismissTimer();
+}
+
+void NotificationWindowController::updateControls()
+{
+    m_ui->calRadialTitle->clear();
+    m_ui->calRadialSubTitle->clear();
+    m_ui->labelTitle->setText(m_notification ? m_notification->title() : QString());
+    m_ui->labelMessage->setText(m_notification ? m_notification->message() : QString());
+    if (m_notification) {
+        const bool isSit = m_notification->position() == kSitDown;
+        m_ui->buttonMemory->setText(localized(isSit ? QStringLiteral("Memory1") : QStringLiteral("Memory2")));
+        m_ui->buttonMemory->setImage(isSit ? m_buttonMemoryIconSitImage : m_buttonMemoryIconStandImage);
+        m_ui->buttonMemory->setAlternateImage(
+            isSit ? m_buttonMemoryIconSitAlternateImage : m_buttonMemoryIconStandAlternateImage);
+        m_ui->buttonMemory->setTextColor(zelvoTextColor());
+        if (m_notification->indicatorValue())
+            m_ui->calRadialTitle->setText(*m_notification->indicatorValue());
+        if (m_notification->indicatorTitle())
+            m_ui->calRadialSubTitle->setText(*m_notification->indicatorTitle());
+    }
+    setTabelHeight();
+}
+
+void NotificationWindowController::setTabelHeight()
+{
+    m_ui->labelTabelHeight->setText(QStringLiteral(" %1 %2").arg(
+        Helper::formattedTableHeight(double(deskHeightMillimetres())), Helper::TableHeightUnit()));
+}
+
+void NotificationWindowController::fadeIn()
+{
+    m_window->adjustSize();
+    if (!m_window->isVisible())
+        WindowPlacement::moveIntoCorner(*m_window);
+    m_fade->fadeIn();
+}
+
+void NotificationWindowController::buttonSnoozeClicked()
+{
+    snooze();
+}
+
+void NotificationWindowController::snooze()
+{
+    stopDismissTimer();
+    if (hub() && hub()->isActive() && hub()->scheduleManager())
+        hub()->scheduleManager()->snoozeForPosition(device()->positionState());
+    m_fade->fadeOut();
+}
+
+void NotificationWindowController::buttonCancelClicked()
+{
+    cancelPeriod();
+    m_fade->fadeOut();
+}
+
+void NotificationWindowController::cancelPeriod()
+{
+    // The dismiss timer is left alone: the pointer that pressed the button has stopped it already, and where
+    // it still runs its own rule applies.
+    if (hub() && hub()->isActive() && hub()->scheduleManager())
+        hub()->scheduleManager()->cancelPeriodForPosition(device()->positionState());
+}
+
+void NotificationWindowController::dismiss()
+{
+    stopDismissTimer();
+    m_fade->fadeOut();
+}
+
+void NotificationWindowController::startDismissTimer()
+{
+    stopDismissTimer();
+    AppProperties& properties = AppProperties::instance();
+    const double seconds =
+        m_actionDone ? properties.timeNotificationDismissOnAction() : properties.timeNotificationDismiss();
+    m_dismissTimer =
+        m_timers.schedule(seconds, RunLoop::Repeat::No, [this](Timer&) { onDismissTimerTick(); });
+}
+
+void NotificationWindowController::stopDismissTimer()
+{
+    invalidate(m_dismissTimer);
+    m_dismissTimer.reset();
+}
+
+void NotificationWindowController::onDismissTimerTick()
+{
+    if (m_actionDone)
+        dismiss();
+    else
+        snooze(); // An ignored reminder comes again.
+}
+
+bool NotificationWindowController::isWindowVisible() const
+{
+    return m_window->isVisible();
+}
+
+QWidget& NotificationWindowController::window() const
+{
+    return *m_window;
+}
+
+void NotificationWindowController::notificationViewMouseEntered()
+{
+    stopDismissTimer();
+}
+
+void NotificationWindowController::notificationViewMouseExited()
+{
+    startDismissTimer();
+}
+
+void NotificationWindowController::mouseEventButtonMouseDown(MouseEventButton& button)
+{
+    if (!device())
+        return;
+    if (&button == m_ui->buttonMemory)
+        moveToMemory();
+    else if (&button == m_ui->buttonDown)
+        device()->moveDown();
+    else if (&button == m_ui->buttonUp)
+        device()->moveUp();
+}
+
+void NotificationWindowController::mouseEventButtonMouseUp(MouseEventButton&)
+{
+    if (device())
+        device()->stop();
+    m_actionDone = true;
+}
+
+void NotificationWindowController::moveToMemory()
+{
+    AppProperties& properties = AppProperties::instance();
+    const bool isSit = m_notification && m_notification->position() == kSitDown;
+    if (isSit && properties.hasDevicePosition1())
+        device()->moveToPosition(properties.devicePosition1());
+    else if (properties.hasDevicePosition2()) // A sit reminder without a sit memory offers the other one.
+        device()->moveToPosition(properties.devicePosition2());
+}

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "platform/RunLoop.h"
+#include "shell/NotificationView.h"
+#include "ui/MouseEventButton.h"
+#include "ui/Picture.h"
+
+#include <memory>
+
+class ErrorLine;
+class Notification;
+class PanelWindow;
+class PositionListener;
+class WindowFade;
+class Workspace;
+
+namespace Ui {
+class NotificationWindow;
+}
+
+/// The reminder: offers to move the desk, to snooze or to skip. It snoozes by itself when ignored and leaves
+/// shortly after the desk was moved, but never while the pointer rests on it. It takes no keyboard focus
+/// until it is clicked, so that a key meant for another program never answers it.
+class NotificationWindowController final : public MouseEventButtonDelegate, public NotificationViewDelegate {
+public:
+    explicit NotificationWindowController(Workspace& workspace);
+    ~NotificationWindowController();
+    NotificationWindowController(const NotificationWindowController&) = delete;
+    NotificationWindowController& operator=(const NotificationWindowController&) = delete;
+
+    [[nodiscard]] const std::shared_ptr<Notification>& notification() const { return m_notification; }
+    /// The same object again changes nothing; its timer goes on.
+    void setNotification(std::shared_ptr<Notification> notification);
+    void updateControls();
+    void setTabelHeight();
+    void fadeIn();
+    void buttonSnoozeClicked();
+    void snooze();
+    void buttonCancelClicked();
+    void cancelPeriod();
+    void dismiss();
+    void startDismissTimer();
+    void stopDismissTimer();
+    void onDismissTimerTick();
+
+    /// Whether one of the movement buttons has been pressed and released during this reminder.
+    [[nodiscard]] bool actionDone() const { return m_actionDone; }
+    [[nodiscard]] const TimerRef& dismissTimer() const { return m_dismissTimer; }
+    [[nodiscard]] bool isWindowVisible() const;
+    [[nodiscard]] QWidget& window() const;
+
+    void notificationViewMouseEntered() override;
+    void notificationViewMouseExited() override;
+    void mouseEventButtonMouseDown(MouseEventButton& button) override;
+    void mouseEventButtonMouseUp(MouseEventButton& button) override;
+
+private:
+    void awakeFromNib();
+    void setLocalizationText();
+    void setupGUI();
+    void setFont();
+    void connectButtons();
+    void moveToMemory();
+
+    Workspace& m_workspace;
+    std::shared_ptr<Notification> m_notification;
+    bool m_actionDone = false;
+    std::unique_ptr<PanelWindow> m_window;
+    std::unique_ptr<Ui::NotificationWindow> m_ui;
+    std::unique_ptr<WindowFade> m_fade;
+    std::unique_ptr<ErrorLine> m_errorLine;
+    std::shared_ptr<PositionListener> m_positionListener;
+    Picture m_buttonMemoryIconSitImage;
+    Picture m_buttonMemoryIconSitAlternateImage;
+    Picture m_buttonMemoryIconStandImage;
+    Picture m_buttonMemoryIconStandAlternateImage;
+    TimerRef m_dismissTimer;
+    TimerScope m_timers;
+};

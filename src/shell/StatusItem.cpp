@@ -1,0 +1,64 @@
+#include "shell/StatusItem.h"
+
+#include <QCursor>
+#include <QMenu>
+
+namespace {
+constexpr double kThickness = 22; // The size that every tray host asks for.
+}
+
+StatusItem::StatusItem() = default;
+
+StatusItem::~StatusItem() = default;
+
+double StatusItem::thickness()
+{
+    return kThickness;
+}
+
+void StatusItem::setIcon(const QIcon& icon)
+{
+    m_icon = icon;
+    if (m_trayIcon)
+        m_trayIcon->setIcon(icon);
+}
+
+void StatusItem::setToolTip(const QString& toolTip)
+{
+    m_toolTip = toolTip;
+    if (m_trayIcon)
+        m_trayIcon->setToolTip(toolTip);
+}
+
+void StatusItem::setMenu(QMenu* menu)
+{
+    m_menu = menu;
+    if (m_trayIcon)
+        m_trayIcon->setContextMenu(menu);
+}
+
+void StatusItem::appear()
+{
+    if (m_trayIcon)
+        return;
+    m_trayIcon = std::make_unique<QSystemTrayIcon>(m_icon);
+    m_trayIcon->setToolTip(m_toolTip);
+    m_trayIcon->setContextMenu(m_menu); // Hosts read the menu when the icon registers: before show().
+    connect(m_trayIcon.get(), &QSystemTrayIcon::activated, this, &StatusItem::activated);
+    m_trayIcon->show();
+}
+
+void StatusItem::popUpMenu()
+{
+    if (m_menu && !m_menu->isVisible())
+        m_menu->popup(QCursor::pos());
+}
+
+void StatusItem::activated(QSystemTrayIcon::ActivationReason reason)
+{
+    // Over D-Bus a right click never arrives here: the host draws the menu itself.
+    if (reason == QSystemTrayIcon::Trigger && m_clicked)
+        m_clicked();
+    else if (reason == QSystemTrayIcon::Context && m_rightClicked)
+        m_rightClicked();
+}

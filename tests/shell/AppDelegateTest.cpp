@@ -1,0 +1,171 @@
+#include "shell/AppDelegate.h"
+
+#include "data/ActivityPersister.h"
+#include "data/ManagedObjectContext.h"
+#include "screens/WizardWindowController.h"
+#include "shell/ShellWorld.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+
+namespace {
+/// Another program that writes into the store and does not end: nothing can be saved meanwhile.
+class StoreLock {
+public:
+    explicit StoreLock(const QString& path)
+    {
+        sqlite3_open(path.toUtf8().constData(), &m_store);
+        sqlite3_exec(m_store, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr);
+    }
+    ~StoreLock() { sqlite3_close(m_store); }
+    StoreLock(const StoreLock&) = delete;
+    StoreLock& operator=(const StoreLock&) = delete;
+
+private:
+    sqlite3* m_store = nullptr;
+};
+}
+
+TEST(AppDelegate, upgradeResetsTheDismissTimeOnlyOnTheWayToTheReleaseThatChangedIt)
+{
+    const struct {
+        const char* stored;
+        const char* running;
+        double expectedDismissTime;
+        const char* expectedVersion;
+    } kCases[] = {
+        {"", "1.0.1", 20, "1.0.1"},
+        {"1.0.0", "1.0.1", 20, "1.0.1"},
+        {"1.0.1", "1.0.1", 77, "1.0.1"},
+        {"1.0.2", "1.0.1", 20, "1.0.2"},
+        {"1.0.0", "1.0.2", 77, "1.0.2"},
+        {"1.0.9", "1.0.10", 77, "1.0.10"},
+        {"1.0.10", "1.0.9", 77, "1.0.10"},
+    };
+    for (const auto& row : kCases) {
+        SCOPED_TRACE(testing::Message() << row.stored << " -> " << row.running);
+        ShellWorld world;
+        QJsonObject information = TestPlatform::defaultInformation();
+        information[QStringLiteral("CFBundleShortVersionString")] = QString::fromLatin1(row.running);
+        TestBundle bundle(information);
+        Bundle::setMain(&bundle);
+        AppProperties::resetInstance();
+        world.platform.defaults.values[QStringLiteral("TimeNotificationDismiss")] = 77.0;
+        if (*row.stored)
+            world.platform.defaults.values[QStringLiteral("Version")] = QString::fromLatin1(row.stored);
+        world.app->versionUpgrade();
+        EXPECT_EQ(AppProperties::instance().timeNotificationDismiss(), row.expectedDismissTime);
+        EXPECT_EQ(world.platform.defaults.values[QStringLiteral("Version")].toString(),
+            QString::fromLatin1(row.expectedVersion));
+        AppProperties::instance().setMainBundle(nullptr);
+    }
+}
+
+TEST(AppDelegate, firstStartShowsTheWizardAndEnablesOnlySettingsAndExit)
+{
+    ShellWorld world;
+    world.app->applicationDidFinishLaunching();
+    EXPECT_TRUE(world.app->wizardWindowController().isWindowVisible());
+    EXPECT_FALSE(world.app->validateMenuItem(world.app->statusMenuOpen()));
+    EXPECT_FALSE(world.app->validateMenuItem(world.app->statusMenuHistory()));
+    EXPECT_TRUE(world.app->validateMenuItem(world.app->statusMenuSettings()));
+    EXPECT_TRUE(world.app->validateMenuItem(world.app->statusMenuQuit()));
+    EXPECT_EQ(world.loginItems.inserted, QStringList(QStringLiteral("/opt/zelvo/zelvo-standup")));
+
+    world.completeSetup();
+    Q_EMIT world.app->statusMenu().aboutToShow();
+    EXPECT_TRUE(world.app->statusMenuOpen()->isEnabled());
+    EXPECT_TRUE(world.app->statusMenuHistory()->isEnabled());
+}
+
+TEST(AppDelegate, menuStandsInItsOrderUnderItsTexts)
+{
+    ShellWorld world;
+    world.app->setupStatusBar();
+    QStringList texts;
+    for (const QAction* item : world.app->statusMenu().actions())
+        texts.append(item->text());
+    EXPECT_EQ(texts.join(u' '),
+        QStringLiteral("ContextMenuOpen ContextMenuHistory ContextMenuSettings ContextMenuExit"));
+}
+
+TEST(AppDelegate, aFileInPlaceOfTheDataFolderIsPresentedAndNotTouched)
+{
+    ShellWorld world;
+    QFile file(world.dataFolder());
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("mine");
+    file.close();
+    EXPECT_EQ(world.app->managedObjectContext(), nullptr);
+    ASSERT_EQ(world.dialogs.presented.size(), 2u);
+    EXPECT_EQ(world.dialogs.presented[0].domain, QStringLiteral("YOUR_ERROR_DOMAIN"));
+    EXPECT_EQ(world.dialogs.presented[0].code, 101);
+    EXPECT_TRUE(world.dialogs.presented[0].localizedDescription.contains(world.dataFolder()));
+    EXPECT_EQ(world.dialogs.presented[1].code, 9999);
+    EXPECT_EQ(QFileInfo(world.dataFolder()).size(), 4);
+
+    // Once the file is gone the next request succeeds: a failed build leaves nothing behind.
+    ASSERT_TRUE(file.remove());
+    EXPECT_NE(world.app->managedObjectContext(), nullptr);
+    EXPECT_EQ(world.dialogs.presented.size(), 2u);
+}
+
+TEST(AppDelegate, quittingBeforeAnyDataAccessDoesNotTouchTheStore)
+{
+    ShellWorld world;
+    world.app->applicationDidFinishLaunching();
+    world.app->terminate();
+    EXPECT_EQ(world.quits, 1);
+    EXPECT_FALSE(QFileInfo::exists(world.dataFolder() + QStringLiteral("/StandUp.storedata")));
+}
+
+TEST(AppDelegate, quittingEndsTheOpenPeriodInTheStore)
+{
+    ShellWorld world;
+    world.completeSetup();
+    world.app->applicationDidFinishLaunching();
+    world.plugDesk(900);
+    world.platform.runLoop.advance(100);
+    const Date quitAt = Date::now();
+    world.app->terminate();
+    EXPECT_EQ(world.quits, 1);
+
+    ActivityPersister persister(world.app->managedObjectContext());
+    const auto activities = persister.activitiesOnDay(quitAt);
+    ASSERT_TRUE(activities);
+    ASSERT_EQ(activities->size(), 1u);
+    EXPECT_EQ(activities->front()->endDate(), quitAt);
+    EXPECT_FALSE(world.app->managedObjectContext()->hasChanges());
+}
+
+TEST(AppDelegate, anUnsavableChangeAsksAndEitherAnswerQuits)
+{
+    const struct {
+        bool dealtWith;
+        int answer;
+        bool quits;
+        bool asks;
+    } kCases[] = {
+        {true, Dialogs::kFirstButton, false, false},
+        {false, Dialogs::kFirstButton, true, true},
+        {false, Dialogs::kFirstButton + 1, true, true},
+        {false, 0, false, true},
+    };
+    for (const auto& row : kCases) {
+        SCOPED_TRACE(testing::Message() << row.dealtWith << ' ' << row.answer);
+        ShellWorld world;
+        world.app->setupStatusBar();
+        const auto context = world.app->managedObjectContext();
+        ASSERT_NE(context, nullptr);
+        const ActivityRef activity = context->insertActivity();
+        const StoreLock lock(world.dataFolder() + QStringLiteral("/StandUp.storedata"));
+        world.dialogs.errorsAreDealtWith = row.dealtWith;
+        world.dialogs.alertAnswer = row.answer;
+        world.app->terminate();
+        EXPECT_EQ(world.quits, row.quits ? 1 : 0);
+        EXPECT_EQ(world.dialogs.alerts.size(), row.asks ? 1 : 0);
+    }
+}

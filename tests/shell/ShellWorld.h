@@ -1,0 +1,61 @@
+#pragma once
+
+#include "data/AppProperties.h"
+#include "desk/ZelvoController.h"
+#include "fakes/FakeHid.h"
+#include "fakes/TestPlatform.h"
+#include "shell/AppDelegate.h"
+#include "shell/TestWindowController.h"
+
+#include <memory>
+
+/// A whole application on fakes and virtual time, in a temporary folder. Nothing has started yet.
+class ShellWorld {
+public:
+    ShellWorld() { AppProperties::resetInstance(); }
+    ~ShellWorld()
+    {
+        AppProperties::instance().setZelvoController(nullptr);
+        app.reset();
+        AppProperties::resetInstance();
+    }
+    ShellWorld(const ShellWorld&) = delete;
+    ShellWorld& operator=(const ShellWorld&) = delete;
+
+    /// Settings as a finished set-up leaves them: 80 kg, 15 standing minutes an hour in two stand-ups.
+    void completeSetup()
+    {
+        AppProperties& properties = AppProperties::instance();
+        properties.setWeight(80);
+        properties.setActivityMode(2);
+        properties.setActivityGoal(15);
+        properties.setNumberOfStandUps(2);
+    }
+
+    /// A desk that communicates and stands at the height; adopted and polled once.
+    std::shared_ptr<FakeHidDevice> plugDesk(uint16_t height)
+    {
+        auto desk = std::make_shared<FakeHidDevice>();
+        desk->setCommunicating(true);
+        desk->setHeight(height);
+        hid.plug(desk);
+        platform.runLoop.advance(1.5);
+        return desk;
+    }
+
+    [[nodiscard]] QString dataFolder() const
+    {
+        return platform.folder.filePath(QStringLiteral("org.zelvo.StandUp"));
+    }
+
+    TestPlatform platform;
+    FakeHidManager hid;
+    FakeEventSource events;
+    FakeWorkspace workspace;
+    FakeLoginItems loginItems;
+    FakeDialogs dialogs;
+    int quits = 0;
+    std::unique_ptr<AppDelegate> app =
+        std::make_unique<AppDelegate>(AppDelegate::Dependencies {hid, events, workspace, loginItems, dialogs,
+            platform.folder.path(), QStringLiteral("/opt/zelvo/zelvo-standup"), [this] { ++quits; }, {}});
+};
