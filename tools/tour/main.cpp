@@ -1,0 +1,64 @@
+// The demonstration for people without a desk: the whole program on the simulated desk, without a screen, in
+// virtual time.
+
+#include "Pictures.h"
+#include "Tour.h"
+#include "resources/Resources.h"
+
+#include <QApplication>
+#include <QTextStream>
+
+#include <cstdio>
+
+namespace {
+constexpr char kUsage[] = R"(Usage: zelvo-tour [--pictures FOLDER [de|fr|es|nl|rtl]]
+Walks through a working morning with the real program on the simulated desk, in virtual time and without a screen, and
+checks what it shows. Ends with a non-zero status when something is off.
+
+  --pictures FOLDER  make pictures of every window instead: in English, in another language, or from right to left
+)";
+
+int walk()
+{
+    Narrator narrator;
+    {
+        TourWorld world;
+        Tour(world, narrator).run();
+    }
+    const int passed = narrator.checks() - narrator.failures();
+    QTextStream(stdout) << "\nTour: " << passed << " passed, " << narrator.failures() << " failed"
+                        << Qt::endl;
+    return narrator.failures() == 0 ? 0 : 1;
+}
+
+int photograph(QApplication& application, const QString& folder, const QString& variant)
+{
+    const bool isMirrored = variant == QStringLiteral("rtl");
+    const bool isForeign = !variant.isEmpty() && !isMirrored;
+    if (isForeign && !installTexts(application, variant))
+        return 2;
+    if (isMirrored)
+        QApplication::setLayoutDirection(Qt::RightToLeft);
+    const QString suffix = variant.isEmpty() ? QString() : u'-' + variant;
+    return makePictures(folder, suffix, QLocale(isForeign ? variant : QStringLiteral("en_GB"))) ? 0 : 1;
+}
+}
+
+int main(int argc, char** argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("TZ", "UTC");
+    QApplication::setStyle(QStringLiteral("Fusion"));
+    QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    initResources();
+    installTexts(application, QStringLiteral("en"));
+
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.size() == 1)
+        return walk();
+    if ((arguments.size() == 3 || arguments.size() == 4) && arguments[1] == QStringLiteral("--pictures"))
+        return photograph(application, arguments[2], arguments.value(3));
+    QTextStream(stdout) << kUsage;
+    return arguments.size() == 2 && arguments[1] == QStringLiteral("--help") ? 0 : 2;
+}
