@@ -1,0 +1,125 @@
+#pragma once
+
+#include "desk/DeskTest.h"
+#include "desk/PositionListener.h"
+#include "desk/ZelvoController.h"
+#include "fakes/TestStore.h"
+#include "platform/NotificationCenter.h"
+#include "platform/SleepAwareEventSource.h"
+
+#include <ostream>
+
+/// The hands on mouse and keyboard. Like the system's own sources it counts on a clock that stands still in
+/// sleep.
+class DeskUser final : public EventSource {
+public:
+    explicit DeskUser(const RunLoop& runLoop)
+        : m_runLoop(runLoop)
+    {
+    }
+
+    /// At work, or away from now on.
+    void stayActive(bool active)
+    {
+        m_isActive = active;
+        m_lastInput = m_runLoop.monotonicNow();
+    }
+
+    [[nodiscard]] double secondsSinceLastEventType(EventType) override
+    {
+        return m_isActive ? 1 : m_runLoop.monotonicNow() - m_lastInput;
+    }
+
+private:
+    const RunLoop& m_runLoop;
+    double m_lastInput = 0;
+    bool m_isActive = true;
+};
+
+/// One stored record, in seconds since the test's start.
+struct Period {
+    double start;
+    double end;
+    bool isStanding;
+
+    bool operator==(const Period& other) const
+    {
+        const auto near = [](double a, double b) { return std::abs(a - b) < 1e-3; };
+        return near(start, other.start) && near(end, other.end) && isStanding == other.isStanding;
+    }
+    friend std::ostream& operator<<(std::ostream& out, const Period& period)
+    {
+        return out << (period.isStanding ? "standing " : "sitting ") << period.start << " to " << period.end;
+    }
+};
+
+/// The hub with a desk, a user and a store around it. Set-up is complete: 15 standing minutes an hour in one
+/// go. What others hear of the hub is kept in a diary, a row an event: "seconds: what".
+class HubTest : public DeskTest {
+protected:
+    HubTest()
+    {
+        store("Weight", 80.0);
+        store("ActivityMode", 2);
+        store("ActivityGoal", 15.0);
+        store("NumberOfStandUps", 1);
+        hub.emplace(ZelvoController::Dependencies {hid, eventSource, workspace,
+            [this] {
+                ++timesAskedForContext;
+                return context;
+            },
+            [this](int32_t newPosition) { note(QStringLiteral("reminder %1").arg(newPosition)); }});
+        hub->addDelegate(std::make_shared<PositionListener>(
+            [this](int32_t height) { note(QStringLiteral("height %1").arg(height)); }));
+    }
+
+    /// What a new process would find on disk.
+    std::vector<Period> storedPeriods()
+    {
+        std::vector<Period> periods;
+        for (const auto& activity : TestStore(platform).all()) {
+            periods.push_back({activity->startDate().secondsSince1970() - TestPlatform::kStart,
+                activity->endDate().secondsSince1970() - TestPlatform::kStart, activity->isStanding()});
+        }
+        return periods;
+    }
+
+    void sleepMachine(double seconds)
+    {
+        workspace.willSleep();
+        platform.runLoop.sleepMachine(seconds);
+        workspace.wake();
+    }
+
+    void note(const QString& what)
+    {
+        diary.append(QStringLiteral("%1: %2").arg(secondsSinceStart(), 0, 'f', 1).arg(what));
+    }
+
+    /// Plugs an adapter in and lets it be polled once; the diary starts after that.
+    void plugAndPoll(uint16_t height = 1000)
+    {
+        adapter->setHeight(height);
+        hid.plug(adapter);
+        platform.runLoop.advance(1.2);
+        diary.clear();
+    }
+
+    QStringList diary;
+    DeskUser* const user = new DeskUser(platform.runLoop); ///< owned by the event source
+    SleepAwareEventSource eventSource {std::unique_ptr<EventSource>(user)};
+    FakeWorkspace workspace;
+    std::shared_ptr<FakeHidDevice> adapter = makeAdapter();
+    TestStore activities {platform};
+    std::shared_ptr<ManagedObjectContext> context = activities.context; ///< what the hub is given
+    int timesAskedForContext = 0;
+    std::optional<ZelvoController> hub;
+    NotificationCenter::Observation deviceState = NotificationCenter::defaultCenter().addObserver(
+        NotificationNames::kDeviceStateDidChange, [this](const PostedNotification& posted) {
+            EXPECT_EQ(posted.object, hub ? hub->device() : nullptr);
+            note(posted.object ? QStringLiteral("device state") : QStringLiteral("no device"));
+        });
+    NotificationCenter::Observation newSession =
+        NotificationCenter::defaultCenter().addObserver(NotificationNames::kNewSession,
+            [this](const PostedNotification&) { note(QStringLiteral("session")); });
+};

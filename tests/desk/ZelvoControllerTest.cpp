@@ -1,0 +1,345 @@
+#include "desk/ZelvoController.h"
+
+#include "desk/HubTest.h"
+
+#include <sqlite3.h>
+
+namespace {
+class ZelvoControllerTest : public HubTest { };
+
+using Periods = std::vector<Period>;
+
+constexpr bool kSitting = false;
+constexpr bool kStanding = true;
+
+QStringList rows(std::initializer_list<const char*> texts)
+{
+    QStringList list;
+    for (const char* text : texts)
+        list.append(QString::fromLatin1(text));
+    return list;
+}
+
+/// Does something once when it hears of a height.
+class Meddler final : public ZelvoControllerDelegate {
+public:
+    explicit Meddler(std::function<void()> meddle)
+        : m_meddle(std::move(meddle))
+    {
+    }
+    int heard = 0;
+    void positionUpdated(int32_t) override
+    {
+        if (++heard == 1 && m_meddle)
+            m_meddle();
+    }
+
+private:
+    std::function<void()> m_meddle;
+};
+}
+
+TEST_F(ZelvoControllerTest, OpensTheFirstPeriodByTheFirstPoll)
+{
+    hid.plug(adapter);
+    EXPECT_EQ(hub->device()->delegate(), &*hub);
+    platform.runLoop.advance(3);
+    EXPECT_EQ(diary,
+        rows({"0.0: device state", "0.2: device state", "1.2: height 1000", "1.2: session",
+            "1.2: device state"}));
+    EXPECT_EQ(hub->position(), 2);
+    EXPECT_EQ(storedPeriods(), (Periods {{1.2, 1.2, kSitting}}));
+    platform.runLoop.advance(57);
+    EXPECT_EQ(storedPeriods(), (Periods {{1.2, 60, kSitting}})) << "saved every 15 s";
+}
+
+TEST_F(ZelvoControllerTest, LetsPeriodsMeetWhenTheDeskPassesTheStandingPoint)
+{
+    plugAndPoll();
+    platform.runLoop.advance(10);
+    adapter->setHeight(2000);
+    platform.runLoop.advance(1);
+    adapter->setHeight(4000);
+    platform.runLoop.advance(20);
+    adapter->setHeight(1000);
+    platform.runLoop.advance(10);
+    hub->terminate();
+    EXPECT_EQ(diary,
+        rows({"12.2: height 2000", "13.2: height 4000", "13.2: session", "13.2: device state",
+            "33.2: height 1000", "33.2: session", "33.2: device state"}));
+    EXPECT_EQ(
+        storedPeriods(), (Periods {{1.2, 13.2, kSitting}, {13.2, 33.2, kStanding}, {33.2, 42.2, kSitting}}));
+    EXPECT_EQ(hub->activity(), nullptr);
+    EXPECT_FALSE(hub->scheduleManager()->isScheduled());
+}
+
+TEST_F(ZelvoControllerTest, RemindsOnceOfThePositionThatIsNotTaken)
+{
+    plugAndPoll();
+    platform.runLoop.advance(2 * Date::kHour);
+    EXPECT_EQ(diary, rows({"2701.2: reminder 1"})) << "45 minutes of sitting";
+    hub->activityScheduledToPosition(2);
+    EXPECT_EQ(diary.size(), 1) << "the user sits already";
+
+    diary.clear();
+    adapter->setHeight(4000);
+    platform.runLoop.advance(Date::kHour);
+    EXPECT_EQ(diary.last(), QStringLiteral("8102.2: reminder 2")) << "15 minutes of standing";
+}
+
+TEST_F(ZelvoControllerTest, WaitsForSetUpToBeComplete)
+{
+    AppProperties::instance().setWeight(0);
+    platform.defaults.values.remove(QStringLiteral("Weight"));
+    hid.plug(adapter);
+    platform.runLoop.advance(5);
+    EXPECT_EQ(
+        diary, rows({"0.0: device state", "0.2: device state", "1.2: height 1000", "1.2: device state"}));
+    EXPECT_EQ(hub->position(), 2);
+    EXPECT_EQ(hub->scheduleManager(), nullptr);
+    hub->stopCurrentActivity();
+    EXPECT_TRUE(storedPeriods().empty());
+
+    AppProperties::instance().setWeight(80);
+    hub->startNewActivity();
+    ASSERT_NE(hub->scheduleManager(), nullptr);
+    EXPECT_EQ(hub->scheduleManager()->delegate(), &*hub);
+    EXPECT_EQ(storedPeriods(), (Periods {{5, 5, kSitting}}));
+}
+
+TEST_F(ZelvoControllerTest, ClosesAPeriodForAnAbsence)
+{
+    plugAndPoll();
+    platform.runLoop.advance(98.8);
+    user->stayActive(false);
+    platform.runLoop.advance(500); // The limit of 300 s passes at 400.
+    EXPECT_EQ(hub->activity(), nullptr);
+    EXPECT_FALSE(hub->scheduleManager()->isScheduled());
+    user->stayActive(true);
+    platform.runLoop.advance(60);
+    EXPECT_EQ(storedPeriods(), (Periods {{1.2, 400, kSitting}, {610, 660, kSitting}}));
+    EXPECT_EQ(diary, rows({"610.0: session"}));
+}
+
+TEST_F(ZelvoControllerTest, ClosesAPeriodWhenTheAdapterLeaves)
+{
+    plugAndPoll();
+    platform.runLoop.advance(100);
+    hid.unplug(adapter);
+    EXPECT_FALSE(hub->isActive());
+    EXPECT_EQ(hub->position(), 0);
+    platform.runLoop.advance(100);
+    EXPECT_EQ(diary, rows({"101.2: no device"})) << "nothing is heard of the old device any more";
+    diary.clear();
+    hid.plug(adapter);
+    platform.runLoop.advance(10);
+    EXPECT_EQ(diary,
+        rows({"201.2: device state", "201.4: device state", "202.4: height 1000", "202.4: session",
+            "202.4: device state"}));
+    EXPECT_EQ(storedPeriods(), (Periods {{1.2, 101.2, kSitting}, {202.4, 210, kSitting}}));
+}
+
+TEST_F(ZelvoControllerTest, TakesNoNewsFromADeviceThatAScreenStillHolds)
+{
+    plugAndPoll();
+    const auto held = hub->device();
+    hid.unplug(adapter);
+    diary.clear();
+    platform.runLoop.advance(5);
+    EXPECT_TRUE(diary.isEmpty());
+    EXPECT_EQ(hub->position(), 0) << "or the next adapter's first state would seem known";
+}
+
+TEST_F(ZelvoControllerTest, ClosesAPeriodWhileTheAdapterIsSilent)
+{
+    plugAndPoll();
+    platform.runLoop.advance(48.8);
+    adapter->writeStatus = EPIPE;
+    adapter->readStatus = EPIPE;
+    hub->moveDeviceUp();
+    EXPECT_FALSE(hub->isActive());
+    EXPECT_EQ(hub->activity(), nullptr);
+    platform.runLoop.advance(50);
+    adapter->readStatus = 0;
+    hub->moveDeviceDown(); // Not written either, but the status can be read again.
+    EXPECT_TRUE(hub->isActive());
+    platform.runLoop.advance(20);
+    EXPECT_EQ(diary, rows({"50.0: device state", "100.0: session", "100.0: device state"}));
+    EXPECT_EQ(storedPeriods(), (Periods {{1.2, 50, kSitting}, {100, 120, kSitting}}));
+}
+
+TEST_F(ZelvoControllerTest, OpensAFreshPeriodWhenTheScreensGoDark)
+{
+    plugAndPoll();
+    platform.runLoop.advance(98.8);
+    workspace.screensSleep();
+    platform.runLoop.advance(100);
+    EXPECT_EQ(storedPeriods(), (Periods {{1.2, 100, kSitting}, {100, 195, kSitting}}));
+    workspace.wake();
+    EXPECT_EQ(hub->activity(), nullptr);
+    workspace.screensSleep();
+    EXPECT_NE(hub->activity(), nullptr) << "also when none was open";
+    hid.unplug(adapter);
+    workspace.screensSleep();
+    EXPECT_EQ(hub->activity(), nullptr) << "but not without a desk";
+    EXPECT_EQ(diary, rows({"100.0: session", "200.0: session", "200.0: no device"}));
+}
+
+TEST_F(ZelvoControllerTest, OpensANewPeriodAfterTheMachineHasSlept)
+{
+    plugAndPoll();
+    platform.runLoop.advance(98.8);
+    sleepMachine(Date::kHour); // Until 3700.
+    EXPECT_EQ(hub->activity(), nullptr);
+    platform.runLoop.advance(10); // The first answer counts the time asleep: the user was away ...
+    EXPECT_TRUE(hub->idleObserver().isIdle());
+    platform.runLoop.advance(10); // ... and is back.
+    EXPECT_FALSE(hub->idleObserver().isIdle());
+    platform.runLoop.advance(30);
+    EXPECT_EQ(diary, rows({"3720.0: session"}));
+    EXPECT_EQ(storedPeriods(), (Periods {{1.2, 3700, kSitting}, {3720, 3750, kSitting}}));
+}
+
+TEST_F(ZelvoControllerTest, LeavesEverythingSafeBeforeTheMachineSleeps)
+{
+    plugAndPoll();
+    platform.runLoop.advance(7);
+    const size_t written = adapter->written.size();
+    workspace.willSleep();
+    EXPECT_EQ(adapter->written.size(), written) << "no button is held, so nothing is sent";
+    EXPECT_EQ(storedPeriods(), (Periods {{1.2, 8.2, kSitting}}));
+
+    hub->device()->moveUp();
+    platform.runLoop.advance(0.2);
+    const size_t held = adapter->written.size();
+    workspace.willSleep();
+    EXPECT_EQ(adapter->written.size(), held + 1);
+    EXPECT_EQ(adapter->written.back()[1], 0x01) << "a stop";
+    platform.runLoop.advance(1);
+    EXPECT_EQ(adapter->written.size(), held + 1);
+}
+
+TEST_F(ZelvoControllerTest, IgnoresWhatItKnowsAndWhomItDoesNot)
+{
+    plugAndPoll();
+    hub->updatedPositionState(2, hub->device());
+    const auto stranger = std::make_shared<ZelvoHIDDevice>();
+    hub->deviceRemoved(stranger);
+    hub->deviceAdded(stranger);
+    hub->deviceRemoved(nullptr);
+    EXPECT_NE(hub->device(), stranger);
+    EXPECT_TRUE(hub->isActive());
+    EXPECT_TRUE(diary.isEmpty());
+}
+
+TEST_F(ZelvoControllerTest, GoesOnWithTheAdapterThatIsLeft)
+{
+    const auto second = makeAdapter(4000);
+    plugAndPoll();
+    platform.runLoop.advance(8.8);
+    hid.plug(second);
+    const auto adopted = hub->device();
+    platform.runLoop.advance(10);
+    hid.unplug(second); // The further one leaves ...
+    platform.runLoop.advance(10);
+    EXPECT_EQ(hub->device(), adopted);
+    EXPECT_EQ(adopted->position(), 1000);
+
+    hid.plug(second);
+    platform.runLoop.advance(10);
+    diary.clear();
+    hid.unplug(adapter); // ... and now, at 40 s, the adopted one.
+    platform.runLoop.advance(10);
+    EXPECT_NE(hub->device(), adopted);
+    EXPECT_TRUE(hub->isActive());
+    EXPECT_EQ(diary,
+        rows({"40.0: no device", "40.0: device state", "40.2: device state", "41.2: height 4000",
+            "41.2: session", "41.2: device state"}));
+    hid.unplug(second);
+    EXPECT_EQ(hub->device(), nullptr);
+}
+
+TEST_F(ZelvoControllerTest, TellsItsDelegatesInOrderAlsoWhileTheyChange)
+{
+    const auto newcomer = std::make_shared<Meddler>(nullptr);
+    const auto leaving = std::make_shared<Meddler>(nullptr);
+    std::shared_ptr<Meddler> meddler;
+    meddler = std::make_shared<Meddler>([&] {
+        hub->removeDelegate(leaving);
+        hub->removeDelegate(meddler);
+        hub->addDelegate(newcomer);
+    });
+    const std::weak_ptr watched = meddler;
+    hub->addDelegate(meddler);
+    hub->addDelegate(leaving);
+    hub->addDelegate(nullptr);
+    ASSERT_EQ(hub->delegates().size(), 3u);
+
+    hub->updatedPosition(1, nullptr);
+    EXPECT_EQ(meddler->heard, 1);
+    EXPECT_EQ(leaving->heard, 0) << "it left before its turn";
+    EXPECT_EQ(newcomer->heard, 0) << "it joined during the call";
+    hub->updatedPosition(2, nullptr);
+    EXPECT_EQ(meddler->heard, 1);
+    EXPECT_EQ(newcomer->heard, 1);
+    EXPECT_EQ(diary, rows({"0.0: height 1", "0.0: height 2"}));
+
+    hub->removeDelegate(hub->delegates().front());
+    EXPECT_EQ(hub->delegates().size(), 1u);
+}
+
+TEST_F(ZelvoControllerTest, RunsWithoutAStore)
+{
+    context = nullptr;
+    plugAndPoll();
+    platform.runLoop.advance(60);
+    EXPECT_EQ(hub->activity(), nullptr);
+    EXPECT_TRUE(hub->scheduleManager()->isScheduled()) << "reminders need no record";
+    EXPECT_EQ(timesAskedForContext, 1);
+
+    context = activities.context;
+    adapter->setHeight(4000);
+    platform.runLoop.advance(9);
+    EXPECT_EQ(timesAskedForContext, 2) << "a store that can be opened later is used from then on";
+    hub->terminate();
+    EXPECT_EQ(storedPeriods(), (Periods {{62.2, 70.2, kStanding}}));
+}
+
+TEST_F(ZelvoControllerTest, CarriesOnWhenARecordCannotBeSaved)
+{
+    const auto execute = [&](const char* statement) {
+        ASSERT_EQ(sqlite3_exec(activities.coordinator->connection(), statement, nullptr, nullptr, nullptr),
+            SQLITE_OK);
+    };
+    plugAndPoll();
+    platform.runLoop.advance(28.8);
+    execute("PRAGMA query_only = 1");
+    adapter->setHeight(4000);
+    platform.runLoop.advance(10); // 30.2: the new record fails, the old one ends all the same.
+    EXPECT_EQ(hub->activity(), nullptr);
+    EXPECT_TRUE(hub->scheduleManager()->isScheduled());
+    EXPECT_EQ(diary.mid(1), rows({"30.2: session", "30.2: device state"}));
+
+    execute("PRAGMA query_only = 0");
+    adapter->setHeight(1000);
+    platform.runLoop.advance(10);
+    EXPECT_EQ(
+        storedPeriods(), (Periods {{1.2, 30.2, kSitting}, {30.2, 30.2, kStanding}, {40.2, 45, kSitting}}))
+        << "what was pending is saved with the next record";
+}
+
+TEST_F(ZelvoControllerTest, LeavesNothingBehind)
+{
+    plugAndPoll();
+    auto held = hub->device();
+    hub.reset();
+    EXPECT_EQ(held->delegate(), nullptr);
+    workspace.screensSleep();
+    workspace.willSleep();
+    workspace.wake();
+    hid.unplug(adapter);
+    platform.runLoop.advance(20);
+    held.reset();
+    EXPECT_EQ(platform.runLoop.pendingTimerCount(), 0u);
+    EXPECT_EQ(adapter.use_count(), 1) << "no adapter stays open";
+}

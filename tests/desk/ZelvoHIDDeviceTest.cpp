@@ -1,0 +1,368 @@
+#include "desk/ZelvoHIDDevice.h"
+
+#include "desk/DeskTest.h"
+#include "desk/ZelvoHIDManager.h"
+#include "platform/NotificationCenter.h"
+
+namespace {
+using Bytes = FakeHidDevice::Report;
+using Reports = std::vector<Bytes>;
+using Device = std::shared_ptr<ZelvoHIDDevice>;
+
+const Bytes kInit {0x03, 0x04, 0x00, 0xFB, 0x00, 0x00, 0x00, 0x00};
+const Bytes kUp {0x05, 0x00, 0x80, 0x00, 0x80, 0x00, 0x80, 0x00};
+const Bytes kDown {0x05, 0xFF, 0x7F, 0xFF, 0x7F, 0xFF, 0x7F, 0xFF};
+const Bytes kStop {0x05, 0x01, 0x80, 0x01, 0x80, 0x01, 0x80, 0x01};
+
+class ZelvoHIDDeviceTest : public DeskTest, public ZelvoHIDDeviceDelegate {
+protected:
+    /// Plugs the adapter in; this test is the device's delegate.
+    void plug()
+    {
+        hid.plug(adapter);
+        device = manager.devices().back();
+        device->setDelegate(this);
+    }
+
+    /// As plug(), and the device communicates and has polled once.
+    void plugAndPoll()
+    {
+        plug();
+        platform.runLoop.advance(1.2);
+        heard.clear();
+        adapter->written.clear();
+    }
+
+    void updatedIsCommunicating(bool isCommunicating, const Device& onDevice) override
+    {
+        hear(QStringLiteral("communicating %1").arg(isCommunicating), onDevice);
+    }
+    void updatedPosition(int32_t position, const Device& onDevice) override
+    {
+        hear(QStringLiteral("position %1").arg(position), onDevice);
+    }
+    void updatedPositionState(int32_t positionState, const Device& onDevice) override
+    {
+        hear(QStringLiteral("state %1").arg(positionState), onDevice);
+    }
+
+    void hear(const QString& what, const Device& onDevice)
+    {
+        EXPECT_TRUE(letGo || onDevice == device);
+        heard.append(QStringLiteral("%1: %2").arg(secondsSinceStart(), 0, 'f', 1).arg(what));
+        if (letGo)
+            device.reset();
+    }
+
+    std::shared_ptr<FakeHidDevice> adapter = makeAdapter();
+    ZelvoHIDManager manager {hid};
+    Device device;
+    QStringList heard;
+    bool letGo = false;
+};
+
+/// Remembers with which precision the timers were asked for.
+class PrecisionRecorder final : public RunLoop {
+public:
+    explicit PrecisionRecorder(RunLoop& inner)
+        : m_inner(inner)
+    {
+    }
+    std::map<double, Precision> asked; // By interval.
+
+    [[nodiscard]] double now() const override { return m_inner.now(); }
+    [[nodiscard]] double monotonicNow() const override { return m_inner.monotonicNow(); }
+    [[nodiscard]] double bootTimeNow() const override { return m_inner.bootTimeNow(); }
+    void performSoon(std::function<void()> callable) override { m_inner.performSoon(std::move(callable)); }
+
+protected:
+    TimerRef platformScheduleTimer(double seconds, Repeat repeats, TimerCallback callback, QVariant userInfo,
+        Precision precision) override
+    {
+        if (repeats == Repeat::Yes)
+            asked[seconds] = precision;
+        return m_inner.scheduleTimer(seconds, repeats, std::move(callback), std::move(userInfo), precision);
+    }
+
+private:
+    RunLoop& m_inner;
+};
+}
+
+TEST_F(ZelvoHIDDeviceTest, SendsEachCommandByteForByte)
+{
+    plug();
+    EXPECT_EQ(adapter->written, (Reports {kInit, kStop}));
+
+    const struct {
+        std::function<bool()> send;
+        Bytes expected;
+    } cases[] = {
+        {[&] { return device->moveUpSingle(); }, kUp},
+        {[&] { return device->moveDownSingle(); }, kDown},
+        {[&] { return device->stop(); }, kStop},
+        {[&] { return device->moveToPositionSingle(2000); }, {5, 0xD0, 0x07, 0xD0, 0x07, 0xD0, 0x07, 0xD0}},
+        {[&] { return device->moveToPositionSingle(0); }, {5, 0, 0, 0, 0, 0, 0, 0}},
+        {[&] { return device->moveToPositionSingle(0x51234); },
+            {5, 0x34, 0x12, 0x34, 0x12, 0x34, 0x12, 0x34}},
+    };
+    for (const auto& testCase : cases) {
+        adapter->written.clear();
+        EXPECT_TRUE(testCase.send());
+        EXPECT_EQ(adapter->written, (Reports {testCase.expected}));
+    }
+}
+
+TEST_F(ZelvoHIDDeviceTest, RepeatsAHeldMovementUntilItIsReleased)
+{
+    plugAndPoll();
+    device->moveUp();
+    EXPECT_EQ(adapter->written, (Reports {kStop})) << "a movement starts with a stop";
+    platform.runLoop.advance(0.19);
+    EXPECT_EQ(adapter->written.size(), 1u);
+    platform.runLoop.advance(0.01);
+    for (size_t tick = 1; tick <= 5; ++tick) {
+        EXPECT_EQ(adapter->written.size(), 1 + tick);
+        EXPECT_EQ(adapter->written.back(), kUp);
+        if (tick < 5)
+            platform.runLoop.advance(0.2);
+    }
+    device->stop();
+    platform.runLoop.advance(10);
+    EXPECT_EQ(adapter->written, (Reports {kStop, kUp, kUp, kUp, kUp, kUp, kStop}));
+}
+
+TEST_F(ZelvoHIDDeviceTest, ReplacesOneHeldMovementByAnother)
+{
+    plugAndPoll();
+    device->moveToPosition(0x0102);
+    platform.runLoop.advance(0.2);
+    device->setMoveToposition(0x0304); // The next command takes the target as it then is.
+    platform.runLoop.advance(0.2);
+    device->moveDown();
+    platform.runLoop.advance(0.2);
+    EXPECT_EQ(adapter->written,
+        (Reports {kStop, Bytes {5, 2, 1, 2, 1, 2, 1, 2}, Bytes {5, 4, 3, 4, 3, 4, 3, 4}, kStop, kDown}));
+
+    adapter->written.clear();
+    device->moveToDirection(7);
+    platform.runLoop.advance(1);
+    EXPECT_EQ(adapter->written, (Reports {kStop})) << "no such direction";
+}
+
+TEST_F(ZelvoHIDDeviceTest, KeepsOnlyTheHeldMovementPrecise)
+{
+    PrecisionRecorder recorder(platform.runLoop);
+    RunLoop::setMain(&recorder);
+    plugAndPoll();
+    device->moveUp();
+    RunLoop::setMain(&platform.runLoop);
+    EXPECT_EQ(recorder.asked,
+        (std::map<double, RunLoop::Precision> {
+            {0.2, RunLoop::Precision::Precise}, {1.0, RunLoop::Precision::Coarse}}));
+}
+
+TEST_F(ZelvoHIDDeviceTest, BecomesActiveByItsFirstPoll)
+{
+    plug();
+    EXPECT_FALSE(device->isActive());
+    EXPECT_EQ(device->positionState(), 0);
+    platform.runLoop.advance(1.1);
+    EXPECT_TRUE(device->isCommunicating());
+    EXPECT_FALSE(device->isActive());
+    adapter->setHeight(2499);
+    platform.runLoop.advance(1);
+    EXPECT_TRUE(device->isActive());
+    adapter->setHeight(2500);
+    platform.runLoop.advance(3);
+    EXPECT_EQ(heard,
+        (QStringList {QStringLiteral("0.2: communicating 1"), QStringLiteral("1.2: position 2499"),
+            QStringLiteral("1.2: state 2"), QStringLiteral("2.2: position 2500"),
+            QStringLiteral("2.2: state 1")}));
+}
+
+TEST_F(ZelvoHIDDeviceTest, JudgesTheStateOnlyWhenTheHeightChanges)
+{
+    plugAndPoll();
+    AppProperties::instance().setDevicePosition1(1);
+    AppProperties::instance().setDevicePosition2(100);
+    platform.runLoop.advance(5);
+    EXPECT_TRUE(heard.isEmpty());
+    adapter->setHeight(1001);
+    platform.runLoop.advance(1);
+    EXPECT_EQ(device->positionState(), 1);
+}
+
+TEST_F(ZelvoHIDDeviceTest, PutsTheStandingPointBetweenTheFirstTwoMemories)
+{
+    const struct {
+        int first;
+        int second;
+        double expected;
+    } cases[] = {{700, 1101, 900}, {700, 4300, 2500}, {4300, 700, 2500}, {0, 4300, 2540}, {700, 0, 2540},
+        {-1, -1, 2540}, {1, 1, 1}, {2147483647, 2147483647, 2147483647}};
+    for (const auto& testCase : cases) {
+        AppProperties::resetInstance();
+        store("DevicePosition1", testCase.first);
+        store("DevicePosition2", testCase.second);
+        EXPECT_EQ(ZelvoHIDDevice::getStandingPoint(), testCase.expected)
+            << testCase.first << " " << testCase.second;
+    }
+}
+
+TEST_F(ZelvoHIDDeviceTest, StandsFromTheStandingPointOn)
+{
+    AppProperties::instance().setDevicePosition1(-5);
+    plugAndPoll();
+    for (const auto& [height, state] : {std::pair(2540, 1), {2539, 2}, {65535, 1}, {0, 2}}) {
+        device->setPositionStateFromPosition(height);
+        EXPECT_EQ(device->positionState(), state) << height;
+    }
+}
+
+TEST_F(ZelvoHIDDeviceTest, TakesCommunicationFromBitZeroOfTheStatusWord)
+{
+    const struct {
+        uint16_t status;
+        HidStatus readStatus;
+        bool expected;
+    } cases[] = {{0x0001, 0, true}, {0x4001, 0, true}, {0xFFFF, 0, true}, {0x0000, 0, false},
+        {0x4000, 0, false}, {0x8000, 0, false}, {0xFFFE, 0, false}, {0x0001, EPIPE, false}};
+    plug();
+    for (const auto& testCase : cases) {
+        adapter->status[2] = uint8_t(testCase.status & 0xFF);
+        adapter->status[3] = uint8_t(testCase.status >> 8);
+        adapter->readStatus = testCase.readStatus;
+        device->updateCommunicating();
+        EXPECT_EQ(device->isCommunicating(), testCase.expected) << testCase.status;
+        const TimerRef polling = device->readPositionTimer();
+        EXPECT_EQ(polling && polling->isValid(), testCase.expected) << testCase.status;
+    }
+    EXPECT_EQ(heard.size(), 2) << "only changes are told";
+    EXPECT_EQ(ZelvoHIDDevice::statusToArray(0xC005),
+        (ZelvoHIDDevice::StatusBits {1, 0, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}));
+    EXPECT_EQ(ZelvoHIDDevice::statusToArray(0x2002),
+        (ZelvoHIDDevice::StatusBits {0, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1}));
+}
+
+TEST_F(ZelvoHIDDeviceTest, ChecksTheCommunicationAgainAfterAFailedCommand)
+{
+    plugAndPoll();
+    adapter->writeStatus = EPIPE;
+    EXPECT_FALSE(device->moveUpSingle());
+    EXPECT_TRUE(device->isCommunicating()) << "the status can still be read";
+    adapter->readStatus = EPIPE;
+    EXPECT_FALSE(device->moveUpSingle());
+    EXPECT_FALSE(device->isActive());
+    const int reads = adapter->reads;
+    platform.runLoop.advance(10);
+    EXPECT_EQ(adapter->reads, reads) << "the polling has ended";
+    EXPECT_EQ(heard, (QStringList {QStringLiteral("1.2: communicating 0")}));
+
+    adapter->readStatus = 0;
+    EXPECT_FALSE(device->moveDownSingle());
+    EXPECT_TRUE(device->isActive());
+}
+
+TEST_F(ZelvoHIDDeviceTest, ReadsAfterEveryCommand)
+{
+    plugAndPoll();
+    adapter->setHeight(1234);
+    device->stop();
+    EXPECT_EQ(heard, (QStringList {QStringLiteral("1.2: position 1234")}));
+    EXPECT_EQ(device->lastStatusReport()[4], 1234 & 0xFF);
+}
+
+TEST_F(ZelvoHIDDeviceTest, ReadsZeroOnceAfterItsRemoval)
+{
+    adapter->setHeight(5000);
+    plugAndPoll();
+    hid.unplug(adapter);
+    const int reads = adapter->reads;
+    platform.runLoop.advance(10);
+    EXPECT_EQ(heard, (QStringList {QStringLiteral("2.2: position 0"), QStringLiteral("2.2: state 2")}));
+    EXPECT_EQ(adapter->reads, reads);
+    EXPECT_FALSE(device->isActive());
+
+    const std::weak_ptr gone = device;
+    device.reset();
+    EXPECT_TRUE(gone.expired());
+    EXPECT_EQ(platform.runLoop.pendingTimerCount(), 0u);
+}
+
+TEST_F(ZelvoHIDDeviceTest, StaysUntilItsFirstCheck)
+{
+    plug();
+    const std::weak_ptr held = device;
+    hid.unplug(adapter);
+    device.reset();
+    platform.runLoop.advance(0.1);
+    EXPECT_FALSE(held.expired());
+    platform.runLoop.advance(0.1);
+    EXPECT_TRUE(held.expired());
+}
+
+TEST_F(ZelvoHIDDeviceTest, SurvivesADelegateThatLetsGoOfIt)
+{
+    // Each callback in turn drops the last reference, while a movement is held.
+    for (const int callback : {0, 1, 2}) {
+        adapter = makeAdapter();
+        hid.plug(adapter);
+        device = std::make_shared<ZelvoHIDDevice>(manager.devices().back()->ownNode());
+        device->setIsConnected(true);
+        device->setDelegate(this);
+        const std::weak_ptr watched = device;
+        if (callback > 0)
+            device->updateCommunicating();
+        if (callback > 1)
+            device->readPosition();
+        adapter->setHeight(6000);
+        letGo = true;
+        if (callback == 0)
+            device->updateCommunicating();
+        else
+            device->moveUp();
+        letGo = false;
+        EXPECT_TRUE(watched.expired()) << callback;
+        hid.unplug(adapter);
+        platform.runLoop.advance(5);
+    }
+}
+
+TEST_F(ZelvoHIDDeviceTest, PostsEachErrorReportAndItsEndOnce)
+{
+    plugAndPoll();
+    QStringList posted;
+    auto& center = NotificationCenter::defaultCenter();
+    const auto error =
+        center.addObserver(NotificationNames::kErrorCode, [&](const PostedNotification& notification) {
+            EXPECT_EQ(notification.object, device);
+            posted.append(notification.userInfo.keys().join(QLatin1Char(' ')));
+        });
+    const auto removed =
+        center.addObserver(NotificationNames::kErrorCodeRemoved, [&](const PostedNotification& notification) {
+            EXPECT_FALSE(notification.object);
+            posted.append(QStringLiteral("removed"));
+        });
+
+    platform.runLoop.advance(3);
+    EXPECT_TRUE(posted.isEmpty());
+
+    adapter->status[3] = 0x02;
+    platform.runLoop.advance(1); // An empty dictionary is an error too.
+    adapter->status[32] = 1;
+    adapter->status[34] = 7;
+    platform.runLoop.advance(2);
+    EXPECT_TRUE(device->errorRecieved());
+    adapter->status[3] = 0;
+    platform.runLoop.advance(3);
+    EXPECT_FALSE(device->errorRecieved());
+    EXPECT_EQ(posted,
+        (QStringList {QString(), QStringLiteral("E07"), QStringLiteral("E07"), QStringLiteral("removed")}));
+
+    adapter->status[3] = 0x02;
+    platform.runLoop.advance(1);
+    adapter->readStatus = ETIMEDOUT; // No answer is no error.
+    platform.runLoop.advance(2);
+    EXPECT_EQ(posted.mid(4), (QStringList {QStringLiteral("E07"), QStringLiteral("removed")}));
+}
