@@ -60,7 +60,7 @@ double IdleObserver::idleTimeInSeconds()
             idleTime = answer;
     }
     // Asked like the others but not counted: such a drag began with its own mouse-down, which was.
-    m_eventSource.secondsSinceLastEventType(EventType::OtherMouseDragged);
+    static_cast<void>(m_eventSource.secondsSinceLastEventType(EventType::OtherMouseDragged));
     return idleTime;
 }
 

@@ -8,6 +8,7 @@
 #include "platform/SleepAwareEventSource.h"
 
 #include <ostream>
+#include <sqlite3.h>
 
 /// The hands on mouse and keyboard. Like the system's own sources it counts on a clock that stands still in
 /// sleep.
@@ -63,6 +64,7 @@ protected:
         store("ActivityMode", 2);
         store("ActivityGoal", 15.0);
         store("NumberOfStandUps", 1);
+        execute("PRAGMA synchronous = OFF"); // A day of records waits for no disk.
         hub.emplace(ZelvoController::Dependencies {hid, eventSource, workspace,
             [this] {
                 ++timesAskedForContext;
@@ -71,6 +73,13 @@ protected:
             [this](int32_t newPosition) { note(QStringLiteral("reminder %1").arg(newPosition)); }});
         hub->addDelegate(std::make_shared<PositionListener>(
             [this](int32_t height) { note(QStringLiteral("height %1").arg(height)); }));
+    }
+
+    /// To the hub's own connection to the store.
+    void execute(const char* statement)
+    {
+        EXPECT_EQ(sqlite3_exec(activities.coordinator->connection(), statement, nullptr, nullptr, nullptr),
+            SQLITE_OK);
     }
 
     /// What a new process would find on disk.

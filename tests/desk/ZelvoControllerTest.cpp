@@ -2,8 +2,6 @@
 
 #include "desk/HubTest.h"
 
-#include <sqlite3.h>
-
 namespace {
 class ZelvoControllerTest : public HubTest { };
 
@@ -307,10 +305,6 @@ TEST_F(ZelvoControllerTest, RunsWithoutAStore)
 
 TEST_F(ZelvoControllerTest, CarriesOnWhenARecordCannotBeSaved)
 {
-    const auto execute = [&](const char* statement) {
-        ASSERT_EQ(sqlite3_exec(activities.coordinator->connection(), statement, nullptr, nullptr, nullptr),
-            SQLITE_OK);
-    };
     plugAndPoll();
     platform.runLoop.advance(28.8);
     execute("PRAGMA query_only = 1");
