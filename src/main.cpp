@@ -153,6 +153,7 @@ int main(int argc, char** argv)
     QtRunLoop runLoop;
     RunLoop::setMain(&runLoop);
     initResources();
+    QApplication::setWindowIcon(QIcon(Bundle::imagePath(QStringLiteral("StandUp"))));
 
     if (AutostartLoginItems().isStartUnwanted())
         return 0;

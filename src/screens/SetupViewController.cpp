@@ -263,16 +263,15 @@ void SetupViewController::setTextColor()
 void SetupViewController::setImages()
 {
     for (HoverButton* button : memoryButtons()) {
-        const QString name = QStringLiteral("ButtonMemory%1").arg(button->property("tag").toInt());
-        button->setImage(Picture(name));
-        button->setAlternateImage(Picture(name + QStringLiteral("_hoover")));
         button->setImagePosition(Button::ImagePosition::Above);
         button->setBackgroundColor(zelvoButtonDarkBackgroundColor());
         keepPlaceWhenHidden(*button);
     }
     m_ui->buttonDone->setBackgroundColor(zelvoButtonDarkBackgroundColor());
-    m_ui->buttonCloseWithoutSaving->setImage(Picture(QStringLiteral("ButtonClose")));
-    m_ui->buttonCloseWithoutSaving->setAlternateImage(Picture(QStringLiteral("ButtonClose_hoover")));
+    m_ui->buttonMemory1->setImageNamed(QStringLiteral("ButtonMemory1"));
+    m_ui->buttonMemory2->setImageNamed(QStringLiteral("ButtonMemory2"));
+    m_ui->buttonMemory3->setImageNamed(QStringLiteral("ButtonMemory3"));
+    m_ui->buttonCloseWithoutSaving->setImageNamed(QStringLiteral("ButtonClose"));
     m_ui->buttonCloseWithoutSaving->setImagePosition(Button::ImagePosition::Only);
     keepPlaceWhenHidden(*m_ui->labelConnection);
 }

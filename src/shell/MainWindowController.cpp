@@ -141,30 +141,27 @@ void MainWindowController::setupGUI()
         label->setFont(Fonts::Light18());
     m_errorLine->hide();
 
-    const struct {
-        HoverButton* button;
-        const char* picture;
-    } kDarkButtons[] = {{m_ui->buttonHistory, "ButtonHistory"}, {m_ui->buttonSettings, "ButtonSettings"},
-        {m_ui->buttonDown, "ButtonDown"}, {m_ui->buttonUp, "ButtonUp"}};
-    for (const auto& [button, picture] : kDarkButtons) {
+    for (HoverButton* button : std::initializer_list<HoverButton*> {
+             m_ui->buttonHistory, m_ui->buttonSettings, m_ui->buttonDown, m_ui->buttonUp}) {
         button->setFont(Fonts::Light10());
         button->setBackgroundColor(zelvoButtonDarkBackgroundColor());
         button->setTextColor(zelvoTextColor());
-        button->setImage(Picture(QString::fromLatin1(picture)));
-        button->setAlternateImage(Picture(QString::fromLatin1(picture) + QStringLiteral("_hoover")));
     }
-    HoverButton* const memoryButtons[] = {m_ui->buttonMemory1, m_ui->buttonMemory2, m_ui->buttonMemory3};
-    for (int i = 0; i < 3; ++i) {
-        memoryButtons[i]->setFont(Fonts::Light12());
-        memoryButtons[i]->setBackgroundColor(Qt::white);
-        memoryButtons[i]->setAlternateBackgroundColor(zelvoHoverColor());
-        memoryButtons[i]->setTextColor(zelvoTextColor());
-        memoryButtons[i]->setImage(Picture(QStringLiteral("ButtonMemory%1").arg(i + 1)));
-        memoryButtons[i]->setAlternateImage(Picture(QStringLiteral("ButtonMemory%1_hoover").arg(i + 1)));
-        memoryButtons[i]->setImagePosition(Button::ImagePosition::Above);
+    for (HoverButton* button : {m_ui->buttonMemory1, m_ui->buttonMemory2, m_ui->buttonMemory3}) {
+        button->setFont(Fonts::Light12());
+        button->setBackgroundColor(Qt::white);
+        button->setAlternateBackgroundColor(zelvoHoverColor());
+        button->setTextColor(zelvoTextColor());
+        button->setImagePosition(Button::ImagePosition::Above);
     }
-    m_ui->buttonClose->setImage(Picture(QStringLiteral("ButtonClose")));
-    m_ui->buttonClose->setAlternateImage(Picture(QStringLiteral("ButtonClose_hoover")));
+    m_ui->buttonHistory->setImageNamed(QStringLiteral("ButtonHistory"));
+    m_ui->buttonSettings->setImageNamed(QStringLiteral("ButtonSettings"));
+    m_ui->buttonDown->setImageNamed(QStringLiteral("ButtonDown"));
+    m_ui->buttonUp->setImageNamed(QStringLiteral("ButtonUp"));
+    m_ui->buttonMemory1->setImageNamed(QStringLiteral("ButtonMemory1"));
+    m_ui->buttonMemory2->setImageNamed(QStringLiteral("ButtonMemory2"));
+    m_ui->buttonMemory3->setImageNamed(QStringLiteral("ButtonMemory3"));
+    m_ui->buttonClose->setImageNamed(QStringLiteral("ButtonClose"));
     m_ui->buttonClose->setImagePosition(Button::ImagePosition::Only);
 }
 

@@ -4,6 +4,10 @@
 
 #include <QEvent>
 
+namespace {
+const QString kHoverForm = QStringLiteral("_hoover");
+}
+
 HoverButton::HoverButton(QWidget* parent)
     : Button(parent)
 {
@@ -53,6 +57,12 @@ void HoverButton::setAlternateImage(const Picture& image)
     m_alternateImage = image;
     if (!m_imageTmp.isNull() && !image.isNull())
         Button::setImage(image);
+}
+
+void HoverButton::setImageNamed(const QString& name)
+{
+    setImage(Picture(name));
+    setAlternateImage(Picture(name + kHoverForm));
 }
 
 void HoverButton::setAlternateBackgroundColor(const QColor& color)

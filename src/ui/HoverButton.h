@@ -21,6 +21,8 @@ public:
     void setTextColor(const QColor& color) override;
     [[nodiscard]] const Picture& alternateImage() const { return m_alternateImage; }
     void setAlternateImage(const Picture& image);
+    /// The picture of that name, and beside it its form for the mouse inside, whose name ends in "_hoover".
+    void setImageNamed(const QString& name);
     /// The background while the mouse is inside; invalid: the ordinary one stays.
     [[nodiscard]] QColor alternateBackgroundColor() const { return m_alternateBackgroundColor; }
     void setAlternateBackgroundColor(const QColor& color);

@@ -34,11 +34,6 @@
         <extracomment>Tooltip and spoken state of the icon in the system tray</extracomment>
         <translation>No desk connected</translation>
     </message>
-    <message id="SimulatedDesk">
-        <source></source>
-        <extracomment>Said wherever the program drives its built-in simulated desk</extracomment>
-        <translation>Simulated desk</translation>
-    </message>
     <!-- Ending and errors -->
     <message id="Could not save changes while quitting. Quit anyway?">
         <source></source>
@@ -118,11 +113,6 @@
         <source></source>
         <extracomment>%1: path</extracomment>
         <translation>The folder for the program’s data cannot be used: %1</translation>
-    </message>
-    <message id="AdapterNotAllowed">
-        <source></source>
-        <extracomment>%1: name of the rule, %2: command</extracomment>
-        <translation>The desk adapter may not be opened. Install the udev rule %1 and run: %2</translation>
     </message>
     <!-- Errors that the desk reports -->
     <message id="Error &#10;">

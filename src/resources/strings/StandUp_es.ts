@@ -34,11 +34,6 @@
         <extracomment>Tooltip and spoken state of the icon in the system tray</extracomment>
         <translation>Ninguna mesa conectada</translation>
     </message>
-    <message id="SimulatedDesk">
-        <source>Simulated desk</source>
-        <extracomment>Said wherever the program drives its built-in simulated desk</extracomment>
-        <translation>Mesa simulada</translation>
-    </message>
     <!-- Ending and errors -->
     <message id="Could not save changes while quitting. Quit anyway?">
         <source>Could not save changes while quitting. Quit anyway?</source>
@@ -118,11 +113,6 @@
         <source>The folder for the program’s data cannot be used: %1</source>
         <extracomment>%1: path</extracomment>
         <translation>No se puede utilizar la carpeta de datos del programa: %1</translation>
-    </message>
-    <message id="AdapterNotAllowed">
-        <source>The desk adapter may not be opened. Install the udev rule %1 and run: %2</source>
-        <extracomment>%1: name of the rule, %2: command</extracomment>
-        <translation>No se permite abrir el adaptador de la mesa. Instalar la regla de udev %1 y ejecutar: %2</translation>
     </message>
     <!-- Errors that the desk reports -->
     <message id="Error &#10;">

@@ -34,11 +34,6 @@
         <extracomment>Tooltip and spoken state of the icon in the system tray</extracomment>
         <translation>Geen bureau verbonden</translation>
     </message>
-    <message id="SimulatedDesk">
-        <source>Simulated desk</source>
-        <extracomment>Said wherever the program drives its built-in simulated desk</extracomment>
-        <translation>Gesimuleerd bureau</translation>
-    </message>
     <!-- Ending and errors -->
     <message id="Could not save changes while quitting. Quit anyway?">
         <source>Could not save changes while quitting. Quit anyway?</source>
@@ -118,11 +113,6 @@
         <source>The folder for the program’s data cannot be used: %1</source>
         <extracomment>%1: path</extracomment>
         <translation>De map voor de programmagegevens is niet bruikbaar: %1</translation>
-    </message>
-    <message id="AdapterNotAllowed">
-        <source>The desk adapter may not be opened. Install the udev rule %1 and run: %2</source>
-        <extracomment>%1: name of the rule, %2: command</extracomment>
-        <translation>De bureau-adapter mag niet worden geopend. Installeer de udev-regel %1 en voer uit: %2</translation>
     </message>
     <!-- Errors that the desk reports -->
     <message id="Error &#10;">
