@@ -32,10 +32,8 @@ void MemoryViewController::awakeFromNib()
         button->setFont(FontAndTextHandler::Light12());
     }
     QPalette palette = m_ui->textfieldSetFavHeight->palette();
-    palette.setColor(QPalette::Window, Qt::white);
     palette.setColor(QPalette::WindowText, zelvoTextColor());
     m_ui->textfieldSetFavHeight->setPalette(palette);
-    m_ui->textfieldSetFavHeight->setAutoFillBackground(true);
     m_ui->textfieldSetFavHeight->setFont(FontAndTextHandler::Light11());
 }
 

@@ -32,6 +32,7 @@ constexpr double kFewestStandUps = 1;
 constexpr double kMostStandUps = 6;
 constexpr int kUnitsPerMillimetre = 10; // Raw heights are in 0.1 mm.
 constexpr double kUnitsPerCentimetre = 100;
+constexpr double kRoomForUnit = 4; // Number and unit together stand in the middle of their circle.
 constexpr float kShortestStandUp = 0.5F;
 
 AppProperties& properties()
@@ -61,6 +62,20 @@ int32_t deskPosition()
     return desk ? desk->position() : 0;
 }
 
+void setDevicePosition(int32_t index, int32_t position)
+{
+    switch (index) {
+    case 1:
+        return properties().setDevicePosition1(position);
+    case 2:
+        return properties().setDevicePosition2(position);
+    case 3:
+        return properties().setDevicePosition3(position);
+    default:
+        return;
+    }
+}
+
 QString localized(const QString& key)
 {
     return Bundle::main().localizedString(key);
@@ -87,6 +102,13 @@ void fill(QLineEdit& field, const QString& text)
     field.setValidator(nullptr);
     field.setText(text);
     field.setValidator(validator);
+}
+
+/// How the focus goes on from a control that was pressed: as by Tab when the keyboard pressed it, so that the
+/// focus mark stays in sight.
+Qt::FocusReason focusReasonAfter(const QWidget& pressed)
+{
+    return pressed.underMouse() ? Qt::MouseFocusReason : Qt::TabFocusReason;
 }
 
 void keepPlaceWhenHidden(QWidget& widget)
@@ -159,8 +181,10 @@ void SetupViewController::awakeFromNib()
     setDefaultTableHeight();
     setUpEntryField(*m_ui->textFieldStandUpNumber, kFewestStandUps, kMostStandUps, false);
     setDefaultNumberOfStandUps();
-    for (GoalCircleView* circle : goalIndicators())
+    for (GoalCircleView* circle : goalIndicators()) {
         circle->setDelegate(this);
+        circle->setVerticalOffset(kRoomForUnit);
+    }
     for (HoverButton* button : memoryButtons())
         button->setAlternateBackgroundColor(zelvoHoverColor());
     m_ui->labelConnection->setText(localized(QStringLiteral("ConnectTable")));
@@ -535,6 +559,7 @@ void SetupViewController::setSliderIndex(int32_t step)
 void SetupViewController::updateGoalLabel()
 {
     m_ui->labelGoal->setText(QString());
+    describeSlider();
     const int32_t mode = currentActivityMode();
     double goal = m_activityGoalManager.goalFromIndex(m_ui->slider->value(), mode);
     if (mode == kCalorieGoal) {
@@ -548,6 +573,14 @@ void SetupViewController::updateGoalLabel()
     const int decimals = minutes == std::trunc(minutes) ? 0 : 1;
     m_ui->labelGoal->setText(localized(QStringLiteral("SliderText"))
                                  .arg(Bundle::main().locale().toString(minutes, 'f', decimals)));
+}
+
+/// Screen readers would say the step's number alone.
+void SetupViewController::describeSlider()
+{
+    const GoalCircleView& circle = *goalIndicators()[size_t(m_ui->slider->value())];
+    m_ui->slider->setAccessibleDescription(
+        circle.value().value_or(QString()) + QLatin1Char(' ') + circle.title().value_or(QString()));
 }
 
 double SetupViewController::timeOfEachStandUp(double goal) const
@@ -593,7 +626,7 @@ void SetupViewController::addMemoryView(HoverButton& button)
     QWidget::setTabOrder(m_memoryViewController->buttonUp(), m_memoryViewController->buttonDown());
     QWidget::setTabOrder(m_memoryViewController->buttonDown(), m_memoryViewController->buttonDone());
     editor->show();
-    m_memoryViewController->buttonUp()->setFocus(Qt::OtherFocusReason);
+    m_memoryViewController->buttonUp()->setFocus(focusReasonAfter(button));
     button.mouseExited();
     button.hide();
 }
@@ -611,18 +644,14 @@ void SetupViewController::memoryViewButtonDoneClicked()
 {
     if (!m_view)
         return;
+    const Qt::FocusReason reason = focusReasonAfter(*m_memoryViewController->buttonDone());
     removeMemoryView();
     const int32_t index = m_memoryViewController->index();
-    // Without a desk there is no height; what was stored before stays.
-    if (index < 1 || index > 3 || !device())
+    if (index < 1 || index > 3)
         return;
-    const int32_t position = deskPosition();
-    if (index == 1)
-        properties().setDevicePosition1(position);
-    else if (index == 2)
-        properties().setDevicePosition2(position);
-    else
-        properties().setDevicePosition3(position);
+    memoryButtons()[size_t(index - 1)]->setFocus(reason);
+    if (device()) // Without a desk there is no height; what was stored before stays.
+        setDevicePosition(index, deskPosition());
 }
 
 void SetupViewController::memoryViewButtonUpMouseDown()

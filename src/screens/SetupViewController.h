@@ -110,6 +110,7 @@ private:
     void setGoalIndicatorIndex(int32_t step);
     void setSliderIndex(int32_t step);
     void updateGoalLabel();
+    void describeSlider();
     /// @param goal standing minutes an hour
     [[nodiscard]] double timeOfEachStandUp(double goal) const;
 

@@ -334,7 +334,7 @@
     </message>
     <message id="TableHeightHeader">
         <source>Desk height now</source>
-        <translation>Hauteur actuelle du bureau</translation>
+        <translation>Hauteur du bureau</translation>
     </message>
     <message id="MyWeightIs">
         <source>My weight</source>

@@ -1,0 +1,74 @@
+#include "screens/MemoryViewController.h"
+
+#include "fakes/ControlTest.h"
+
+#include <QTest>
+
+namespace {
+struct Recorder final : MemoryViewControllerDelegate {
+    QStringList heard;
+    void memoryViewButtonDoneClicked() override { heard.append(QStringLiteral("done")); }
+    void memoryViewButtonUpMouseDown() override { heard.append(QStringLiteral("up pressed")); }
+    void memoryViewButtonUpMouseUp() override { heard.append(QStringLiteral("up released")); }
+    void memoryViewButtonDownMouseDown() override { heard.append(QStringLiteral("down pressed")); }
+    void memoryViewButtonDownMouseUp() override { heard.append(QStringLiteral("down released")); }
+};
+
+class MemoryViewControllerTest : public ControlTest {
+protected:
+    MemoryViewControllerTest()
+    {
+        editor->setDelegate(&recorder);
+        editor->view()->resize(181, 120);
+        show(*editor->view());
+    }
+
+    Recorder recorder;
+    std::unique_ptr<MemoryViewController> editor = std::make_unique<MemoryViewController>();
+};
+}
+
+TEST_F(MemoryViewControllerTest, reportsWhatIsPressedAndNothingElse)
+{
+    for (MouseEventButton* button : {editor->buttonUp(), editor->buttonDown()}) {
+        QTest::mousePress(button, Qt::LeftButton);
+        QTest::mouseRelease(button, Qt::LeftButton);
+    }
+    QTest::mouseClick(editor->buttonDone(), Qt::LeftButton);
+    MouseEventButton stranger;
+    editor->mouseEventButtonMouseDown(stranger);
+    editor->mouseEventButtonMouseUp(stranger);
+    EXPECT_EQ(
+        recorder.heard, QStringList({"up pressed", "up released", "down pressed", "down released", "done"}));
+    editor->setDelegate(nullptr);
+    QTest::mouseClick(editor->buttonDone(), Qt::LeftButton);
+    QTest::mouseClick(editor->buttonUp(), Qt::LeftButton);
+    EXPECT_EQ(recorder.heard.size(), 5);
+}
+
+TEST_F(MemoryViewControllerTest, releasesAHeldButtonWhenItEnds)
+{
+    QTest::mousePress(editor->buttonDown(), Qt::LeftButton);
+    editor.reset();
+    EXPECT_EQ(recorder.heard, QStringList({"down pressed", "down released"}));
+}
+
+TEST_F(MemoryViewControllerTest, outlivesTheWidgetItWasPutInto)
+{
+    auto place = std::make_unique<QWidget>();
+    editor->view()->setParent(place.get());
+    place.reset();
+    EXPECT_FALSE(editor->view());
+}
+
+TEST_F(MemoryViewControllerTest, isWhiteBehindTextAndButtons)
+{
+    const QImage image = grab(*editor->view());
+    const QStringList names {"textfieldSetFavHeight", "buttonUp", "buttonDown", "buttonDone"};
+    for (const QString& name : names) {
+        auto* const control = editor->view()->findChild<QWidget*>(name);
+        ASSERT_TRUE(control) << qPrintable(name);
+        const QPoint besideText = control->mapTo(editor->view(), QPoint(3, control->height() / 2));
+        EXPECT_EQ(colorAt(image, besideText), QColor(Qt::white)) << qPrintable(name);
+    }
+}

@@ -1,0 +1,156 @@
+#include "screens/WizardWindowController.h"
+
+#include "screens/SetupTest.h"
+#include "ui/HoverButton.h"
+
+#include <QLineEdit>
+#include <QTest>
+
+namespace {
+class WizardWindowControllerTest : public SetupTest {
+protected:
+    void open()
+    {
+        wizard.emplace(workspace, [this] { ++terminations; });
+        wizard->showWindow();
+        show(wizard->window());
+        platform.defaults.writes.clear();
+    }
+    /// Settings as a user left them.
+    void completeSetup()
+    {
+        store("Weight", 71.0);
+        store("ActivityMode", 2);
+        store("ActivityGoal", 20.0);
+        store("NumberOfStandUps", 2);
+    }
+    QWidget& find(const char* name) const { return in(wizard->window(), QString::fromLatin1(name)); }
+    void click(const char* name) const { QTest::mouseClick(&find(name), Qt::LeftButton); }
+    [[nodiscard]] qsizetype screens() const
+    {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        return wizard->window().findChildren<QWidget*>(QStringLiteral("SetupView")).size();
+    }
+
+    int terminations = 0;
+    std::optional<WizardWindowController> wizard;
+};
+}
+
+TEST_F(WizardWindowControllerTest, leavingTheFirstRunEitherWayCompletesTheSetup)
+{
+    for (const char* control : {"buttonDone", "buttonCloseWithoutSaving"}) {
+        SCOPED_TRACE(control);
+        platform.defaults.values.clear();
+        AppProperties::resetInstance();
+        open();
+        ASSERT_FALSE(properties().isUserSetupCompleted());
+        click(control);
+        EXPECT_FALSE(wizard->isWindowVisible());
+        EXPECT_TRUE(properties().isUserSetupCompleted());
+        EXPECT_EQ(properties().weight(), 80);
+        EXPECT_EQ(terminations, 0);
+    }
+}
+
+TEST_F(WizardWindowControllerTest, aWeightOfNothingBecomesTheDefault)
+{
+    open();
+    auto& weight = in<QLineEdit>(wizard->window(), QStringLiteral("textFieldWeight"));
+    weight.selectAll();
+    QTest::keyClicks(&weight, QStringLiteral("0"));
+    click("buttonDone");
+    EXPECT_EQ(properties().weight(), 80);
+}
+
+TEST_F(WizardWindowControllerTest, leavingTheSettingsWithoutSavingChangesNone)
+{
+    completeSetup();
+    plug();
+    const auto before = platform.defaults.values;
+    open();
+    in<QLineEdit>(wizard->window(), QStringLiteral("textFieldStandUpNumber")).setText(QStringLiteral("5"));
+    QTest::keyClick(&wizard->window(), Qt::Key_Escape);
+    EXPECT_FALSE(wizard->isWindowVisible());
+    EXPECT_EQ(platform.defaults.values, before);
+}
+
+TEST_F(WizardWindowControllerTest, doneRestartsTheScheduleOfARunningPeriod)
+{
+    completeSetup();
+    plug();
+    const ActivityRef activity = hub().activity();
+    ASSERT_TRUE(activity);
+    const double interval = hub().scheduleManager()->currentScheduleInterval();
+    open();
+    auto& standUps = in<QLineEdit>(wizard->window(), QStringLiteral("textFieldStandUpNumber"));
+    standUps.selectAll();
+    QTest::keyClicks(&standUps, QStringLiteral("4"));
+    click("buttonDone");
+    EXPECT_EQ(hub().activity(), activity);
+    EXPECT_DOUBLE_EQ(hub().scheduleManager()->currentScheduleInterval(), interval / 2);
+}
+
+TEST_F(WizardWindowControllerTest, doneStartsAPeriodWhereNoneRuns)
+{
+    plug(); // Before set-up is complete no period opens.
+    ASSERT_FALSE(hub().activity());
+    open();
+    click("buttonDone");
+    ASSERT_TRUE(hub().activity());
+    EXPECT_TRUE(hub().scheduleManager()->isScheduled());
+}
+
+TEST_F(WizardWindowControllerTest, worksBeforeThereIsAHub)
+{
+    properties().setZelvoController(nullptr);
+    open();
+    click("buttonDone");
+    EXPECT_TRUE(properties().isUserSetupCompleted());
+}
+
+TEST_F(WizardWindowControllerTest, holdsOneScreenHoweverOftenItIsShown)
+{
+    open();
+    EXPECT_EQ(screens(), 1);
+    QWidget* const first = wizard->setupViewController().view();
+    wizard->showSetupView();
+    EXPECT_EQ(screens(), 1);
+    click("buttonDone");
+    wizard->showWindow();
+    wizard->showSetupView();
+    EXPECT_EQ(wizard->setupViewController().view(), first); // As it was left.
+
+    click("buttonCloseWithoutSaving");
+    wizard->showSetupView(); // Before the old one is gone.
+    wizard->showWindow();
+    EXPECT_EQ(screens(), 1);
+    EXPECT_TRUE(find("SetupView").isVisible());
+    click("buttonCloseWithoutSaving");
+    wizard->showWindow(); // Shown without a screen, it brings one.
+    EXPECT_EQ(screens(), 1);
+    EXPECT_EQ(find("SetupView").size(), wizard->window().size());
+}
+
+TEST_F(WizardWindowControllerTest, opensReadyForTheKeyboardAndFitsASmallScreen)
+{
+    open();
+    ASSERT_TRUE(QApplication::focusWidget());
+    EXPECT_EQ(QApplication::focusWidget()->objectName().toStdString(), "textFieldWeight");
+    EXPECT_LE(wizard->window().height(), 700);
+    EXPECT_EQ(wizard->window().windowTitle(), QStringLiteral("Setup"));
+}
+
+TEST_F(WizardWindowControllerTest, theDeskStopsWhenTheWindowEndsWhileAButtonIsHeld)
+{
+    plug();
+    open();
+    click("buttonMemory1");
+    QTest::mousePress(&find("buttonUp"), Qt::LeftButton);
+    EXPECT_EQ(heldMovement(), kUp);
+    wizard.reset();
+    EXPECT_EQ(lastMovement(), kStop);
+    const auto written = adapter->written.size();
+    platform.runLoop.advance(5);
+    EXPECT_EQ(adapter->written.size(), written);
+}
