@@ -2,6 +2,8 @@
 
 #include "platform/Bundle.h"
 
+#include <array>
+
 namespace {
 constexpr size_t kFlagsByte = 3;
 constexpr uint8_t kErrorPresent = 0x02;
@@ -16,10 +18,10 @@ struct Kind {
     const char* textKey;
 };
 
-constexpr Kind kKinds[] = {
-    {0x01, "E01", "PositionLostError"},
-    {0x04, "E02", "OverloadUpError"},
-    {0x08, "E03", "OverloadDownError"},
+constexpr std::array kKinds {
+    Kind {0x01, "E01", "PositionLostError"},
+    Kind {0x04, "E02", "OverloadUpError"},
+    Kind {0x08, "E03", "OverloadDownError"},
 };
 }
 

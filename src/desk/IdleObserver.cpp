@@ -2,11 +2,13 @@
 
 #include "platform/Log.h"
 
+#include <array>
+
 namespace {
 using EventType = EventSource::EventType;
 
 constexpr double kPollInterval = 10.0;
-constexpr EventType kCombinedEventTypes[] = {
+constexpr std::array kCombinedEventTypes {
     EventType::LeftMouseDown,
     EventType::LeftMouseUp,
     EventType::RightMouseDown,

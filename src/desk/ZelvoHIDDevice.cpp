@@ -218,7 +218,10 @@ double ZelvoHIDDevice::getStandingPoint()
     auto& properties = AppProperties::instance();
     const int64_t first = properties.devicePosition1();
     const int64_t second = properties.devicePosition2();
-    return first > 0 && second > 0 ? double((first + second) / 2) : kStandingPointWithoutMemory;
+    if (first <= 0 || second <= 0)
+        return kStandingPointWithoutMemory;
+    const int64_t middle = (first + second) / 2; // A whole unit, as heights are.
+    return double(middle);
 }
 
 void ZelvoHIDDevice::setPositionStateFromPosition(int32_t height)
