@@ -84,6 +84,7 @@ void ZelvoController::setActivity(ActivityRef activity)
 
 void ZelvoController::terminate()
 {
+    stopHeldMovement();
     stopCurrentActivity();
 }
 
@@ -179,10 +180,15 @@ void ZelvoController::receiveWakeNotification()
 
 void ZelvoController::receiveWillSleepNotification()
 {
-    if (m_device && m_device->moveTimer() && m_device->moveTimer()->isValid())
-        m_device->stop();
+    stopHeldMovement();
     if (m_activity)
         m_activity->pulse();
+}
+
+void ZelvoController::stopHeldMovement()
+{
+    if (m_device && m_device->moveTimer() && m_device->moveTimer()->isValid())
+        m_device->stop();
 }
 
 void ZelvoController::startPulseTimer()

@@ -52,6 +52,7 @@ public:
     /// while no desk is active or set-up is incomplete.
     void startNewActivity();
     void stopCurrentActivity();
+    /// The program ends: a held movement stops and the open period is closed.
     void terminate();
     void moveDeviceUp(); ///< one command; the developer's test window holds no button
     void moveDeviceDown();
@@ -92,6 +93,8 @@ public:
     [[nodiscard]] int32_t position() const { return m_position; }
 
 private:
+    void stopHeldMovement();
+
     Dependencies m_dependencies;
     std::unique_ptr<ZelvoHIDManager> m_deviceManager;
     std::shared_ptr<ZelvoHIDDevice> m_device;

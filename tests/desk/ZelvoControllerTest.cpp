@@ -217,6 +217,22 @@ TEST_F(ZelvoControllerTest, LeavesEverythingSafeBeforeTheMachineSleeps)
     EXPECT_EQ(adapter->written.size(), held + 1);
 }
 
+TEST_F(ZelvoControllerTest, StopsAHeldMovementWhenTheProgramEnds)
+{
+    plugAndPoll();
+    size_t written = adapter->written.size();
+    hub->terminate();
+    EXPECT_EQ(adapter->written.size(), written) << "no button is held, so nothing is sent";
+
+    hub->device()->moveToPosition(4000);
+    platform.runLoop.advance(0.2);
+    written = adapter->written.size();
+    hub->terminate();
+    platform.runLoop.advance(1);
+    ASSERT_EQ(adapter->written.size(), written + 1);
+    EXPECT_EQ(adapter->written.back(), (FakeHidDevice::Report {5, 1, 0x80, 1, 0x80, 1, 0x80, 1}));
+}
+
 TEST_F(ZelvoControllerTest, IgnoresWhatItKnowsAndWhomItDoesNot)
 {
     plugAndPoll();
