@@ -21,8 +21,6 @@ bool takesTheHoldAway(const QEvent& event, const QWidget& button)
     case QEvent::TouchCancel:
     case QEvent::UngrabKeyboard:
     case QEvent::UngrabMouse:
-    case QEvent::WindowBlocked:
-    case QEvent::WindowDeactivate:
         return true;
     case QEvent::EnabledChange:
         return !button.isEnabled();
@@ -36,6 +34,22 @@ bool takesTheWindowAway(QEvent::Type type)
 {
     return type == QEvent::WindowBlocked || type == QEvent::WindowDeactivate
         || type == QEvent::WindowStateChange || type == QEvent::Close || type == QEvent::Hide;
+}
+
+/// The same for events to the whole program.
+bool takesTheProgramAway(const QEvent& event)
+{
+    if (event.type() == QEvent::ApplicationStateChange)
+        return static_cast<const QApplicationStateChangeEvent&>(event).applicationState()
+            != Qt::ApplicationActive;
+    return event.type() == QEvent::Quit;
+}
+
+/// A menu takes mouse and keyboard for itself.
+bool opensPopup(QObject* receiver, const QEvent& event)
+{
+    const auto* widget = event.type() == QEvent::Show ? qobject_cast<QWidget*>(receiver) : nullptr;
+    return widget && widget->windowType() == Qt::Popup;
 }
 
 /// A mouse event anywhere in the program that shows the left button up.
@@ -109,11 +123,8 @@ bool MouseEventButton::eventFilter(QObject* receiver, QEvent* event)
     if (receiver == this)
         return false; // event() sees it.
     const bool windowIsGone = receiver == window() && takesTheWindowAway(event->type());
-    const bool programIsGone = event->type() == QEvent::Quit
-        || (event->type() == QEvent::ApplicationStateChange
-            && QGuiApplication::applicationState() != Qt::ApplicationActive);
     const bool mouseIsUp = m_holder == Holder::Mouse && showsLeftButtonUp(*event);
-    if (windowIsGone || programIsGone || mouseIsUp)
+    if (windowIsGone || takesTheProgramAway(*event) || opensPopup(receiver, *event) || mouseIsUp)
         release();
     return false;
 }

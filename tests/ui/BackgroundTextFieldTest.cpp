@@ -81,6 +81,7 @@ TEST_F(BackgroundTextFieldTest, theCaretStandsBehindTheTextThatWasTyped)
         return -1;
     };
     const int start = caretColumn();
+    EXPECT_NEAR(start, 2, 1);
     QTest::keyClicks(&m_field, QStringLiteral("123"));
     EXPECT_NEAR(caretColumn() - start, m_field.fontMetrics().horizontalAdvance(QStringLiteral("123")), 2);
 }

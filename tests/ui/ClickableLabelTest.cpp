@@ -81,6 +81,7 @@ TEST_F(ClickableLabelTest, otherButtonsAndReleasesElsewhereAreNoClicks)
 
 TEST_F(ClickableLabelTest, aChangeOfStateDoesNotChangeTheSizeWanted)
 {
+    m_label.setText(QStringLiteral("Minutes of standing in each hour"));
     m_label.setActive(false);
     const QSize inactive = m_label.sizeHint();
     m_label.setActive(true);

@@ -104,17 +104,26 @@ TEST_F(HoverButtonTest, whatIsSetUnderTheMouseIsWhatItsLeavingRestores)
     leave(m_button);
     EXPECT_EQ(m_button.image(), sit);
     EXPECT_EQ(m_button.textColor(), QColor(Qt::red));
+    m_button.setImage(m_plain);
+    EXPECT_EQ(m_button.image(), m_plain);
 }
 
 TEST_F(HoverButtonTest, titleAndPictureStayReadableOnABackgroundOfTheHoverColour)
 {
+    const auto lightPixels = [this] {
+        const QImage image = grab(m_button, 2).copy(16, 8, 248, 64);
+        int light = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x)
+                light += image.pixelColor(x, y).lightness() > 200;
+        }
+        return light;
+    };
     m_button.setAlternateBackgroundColor(zelvoHoverColor());
     enter(m_button);
-    const QImage image = grab(m_button, 2);
-    int light = 0;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x)
-            light += x > 8 && x < image.width() - 8 && image.pixelColor(x, y).lightness() > 200;
-    }
-    EXPECT_GT(light, 100);
+    const int both = lightPixels();
+    m_button.setImagePosition(Button::ImagePosition::Only);
+    const int pictureAlone = lightPixels();
+    EXPECT_GT(pictureAlone, 100);
+    EXPECT_GT(both, pictureAlone + 100);
 }

@@ -78,12 +78,20 @@ void sendMouse(QWidget* receiver, QEvent::Type type, Qt::MouseButton button, Qt:
     QApplication::sendEvent(receiver, &event);
 }
 
-enum class By { Mouse, Key };
+/// A reminder's buttons are held by the mouse without having the focus.
+enum class By { Mouse, MouseWithoutFocus, Key };
+
+const char* name(By by)
+{
+    return by == By::Key ? "key" : by == By::Mouse ? "mouse" : "mouse without focus";
+}
 
 void press(Stage& stage, By by)
 {
     stage.button->setFocus();
-    if (by == By::Mouse)
+    if (by == By::MouseWithoutFocus)
+        stage.button->clearFocus();
+    if (by != By::Key)
         sendMouse(stage.button, QEvent::MouseButtonPress, Qt::LeftButton, Qt::LeftButton);
     else
         sendKey(stage.button, QEvent::KeyPress, Qt::Key_Space, false);
@@ -91,7 +99,7 @@ void press(Stage& stage, By by)
 
 void letGo(Stage& stage, By by)
 {
-    if (by == By::Mouse)
+    if (by != By::Key)
         sendMouse(stage.button, QEvent::MouseButtonRelease, Qt::LeftButton, Qt::NoButton);
     else
         sendKey(stage.button, QEvent::KeyRelease, Qt::Key_Space, false);
@@ -105,6 +113,7 @@ TEST_F(MouseEventButtonTest, whateverEndsTheHoldReportsMouseUpOnce)
     const struct {
         const char* name;
         std::function<void(Stage&)> act;
+        bool isAboutFocus = false;
     } kTestCases[] = {
         {"button hidden", [](Stage& stage) { stage.button->hide(); }},
         {"button disabled", [](Stage& stage) { stage.button->setEnabled(false); }},
@@ -122,8 +131,8 @@ TEST_F(MouseEventButtonTest, whateverEndsTheHoldReportsMouseUpOnce)
         {"another window active",
             [](Stage& stage) { QApplication::setActiveWindow(stage.otherWindow.get()); }},
         {"no window active", [](Stage&) { QApplication::setActiveWindow(nullptr); }},
-        {"focus moved", [](Stage& stage) { stage.field->setFocus(); }},
-        {"focus given up", [](Stage& stage) { stage.button->clearFocus(); }},
+        {"focus moved", [](Stage& stage) { stage.field->setFocus(); }, true},
+        {"focus given up", [](Stage& stage) { stage.button->clearFocus(); }, true},
         {"mouse grab lost", [](Stage& stage) { send(stage.button, QEvent::UngrabMouse); }},
         {"keyboard grab lost", [](Stage& stage) { send(stage.button, QEvent::UngrabKeyboard); }},
         {"touch cancelled", [](Stage& stage) { send(stage.button, QEvent::TouchCancel); }},
@@ -145,15 +154,16 @@ TEST_F(MouseEventButtonTest, whateverEndsTheHoldReportsMouseUpOnce)
         {"program left for another",
             [](Stage&) {
                 QApplicationStateChangeEvent event(Qt::ApplicationInactive);
-                QApplication::setActiveWindow(nullptr);
                 QApplication::sendEvent(qApp, &event);
             }},
         {"delegate replaced", [](Stage& stage) { stage.button->setDelegate(&stage.otherRecorder); }},
         {"delegate taken out", [](Stage& stage) { stage.button->setDelegate(nullptr); }},
     };
-    for (const By by : {By::Mouse, By::Key}) {
+    for (const By by : {By::Mouse, By::MouseWithoutFocus, By::Key}) {
         for (const auto& testCase : kTestCases) {
-            SCOPED_TRACE(testing::Message() << testCase.name << (by == By::Mouse ? ", mouse" : ", key"));
+            if (testCase.isAboutFocus && by == By::MouseWithoutFocus)
+                continue;
+            SCOPED_TRACE(testing::Message() << testCase.name << ", " << name(by));
             Stage stage;
             press(stage, by);
             ASSERT_EQ(stage.recorder.downs, 1);

@@ -52,9 +52,12 @@ TEST_F(StepSliderTest, theKnobIsDrawnWhereItStandsAndNowhereElse)
             m_slider.setValue(step);
             const QImage image = grab(m_slider, scale);
             const QColor knob = QColor(0x00, 0x69, 0x7A);
-            // Between its rim and its eye; one pixel lower than it stands.
-            const QPointF body = m_slider.knobRect().center() + QPointF(0, 1 + 6);
-            EXPECT_EQ(colorAt(image, body), knob);
+            // One pixel lower than it stands: a white eye, the body around it.
+            const QPointF eye = m_slider.knobRect().center() + QPointF(0, 1);
+            for (const double side : {-1.0, 1.0}) {
+                EXPECT_GT(colorAt(image, eye + QPointF(0, side * 1.5)).lightness(), 200);
+                EXPECT_EQ(colorAt(image, eye + QPointF(0, side * 6)), knob);
+            }
             for (int other = 0; other <= 4; ++other)
                 EXPECT_EQ(colorAt(image, QPointF(place(other)) + QPointF(0, 7)) == knob, other == step);
         }
