@@ -143,8 +143,14 @@ void GoalCircleView::keyPressEvent(QKeyEvent* event)
     const int key = event->key();
     if (key != Qt::Key_Space && key != Qt::Key_Return && key != Qt::Key_Enter)
         QWidget::keyPressEvent(event);
-    else if (!event->isAutoRepeat())
+    else if (!m_keyRepeat.isRepetition(*event))
         click();
+}
+
+void GoalCircleView::keyReleaseEvent(QKeyEvent* event)
+{
+    m_keyRepeat.released(*event);
+    QWidget::keyReleaseEvent(event);
 }
 
 void GoalCircleView::focusInEvent(QFocusEvent* event)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui/FocusMark.h"
+#include "ui/KeyRepeat.h"
 #include "ui/Picture.h"
 
 #include <QWidget>
@@ -61,6 +62,7 @@ protected:
     void leaveEvent(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
 
@@ -76,6 +78,7 @@ private:
     bool m_hover = false;
     GoalCircleViewDelegate* m_delegate = nullptr;
     FocusMark m_focusMark;
+    KeyRepeat m_keyRepeat;
     Picture m_image;
     Picture m_imageHover;
     Picture m_imageActive;

@@ -116,10 +116,19 @@ void Button::paintEvent(QPaintEvent*)
 void Button::keyPressEvent(QKeyEvent* event)
 {
     const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (!isReturn)
-        QPushButton::keyPressEvent(event);
-    else if (!event->isAutoRepeat())
+    const bool isOurs = isReturn || event->key() == Qt::Key_Space;
+    if (isOurs && m_keyRepeat.isRepetition(*event))
+        return;
+    if (isReturn)
         click();
+    else
+        QPushButton::keyPressEvent(event);
+}
+
+void Button::keyReleaseEvent(QKeyEvent* event)
+{
+    m_keyRepeat.released(*event);
+    QPushButton::keyReleaseEvent(event);
 }
 
 void Button::focusInEvent(QFocusEvent* event)

@@ -2,6 +2,7 @@
 
 #include "ui/ButtonPainter.h"
 #include "ui/FocusMark.h"
+#include "ui/KeyRepeat.h"
 
 #include <QPushButton>
 
@@ -42,6 +43,7 @@ protected:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     [[nodiscard]] bool hitButton(const QPoint& position) const override;
@@ -52,5 +54,6 @@ private:
     Picture m_image;
     ImagePosition m_imagePosition = ImagePosition::Leading;
     FocusMark m_focusMark;
+    KeyRepeat m_keyRepeat;
     bool m_isUnderlined = false;
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ui/FocusMark.h"
+#include "ui/KeyRepeat.h"
 
 #include <QLabel>
 
@@ -49,6 +50,7 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
 
@@ -58,5 +60,6 @@ private:
     ClickableLabelDelegate* m_delegateClick = nullptr;
     QString m_originalAttribuedString;
     FocusMark m_focusMark;
+    KeyRepeat m_keyRepeat;
     bool m_active = false;
 };

@@ -6,6 +6,9 @@
 #include <QPointer>
 
 namespace {
+// Longer than the moment between the two halves of a repetition, shorter than anyone can tell.
+constexpr double kKeyReleaseDelay = 0.02;
+
 bool isHoldKey(int key)
 {
     return key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Select;
@@ -109,6 +112,7 @@ void MouseEventButton::release()
     if (!isHeld())
         return;
     m_holder = Holder::None;
+    invalidate(m_keyReleaseTimer);
     setDown(false);
     setMouseTracking(false);
     if (qApp)
@@ -172,6 +176,8 @@ void MouseEventButton::keyPressEvent(QKeyEvent* event)
         // A second key may open something that swallows the first one's release (Alt+Tab does).
         event->ignore();
         release();
+    } else if (m_holder == Holder::Key) {
+        invalidate(m_keyReleaseTimer); // The key is still down: this is the other half of a repetition.
     } else if (!isHold) {
         event->ignore();
     } else if (!isHeld() && !event->isAutoRepeat()) {
@@ -185,5 +191,17 @@ void MouseEventButton::keyReleaseEvent(QKeyEvent* event)
     if (!isHoldKey(event->key()))
         event->ignore();
     else if (m_holder == Holder::Key && event->key() == m_key && !event->isAutoRepeat())
-        release();
+        releaseKey(event->timestamp());
+}
+
+void MouseEventButton::releaseKey(quint64 time)
+{
+    if (time == 0) {
+        release(); // Not from a keyboard, so not half of a repetition.
+        return;
+    }
+    invalidate(m_keyReleaseTimer);
+    m_keyReleaseTimer = m_timers.schedule(
+        kKeyReleaseDelay, RunLoop::Repeat::No, [this](Timer&) { release(); }, {},
+        RunLoop::Precision::Precise);
 }

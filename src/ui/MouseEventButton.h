@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/RunLoop.h"
 #include "ui/HoverButton.h"
 
 class MouseEventButton;
@@ -16,9 +17,10 @@ protected:
 /// The press-and-hold button that moves the desk: it reports press and release, and never a click.
 ///
 /// Each mouse-down is followed by exactly one mouse-up. It is held by the left mouse button, or by Space,
-/// Return or Enter without auto-repeat. Whatever ends the hold without a release being seen counts as
-/// release: the loss of window, grab, focus, enabled state or visibility, another key, a dialog in front, a
-/// new delegate, the end of the button. A desk must never go on moving because an event was lost.
+/// Return or Enter without auto-repeat; a key counts as released 20 ms after it went up, because X11 reports
+/// a key that is kept down as going up and down. Whatever ends the hold without a release being seen counts
+/// as release: the loss of window, grab, focus, enabled state or visibility, another key, a dialog in front,
+/// a new delegate, the end of the button. A desk must never go on moving because an event was lost.
 ///
 /// It offers screen readers no press action: an action that has no end must not start a desk.
 class MouseEventButton final : public HoverButton {
@@ -52,8 +54,11 @@ private:
 
     void hold(Holder holder);
     void release();
+    void releaseKey(quint64 time);
 
     MouseEventButtonDelegate* m_delegate = nullptr;
     Holder m_holder = Holder::None;
     int m_key = 0;
+    TimerScope m_timers;
+    TimerRef m_keyReleaseTimer;
 };

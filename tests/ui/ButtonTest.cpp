@@ -162,6 +162,30 @@ TEST_F(ButtonTest, spaceAndReturnClickOnce)
     EXPECT_EQ(clicks.count(), 3);
 }
 
+TEST_F(ButtonTest, aKeyKeptDownClicksOnceThoughX11ReportsItAsGoingUpAndDown)
+{
+    for (const int key : {Qt::Key_Space, Qt::Key_Return}) {
+        SCOPED_TRACE(key);
+        Stage stage;
+        QSignalSpy clicks(&stage.button, &QPushButton::clicked);
+        const auto send = [&](QEvent::Type type, quint64 time) {
+            QKeyEvent event(type, key, Qt::NoModifier);
+            event.setTimestamp(time);
+            QApplication::sendEvent(&stage.button, &event);
+        };
+        send(QEvent::KeyPress, 1000);
+        for (quint64 time = 1660; time < 2000; time += 40) {
+            send(QEvent::KeyRelease, time);
+            send(QEvent::KeyPress, time);
+        }
+        send(QEvent::KeyRelease, 2020);
+        EXPECT_EQ(clicks.count(), 1);
+        send(QEvent::KeyPress, 2100);
+        send(QEvent::KeyRelease, 2200);
+        EXPECT_EQ(clicks.count(), 2);
+    }
+}
+
 TEST_F(ButtonTest, aHoverLinkTurnsGreyUnderTheMouse)
 {
     HoverLink link;

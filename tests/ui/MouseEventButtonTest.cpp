@@ -65,9 +65,10 @@ void send(QObject* receiver, QEvent::Type type)
 }
 
 void sendKey(QWidget* receiver, QEvent::Type type, int key, bool isAutoRepeat,
-    Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    Qt::KeyboardModifiers modifiers = Qt::NoModifier, quint64 time = 0)
 {
     QKeyEvent event(type, key, modifiers, QString(), isAutoRepeat);
+    event.setTimestamp(time);
     QApplication::sendEvent(receiver, &event);
 }
 
@@ -284,6 +285,36 @@ TEST_F(MouseEventButtonTest, spaceReturnAndEnterHoldWithoutAutoRepeat)
         sendKey(stage.button, QEvent::KeyPress, key, true); // A late repeat starts nothing.
         EXPECT_EQ(stage.recorder.downs, 1);
     }
+}
+
+TEST_F(MouseEventButtonTest, aKeyThatX11ReportsAsGoingUpAndDownHoldsUntilItStaysUp)
+{
+    Stage stage;
+    const auto key = [&](QEvent::Type type, quint64 time) {
+        sendKey(stage.button, type, Qt::Key_Space, false, Qt::NoModifier, time);
+    };
+    key(QEvent::KeyPress, 1000);
+    for (quint64 time = 1660; time < 2000; time += 40) {
+        platform.runLoop.advance(0.04);
+        key(QEvent::KeyRelease, time);
+        platform.runLoop.advance(0.002);
+        key(QEvent::KeyPress, time);
+    }
+    EXPECT_EQ(stage.recorder.downs, 1);
+    EXPECT_EQ(stage.recorder.ups, 0);
+    key(QEvent::KeyRelease, 2020);
+    EXPECT_EQ(stage.recorder.ups, 0);
+    platform.runLoop.advance(0.021);
+    EXPECT_EQ(stage.recorder.ups, 1);
+    EXPECT_EQ(platform.runLoop.pendingTimerCount(), 0U);
+
+    // What ends the hold otherwise does so at once, and only once.
+    key(QEvent::KeyPress, 3000);
+    key(QEvent::KeyRelease, 3100);
+    stage.button->hide();
+    EXPECT_EQ(stage.recorder.ups, 2);
+    platform.runLoop.advance(1);
+    EXPECT_EQ(stage.recorder.ups, 2);
 }
 
 TEST_F(MouseEventButtonTest, keysThatBelongToOthersHoldNothing)
