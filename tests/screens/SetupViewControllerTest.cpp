@@ -192,6 +192,7 @@ TEST_F(SetupViewControllerTest, anUnknownModeBecomesCaloriesWithDone)
 {
     store("ActivityMode", 7);
     open();
+    slider().setValue(2);
     click(circle(3));
     EXPECT_EQ(activeSteps(), QList<int> {3}); // The circle that was clicked, though all stand for goal 0.
     EXPECT_EQ(slider().value(), 0);
