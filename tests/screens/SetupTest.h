@@ -25,6 +25,7 @@ protected:
     ~SetupTest() override
     {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        AppProperties::resetInstance(); // The hub goes before the world that this fixture makes for it.
         installTexts(*qApp, QStringLiteral("en"));
         QApplication::setLayoutDirection(Qt::LeftToRight);
     }
