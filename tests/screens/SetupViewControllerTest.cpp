@@ -35,6 +35,11 @@ protected:
         show(window);
         platform.defaults.writes.clear();
     }
+    void dismiss()
+    {
+        screen.buttonCloseWithoutSavingClicked();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
 
     template <typename Widget = QWidget>
     Widget& find(const char* name) const
@@ -149,8 +154,7 @@ TEST_F(SetupViewControllerTest, fieldsShowWhatIsStoredInTheUsersUnits)
         EXPECT_EQ(QStringList({weight().text(), height().text(), standUps().text()}), testCase.fields);
         EXPECT_EQ(QStringList({find<QLabel>("labelSystemOfUnits").text(), find<QLabel>("labelCm").text()}),
             testCase.units);
-        screen.buttonCloseWithoutSavingClicked();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        dismiss();
     }
 }
 
@@ -183,8 +187,7 @@ TEST_F(SetupViewControllerTest, theStoredGoalChoosesTabCirclesAndStep)
         EXPECT_EQ(circleTexts(), testCase.circles);
         EXPECT_EQ(activeSteps(), QList<int> {testCase.step});
         EXPECT_EQ(slider().value(), testCase.step);
-        screen.buttonCloseWithoutSavingClicked();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        dismiss();
     }
 }
 
@@ -423,8 +426,7 @@ TEST_F(SetupViewControllerTest, fieldsRefuseWhatIsNoNumberOrOutOfRange)
         else
             paste(field, testCase.text);
         EXPECT_EQ(field.text(), testCase.shown);
-        screen.buttonCloseWithoutSavingClicked();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        dismiss();
     }
 }
 
@@ -438,8 +440,7 @@ TEST_F(SetupViewControllerTest, digitsOfEveryScriptAndSecondPointsAreUnderstood)
     EXPECT_EQ(properties().tablePositionOffset(), 7200);
 
     platform.bundle.testLocale = QLocale(QStringLiteral("en_US"));
-    screen.buttonCloseWithoutSavingClicked();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    dismiss();
     open();
     paste(height(), QStringLiteral("72.5.1"));
     click(find("buttonDone"));
@@ -629,8 +630,7 @@ TEST_F(SetupViewControllerTest, theDeskStopsWhenTheScreenGoesWhileUpIsHeld)
         const auto written = adapter->written.size();
         platform.runLoop.advance(5);
         EXPECT_EQ(adapter->written.size(), written);
-        screen.buttonCloseWithoutSavingClicked();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        dismiss();
     }
 }
 
@@ -775,8 +775,7 @@ TEST_F(SetupViewControllerTest, everyTextFitsInEveryLanguage)
             }
             EXPECT_EQ(memoryButton(2).x(), height().x()); // One grid.
             EXPECT_EQ(memoryButton(3).x(), standUps().x());
-            screen.buttonCloseWithoutSavingClicked();
-            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            dismiss();
         }
     }
 }
@@ -787,8 +786,7 @@ TEST_F(SetupViewControllerTest, theScreenLooksTheSameOnADarkDesktop)
     open();
     weight().clearFocus();
     const QImage onLight = grab(*screen.view());
-    screen.buttonCloseWithoutSavingClicked();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    dismiss();
     QPalette dark(QColor(40, 40, 40), QColor(20, 20, 20));
     dark.setColor(QPalette::WindowText, Qt::white);
     dark.setColor(QPalette::Text, Qt::white);
