@@ -5,8 +5,7 @@
 #include "ui/HyperLinkTextField.h"
 #include "ui/TextUtilities.h"
 
-#include <QAccessible>
-#include <QTextDocumentFragment>
+#include <QWidget>
 
 namespace {
 constexpr double kClearSeconds = 15.0;
@@ -22,6 +21,7 @@ ErrorLine::ErrorLine(HyperLinkTextField& label, QWidget& area, WithoutUrl withou
           NotificationCenter::defaultCenter().addObserver(NotificationNames::kErrorCodeRemoved,
               [this](const PostedNotification&) { observerRemoveErrorRecieved(); }))
 {
+    m_area.setAccessibleName(Bundle::main().localizedString(QStringLiteral("AccessErrorLine")));
     hide();
 }
 
@@ -34,17 +34,11 @@ void ErrorLine::hide()
 void ErrorLine::observerErrorRecieved(const PostedNotification& posted)
 {
     invalidate(m_updateErrorTimer);
-    const QString shown = text(posted.userInfo);
-    const bool isNews = m_label.isHidden() || m_label.text() != shown;
-    m_label.setText(shown);
     m_label.show();
     m_area.show();
     m_area.raise();
-    if (!isNews)
-        return; // The desk repeats an error each second; a screen reader says it once.
-    m_label.setAccessibleName(QTextDocumentFragment::fromHtml(shown).toPlainText());
-    QAccessibleEvent event(&m_label, QAccessible::Alert);
-    QAccessible::updateAccessibility(&event);
+    // A shown label announces a text that is new; the desk repeats the same one each second.
+    m_label.setText(text(posted.userInfo));
 }
 
 void ErrorLine::observerRemoveErrorRecieved()
@@ -54,7 +48,8 @@ void ErrorLine::observerRemoveErrorRecieved()
 
 void ErrorLine::startErrorTimer()
 {
-    // The timer before this one is replaced and not stopped: all it could do is clear a cleared line.
+    // The timer before this one is replaced and not stopped: an error has stopped it, or it clears a cleared
+    // line.
     m_updateErrorTimer =
         m_timers.schedule(kClearSeconds, RunLoop::Repeat::Yes, [this](Timer&) { onErrorTimerTick(); });
 }
@@ -71,8 +66,10 @@ QString ErrorLine::text(const QMap<QString, QString>& errorCodes) const
     const bool isLinked = !url.isEmpty() || m_withoutUrl == WithoutUrl::EmptyLink;
     QString text = richTextFromString(Bundle::main().localizedString(QStringLiteral("Error \n")));
     for (auto entry = errorCodes.cbegin(); entry != errorCodes.cend(); ++entry) {
-        const QString line = QStringLiteral("%1: %2 \n").arg(entry.key(), entry.value());
+        const QString line = QStringLiteral("%1: %2").arg(entry.key(), entry.value());
         text += isLinked ? hyperlinkFromString(line, url) : richTextFromString(line);
+        text +=
+            richTextFromString(QStringLiteral(" \n")); // Outside the link, whose underline it would lengthen.
     }
     return text;
 }

@@ -33,7 +33,15 @@ QString localized(const QString& key)
 /// The number without its fraction; sums of a damaged clock must not overflow a text.
 QString truncated(double number)
 {
-    return std::isfinite(number) ? QString::number(std::trunc(number), 'f', 0) : QStringLiteral("0");
+    const double whole = std::trunc(number) + 0.0; // The sum takes the sign off a negative zero.
+    return std::isfinite(number) ? QString::number(whole, 'f', 0) : QStringLiteral("0");
+}
+
+/// Where a line of that font that is centred in a label stands.
+int baselineBelowMiddle(const QFont& font)
+{
+    const QFontMetrics metrics(font);
+    return metrics.ascent() - metrics.height() / 2;
 }
 
 /// fmin() takes the number where the other is none: a goal of 0 counts as reached.
@@ -82,6 +90,7 @@ void MainWindowController::windowDidLoad()
     startUpdateDataTimer();
     setLocalizationText();
     setupGUI();
+    setAccessibleTexts();
     connectButtons();
 }
 
@@ -133,8 +142,8 @@ void MainWindowController::setupGUI()
     using Fonts = FontAndTextHandler;
     m_ui->labelPercent->setFont(Fonts::Bold80());
     m_ui->labelProcentSign->setFont(Fonts::Roman38());
-    const int baselines = QFontMetrics(Fonts::Bold80()).descent() - QFontMetrics(Fonts::Roman38()).descent();
-    m_ui->labelProcentSign->setContentsMargins(0, 0, 0, baselines);
+    const int baselines = baselineBelowMiddle(Fonts::Bold80()) - baselineBelowMiddle(Fonts::Roman38());
+    m_ui->labelProcentSign->setContentsMargins(0, 2 * baselines, 0, 0);
     m_ui->labelOfTodaysGoal->setFont(Fonts::Light16());
     for (QLabel* label :
         std::initializer_list<QLabel*> {m_ui->labelStatus, m_ui->labelErrorText, m_ui->labelTabelHeigt})
@@ -165,10 +174,21 @@ void MainWindowController::setupGUI()
     m_ui->buttonClose->setImagePosition(Button::ImagePosition::Only);
 }
 
+void MainWindowController::setAccessibleTexts()
+{
+    m_ui->caloriesBurnedIndicator->setAccessibleName(localized(QStringLiteral("AccessGoalProgress")));
+    m_ui->scheduleIndicator->setAccessibleName(localized(QStringLiteral("AccessSessionProgress")));
+    m_ui->buttonUp->setAccessibleDescription(localized(QStringLiteral("AccessMoveUpHint")));
+    m_ui->buttonDown->setAccessibleDescription(localized(QStringLiteral("AccessMoveDownHint")));
+    for (QWidget* button : {m_ui->buttonMemory1, m_ui->buttonMemory2, m_ui->buttonMemory3})
+        button->setAccessibleDescription(localized(QStringLiteral("AccessMemoryHint")));
+}
+
 void MainWindowController::startUpdateDataTimer()
 {
-    m_updateDateTimer =
-        m_timers.schedule(kRefreshSeconds, RunLoop::Repeat::Yes, [this](Timer&) { onUpdateDataTimerTick(); });
+    // A timer that still runs is not stopped: refreshing twice shows the same.
+    m_updateDateTimer = m_timers.schedule(
+        kRefreshSeconds, RunLoop::Repeat::Yes, [this](Timer& timer) { onUpdateDataTimerTick(timer); });
 }
 
 void MainWindowController::stopUpdateDataTimer()
@@ -176,10 +196,12 @@ void MainWindowController::stopUpdateDataTimer()
     invalidate(m_updateDateTimer);
 }
 
-void MainWindowController::onUpdateDataTimerTick()
+void MainWindowController::onUpdateDataTimerTick(Timer& timer)
 {
-    if (m_window->isVisible()) // Timers of earlier openings go on; a hidden window has nothing to refresh.
+    if (m_window->isVisible())
         updateData();
+    else
+        timer.invalidate(); // One of several openings; left alone they would wake an idle program for ever.
 }
 
 void MainWindowController::buttonCloseClicked()
@@ -200,8 +222,10 @@ void MainWindowController::buttonSettingsClicked()
 
 void MainWindowController::orderFront()
 {
-    if (!m_window->isVisible())
+    if (!m_window->isVisible()) {
         WindowPlacement::moveNearPointer(*m_window);
+        m_window->unfocusControls(); // A key typed a moment too late must not move the desk.
+    }
     m_window->show();
     m_window->raise();
     m_window->activateWindow();
@@ -294,7 +318,7 @@ void MainWindowController::setTabelHeight()
 
 void MainWindowController::mouseEventButtonMouseDown(MouseEventButton& button)
 {
-    ZelvoHIDDevice* const desk = device();
+    ZelvoHIDDevice* const desk = m_deskHold.begin();
     if (!desk)
         return;
     AppProperties& properties = AppProperties::instance();
@@ -312,6 +336,5 @@ void MainWindowController::mouseEventButtonMouseDown(MouseEventButton& button)
 
 void MainWindowController::mouseEventButtonMouseUp(MouseEventButton&)
 {
-    if (ZelvoHIDDevice* const desk = device())
-        desk->stop();
+    m_deskHold.end();
 }

@@ -3,6 +3,7 @@
 #include "data/ActivityPersister.h"
 #include "platform/NotificationCenter.h"
 #include "platform/RunLoop.h"
+#include "shell/DeskHold.h"
 #include "ui/MouseEventButton.h"
 
 #include <functional>
@@ -71,9 +72,10 @@ private:
     void windowWillClose();
     void setLocalizationText();
     void setupGUI();
+    void setAccessibleTexts();
     void connectButtons();
     void observe();
-    void onUpdateDataTimerTick();
+    void onUpdateDataTimerTick(Timer& timer);
     [[nodiscard]] GoalProgress goalProgress();
     void showGoalProgress();
     void showSchedule();
@@ -81,6 +83,7 @@ private:
 
     Dependencies m_dependencies;
     std::unique_ptr<ActivityPersister> m_persister;
+    DeskHold m_deskHold; // Before the window, whose end lets go of its buttons.
     std::unique_ptr<PanelWindow> m_window;
     std::unique_ptr<Ui::MainWindow> m_ui;
     std::unique_ptr<ErrorLine> m_errorLine;

@@ -1,6 +1,6 @@
 #include "shell/NotificationView.h"
 
-#include "ui/Palette.h"
+#include "ui/WindowSystem.h"
 
 #include <QCursor>
 #include <QEnterEvent>
@@ -45,7 +45,9 @@ void NotificationView::enterEvent(QEnterEvent* event)
 void NotificationView::leaveEvent(QEvent* event)
 {
     QWidget::leaveEvent(event);
-    mouseExited(mapFromGlobal(QPointF(QCursor::pos())));
+    // Wayland does not tell where the pointer is outside; leaving is all there is to know.
+    constexpr QPointF kOutside(-1, -1);
+    mouseExited(WindowSystem::isWayland() ? kOutside : mapFromGlobal(QPointF(QCursor::pos())));
 }
 
 void NotificationView::hideEvent(QHideEvent* event)

@@ -20,8 +20,7 @@
 
 namespace {
 constexpr int32_t kSitDown = 2;
-constexpr Qt::WindowFlags kFloating =
-    Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint | Qt::WindowDoesNotAcceptFocus;
+constexpr Qt::WindowFlags kFloating = Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
 
 QString localized(const QString& key)
 {
@@ -57,13 +56,18 @@ void NotificationWindowController::awakeFromNib()
         button->setDelegate(this);
     m_errorLine = std::make_unique<ErrorLine>(
         *m_ui->labelErrorText, *m_ui->errorArea, ErrorLine::WithoutUrl::EmptyLink);
-    m_window->setAttribute(Qt::WA_ShowWithoutActivating);
+    m_window->setShowsWithoutKeyboard();
+    m_window->onClickEnded([this] {
+        if (!m_fade->isFadingOut()) // An answered reminder leaves the keyboard where it was.
+            m_window->takeKeyboard();
+    });
     m_window->setMovableByWindowBackground(true);
     m_window->onCloseRequested([this] { buttonSnoozeClicked(); }); // Escape is "not now".
     m_window->setWindowOpacity(1.0);
     setLocalizationText();
     setupGUI();
     setFont();
+    setAccessibleTexts();
     connectButtons();
     updateControls();
 }
@@ -105,6 +109,13 @@ void NotificationWindowController::setFont()
         button->setBackgroundColor(zelvoButtonDarkBackgroundColor());
         button->setTextColor(zelvoTextColor());
     }
+}
+
+void NotificationWindowController::setAccessibleTexts()
+{
+    m_ui->buttonMemory->setAccessibleDescription(localized(QStringLiteral("AccessMemoryHint")));
+    m_ui->buttonUp->setAccessibleDescription(localized(QStringLiteral("AccessMoveUpHint")));
+    m_ui->buttonDown->setAccessibleDescription(localized(QStringLiteral("AccessMoveDownHint")));
 }
 
 void NotificationWindowController::connectButtons()
@@ -156,9 +167,10 @@ void NotificationWindowController::setTabelHeight()
 
 void NotificationWindowController::fadeIn()
 {
-    m_window->adjustSize();
-    if (!m_window->isVisible())
+    if (!m_window->isVisible()) {
         WindowPlacement::moveIntoCorner(*m_window);
+        m_window->unfocusControls();
+    }
     m_fade->fadeIn();
 }
 
@@ -213,7 +225,10 @@ void NotificationWindowController::stopDismissTimer()
 
 void NotificationWindowController::onDismissTimerTick()
 {
-    if (m_actionDone)
+    if (isButtonHeld())
+        startDismissTimer(); // A key can hold a button while the pointer is elsewhere; closing would stop the
+                             // desk.
+    else if (m_actionDone)
         dismiss();
     else
         snooze(); // An ignored reminder comes again.
@@ -236,34 +251,40 @@ void NotificationWindowController::notificationViewMouseEntered()
 
 void NotificationWindowController::notificationViewMouseExited()
 {
-    startDismissTimer();
+    if (!m_fade->isFadingOut()) // The reminder has been answered; there is nothing left to wait for.
+        startDismissTimer();
 }
 
 void NotificationWindowController::mouseEventButtonMouseDown(MouseEventButton& button)
 {
-    if (!device())
+    ZelvoHIDDevice* const desk = m_deskHold.begin();
+    if (!desk)
         return;
     if (&button == m_ui->buttonMemory)
-        moveToMemory();
+        moveToMemory(*desk);
     else if (&button == m_ui->buttonDown)
-        device()->moveDown();
+        desk->moveDown();
     else if (&button == m_ui->buttonUp)
-        device()->moveUp();
+        desk->moveUp();
 }
 
 void NotificationWindowController::mouseEventButtonMouseUp(MouseEventButton&)
 {
-    if (device())
-        device()->stop();
+    m_deskHold.end();
     m_actionDone = true;
 }
 
-void NotificationWindowController::moveToMemory()
+void NotificationWindowController::moveToMemory(ZelvoHIDDevice& desk)
 {
     AppProperties& properties = AppProperties::instance();
     const bool isSit = m_notification && m_notification->position() == kSitDown;
     if (isSit && properties.hasDevicePosition1())
-        device()->moveToPosition(properties.devicePosition1());
+        desk.moveToPosition(properties.devicePosition1());
     else if (properties.hasDevicePosition2()) // A sit reminder without a sit memory offers the other one.
-        device()->moveToPosition(properties.devicePosition2());
+        desk.moveToPosition(properties.devicePosition2());
+}
+
+bool NotificationWindowController::isButtonHeld() const
+{
+    return m_ui->buttonMemory->isHeld() || m_ui->buttonUp->isHeld() || m_ui->buttonDown->isHeld();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/RunLoop.h"
+#include "shell/DeskHold.h"
 #include "shell/NotificationView.h"
 #include "ui/MouseEventButton.h"
 #include "ui/Picture.h"
@@ -60,11 +61,14 @@ private:
     void setupGUI();
     void setFont();
     void connectButtons();
-    void moveToMemory();
+    void setAccessibleTexts();
+    void moveToMemory(ZelvoHIDDevice& desk);
+    [[nodiscard]] bool isButtonHeld() const;
 
     Workspace& m_workspace;
     std::shared_ptr<Notification> m_notification;
     bool m_actionDone = false;
+    DeskHold m_deskHold; // Before the window, whose end lets go of its buttons.
     std::unique_ptr<PanelWindow> m_window;
     std::unique_ptr<Ui::NotificationWindow> m_ui;
     std::unique_ptr<WindowFade> m_fade;

@@ -61,6 +61,8 @@ void TestWindowController::showWindow()
     invalidate(m_valuesTimer);
     m_valuesTimer =
         m_timers.schedule(kRefreshSeconds, RunLoop::Repeat::Yes, [this](Timer&) { updateValues(); });
+    if (!m_window->isVisible())
+        m_window->unfocusControls();
     m_window->show();
     m_window->raise();
     m_window->activateWindow();
@@ -157,18 +159,18 @@ void TestWindowController::onClicked(QPushButton* button, std::function<void()> 
 
 void TestWindowController::mouseEventButtonMouseDown(MouseEventButton& button)
 {
-    if (!device())
+    ZelvoHIDDevice* const desk = m_deskHold.begin();
+    if (!desk)
         return;
     if (&button == m_ui->buttonUp)
-        device()->moveUp();
+        desk->moveUp();
     else if (&button == m_ui->buttonDown)
-        device()->moveDown();
+        desk->moveDown();
     else
-        device()->moveToPosition(m_heights.at(&button));
+        desk->moveToPosition(m_heights.at(&button));
 }
 
 void TestWindowController::mouseEventButtonMouseUp(MouseEventButton&)
 {
-    if (device())
-        device()->stop();
+    m_deskHold.end();
 }

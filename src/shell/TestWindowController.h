@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/RunLoop.h"
+#include "shell/DeskHold.h"
 #include "ui/MouseEventButton.h"
 
 #include <cstdint>
@@ -48,6 +49,7 @@ private:
 
     MenuletController& m_menulet;
     SimulatedHidManager* m_simulated;
+    DeskHold m_deskHold; // Before the window, whose end lets go of its buttons.
     std::unique_ptr<PanelWindow> m_window;
     std::unique_ptr<Ui::TestWindow> m_ui;
     std::map<const MouseEventButton*, int32_t> m_heights; ///< raw, 0.1 mm

@@ -1,17 +1,55 @@
 #include "ui/PanelWindow.h"
 
+#include "platform/RunLoop.h"
 #include "ui/Palette.h"
+#include "ui/WindowPlacement.h"
 
 #include <QCloseEvent>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPointer>
 #include <QWindow>
+
+#include <utility>
 
 PanelWindow::PanelWindow(Qt::WindowFlags flags)
     : QWidget(nullptr, flags)
 {
     applyWindowPalette(*this);
+    // The desktop may leave a window where its unplugged screen was.
+    connect(qGuiApp, &QGuiApplication::screenRemoved, this,
+        [this] { soon([this] { WindowPlacement::moveIntoSight(*this); }); });
+}
+
+void PanelWindow::unfocusControls()
+{
+    setFocus(Qt::OtherFocusReason);
+}
+
+void PanelWindow::setShowsWithoutKeyboard()
+{
+    m_showsWithoutKeyboard = true;
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    setWindowFlag(Qt::WindowDoesNotAcceptFocus);
+}
+
+void PanelWindow::takeKeyboard()
+{
+    if (!isVisible() || !windowHandle())
+        return;
+    // The window's own flag would hide the window and make it anew.
+    windowHandle()->setFlag(Qt::WindowDoesNotAcceptFocus, false);
+    activateWindow();
+}
+
+bool PanelWindow::eventFilter(QObject* receiver, QEvent* event)
+{
+    const bool isRelease = receiver == windowHandle() && event->type() == QEvent::MouseButtonRelease;
+    if (isRelease && m_clickEnded)
+        soon([this] { m_clickEnded(); });
+    return QWidget::eventFilter(receiver, event);
 }
 
 void PanelWindow::closeEvent(QCloseEvent* event)
@@ -55,8 +93,9 @@ void PanelWindow::paintEvent(QPaintEvent* event)
         return;
     // A frameless window needs an edge of its own to stand out from what lies under it.
     QPainter painter(this);
-    painter.setPen(zelvoMainLineColor());
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    const QRegion edge = QRegion(rect()).subtracted(rect().adjusted(1, 1, -1, -1));
+    for (const QRect& line : edge)
+        painter.fillRect(line, zelvoMainLineColor()); // A pen would stray by half a pixel on fine screens.
 }
 
 void PanelWindow::resizeEvent(QResizeEvent* event)
@@ -66,10 +105,28 @@ void PanelWindow::resizeEvent(QResizeEvent* event)
         m_resized();
 }
 
+void PanelWindow::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    if (event->spontaneous())
+        return;
+    windowHandle()->installEventFilter(this); // Controls keep their clicks to themselves.
+    if (m_showsWithoutKeyboard)
+        windowHandle()->setFlag(Qt::WindowDoesNotAcceptFocus);
+}
+
 void PanelWindow::requestClose()
 {
     if (m_closeRequested)
         m_closeRequested();
     else
         close();
+}
+
+void PanelWindow::soon(std::function<void()> callback)
+{
+    RunLoop::main().performSoon([window = QPointer<PanelWindow>(this), callback = std::move(callback)] {
+        if (window)
+            callback();
+    });
 }

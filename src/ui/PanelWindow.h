@@ -19,6 +19,17 @@ public:
     void onWillClose(std::function<void()> callback) { m_willClose = std::move(callback); }
     void onResized(std::function<void()> callback) { m_resized = std::move(callback); }
 
+    /// Leaves no control with the keyboard focus, so that no key presses one by accident; Tab goes to the
+    /// first.
+    void unfocusControls();
+    /// Each time the window is shown it stays out of the keyboard's way until takeKeyboard().
+    void setShowsWithoutKeyboard();
+    void takeKeyboard();
+    /// Called soon after a mouse button was released that had been pressed inside.
+    void onClickEnded(std::function<void()> callback) { m_clickEnded = std::move(callback); }
+
+    bool eventFilter(QObject* receiver, QEvent* event) override;
+
 protected:
     void closeEvent(QCloseEvent* event) override;
     void hideEvent(QHideEvent* event) override;
@@ -26,12 +37,17 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     void requestClose();
+    /// Calls back once the events of this moment have been dealt with, if the window lives then.
+    void soon(std::function<void()> callback);
 
     bool m_movable = false;
+    bool m_showsWithoutKeyboard = false;
     std::function<void()> m_closeRequested;
     std::function<void()> m_willClose;
     std::function<void()> m_resized;
+    std::function<void()> m_clickEnded;
 };

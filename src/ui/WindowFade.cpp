@@ -1,5 +1,7 @@
 #include "ui/WindowFade.h"
 
+#include "ui/WindowSystem.h"
+
 #include <QWidget>
 
 #include <algorithm>
@@ -15,7 +17,7 @@ WindowFade::WindowFade(QWidget& window)
 
 void WindowFade::fadeIn()
 {
-    m_window.setWindowOpacity(0.0);
+    setOpacity(0.0);
     m_window.show();
     m_window.raise();
     start(Direction::In);
@@ -25,6 +27,11 @@ void WindowFade::fadeOut()
 {
     if (m_window.isVisible())
         start(Direction::Out);
+}
+
+bool WindowFade::isFadingOut() const
+{
+    return m_direction == Direction::Out && m_timer && m_timer->isValid();
 }
 
 void WindowFade::start(Direction direction)
@@ -39,12 +46,18 @@ void WindowFade::start(Direction direction)
 void WindowFade::step()
 {
     const double done = std::min(1.0, (RunLoop::main().monotonicNow() - m_startedAt) / kSeconds);
-    m_window.setWindowOpacity(m_direction == Direction::In ? done : 1.0 - done);
+    setOpacity(m_direction == Direction::In ? done : 1.0 - done);
     if (done < 1.0)
         return;
     invalidate(m_timer);
     if (m_direction == Direction::Out) {
         m_window.hide();
-        m_window.setWindowOpacity(1.0);
+        setOpacity(1.0);
     }
+}
+
+void WindowFade::setOpacity(double opacity)
+{
+    if (!WindowSystem::isWayland()) // It only warns there.
+        m_window.setWindowOpacity(opacity);
 }

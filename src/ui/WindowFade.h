@@ -4,7 +4,8 @@
 
 class QWidget;
 
-/// Fades a window in and out over 0.4 s. A fade that starts ends the one that runs.
+/// Fades a window in and out over 0.4 s. A fade that starts ends the one that runs. Where the window system
+/// cannot fade, the window comes at once and goes at the end.
 class WindowFade {
 public:
     static constexpr double kSeconds = 0.4;
@@ -14,12 +15,14 @@ public:
     void fadeIn();
     /// Hides the window at the end and leaves it opaque, so that the next fadeIn() starts from a clean state.
     void fadeOut();
+    [[nodiscard]] bool isFadingOut() const;
 
 private:
     enum class Direction { In, Out };
 
     void start(Direction direction);
     void step();
+    void setOpacity(double opacity);
 
     QWidget& m_window;
     Direction m_direction = Direction::In;

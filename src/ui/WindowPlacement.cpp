@@ -18,6 +18,13 @@ QRect availableScreenAtPointer()
     return screen ? screen->availableGeometry() : QRect();
 }
 
+QPoint centred(const QRect& area, QSize window)
+{
+    QRect frame(QPoint(), window);
+    frame.moveCenter(area.center());
+    return frame.topLeft();
+}
+
 int within(int value, int least, int most)
 {
     return std::max(
@@ -42,6 +49,15 @@ QPoint WindowPlacement::inCorner(const QRect& availableScreen, QSize window, Qt:
     return {direction == Qt::RightToLeft ? area.left() : right, area.top()};
 }
 
+QPoint WindowPlacement::inSight(const QRect& window, const QList<QRect>& availableScreens)
+{
+    const auto showsMiddle = [&window](const QRect& screen) { return screen.contains(window.center()); };
+    if (availableScreens.isEmpty()
+        || std::any_of(availableScreens.begin(), availableScreens.end(), showsMiddle))
+        return window.topLeft();
+    return centred(availableScreens.front(), window.size());
+}
+
 void WindowPlacement::moveNearPointer(QWidget& window)
 {
     window.move(nearPointer(QCursor::pos(), availableScreenAtPointer(), window.size()));
@@ -54,7 +70,15 @@ void WindowPlacement::moveIntoCorner(QWidget& window)
 
 void WindowPlacement::moveToCentre(QWidget& window)
 {
-    QRect frame(QPoint(), window.size());
-    frame.moveCenter(availableScreenAtPointer().center());
-    window.move(frame.topLeft());
+    window.move(centred(availableScreenAtPointer(), window.size()));
+}
+
+void WindowPlacement::moveIntoSight(QWidget& window)
+{
+    QList<QRect> screens;
+    for (const QScreen* screen : QGuiApplication::screens())
+        screens.append(screen->availableGeometry());
+    const QPoint place = inSight(window.geometry(), screens);
+    if (place != window.geometry().topLeft())
+        window.move(place);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QPoint>
 #include <QRect>
 #include <QSize>
@@ -13,9 +14,12 @@ namespace WindowPlacement {
 [[nodiscard]] QPoint nearPointer(QPoint pointer, const QRect& availableScreen, QSize window);
 /// In the upper corner in which a line of text ends.
 [[nodiscard]] QPoint inCorner(const QRect& availableScreen, QSize window, Qt::LayoutDirection direction);
+/// Where the window is while a good part of it is on a screen; otherwise the middle of the first screen.
+[[nodiscard]] QPoint inSight(const QRect& window, const QList<QRect>& availableScreens);
 
-/// The two above on the screen that has the pointer.
+/// The first two above on the screen that has the pointer.
 void moveNearPointer(QWidget& window);
 void moveIntoCorner(QWidget& window);
 void moveToCentre(QWidget& window);
+void moveIntoSight(QWidget& window);
 }

@@ -4,6 +4,7 @@
 #include "data/ActivityPersister.h"
 #include "data/AppProperties.h"
 #include "desk/ZelvoController.h"
+#include "platform/NotificationCenter.h"
 #include "screens/HistoryWindowController.h"
 #include "screens/WizardWindowController.h"
 #include "shell/Notification.h"
@@ -91,6 +92,23 @@ void fillHistory(TourWorld& world)
     }
 }
 
+/// Errors of every kind at once, more than the window has room for.
+void postManyErrors()
+{
+    QMap<QString, QString> errors;
+    for (int code = 1; code <= 12; ++code)
+        errors.insert(QStringLiteral("E%1").arg(code, 2, 10, QLatin1Char('0')),
+            Bundle::main().localizedString(QStringLiteral("PositionLostError")));
+    NotificationCenter::defaultCenter().post(NotificationNames::kErrorCode, {}, errors);
+}
+
+/// The mark of the keyboard focus, as Tab brings it.
+void focusByTab(const QString& windowName, const QString& control)
+{
+    QApplication::setActiveWindow(TourWorld::window(windowName));
+    TourWorld::control(windowName, control)->setFocus(Qt::TabFocusReason);
+}
+
 void hover(QWidget* control)
 {
     QEnterEvent event(QPointF(1, 1), QPointF(1, 1), QPointF(1, 1));
@@ -157,10 +175,40 @@ void takeMainWindow(Photographer& photographer, int mode, const QString& name)
     (void)world.simulated.desk().addErrorCode(12);
     world.pass(2);
     photographer.take(window, QStringLiteral("main-window-error"));
+    postManyErrors();
+    world.pass(0);
+    photographer.take(window, QStringLiteral("main-window-many-errors"));
     world.app->menuletController().mainWindowButtonCloseClicked();
     world.app->menuletController().showNotification(std::make_shared<Notification>(kStandUp));
     world.pass(1);
     photographer.take(QStringLiteral("NotificationWindow"), QStringLiteral("reminder-error"));
+}
+
+void takeFocusMarks(Photographer& photographer)
+{
+    TourWorld world(photographer.locale(), TourWorld::Wire::Silent);
+    completeSetup(kTime);
+    world.app->applicationDidFinishLaunching();
+    world.pass(2);
+    world.app->menuletController().menuletClicked();
+    for (const char* control : {"buttonUp", "buttonMemory2", "buttonClose"}) {
+        focusByTab(QStringLiteral("MainWindow"), QString::fromLatin1(control));
+        photographer.take(QStringLiteral("MainWindow"),
+            QStringLiteral("main-window-focus-") + QString::fromLatin1(control));
+    }
+    world.app->showHistory();
+    focusByTab(QStringLiteral("HistoryWindow"), QStringLiteral("exportToExcelLabel"));
+    photographer.take(QStringLiteral("HistoryWindow"), QStringLiteral("history-focus"));
+}
+
+void takeTestWindow(Photographer& photographer)
+{
+    TourWorld world(photographer.locale(), TourWorld::Wire::Silent);
+    completeSetup(kTime);
+    world.app->applicationDidFinishLaunching();
+    world.app->showTestWindow();
+    world.pass(2);
+    photographer.take(QStringLiteral("TestWindow"), QStringLiteral("test-window"));
 }
 
 void takeMainWindowWithoutDesk(Photographer& photographer)
@@ -217,6 +265,8 @@ bool makePictures(const QString& folder, const QString& suffix, const QLocale& l
     takeMainWindow(photographer, kTime, QStringLiteral("main-window"));
     takeMainWindow(photographer, kCalories, QStringLiteral("main-window-calories"));
     takeMainWindowWithoutDesk(photographer);
+    takeFocusMarks(photographer);
+    takeTestWindow(photographer);
     takeReminders(photographer);
     takeHistory(photographer);
     return !photographer.failed();

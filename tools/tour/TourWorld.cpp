@@ -87,7 +87,10 @@ TourWorld::TourWorld(QLocale locale, Wire printed)
     , dialogs(folder.path())
 {
     app = std::make_unique<AppDelegate>(AppDelegate::Dependencies {hid, events, workspace, loginItems,
-        dialogs, folder.path(), QCoreApplication::applicationFilePath(), [this] { hasQuit = true; }, {}});
+        dialogs, folder.path(), QCoreApplication::applicationFilePath(), [this] { hasQuit = true; },
+        [this](AppDelegate& delegate) {
+            return std::make_unique<TestWindowController>(delegate.menuletController(), &simulated);
+        }});
 }
 
 TourWorld::~TourWorld()

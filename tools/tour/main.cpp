@@ -6,16 +6,18 @@
 #include "resources/Resources.h"
 
 #include <QApplication>
+#include <QPalette>
 #include <QTextStream>
 
 #include <cstdio>
 
 namespace {
-constexpr char kUsage[] = R"(Usage: zelvo-tour [--pictures FOLDER [de|fr|es|nl|rtl]]
+constexpr char kUsage[] = R"(Usage: zelvo-tour [--pictures FOLDER [de|fr|es|nl|rtl|dark]]
 Walks through a working morning with the real program on the simulated desk, in virtual time and without a screen, and
 checks what it shows. Ends with a non-zero status when something is off.
 
-  --pictures FOLDER  make pictures of every window instead: in English, in another language, or from right to left
+  --pictures FOLDER  make pictures of every window instead: in English, in another language, from right to left, or
+                     on a dark desktop
 )";
 
 int walk()
@@ -34,11 +36,14 @@ int walk()
 int photograph(QApplication& application, const QString& folder, const QString& variant)
 {
     const bool isMirrored = variant == QStringLiteral("rtl");
-    const bool isForeign = !variant.isEmpty() && !isMirrored;
+    const bool isDark = variant == QStringLiteral("dark");
+    const bool isForeign = !variant.isEmpty() && !isMirrored && !isDark;
     if (isForeign && !installTexts(application, variant))
         return 2;
     if (isMirrored)
         QApplication::setLayoutDirection(Qt::RightToLeft);
+    if (isDark)
+        QApplication::setPalette(QPalette(QColor(0x30, 0x30, 0x30)));
     const QString suffix = variant.isEmpty() ? QString() : u'-' + variant;
     return makePictures(folder, suffix, QLocale(isForeign ? variant : QStringLiteral("en_GB"))) ? 0 : 1;
 }

@@ -1,0 +1,17 @@
+#include "shell/DeskHold.h"
+
+#include "shell/HubAccess.h"
+
+ZelvoHIDDevice* DeskHold::begin()
+{
+    m_desk = hub() ? hub()->device() : nullptr;
+    return device();
+}
+
+void DeskHold::end()
+{
+    const auto desk = m_desk.lock();
+    m_desk.reset();
+    if (desk && desk.get() == device())
+        desk->stop();
+}
