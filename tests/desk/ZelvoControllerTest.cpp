@@ -71,6 +71,41 @@ TEST_F(ZelvoControllerTest, LetsPeriodsMeetWhenTheDeskPassesTheStandingPoint)
     EXPECT_FALSE(hub->scheduleManager()->isScheduled());
 }
 
+TEST_F(ZelvoControllerTest, EndsAPeriodWhereTheNextOneStarts)
+{
+    plugAndPoll();
+    platform.runLoop.advance(28.8);
+    ActivityPersister& persister = *hub->activityPersister();
+    const Date started = Date::now().dateByAddingSeconds(-5);
+    hub->setActivity(persister.createWithStartDate(started, started, kStanding, 80));
+    EXPECT_EQ(storedPeriods(), (Periods {{1.2, 25, kSitting}, {25, 25, kStanding}}))
+        << "not now, or the time between the two would be in both or in none";
+}
+
+TEST_F(ZelvoControllerTest, LogsWhatHappensInFixedWords)
+{
+    testing::internal::CaptureStderr();
+    adapter->setHeight(4000);
+    hid.plug(adapter);
+    platform.runLoop.advance(1000); // The standing period of 15 minutes ends.
+    user->stayActive(false);
+    platform.runLoop.advance(400);
+    user->stayActive(true);
+    platform.runLoop.advance(20);
+    workspace.screensSleep();
+    workspace.wake();
+    adapter->writeStatus = adapter->readStatus = EPIPE;
+    hub->moveDeviceUp();
+    const QString log = QString::fromStdString(testing::internal::GetCapturedStderr());
+    for (const char* text : {"ReadPositionTimer started\n", "device status updated: isCommunicating: 1\n",
+             "device position state updated. Position state: 1\n", "Activity pulse\n", "IdleTime: 1.000000\n",
+             "Schedule timer ticked. For new position: 1\n", "IdleObserver - Idle\n",
+             "IdleObserver - Active\n", "receiveSleepNotification\n", "receiveWakeNotification\n",
+             "IOHIDDeviceSetReport return value: 00000020\n", "ReadPositionTimer stopped\n",
+             "device status updated: isCommunicating: 0\n"})
+        EXPECT_TRUE(log.contains(QLatin1String(text))) << text;
+}
+
 TEST_F(ZelvoControllerTest, RemindsOnceOfThePositionThatIsNotTaken)
 {
     plugAndPoll();

@@ -29,8 +29,11 @@ HidStatus FakeHidDevice::platformSetFeatureReport(std::span<const uint8_t> repor
 HidStatus FakeHidDevice::platformGetFeatureReport(std::span<uint8_t> report)
 {
     ++reads;
+    const auto answer = report.subspan(1);
     if (readStatus == 0)
-        std::copy_n(status.begin() + 1, std::min(report.size(), status.size()) - 1, report.begin() + 1);
+        std::copy_n(status.begin() + 1, std::min(answer.size(), status.size() - 1), answer.begin());
+    else
+        std::fill(answer.begin(), answer.end(), 0xA5); // A failed read may leave anything.
     return readStatus;
 }
 
