@@ -18,6 +18,8 @@
 #include <QFileInfo>
 #include <QVersionNumber>
 
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
 namespace {
@@ -25,7 +27,6 @@ const QString kDomainPrefix = QStringLiteral("org.zelvo");
 const QString kErrorDomain = QStringLiteral("YOUR_ERROR_DOMAIN");
 constexpr int kExpectedFolder = 101;
 constexpr int kStoreNotInitialized = 9999;
-constexpr int kCannotMakeFolder = 512;
 /// The release whose first start gives the reminder's dismiss time its new default.
 const QString kDismissTimeRelease = QStringLiteral("1.0.1");
 
@@ -182,9 +183,15 @@ bool AppDelegate::ensureFilesFolder(const QString& folder)
         localized(QStringLiteral("Expected a folder to store application data, found a file (%1)."))
             .arg(folder),
         {}};
-    if (!QFileInfo::exists(folder))
-        error = {QStringLiteral("NSCocoaErrorDomain"), kCannotMakeFolder,
-            localized(QStringLiteral("DataFolderError")).arg(QDir::toNativeSeparators(folder)), {}};
+    if (!QFileInfo::exists(folder)) {
+        std::error_code failure; // Made once more for its reason, which Qt does not tell.
+        std::filesystem::create_directories(QFileInfo(folder).filesystemFilePath(), failure);
+        if (!failure)
+            return true;
+        error = {QString::fromLatin1(failure.category().name()), failure.value(),
+            localized(QStringLiteral("DataFolderError")).arg(QDir::toNativeSeparators(folder)),
+            QString::fromLocal8Bit(failure.message().c_str())};
+    }
     m_dependencies.dialogs.presentError(error);
     return false;
 }

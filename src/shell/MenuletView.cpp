@@ -19,6 +19,14 @@ MenuletView::MenuletView(StatusItem& statusItem)
     m_statusItem.onRightClicked([this] { rightMouseDown(); });
 }
 
+MenuletView::~MenuletView()
+{
+    m_statusItem.onClicked({});
+    m_statusItem.onRightClicked({});
+    if (m_delegate)
+        m_delegate->onChanged({});
+}
+
 void MenuletView::setDelegate(MenuletController* delegate)
 {
     m_delegate = delegate;

@@ -12,9 +12,9 @@ public:
     explicit MenuletView(StatusItem& statusItem);
     MenuletView(const MenuletView&) = delete;
     MenuletView& operator=(const MenuletView&) = delete;
-    ~MenuletView() = default;
+    ~MenuletView();
 
-    /// Observes the controller, whose changes redraw the icon, and gives it the clicks.
+    /// Observes the controller, whose changes redraw the icon, and gives it the clicks. It outlives the view.
     void setDelegate(MenuletController* delegate);
     [[nodiscard]] MenuletController* delegate() const { return m_delegate; }
 

@@ -2,6 +2,7 @@
 
 #include "data/AppProperties.h"
 #include "data/CalorieCalculator.h"
+#include "data/Saturation.h"
 #include "desk/ScheduleManager.h"
 #include "desk/ZelvoController.h"
 #include "platform/Bundle.h"
@@ -47,7 +48,7 @@ ScheduleManager* schedule()
 /// The minutes of one stand-up, out of the minutes of an hour.
 int32_t minutesPerStandUp(double minutesPerHour)
 {
-    return int32_t(minutesPerHour) / AppProperties::instance().standUpsForDivision();
+    return saturated<int32_t>(minutesPerHour) / AppProperties::instance().standUpsForDivision();
 }
 }
 
@@ -90,7 +91,8 @@ void Notification::describeStandingUp()
         m_indicatorTitle = capitalized(localized(QStringLiteral("Minutes")));
         return;
     }
-    const auto calories = int32_t(CalorieCalculator::caloriesBurnedInMinutes(minutes, properties.weight()));
+    const auto calories =
+        saturated<int32_t>(CalorieCalculator::caloriesBurnedInMinutes(minutes, properties.weight()));
     m_message =
         QStringLiteral("%1 %2").arg(localized(QStringLiteral("NotificationDetailMessage1")).arg(minutes),
             localized(QStringLiteral("NotificationDetailMessage2")).arg(calories));

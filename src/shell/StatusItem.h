@@ -23,6 +23,7 @@ public:
     [[nodiscard]] static double thickness();
 
     void setIcon(const QIcon& icon);
+    [[nodiscard]] const QString& toolTip() const { return m_toolTip; }
     void setToolTip(const QString& toolTip);
     /// The menu that the host shows on a right click. It must outlive this object.
     void setMenu(QMenu* menu);

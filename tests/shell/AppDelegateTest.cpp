@@ -2,12 +2,17 @@
 
 #include "data/ActivityPersister.h"
 #include "data/ManagedObjectContext.h"
+#include "screens/HistoryWindowController.h"
 #include "screens/WizardWindowController.h"
+#include "shell/MainWindowController.h"
 #include "shell/ShellWorld.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QLabel>
 
+#include <cerrno>
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
@@ -111,6 +116,78 @@ TEST(AppDelegate, aFileInPlaceOfTheDataFolderIsPresentedAndNotTouched)
     ASSERT_TRUE(file.remove());
     EXPECT_NE(world.app->managedObjectContext(), nullptr);
     EXPECT_EQ(world.dialogs.presented.size(), 2u);
+}
+
+TEST(AppDelegate, aDataFolderThatCannotBeMadeIsPresentedWithTheReason)
+{
+    ShellWorld world;
+    const QString place = world.platform.folder.path();
+    ASSERT_TRUE(QDir(place).removeRecursively());
+    QFile file(place);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    EXPECT_EQ(world.app->managedObjectContext(), nullptr);
+    ASSERT_EQ(world.dialogs.presented.size(), 2u);
+    EXPECT_EQ(world.dialogs.presented[0].code, ENOTDIR);
+    EXPECT_FALSE(world.dialogs.presented[0].failureReason.isEmpty());
+    EXPECT_EQ(world.dialogs.presented[1].code, 9999);
+
+    ASSERT_TRUE(file.remove());
+    EXPECT_NE(world.app->managedObjectContext(), nullptr) << "made with all folders above it";
+}
+
+TEST(AppDelegate, aStoreThatCannotBeOpenedIsPresentedAndNotTouched)
+{
+    ShellWorld world;
+    const QString path =
+        QDir(world.app->applicationFilesDirectory()).filePath(QStringLiteral("StandUp.storedata"));
+    const QByteArray content(1024, 'x');
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    ASSERT_EQ(file.write(content), content.size());
+    ASSERT_TRUE(file.flush());
+    EXPECT_EQ(world.app->managedObjectContext(), nullptr);
+    ASSERT_EQ(world.dialogs.presented.size(), 2u);
+    EXPECT_EQ(world.dialogs.presented[0].domain, QStringLiteral("SQLite"));
+    EXPECT_EQ(world.dialogs.presented[1].domain, QStringLiteral("YOUR_ERROR_DOMAIN"));
+    EXPECT_EQ(world.dialogs.presented[1].code, 9999);
+    ASSERT_TRUE(file.seek(0));
+    EXPECT_EQ(file.readAll(), content);
+}
+
+TEST(AppDelegate, theLogOfTheStartIsInTheDataFolder)
+{
+    ShellWorld world;
+    world.hid.openStatus = EACCES;
+    world.app->applicationDidFinishLaunching();
+    QFile log(QDir(world.dataFolder()).filePath(QStringLiteral("StandUp.log")));
+    ASSERT_TRUE(log.open(QIODevice::ReadOnly));
+    EXPECT_TRUE(log.readAll().contains("IOHIDManagerOpen failed."));
+}
+
+TEST(AppDelegate, eachMenuItemDoesItsWork)
+{
+    ShellWorld world;
+    world.completeSetup();
+    world.app->applicationDidFinishLaunching();
+    world.app->statusMenuOpen()->trigger();
+    EXPECT_TRUE(world.app->menuletController().mainWindow().isWindowVisible());
+
+    world.app->statusMenuHistory()->trigger();
+    const QWidget& history = world.app->historyController().window();
+    const auto* const minutes = history.findChild<QLabel*>(QStringLiteral("historyHeadTitle1"));
+    EXPECT_TRUE(history.isVisible());
+    EXPECT_EQ(minutes->text(), QStringLiteral("0"));
+    const Date before = Date::now().dateBySubtractingMinutes(30);
+    ActivityPersister(world.app->managedObjectContext())
+        .createWithStartDate(before, before.dateByAddingMinutes(10), true, 80);
+    world.app->statusMenuHistory()->trigger();
+    EXPECT_EQ(minutes->text(), QStringLiteral("10")) << "shown again, it counts again";
+
+    world.app->statusMenuSettings()->trigger();
+    EXPECT_TRUE(world.app->wizardWindowController().isWindowVisible());
+    world.app->statusMenuQuit()->trigger();
+    world.app->statusMenuQuit()->trigger();
+    EXPECT_EQ(world.quits, 1);
 }
 
 TEST(AppDelegate, quittingBeforeAnyDataAccessDoesNotTouchTheStore)

@@ -45,6 +45,17 @@ TEST(Notification, contentFollowsPositionModeAndPlan)
     }
 }
 
+TEST(Notification, aSettingBeyondReasonStaysANumber)
+{
+    ShellWorld world;
+    world.completeSetup();
+    AppProperties::instance().setActivityMode(1);
+    AppProperties::instance().setNumberOfStandUps(1);
+    AppProperties::instance().setWeight(1e300);
+    world.app->applicationDidFinishLaunching();
+    EXPECT_EQ(Notification(1).indicatorValue(), QStringLiteral("2147483647"));
+}
+
 TEST(Notification, everyMessageOfAListComesUp)
 {
     ShellWorld world;
