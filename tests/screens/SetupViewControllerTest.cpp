@@ -1,8 +1,11 @@
 #include "screens/SetupViewController.h"
 
 #include "screens/SetupTest.h"
+#include "ui/BackgroundTextField.h"
 #include "ui/ButtonPainter.h"
+#include "ui/FontAndTextHandler.h"
 #include "ui/HoverLink.h"
+#include "ui/Palette.h"
 #include "ui/PanelWindow.h"
 #include "ui/StepSlider.h"
 
@@ -735,6 +738,75 @@ TEST_F(SetupViewControllerTest, screenReadersMeetNamesAndRoles)
         EXPECT_EQ(interface->role(), testCase.role);
         EXPECT_EQ(interface->text(QAccessible::Name), QString::fromLatin1(testCase.name));
         EXPECT_EQ(interface->text(QAccessible::Description), QString::fromLatin1(testCase.description));
+    }
+}
+
+TEST_F(SetupViewControllerTest, everyControlHasItsTextItsFontAndItsColour)
+{
+    using Fonts = FontAndTextHandler;
+    const auto localized = [](const char* key) {
+        return Bundle::main().localizedString(QString::fromLatin1(key));
+    };
+    const struct {
+        const char* label;
+        const char* key;
+        QFont font;
+    } kLabels[] = {
+        {"LabelHeadTitle", "Setup", Fonts::Roman30()},
+        {"labelModeTitle", "SetupCaloriesHeader", Fonts::Roman18()},
+        {"labelConnection", "ConnectTable", Fonts::Roman20()},
+        {"labelSystemOfUnits", "Kg", Fonts::Roman15()},
+        {"labelTabelHeight", "TableHeightHeader", Fonts::Roman15()},
+        {"labelYourWeight", "MyWeightIs", Fonts::Roman15()},
+        {"labelNumberOfSessions", "StandUpHeader", Fonts::Roman15()},
+        {"labelCm", "Centimeter", Fonts::Roman15()},
+        {"LabelEachHour", "EachHour", Fonts::Roman15()},
+    };
+    open();
+    for (const auto& [name, key, font] : kLabels) {
+        SCOPED_TRACE(name);
+        const QLabel& label = find<QLabel>(name);
+        EXPECT_EQ(label.text(), localized(key));
+        EXPECT_EQ(label.font(), font);
+        EXPECT_EQ(label.palette().color(QPalette::WindowText), zelvoTextColor());
+    }
+    EXPECT_EQ(find<QLabel>("labelGoal").font(), Fonts::Roman15());
+    EXPECT_EQ(find<QLabel>("labelVersion").font(), Fonts::Roman12());
+    EXPECT_EQ(find<QLabel>("labelVersion").text(), QStringLiteral("Ver: ") + properties().bundleVersion());
+
+    const struct {
+        const char* button;
+        QString text;
+        QFont font;
+        QColor color;
+        QColor hoverBackground;
+    } kButtons[] = {
+        {"buttonDone", QStringLiteral("   ") + localized("DoneButton"), Fonts::Roman18(), zelvoTextColor(),
+            {}},
+        {"buttonMemory1", localized("Memory1"), Fonts::Light11(), zelvoTextColor(), zelvoHoverColor()},
+        {"buttonMemory2", localized("Memory2"), Fonts::Light11(), zelvoTextColor(), zelvoHoverColor()},
+        {"buttonMemory3", localized("Memory3"), Fonts::Light11(), zelvoTextColor(), zelvoHoverColor()},
+        {"labelVideoLinkInfo", localized("InfoLinkButton"), Fonts::Roman12(), zelvoHoverColor(), {}},
+        {"labelMoreInfo", localized("InfoLinkText"), Fonts::Roman12(), zelvoHoverColor(), {}},
+    };
+    for (const auto& [name, text, font, color, hoverBackground] : kButtons) {
+        SCOPED_TRACE(name);
+        auto& button = find<Button>(name);
+        EXPECT_EQ(button.text(), text);
+        EXPECT_EQ(button.font(), font);
+        button.setEnabled(true);
+        EXPECT_EQ(button.textColor(), color);
+        EXPECT_EQ(button.isUnderlined(), qobject_cast<HoverLink*>(&button) != nullptr);
+        if (const auto* hoverButton = qobject_cast<HoverButton*>(&button)) {
+            EXPECT_EQ(hoverButton->alternateBackgroundColor(), hoverBackground);
+        }
+    }
+    for (QLineEdit* each : {&weight(), &height(), &standUps()}) {
+        const auto& field = dynamic_cast<BackgroundTextField&>(*each);
+        EXPECT_EQ(field.font(), Fonts::Bold15());
+        EXPECT_EQ(field.textColor(), QColor(Qt::white));
+        EXPECT_EQ(field.insertionPointColor(), QColor(Qt::white));
+        EXPECT_FALSE(field.backgroundImage().isNull());
     }
 }
 

@@ -4,6 +4,24 @@
 
 #include <gtest/gtest.h>
 
+namespace {
+/// Texts as in a language, with the values in sight.
+class WordyBundle final : public Bundle {
+public:
+    using Bundle::Bundle;
+    [[nodiscard]] QString localizedString(const QString& key) const override
+    {
+        static const QMap<QString, QString> kTexts {
+            {QStringLiteral("NotificationDetailMessage1"), QStringLiteral("Stand %1 min")},
+            {QStringLiteral("NotificationDetailMessage2"), QStringLiteral("for %1 kcal.")},
+            {QStringLiteral("NotificationSittingmemory"), QStringLiteral("Sit %1 min.")},
+            {QStringLiteral("Calories"), QStringLiteral("burned CALORIES")},
+        };
+        return kTexts.value(key, key);
+    }
+};
+}
+
 TEST(Notification, contentFollowsPositionModeAndPlan)
 {
     // The texts are the keys here; each detail format takes its number from the test's own bundle.
@@ -54,6 +72,22 @@ TEST(Notification, aSettingBeyondReasonStaysANumber)
     AppProperties::instance().setWeight(1e300);
     world.app->applicationDidFinishLaunching();
     EXPECT_EQ(Notification(1).indicatorValue(), QStringLiteral("2147483647"));
+}
+
+TEST(Notification, theDetailLineTellsMinutesAndCaloriesOfOneStandUp)
+{
+    WordyBundle bundle(TestPlatform::defaultInformation());
+    ShellWorld world;
+    Bundle::setMain(&bundle);
+    world.completeSetup();
+    AppProperties::instance().setActivityMode(1);
+    AppProperties::instance().setActivityGoal(200);
+    world.app->applicationDidFinishLaunching();
+    const Notification standUp(1);
+    EXPECT_EQ(standUp.message(), QStringLiteral("Stand 13 min for 12 kcal."));
+    EXPECT_EQ(standUp.indicatorValue(), QStringLiteral("12"));
+    EXPECT_EQ(standUp.indicatorTitle(), QStringLiteral("Burned Calories")); // Each word with a capital.
+    EXPECT_EQ(Notification(2).message(), QStringLiteral("Sit 16 min."));
 }
 
 TEST(Notification, everyMessageOfAListComesUp)

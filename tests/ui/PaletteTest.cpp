@@ -51,6 +51,8 @@ TEST_F(PaletteTest, everyComponentReturnsFromItsHexadecimalText)
     }
     EXPECT_EQ(hexadecimalValue(QColor(10, 171, 255)), QStringLiteral("#0aabff"));
     EXPECT_EQ(hexadecimalValue(QColor::fromHsv(120, 255, 255)), QStringLiteral("#00ff00"));
+    // Each component falls into one of 256 equal parts.
+    EXPECT_EQ(hexadecimalValue(QColor::fromRgbF(0.998F, 0.995F, 0.003F)), QStringLiteral("#fffe00"));
     EXPECT_TRUE(hexadecimalValue(QColor()).isNull());
 }
 
