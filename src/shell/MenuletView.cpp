@@ -4,12 +4,44 @@
 #include "shell/MenuletController.h"
 #include "shell/StatusItem.h"
 
+#include <QIconEngine>
 #include <QPainter>
 #include <QSvgRenderer>
 
 namespace {
 constexpr double kInset = 2.0; // At the status bar's own thickness; larger icons keep the proportion.
-constexpr int kIconSizes[] = {16, 22, 24, 32, 44, 48, 64};
+
+/// Draws the icon at whatever size the tray host asks for, and only then: crisp at each, and nothing is kept.
+class StatusIconEngine final : public QIconEngine {
+public:
+    explicit StatusIconEngine(bool deviceConnected)
+        : m_deviceConnected(deviceConnected)
+    {
+    }
+
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode, QIcon::State) override
+    {
+        const QString name = m_deviceConnected ? QStringLiteral("StatusItemIcon")
+                                               : QStringLiteral("StatusItemIconDisconnected");
+        const double inset = kInset * rect.width() / StatusItem::thickness();
+        QSvgRenderer(Bundle::imagePath(name))
+            .render(painter, QRectF(rect).adjusted(inset, inset, -inset, -inset));
+    }
+
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
+    {
+        QPixmap pixmap(size);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        paint(&painter, pixmap.rect(), mode, state);
+        return pixmap;
+    }
+
+    [[nodiscard]] QIconEngine* clone() const override { return new StatusIconEngine(m_deviceConnected); }
+
+private:
+    bool m_deviceConnected;
+};
 }
 
 MenuletView::MenuletView(StatusItem& statusItem)
@@ -60,30 +92,17 @@ void MenuletView::mouseExited()
         m_delegate->menuletMouseExited();
 }
 
-QPixmap MenuletView::drawIcon(bool deviceConnected, int pixels)
-{
-    const QString name =
-        deviceConnected ? QStringLiteral("StatusItemIcon") : QStringLiteral("StatusItemIconDisconnected");
-    QPixmap pixmap(pixels, pixels);
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
-    const double inset = kInset * pixels / StatusItem::thickness();
-    QSvgRenderer(Bundle::imagePath(name))
-        .render(&painter, QRectF(pixmap.rect()).adjusted(inset, inset, -inset, -inset));
-    return pixmap;
-}
-
 QIcon MenuletView::icon(bool deviceConnected)
 {
-    QIcon icon;
-    for (const int size : kIconSizes)
-        icon.addPixmap(drawIcon(deviceConnected, size));
-    return icon;
+    return QIcon(new StatusIconEngine(deviceConnected));
 }
 
 void MenuletView::redraw()
 {
     const bool connected = m_delegate->isDeviceConnected();
+    if (m_shownConnected == connected)
+        return; // The window's opening and closing change nothing that is drawn.
+    m_shownConnected = connected;
     m_statusItem.setIcon(icon(connected));
     m_statusItem.setToolTip(Bundle::main().localizedString(
         connected ? QStringLiteral("TrayTooltipConnected") : QStringLiteral("TrayTooltipDisconnected")));

@@ -1,7 +1,8 @@
 #pragma once
 
 #include <QIcon>
-#include <QPixmap>
+
+#include <optional>
 
 class MenuletController;
 class StatusItem;
@@ -23,10 +24,8 @@ public:
     void mouseEntered();
     void mouseExited();
 
-    /// Draws the icon of the connection state at one size: the whole picture inset by 2 of 22 parts on each
-    /// side.
-    static QPixmap drawIcon(bool deviceConnected, int pixels);
-    /// The icon at all sizes that tray hosts ask for.
+    /// The icon of the connection state, drawn at each size that is asked for: the whole picture inset by 2
+    /// of 22 parts on each side.
     static QIcon icon(bool deviceConnected);
 
 private:
@@ -34,4 +33,5 @@ private:
 
     StatusItem& m_statusItem;
     MenuletController* m_delegate = nullptr;
+    std::optional<bool> m_shownConnected;
 };

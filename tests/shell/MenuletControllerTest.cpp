@@ -134,10 +134,10 @@ TEST(MenuletView, iconsAreInsetAndTellTheStatesApart)
 {
     for (const int size : {16, 22, 24, 32, 48, 64}) {
         SCOPED_TRACE(size);
-        const QImage connected = MenuletView::drawIcon(true, size).toImage();
-        const QImage disconnected = MenuletView::drawIcon(false, size).toImage();
+        const QImage connected = MenuletView::icon(true).pixmap(size).toImage();
+        const QImage disconnected = MenuletView::icon(false).pixmap(size).toImage();
         EXPECT_NE(connected, disconnected);
-        EXPECT_GT(meanAlpha(MenuletView::drawIcon(true, size)), 0.1);
+        EXPECT_GT(meanAlpha(MenuletView::icon(true).pixmap(size)), 0.1);
         for (int i = 0; i < size; ++i) {
             EXPECT_EQ(qAlpha(connected.pixel(i, 0)), 0);
             EXPECT_EQ(qAlpha(connected.pixel(0, i)), 0);
