@@ -1,20 +1,9 @@
 #include "CommandLine.h"
 
+#include <QCommandLineParser>
 #include <QTextStream>
 
 namespace {
-const char kHelp[] = R"(Usage: zelvo-standup [options]
-Moves your sit/stand desk and reminds you to change position.
-
-  --simulate        drive the built-in simulated desk instead of an adapter
-  --language CODE   show the texts in this language: en, de, fr, es or nl
-  --test-window     open the developer's test window
-  --version         print the version and end
-  --help            print this and end
-
-A second start shows the window of the program that runs already.
-)";
-
 CommandLine ended(FILE* stream, const QString& text, int exitCode)
 {
     QTextStream(stream) << text;
@@ -23,26 +12,53 @@ CommandLine ended(FILE* stream, const QString& text, int exitCode)
     line.exitCode = exitCode;
     return line;
 }
+
+CommandLine refused(const QString& reason)
+{
+    return ended(stderr, QStringLiteral("zelvo-standup: %1 Try --help.\n").arg(reason), 2);
+}
+
+/// The parser takes the program's name from an application object, which does not exist yet.
+QString help(const QCommandLineParser& parser)
+{
+    return QStringLiteral("Usage: zelvo-standup [options]\n") + parser.helpText().section(u'\n', 1);
+}
 }
 
 CommandLine CommandLine::parse(const QStringList& arguments)
 {
+    const QCommandLineOption simulate(QStringLiteral("simulate"),
+        QStringLiteral("Drive the built-in simulated desk instead of an adapter."));
+    const QCommandLineOption language(QStringLiteral("language"),
+        QStringLiteral("Show the texts in this language: en, de, fr, es or nl."), QStringLiteral("CODE"));
+    const QCommandLineOption testWindow(
+        QStringLiteral("test-window"), QStringLiteral("Open the developer's test window."));
+    const QCommandLineOption version(QStringLiteral("version"), QStringLiteral("Print the version and end."));
+    const QCommandLineOption helpOption(
+        {QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("Print this and end."));
+
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("Moves your sit/stand desk and reminds you to change position.\n"
+                       "A second start shows the window of the program that runs already."));
+    parser.addOptions({simulate, language, testWindow, version, helpOption});
+    if (!parser.parse(arguments))
+        return refused(parser.errorText());
+    if (parser.isSet(helpOption))
+        return ended(stdout, help(parser), 0);
+    if (parser.isSet(version))
+        return ended(stdout, QStringLiteral("zelvo-standup %1\n").arg(QStringLiteral(ZELVO_VERSION)), 0);
+    if (!parser.positionalArguments().isEmpty())
+        return refused(QStringLiteral("'%1' is not an option.").arg(parser.positionalArguments().first()));
+
     CommandLine line;
-    for (qsizetype i = 1; i < arguments.size(); ++i) {
-        const QString& argument = arguments[i];
-        if (argument == QStringLiteral("--help") || argument == QStringLiteral("-h"))
-            return ended(stdout, QString::fromLatin1(kHelp), 0);
-        if (argument == QStringLiteral("--version"))
-            return ended(stdout, QStringLiteral("zelvo-standup %1\n").arg(QStringLiteral(ZELVO_VERSION)), 0);
-        if (argument == QStringLiteral("--simulate"))
-            line.simulate = true;
-        else if (argument == QStringLiteral("--test-window"))
-            line.testWindow = true;
-        else if (argument == QStringLiteral("--language") && i + 1 < arguments.size())
-            line.language = arguments[++i];
-        else
-            return ended(stderr,
-                QStringLiteral("zelvo-standup: '%1' is not understood; try --help\n").arg(argument), 2);
-    }
+    line.simulate = parser.isSet(simulate);
+    line.testWindow = parser.isSet(testWindow);
+    line.language = parser.value(language);
     return line;
+}
+
+CommandLine CommandLine::refusedLanguage() const
+{
+    return refused(QStringLiteral("There are no texts in the language '%1'.").arg(language));
 }

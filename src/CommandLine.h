@@ -13,4 +13,6 @@ struct CommandLine {
 
     /// Reads the arguments (the program's name first). Prints help, version or an error itself.
     static CommandLine parse(const QStringList& arguments);
+    /// Prints that there are no texts in the language that was asked for.
+    [[nodiscard]] CommandLine refusedLanguage() const;
 };

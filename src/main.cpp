@@ -28,17 +28,12 @@
 #include <QSessionManager>
 #include <QStandardPaths>
 
+#include <cstdlib>
 #include <memory>
 
 namespace {
 const QString kIdentifier = QStringLiteral("org.zelvo.StandUp");
 constexpr double kTrayPatienceSeconds = 10.0;
-
-bool hasDisplay()
-{
-    return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY")
-        || qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
-}
 
 QString settingsPath()
 {
@@ -129,21 +124,47 @@ int run(const CommandLine& commandLine, SingleInstance& instance)
         app.showTestWindow();
     return QCoreApplication::exec();
 }
+
+/// Qt's own messages, with time and process like all others. What Qt calls fatal (a platform that it cannot
+/// load, a display that went away) is nothing that a crash report would help with.
+void logQtMessage(QtMsgType type, const QMessageLogContext&, const QString& message)
+{
+    Log::line(message);
+    if (type == QtFatalMsg)
+        std::_Exit(1);
 }
 
-int main(int argc, char** argv)
+CommandLine readCommandLine(int argc, char** argv)
 {
     QStringList arguments;
     for (int i = 0; i < argc; ++i)
         arguments.append(QString::fromLocal8Bit(argv[i]));
     const CommandLine commandLine = CommandLine::parse(arguments);
+    const bool isUnknown =
+        !commandLine.language.isEmpty() && firstAvailableLanguage({commandLine.language}).isEmpty();
+    return isUnknown ? commandLine.refusedLanguage() : commandLine;
+}
+
+int showFirstInstance(const SingleInstance& instance)
+{
+    if (instance.activateFirst(ActivationToken::fromEnvironment()))
+        return 0;
+    Log::line(QStringLiteral("The program runs already, but does not answer."));
+    return 1;
+}
+}
+
+int main(int argc, char** argv)
+{
+    initResources();
+    const CommandLine commandLine = readCommandLine(argc, argv);
     if (commandLine.endsHere)
         return commandLine.exitCode;
-    if (!hasDisplay()) {
-        Log::line(QStringLiteral("There is no display: neither DISPLAY nor WAYLAND_DISPLAY is set."));
+    qInstallMessageHandler(logQtMessage);
+    if (const QString problem = chooseQtPlatform(); !problem.isEmpty()) {
+        Log::line(problem);
         return 1;
     }
-    chooseQtPlatform();
 
     QGuiApplication::setDesktopFileName(kIdentifier);
     QApplication::setStyle(QStringLiteral("Fusion")); // Fixed colours and sizes belong to one style.
@@ -152,14 +173,12 @@ int main(int argc, char** argv)
     QApplication::setQuitOnLastWindowClosed(false);
     QtRunLoop runLoop;
     RunLoop::setMain(&runLoop);
-    initResources();
-    QApplication::setWindowIcon(QIcon(Bundle::imagePath(QStringLiteral("StandUp"))));
 
     if (AutostartLoginItems().isStartUnwanted())
         return 0;
     SingleInstance instance;
     if (!instance.acquire())
-        return instance.activateFirst(ActivationToken::fromEnvironment()) ? 0 : 1;
+        return showFirstInstance(instance);
     installTexts(application, commandLine.language);
     const int exitCode = run(commandLine, instance);
     RunLoop::setMain(nullptr);

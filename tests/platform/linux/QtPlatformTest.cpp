@@ -22,23 +22,36 @@ TEST_F(QtPlatformTest, isX11WhereAServerAnswers)
 {
     XvfbServer server;
     ASSERT_TRUE(server.isRunning());
-    chooseQtPlatform();
+    EXPECT_EQ(chooseQtPlatform(), QString());
     EXPECT_EQ(qgetenv("QT_QPA_PLATFORM"), "xcb");
 }
 
-TEST_F(QtPlatformTest, isLeftToQtWhereNoneDoes)
+TEST_F(QtPlatformTest, isWaylandWhereNoX11ServerAnswers)
 {
     XvfbServer server;
     server.stop();
-    chooseQtPlatform();
+    qputenv("WAYLAND_DISPLAY", "/dev/null"); // Something that exists.
+    EXPECT_EQ(chooseQtPlatform(), QString());
+    EXPECT_EQ(qgetenv("QT_QPA_PLATFORM"), "wayland");
+    qunsetenv("WAYLAND_DISPLAY");
+}
+
+TEST_F(QtPlatformTest, isRefusedWithAReasonWhereNothingAnswers)
+{
+    XvfbServer server;
+    server.stop();
+    const QString display = qEnvironmentVariable("DISPLAY");
+    EXPECT_EQ(chooseQtPlatform(), QStringLiteral("The display %1 does not answer.").arg(display));
     EXPECT_TRUE(qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"));
+    qunsetenv("DISPLAY");
+    EXPECT_TRUE(chooseQtPlatform().startsWith(QStringLiteral("There is no display")));
 }
 
 TEST_F(QtPlatformTest, isTheUsersChoiceFirst)
 {
     const XvfbServer server;
-    qputenv("QT_QPA_PLATFORM", QByteArrayLiteral("wayland"));
-    chooseQtPlatform();
-    EXPECT_EQ(qgetenv("QT_QPA_PLATFORM"), "wayland");
+    qputenv("QT_QPA_PLATFORM", QByteArrayLiteral("offscreen"));
+    EXPECT_EQ(chooseQtPlatform(), QString());
+    EXPECT_EQ(qgetenv("QT_QPA_PLATFORM"), "offscreen");
 }
 }
