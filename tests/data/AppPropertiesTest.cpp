@@ -311,6 +311,7 @@ TEST_F(AppPropertiesTest, readsAddressesOfTheBundle)
         {QStringLiteral("https://zelvo.example/a?b=c"), QStringLiteral("https://zelvo.example/a?b=c")},
         {QStringLiteral(""), QString()},
         {QStringLiteral("http://[::1"), QString()},
+        {QStringLiteral("https://zelvo.example/a b"), QString()},
         {QJsonValue::Null, QString()},
     };
     for (const auto& [information, url] : kTestCases) {

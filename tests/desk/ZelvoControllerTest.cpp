@@ -69,6 +69,7 @@ TEST_F(ZelvoControllerTest, LetsPeriodsMeetWhenTheDeskPassesTheStandingPoint)
         storedPeriods(), (Periods {{1.2, 13.2, kSitting}, {13.2, 33.2, kStanding}, {33.2, 42.2, kSitting}}));
     EXPECT_EQ(hub->activity(), nullptr);
     EXPECT_FALSE(hub->scheduleManager()->isScheduled());
+    EXPECT_EQ(timesAskedForContext, 1);
 }
 
 TEST_F(ZelvoControllerTest, EndsAPeriodWhereTheNextOneStarts)

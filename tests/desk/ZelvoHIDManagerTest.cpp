@@ -17,6 +17,7 @@ protected:
     void deviceAdded(const Device& device) override
     {
         added.push_back(device);
+        wasListedWhenAdded = isListed(device);
         writtenBefore = ZelvoHIDDevice::node()
             ? static_cast<const FakeHidDevice&>(*ZelvoHIDDevice::node()->deviceRef).written.size()
             : 0;
@@ -26,7 +27,12 @@ protected:
     {
         removed.push_back(device);
         wasConnectedWhenRemoved = device->isConnected();
-        wasListedWhenRemoved = std::count(manager->devices().begin(), manager->devices().end(), device) == 1;
+        wasListedWhenRemoved = isListed(device);
+    }
+
+    [[nodiscard]] bool isListed(const Device& device) const
+    {
+        return std::count(manager->devices().begin(), manager->devices().end(), device) == 1;
     }
 
     template <typename Action>
@@ -46,6 +52,7 @@ protected:
     std::vector<Device> added;
     std::vector<Device> removed;
     size_t writtenBefore = 0;
+    bool wasListedWhenAdded = false;
     bool wasConnectedWhenRemoved = false;
     bool wasListedWhenRemoved = false;
 };
@@ -69,6 +76,7 @@ TEST_F(ZelvoHIDManagerTest, AnnouncesAnAdapterBeforeInitialisingIt)
     const QString log = logOf([&] { hid.plug(adapter); });
 
     ASSERT_EQ(added.size(), 1u);
+    EXPECT_FALSE(wasListedWhenAdded);
     EXPECT_EQ(writtenBefore, 0u) << "the delegate hears of it before the first report";
     EXPECT_EQ(adapter->written.size(), 2u) << "init and stop";
     EXPECT_TRUE(added[0]->isConnected());
