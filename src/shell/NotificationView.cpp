@@ -1,8 +1,5 @@
 #include "shell/NotificationView.h"
 
-#include "ui/WindowSystem.h"
-
-#include <QCursor>
 #include <QEnterEvent>
 #include <QPainter>
 
@@ -45,9 +42,11 @@ void NotificationView::enterEvent(QEnterEvent* event)
 void NotificationView::leaveEvent(QEvent* event)
 {
     QWidget::leaveEvent(event);
-    // Wayland does not tell where the pointer is outside; leaving is all there is to know.
+    // The cursor is not asked where it is: under Wayland, and for X11 programs there too, it still stands
+    // where it was last seen inside. Qt sends no leave event when the pointer goes on to a control of the
+    // view.
     constexpr QPointF kOutside(-1, -1);
-    mouseExited(WindowSystem::isWayland() ? kOutside : mapFromGlobal(QPointF(QCursor::pos())));
+    mouseExited(kOutside);
 }
 
 void NotificationView::hideEvent(QHideEvent* event)
