@@ -7,60 +7,84 @@
 #include <QTest>
 
 namespace {
-struct Recorder final : NotificationViewDelegate {
-    QStringList heard;
-    void notificationViewMouseEntered() override { heard.append(QStringLiteral("entered")); }
-    void notificationViewMouseExited() override { heard.append(QStringLiteral("exited")); }
+struct Visits final : NotificationViewDelegate {
+    int entered = 0;
+    int exited = 0;
+    void notificationViewMouseEntered() override { ++entered; }
+    void notificationViewMouseExited() override { ++exited; }
 };
 
 class NotificationViewTest : public ControlTest {
 protected:
+    static constexpr QPointF kInside {50, 40};
+    static constexpr QPointF kOutside {-1, 40};
+
     NotificationViewTest()
     {
-        m_view.setGeometry(20, 20, 100, 80);
-        m_button.setGeometry(40, 30, 40, 20);
-        m_view.setDelegate(&m_recorder);
-        m_window.resize(200, 200);
-        show(m_window);
+        view.resize(100, 80);
+        view.setDelegate(&visits);
     }
 
-    Recorder m_recorder;
-    QWidget m_window;
-    NotificationView m_view {&m_window};
-    QPushButton m_button {&m_view};
+    Visits visits;
+    NotificationView view;
 };
 }
 
-TEST_F(NotificationViewTest, oneVisitOfThePointerIsOneEntryAndOneExit)
+TEST_F(NotificationViewTest, eachVisitIsReportedOnceWhateverTheControlsInsideAdd)
 {
-    // Over the view, over its button and back, out: as a window system tells it.
-    for (const QPoint point : {QPoint(5, 5), QPoint(30, 30), QPoint(70, 60), QPoint(30, 30)})
-        QTest::mouseMove(m_window.windowHandle(), point);
-    EXPECT_EQ(m_recorder.heard, QStringList({"entered"}));
-    QTest::mouseMove(m_window.windowHandle(), {190, 190});
-    EXPECT_EQ(m_recorder.heard, QStringList({"entered", "exited"}));
-
-    m_view.mouseExited({-1, -1}); // Not inside: nothing to leave.
-    m_view.mouseEntered({100, 200}); // Not inside either.
-    m_view.mouseEntered({10, 10});
-    m_view.mouseEntered({10, 10});
-    m_view.mouseExited({50, 40}); // Still over it.
-    EXPECT_EQ(m_recorder.heard, QStringList({"entered", "exited", "entered"}));
+    view.mouseEntered(kOutside);
+    EXPECT_EQ(visits.entered, 0);
+    view.mouseEntered(kInside);
+    view.mouseExited(kInside); // Onto a control inside, and back.
+    view.mouseEntered(kInside);
+    EXPECT_EQ(visits.entered, 1);
+    EXPECT_EQ(visits.exited, 0);
+    view.mouseExited(kOutside);
+    view.mouseExited(kOutside);
+    EXPECT_EQ(visits.exited, 1);
+    view.mouseEntered(kInside);
+    EXPECT_EQ(visits.entered, 2);
 }
 
-TEST_F(NotificationViewTest, aPointerThatWasLastSeenInsideHasLeftAllTheSame)
+TEST_F(NotificationViewTest, aVisitAsAWindowSystemTellsItIsOne)
 {
-    enter(m_view);
-    QCursor::setPos(m_view.mapToGlobal(m_view.rect().center()));
-    leave(m_view);
-    EXPECT_EQ(m_recorder.heard, QStringList({"entered", "exited"}));
+    QPushButton button(&view);
+    button.setGeometry(40, 30, 40, 20);
+    show(view);
+    for (const QPoint point : {QPoint(5, 5), QPoint(50, 40), QPoint(5, 70), QPoint(50, 40)})
+        QTest::mouseMove(view.windowHandle(), point);
+    EXPECT_EQ(visits.entered, 1);
+    EXPECT_EQ(visits.exited, 0);
+    QCursor::setPos(view.mapToGlobal(QPoint(50, 40))); // Some only tell where it was last seen inside.
+    leave(view);
+    EXPECT_EQ(visits.exited, 1);
 }
 
-TEST_F(NotificationViewTest, aViewThatDisappearsUnderThePointerIsNotVisitedAnyMore)
+TEST_F(NotificationViewTest, allViewsShareThePointer)
 {
-    enter(m_view);
-    m_window.hide();
-    show(m_window);
-    enter(m_view);
-    EXPECT_EQ(m_recorder.heard, QStringList({"entered", "entered"}));
+    Visits otherVisits;
+    NotificationView other;
+    other.resize(100, 80);
+    other.setDelegate(&otherVisits);
+    view.mouseEntered(kInside);
+    other.mouseEntered(kInside);
+    EXPECT_EQ(otherVisits.entered, 0);
+}
+
+TEST_F(NotificationViewTest, aViewThatDisappearsUnderThePointerIsNotVisitedWhenItComesBack)
+{
+    show(view);
+    view.mouseEntered(kInside);
+    view.hide();
+    show(view);
+    view.mouseEntered(kInside);
+    EXPECT_EQ(visits.entered, 2);
+}
+
+TEST_F(NotificationViewTest, fillsItselfWithTheWindowsBackground)
+{
+    QPalette palette;
+    palette.setColor(QPalette::Window, Qt::magenta);
+    view.setPalette(palette);
+    EXPECT_EQ(colorAt(grab(view), {1, 1}), QColor(Qt::magenta));
 }
