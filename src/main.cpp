@@ -25,6 +25,7 @@
 #include <QApplication>
 #include <QDBusConnection>
 #include <QDir>
+#include <QIcon>
 #include <QSessionManager>
 #include <QStandardPaths>
 
@@ -34,6 +35,20 @@
 namespace {
 const QString kIdentifier = QStringLiteral("org.zelvo.StandUp");
 constexpr double kTrayPatienceSeconds = 10.0;
+
+/// As the desktop's base directory rules say. The record would otherwise lie wherever the program was
+/// started.
+void ignoreRelativeFolders()
+{
+    for (const char* const variable : {"XDG_CONFIG_HOME", "XDG_DATA_HOME"}) {
+        const QString folder = qEnvironmentVariable(variable);
+        if (folder.isEmpty() || QDir::isAbsolutePath(folder))
+            continue;
+        Log::line(QStringLiteral("%1 is no absolute path and is ignored: %2")
+                      .arg(QString::fromLatin1(variable), folder));
+        qunsetenv(variable);
+    }
+}
 
 QString settingsPath()
 {
@@ -166,11 +181,14 @@ int main(int argc, char** argv)
         return 1;
     }
 
+    ignoreRelativeFolders();
+
     QGuiApplication::setDesktopFileName(kIdentifier);
     QApplication::setStyle(QStringLiteral("Fusion")); // Fixed colours and sizes belong to one style.
     QApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("Zelvo StandUp"));
     QApplication::setQuitOnLastWindowClosed(false);
+    QApplication::setWindowIcon(QIcon(Bundle::imagePath(QStringLiteral("StandUp"))));
     QtRunLoop runLoop;
     RunLoop::setMain(&runLoop);
 

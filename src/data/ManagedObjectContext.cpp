@@ -2,6 +2,7 @@
 
 #include "data/PersistentStoreCoordinator.h"
 #include "data/SqlStatement.h"
+#include "platform/Bundle.h"
 
 #include <algorithm>
 #include <cmath>
@@ -198,8 +199,10 @@ ManagedObjectContext::~ManagedObjectContext()
 
 Error ManagedObjectContext::missingError()
 {
-    return {QStringLiteral("YOUR_ERROR_DOMAIN"), 9999, QStringLiteral("Failed to initialize the store"),
-        QStringLiteral("There was an error building up the data file.")};
+    const Bundle& texts = Bundle::main();
+    return {QStringLiteral("YOUR_ERROR_DOMAIN"), 9999,
+        texts.localizedString(QStringLiteral("Failed to initialize the store")),
+        texts.localizedString(QStringLiteral("There was an error building up the data file."))};
 }
 
 ActivityRef ManagedObjectContext::insertActivity()

@@ -1,6 +1,8 @@
 #include "data/PersistentStoreCoordinator.h"
 
 #include "data/SqlStatement.h"
+#include "platform/Bundle.h"
+#include "platform/Log.h"
 
 #include <QDir>
 #include <QFile>
@@ -49,40 +51,52 @@ bool isDiskFull(int result, const QString& path)
     return (result & 0xFF) == SQLITE_IOERR && std::filesystem::space(folder, ignored).available < kLeastBytes;
 }
 
-QString descriptionForResult(int result)
+/// What a result means to the user, and what can be done about it: keys of texts.
+struct Meaning {
+    const char* description; ///< %1: path of the store
+    const char* advice;
+};
+
+Meaning meaningOfResult(int result)
 {
     switch (result & 0xFF) {
     case SQLITE_CORRUPT:
     case SQLITE_NOTADB:
-        return QStringLiteral("The activity store is damaged. It has been left as it is (%1).");
+        return {"StoreDamaged", "StoreAdviceReplace"};
     case SQLITE_FULL:
-        return QStringLiteral("There is no space left on the disk for the activity store (%1).");
+        return {"StoreDiskFull", "StoreAdviceMakeRoom"};
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
-        return QStringLiteral("Another program is using the activity store (%1).");
+        return {"StoreInUse", "StoreAdviceCloseOther"};
     case SQLITE_READONLY:
     case SQLITE_PERM:
     case SQLITE_CANTOPEN:
-        return QStringLiteral("The activity store may not be written (%1).");
+        return {"StoreNotWritable", "StoreAdvicePermissions"};
     default:
-        return QStringLiteral("The activity store cannot be read or written (%1).");
+        return {"StoreUnreadable", "StoreAdvicePermissions"};
     }
 }
 
-QString descriptionForStoreResult(int result)
+Meaning meaningOfStoreResult(int result)
 {
     switch (result) {
     case NotAFile:
-        return QStringLiteral("Expected the activity store, found something that is not a file (%1).");
+        return {"StoreNotAFile", "StoreAdviceReplace"};
     case LogWithoutStore:
-        return QStringLiteral(
-            "The activity store is missing or empty, but the log of its last changes is still "
-            "there and has been left as it is (%1-wal).");
+        return {"StoreMissingBesideLog", "StoreAdviceReplace"};
     case NewerStore:
-        return QStringLiteral("The activity store was written by a newer version of this program (%1).");
+        return {"StoreTooNew", "StoreAdviceNewerProgram"};
     default:
-        return QStringLiteral("The file in the place of the activity store holds something else (%1).");
+        return {"StoreForeign", "StoreAdviceReplace"};
     }
+}
+
+Error makeError(int result, const Meaning& meaning, const QString& path)
+{
+    const Bundle& texts = Bundle::main();
+    return {QStringLiteral("SQLite"), result,
+        texts.localizedString(QString::fromLatin1(meaning.description)).arg(QDir::toNativeSeparators(path)),
+        texts.localizedString(QString::fromLatin1(meaning.advice))};
 }
 }
 
@@ -215,12 +229,10 @@ int PersistentStoreCoordinator::queryInteger(const char* sql, int& value)
 
 Error PersistentStoreCoordinator::errorForResult(int result) const
 {
-    const QString domain = QStringLiteral("SQLite");
-    const QString path = QDir::toNativeSeparators(m_path);
     if (result >= NotAFile && result <= NewerStore)
-        return {domain, result, descriptionForStoreResult(result).arg(path), {}};
+        return makeError(result, meaningOfStoreResult(result), m_path);
     const bool isLatest = m_connection && sqlite3_extended_errcode(m_connection) == result;
     const char* reason = isLatest ? sqlite3_errmsg(m_connection) : sqlite3_errstr(result);
-    const int meaning = isDiskFull(result, m_path) ? SQLITE_FULL : result;
-    return {domain, result, descriptionForResult(meaning).arg(path), QString::fromUtf8(reason)};
+    Log::line(QStringLiteral("SQLite answers %1: %2").arg(result).arg(QString::fromUtf8(reason)));
+    return makeError(result, meaningOfResult(isDiskFull(result, m_path) ? SQLITE_FULL : result), m_path);
 }

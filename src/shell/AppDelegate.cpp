@@ -26,7 +26,6 @@ namespace {
 const QString kDomainPrefix = QStringLiteral("org.zelvo");
 const QString kErrorDomain = QStringLiteral("YOUR_ERROR_DOMAIN");
 constexpr int kExpectedFolder = 101;
-constexpr int kStoreNotInitialized = 9999;
 /// The release whose first start gives the reminder's dismiss time its new default.
 const QString kDismissTimeRelease = QStringLiteral("1.0.1");
 
@@ -182,7 +181,7 @@ bool AppDelegate::ensureFilesFolder(const QString& folder)
     Error error {kErrorDomain, kExpectedFolder,
         localized(QStringLiteral("Expected a folder to store application data, found a file (%1)."))
             .arg(folder),
-        {}};
+        localized(QStringLiteral("DataFolderAdvice"))};
     if (!QFileInfo::exists(folder)) {
         std::error_code failure; // Made once more for its reason, which Qt does not tell.
         std::filesystem::create_directories(QFileInfo(folder).filesystemFilePath(), failure);
@@ -190,7 +189,8 @@ bool AppDelegate::ensureFilesFolder(const QString& folder)
             return true;
         error = {QString::fromLatin1(failure.category().name()), failure.value(),
             localized(QStringLiteral("DataFolderError")).arg(QDir::toNativeSeparators(folder)),
-            QString::fromLocal8Bit(failure.message().c_str())};
+            localized(QStringLiteral("DataFolderAdvice"))};
+        Log::line(QString::fromLocal8Bit(failure.message().c_str()));
     }
     m_dependencies.dialogs.presentError(error);
     return false;
@@ -202,9 +202,7 @@ std::shared_ptr<ManagedObjectContext> AppDelegate::managedObjectContext()
         return m_managedObjectContext;
     const auto coordinator = persistentStoreCoordinator();
     if (!coordinator) {
-        m_dependencies.dialogs.presentError(
-            {kErrorDomain, kStoreNotInitialized, localized(QStringLiteral("Failed to initialize the store")),
-                localized(QStringLiteral("There was an error building up the data file."))});
+        m_dependencies.dialogs.presentError(ManagedObjectContext::missingError());
         return nullptr;
     }
     m_managedObjectContext = std::make_shared<ManagedObjectContext>(coordinator);

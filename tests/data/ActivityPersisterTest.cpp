@@ -91,8 +91,8 @@ TEST_F(ActivityPersisterTest, whatCannotBeSavedIsLoggedAndGoesOutLater)
     LogCapture log;
     EXPECT_FALSE(activity->pulse());
     EXPECT_FALSE(persister.createIsStanding(false));
-    EXPECT_NE(log.text().find("Couldn't save pulse: The activity store"), std::string::npos) << log.text();
-    EXPECT_NE(log.text().find("Couldn't save: The activity store"), std::string::npos);
+    EXPECT_NE(log.text().find("Couldn't save pulse: StoreNotWritable"), std::string::npos) << log.text();
+    EXPECT_NE(log.text().find("Couldn't save: StoreNotWritable"), std::string::npos);
     EXPECT_EQ(persister.count(), 2U) << "the inserted record stays in the context";
     ASSERT_EQ(sqlite3_exec(connection, "PRAGMA query_only = 0", nullptr, nullptr, nullptr), SQLITE_OK);
     EXPECT_TRUE(persister.save());

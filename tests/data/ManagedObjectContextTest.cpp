@@ -159,7 +159,7 @@ TEST_F(ManagedObjectContextTest, aFailedSaveKeepsEverythingForTheNextOne)
         EXPECT_FALSE(store.context->save(error));
         EXPECT_FALSE(store.context->save(error));
     }
-    EXPECT_TRUE(error.localizedDescription.contains(QStringLiteral("cannot be read or written")))
+    EXPECT_TRUE(error.localizedDescription.contains(QStringLiteral("StoreUnreadable")))
         << qPrintable(error.localizedDescription);
     EXPECT_TRUE(store.context->hasChanges());
     EXPECT_EQ(store.all().size(), 2001U);
@@ -178,7 +178,7 @@ TEST_F(ManagedObjectContextTest, saysThatTheDiskIsFull)
     for (int i = 0; i < 2000; ++i)
         store.insert(i, i + 1, true);
     EXPECT_FALSE(store.context->save(error));
-    EXPECT_TRUE(error.localizedDescription.contains(QStringLiteral("no space left")));
+    EXPECT_TRUE(error.localizedDescription.contains(QStringLiteral("StoreDiskFull")));
     EXPECT_EQ(store.context->count(), 2000U);
 }
 
@@ -188,7 +188,7 @@ TEST_F(ManagedObjectContextTest, saysThatAnotherProgramHoldsTheStore)
     ASSERT_EQ(other.execute("BEGIN IMMEDIATE"), SQLITE_OK);
     const ActivityRef activity = store.insert(1000, 1100, true);
     EXPECT_FALSE(store.context->save(error));
-    EXPECT_TRUE(error.localizedDescription.contains(QStringLiteral("Another program")));
+    EXPECT_TRUE(error.localizedDescription.contains(QStringLiteral("StoreInUse")));
     EXPECT_EQ(fetchedCount(900, 1200), 1U) << "reading goes on";
     ASSERT_EQ(other.execute("COMMIT"), SQLITE_OK);
     EXPECT_TRUE(store.context->save(error));

@@ -68,6 +68,13 @@ private:
 
 class PersistentStoreCoordinatorTest : public testing::Test {
 protected:
+    void SetUp() override
+    {
+        for (const char* const key : {"StoreDamaged", "StoreForeign", "StoreMissingBesideLog", "StoreTooNew"})
+            platform.bundle.texts.insert(
+                QString::fromLatin1(key), QString::fromLatin1(key) + QStringLiteral(": %1"));
+    }
+
     /// A store of that many records, closed.
     void makeStore(int records)
     {
@@ -114,8 +121,8 @@ TEST_F(PersistentStoreCoordinatorTest, aCommitIsOnDiskWhenItReturns)
 
 TEST_F(PersistentStoreCoordinatorTest, refusesWhatIsNoGoodStoreAndLeavesItAsItIs)
 {
-    const char* const kDamaged = "is damaged";
-    const char* const kForeign = "holds something else";
+    const char* const kDamaged = "StoreDamaged";
+    const char* const kForeign = "StoreForeign";
     const struct TestCase {
         const char* name;
         std::function<void()> spoil;
@@ -135,7 +142,7 @@ TEST_F(PersistentStoreCoordinatorTest, refusesWhatIsNoGoodStoreAndLeavesItAsItIs
                 write(path, {});
                 write(path + QStringLiteral("-wal"), randomBytes(5000));
             },
-            "log of its last changes"},
+            "StoreMissingBesideLog"},
         {"a page of zeros beside its log",
             [&] {
                 TestStore store(platform);
@@ -159,7 +166,7 @@ TEST_F(PersistentStoreCoordinatorTest, refusesWhatIsNoGoodStoreAndLeavesItAsItIs
             },
             kForeign},
         {"no version", [&] { executeOn(path, "PRAGMA user_version = 0"); }, kForeign},
-        {"a newer version", [&] { executeOn(path, "PRAGMA user_version = 2"); }, "newer version"},
+        {"a newer version", [&] { executeOn(path, "PRAGMA user_version = 2"); }, "StoreTooNew"},
     };
     for (const TestCase& testCase : kTestCases) {
         SCOPED_TRACE(testCase.name);
@@ -171,6 +178,7 @@ TEST_F(PersistentStoreCoordinatorTest, refusesWhatIsNoGoodStoreAndLeavesItAsItIs
         EXPECT_TRUE(error.localizedDescription.contains(QLatin1String(testCase.description)))
             << qPrintable(error.localizedDescription);
         EXPECT_TRUE(error.localizedDescription.contains(path));
+        EXPECT_TRUE(error.failureReason.startsWith(QStringLiteral("StoreAdvice")));
         EXPECT_TRUE(contents(path) == before);
         EXPECT_TRUE(contents(path + QStringLiteral("-wal")) == logBefore);
         QFile::remove(path);
@@ -182,7 +190,7 @@ TEST_F(PersistentStoreCoordinatorTest, refusesAPlaceThatIsNoFile)
 {
     ASSERT_TRUE(QDir().mkpath(path));
     EXPECT_FALSE(open());
-    EXPECT_TRUE(error.localizedDescription.contains(QStringLiteral("not a file")));
+    EXPECT_TRUE(error.localizedDescription.contains(QStringLiteral("StoreNotAFile")));
     EXPECT_FALSE(
         PersistentStoreCoordinator::open(platform.folder.filePath(QStringLiteral("none/store")), error));
 }
@@ -214,7 +222,7 @@ TEST_F(PersistentStoreCoordinatorTest, refusesWhatItMayNotWrite)
             const Unprivileged unprivileged(folder);
             EXPECT_FALSE(open());
         }
-        EXPECT_TRUE(error.localizedDescription.contains(QStringLiteral("may not be written")))
+        EXPECT_TRUE(error.localizedDescription.contains(QStringLiteral("StoreNotWritable")))
             << qPrintable(error.localizedDescription);
         QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         QFile::remove(path);
@@ -230,7 +238,7 @@ TEST_F(PersistentStoreCoordinatorTest, doesNotWaitForAnotherProgramThatKeepsTheS
         sqlite3_exec(other, "PRAGMA locking_mode = EXCLUSIVE; BEGIN IMMEDIATE", nullptr, nullptr, nullptr),
         SQLITE_OK);
     EXPECT_FALSE(open());
-    EXPECT_TRUE(error.localizedDescription.contains(QStringLiteral("Another program")))
+    EXPECT_TRUE(error.localizedDescription.contains(QStringLiteral("StoreInUse")))
         << qPrintable(error.localizedDescription);
     sqlite3_close(other);
     EXPECT_TRUE(open());

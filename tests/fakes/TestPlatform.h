@@ -20,6 +20,11 @@ public:
     using Bundle::Bundle;
     QLocale testLocale = QLocale(QStringLiteral("de_DE"));
     QString testCalendarLocaleName; ///< an ICU name for what a QLocale cannot say; empty = testLocale's
+    QMap<QString, QString> texts; ///< by key, before those of the installed language
+    [[nodiscard]] QString localizedString(const QString& key) const override
+    {
+        return texts.contains(key) ? texts.value(key) : Bundle::localizedString(key);
+    }
     [[nodiscard]] QLocale locale() const override { return testLocale; }
     [[nodiscard]] QString calendarLocaleName() const override
     {

@@ -114,6 +114,19 @@ TEST_F(QtDialogsTest, anErrorIsShownAsItIsAndNotDealtWith)
     waitForTheUser();
 }
 
+TEST_F(QtDialogsTest, errorsThatComeTogetherAreShownOneAfterTheOther)
+{
+    for (const QString& text : {QStringLiteral("the cause"), QStringLiteral("its consequence")}) {
+        EXPECT_FALSE(m_dialogs.presentError({QStringLiteral("domain"), 1, text, {}}));
+        userMeets<QMessageBox>([text](QMessageBox& box) {
+            EXPECT_EQ(box.text(), text);
+            box.close();
+        });
+    }
+    EXPECT_EQ(QApplication::topLevelWidgets().size(), 1);
+    waitForTheUser();
+}
+
 TEST_F(QtDialogsTest, anAlertAnswersTheButton)
 {
     const QStringList buttons {

@@ -71,17 +71,31 @@ bool QtDialogs::presentError(const Error& error)
     if (m_shownErrors.contains(identity))
         return false; // Once is enough: an error that comes again at each record must not fill the screen.
     m_shownErrors.insert(identity);
-    // Not waited for: whoever met the error goes on without what it wanted, and the desk stays under control.
-    auto* box = new QMessageBox(QApplication::activeWindow());
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    box->setWindowModality(Qt::ApplicationModal);
-    box->setIcon(QMessageBox::Critical);
-    box->setTextFormat(Qt::PlainText);
-    box->setText(error.localizedDescription);
-    box->setInformativeText(error.failureReason);
-    box->setStandardButtons(QMessageBox::Ok);
-    box->show();
+    m_waitingErrors.enqueue(error);
+    if (!m_errorPanel)
+        showNextError();
     return false;
+}
+
+/// Nobody waits for the panel: whoever met the error goes on without what it wanted, and the desk stays under
+/// control. What comes meanwhile is shown afterwards, so that the cause is read before its consequences.
+void QtDialogs::showNextError()
+{
+    if (m_waitingErrors.isEmpty())
+        return;
+    const Error error = m_waitingErrors.dequeue();
+    m_errorPanel = new QMessageBox(QApplication::activeWindow());
+    m_errorPanel->setAttribute(Qt::WA_DeleteOnClose);
+    m_errorPanel->setWindowModality(Qt::ApplicationModal);
+    m_errorPanel->setIcon(QMessageBox::Critical);
+    m_errorPanel->setTextFormat(Qt::PlainText);
+    m_errorPanel->setText(error.localizedDescription);
+    m_errorPanel->setInformativeText(error.failureReason);
+    m_errorPanel->setStandardButtons(QMessageBox::Ok);
+    // Later, because the panel may be going with the window that it belongs to.
+    QObject::connect(
+        m_errorPanel, &QObject::destroyed, &m_context, [this] { showNextError(); }, Qt::QueuedConnection);
+    m_errorPanel->show();
 }
 
 int QtDialogs::runAlert(

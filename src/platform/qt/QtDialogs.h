@@ -2,6 +2,10 @@
 
 #include "platform/Dialogs.h"
 
+#include <QMessageBox>
+#include <QObject>
+#include <QPointer>
+#include <QQueue>
 #include <QSet>
 
 /// Dialogs on Qt's own. They belong to the active window, if there is one. Questions hold up the whole
@@ -10,8 +14,8 @@ class QtDialogs final : public Dialogs {
 public:
     QtDialogs() = default;
 
-    /// Opens a panel, the first time for each error, and returns at once. There is no remedy to choose in it,
-    /// so no error is ever dealt with.
+    /// Opens a panel, the first time for each error, and returns at once; further errors wait until it is
+    /// closed. There is no remedy to choose in it, so no error is ever dealt with.
     bool presentError(const Error& error) override;
     int runAlert(
         const QString& messageText, const QString& informativeText, const QStringList& buttons) override;
@@ -20,5 +24,10 @@ public:
     std::optional<QString> runSavePanel(const QString& proposedFileName) override;
 
 private:
+    void showNextError();
+
     QSet<QString> m_shownErrors;
+    QQueue<Error> m_waitingErrors;
+    QPointer<QMessageBox> m_errorPanel;
+    QObject m_context;
 };

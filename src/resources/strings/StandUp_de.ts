@@ -109,10 +109,34 @@
         <extracomment>%1: path</extracomment>
         <translation>Die Datei an der Stelle der Aufzeichnung der Aktivitäten enthält etwas anderes (%1).</translation>
     </message>
+    <message id="StoreAdviceReplace">
+        <source>Nothing is recorded until then: put a copy from your backup in its place, or move the file away to begin with an empty record, and start the program again.</source>
+        <translation>Bis dahin wird nichts aufgezeichnet: eine Sicherungskopie an diese Stelle legen, oder die Datei verschieben, um mit einer leeren Aufzeichnung zu beginnen, dann das Programm neu starten.</translation>
+    </message>
+    <message id="StoreAdviceMakeRoom">
+        <source>Make room on the disk. What could not be saved is kept while the program runs, and saved as soon as there is space.</source>
+        <translation>Platz schaffen hilft: Was nicht gespeichert werden konnte, bleibt erhalten, solange das Programm läuft, und wird gespeichert, sobald es geht.</translation>
+    </message>
+    <message id="StoreAdviceCloseOther">
+        <source>Close the other program. What could not be saved is kept, and saved as soon as this is possible.</source>
+        <translation>Das andere Programm schließen. Was nicht gespeichert werden konnte, bleibt erhalten und wird gespeichert, sobald es geht.</translation>
+    </message>
+    <message id="StoreAdvicePermissions">
+        <source>Check the permissions of the file and of its folder, and whether the disk is in order. Nothing is recorded until the program can write there.</source>
+        <translation>Nichts wird aufgezeichnet, bis das Programm dort schreiben kann. Die Zugriffsrechte der Datei und des Ordners prüfen, und ob der Datenträger in Ordnung ist.</translation>
+    </message>
+    <message id="StoreAdviceNewerProgram">
+        <source>Install the newer version again. Nothing is recorded until then.</source>
+        <translation>Die neuere Version wieder installieren. Bis dahin wird nichts aufgezeichnet.</translation>
+    </message>
     <message id="DataFolderError">
         <source>The folder for the program’s data cannot be used: %1</source>
         <extracomment>%1: path</extracomment>
         <translation>Der Ordner für die Programmdaten ist nicht benutzbar: %1</translation>
+    </message>
+    <message id="DataFolderAdvice">
+        <source>Nothing is recorded until it can be used. Move what is in its place away, or allow the program to write there, and start the program again.</source>
+        <translation>Solange das so ist, wird nichts aufgezeichnet. Was an der Stelle des Ordners liegt, verschieben oder das Schreiben dort erlauben, dann das Programm neu starten.</translation>
     </message>
     <!-- Errors that the desk reports -->
     <message id="Error &#10;">

@@ -109,10 +109,34 @@
         <extracomment>%1: path</extracomment>
         <translation>The file in the place of the record of your activities holds something else (%1).</translation>
     </message>
+    <message id="StoreAdviceReplace">
+        <source></source>
+        <translation>Nothing is recorded until then: put a copy from your backup in its place, or move the file away to begin with an empty record, and start the program again.</translation>
+    </message>
+    <message id="StoreAdviceMakeRoom">
+        <source></source>
+        <translation>Make room on the disk. What could not be saved is kept while the program runs, and saved as soon as there is space.</translation>
+    </message>
+    <message id="StoreAdviceCloseOther">
+        <source></source>
+        <translation>Close the other program. What could not be saved is kept, and saved as soon as this is possible.</translation>
+    </message>
+    <message id="StoreAdvicePermissions">
+        <source></source>
+        <translation>Check the permissions of the file and of its folder, and whether the disk is in order. Nothing is recorded until the program can write there.</translation>
+    </message>
+    <message id="StoreAdviceNewerProgram">
+        <source></source>
+        <translation>Install the newer version again. Nothing is recorded until then.</translation>
+    </message>
     <message id="DataFolderError">
         <source></source>
         <extracomment>%1: path</extracomment>
         <translation>The folder for the program’s data cannot be used: %1</translation>
+    </message>
+    <message id="DataFolderAdvice">
+        <source></source>
+        <translation>Nothing is recorded until it can be used. Move what is in its place away, or allow the program to write there, and start the program again.</translation>
     </message>
     <!-- Errors that the desk reports -->
     <message id="Error &#10;">
