@@ -72,7 +72,8 @@ TEST_F(RecordingHidManagerTest, reportsEachTransferWithTimeBytesAndStatus)
     EXPECT_EQ(transfers[1].bytes.size(), 64u);
     EXPECT_EQ(transfers[1].text(), QStringLiteral("read  04 00 00 00 84 03 00 00"));
     EXPECT_EQ(transfers[2].status, ETIMEDOUT);
-    EXPECT_EQ(transfers[2].text(), QStringLiteral("read  04 00 00 00 00 00 00 00: Connection timed out"));
+    EXPECT_TRUE(transfers[2].text().startsWith(QStringLiteral("read  04 ")));
+    EXPECT_TRUE(transfers[2].text().endsWith(QStringLiteral(": Connection timed out")));
 }
 
 TEST_F(RecordingHidManagerTest, textShowsAnAnswerToItsLastByteThatSaysSomething)
