@@ -199,7 +199,7 @@ void HistoryWindowController::buttonYearClicked()
 
 void HistoryWindowController::buttonCloseClicked()
 {
-    m_window->close();
+    m_window->hide();
     if (m_delegate)
         m_delegate->historyWindowButtonCloseClicked();
 }

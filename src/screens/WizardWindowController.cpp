@@ -62,7 +62,7 @@ void WizardWindowController::addSubview(QWidget* view)
 
 void WizardWindowController::close()
 {
-    m_window->close();
+    m_window->hide();
 }
 
 void WizardWindowController::setupViewButtonCloseClicked()

@@ -22,6 +22,7 @@ ErrorLine::ErrorLine(HyperLinkTextField& label, QWidget& area, WithoutUrl withou
               [this](const PostedNotification&) { observerRemoveErrorRecieved(); }))
 {
     m_area.setAccessibleName(Bundle::main().localizedString(QStringLiteral("AccessErrorLine")));
+    m_area.setFocusPolicy(Qt::NoFocus); // Here, because it spoils the order of tab stops in a form.
     hide();
 }
 

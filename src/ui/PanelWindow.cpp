@@ -54,12 +54,12 @@ bool PanelWindow::eventFilter(QObject* receiver, QEvent* event)
 
 void PanelWindow::closeEvent(QCloseEvent* event)
 {
-    if (m_closeRequested && event->spontaneous()) {
-        event->ignore();
-        m_closeRequested();
+    if (!m_closeRequested) {
+        QWidget::closeEvent(event);
         return;
     }
-    QWidget::closeEvent(event);
+    event->ignore();
+    m_closeRequested();
 }
 
 void PanelWindow::hideEvent(QHideEvent* event)

@@ -13,7 +13,8 @@ public:
     explicit PanelWindow(Qt::WindowFlags flags = Qt::Window);
 
     void setMovableByWindowBackground(bool movable) { m_movable = movable; }
-    /// What Escape and the window manager's close button do; without one they close the window.
+    /// What Escape, the window manager's close button and close() do, which ends in hide(); without one they
+    /// close the window.
     void onCloseRequested(std::function<void()> callback) { m_closeRequested = std::move(callback); }
     /// Called whenever the window goes from shown to hidden.
     void onWillClose(std::function<void()> callback) { m_willClose = std::move(callback); }

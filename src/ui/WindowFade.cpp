@@ -4,8 +4,6 @@
 
 #include <QWidget>
 
-#include <algorithm>
-
 namespace {
 constexpr double kFrameSeconds = 0.025;
 }
@@ -45,9 +43,11 @@ void WindowFade::start(Direction direction)
 
 void WindowFade::step()
 {
-    const double done = std::min(1.0, (RunLoop::main().monotonicNow() - m_startedAt) / kSeconds);
+    const double elapsed = RunLoop::main().monotonicNow() - m_startedAt;
+    const bool isLastFrame = elapsed > kSeconds - kFrameSeconds / 2;
+    const double done = isLastFrame ? 1.0 : elapsed / kSeconds;
     setOpacity(m_direction == Direction::In ? done : 1.0 - done);
-    if (done < 1.0)
+    if (!isLastFrame)
         return;
     invalidate(m_timer);
     if (m_direction == Direction::Out) {

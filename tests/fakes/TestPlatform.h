@@ -1,6 +1,7 @@
 #pragma once
 
 #include "fakes/MemoryUserDefaults.h"
+#include "fakes/PrintQt.h"
 #include "platform/Bundle.h"
 #include "platform/Dialogs.h"
 #include "platform/EventSource.h"

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "ui/Button.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QFontMetrics>
+#include <QLabel>
+#include <QScrollArea>
+#include <QStringList>
+#include <QTest>
+
+/// What a look at a whole window finds. Each answer is a list to compare with the empty or the expected one.
+namespace WindowChecks {
+inline bool isInScrollArea(const QWidget& widget)
+{
+    for (const QWidget* parent = widget.parentWidget(); parent; parent = parent->parentWidget()) {
+        if (qobject_cast<const QScrollArea*>(parent))
+            return true;
+    }
+    return false;
+}
+
+inline bool isCut(const QLabel& label)
+{
+    if (label.wordWrap())
+        return label.heightForWidth(label.width()) > label.height();
+    const QRect text = label.fontMetrics().tightBoundingRect(label.text());
+    return label.sizeHint().width() > label.width() || text.height() > label.height();
+}
+
+/// Visible labels and buttons whose text has less room than it needs, or that leave their parent.
+inline QStringList textsThatDoNotFit(const QWidget& window)
+{
+    QStringList found;
+    const auto note = [&found](const QWidget& widget, const QString& text) {
+        found.append(widget.objectName() + QStringLiteral(": ") + text);
+    };
+    for (const QLabel* label : window.findChildren<QLabel*>()) {
+        if (label->isVisible() && !isInScrollArea(*label) && isCut(*label))
+            note(*label, label->text());
+    }
+    for (const Button* button : window.findChildren<Button*>()) {
+        if (button->isVisible() && button->imagePosition() != Button::ImagePosition::Only
+            && button->sizeHint().width() > button->width())
+            note(*button, button->text());
+    }
+    for (const QWidget* widget : window.findChildren<QWidget*>()) {
+        if (widget->isVisible() && !isInScrollArea(*widget)
+            && !widget->parentWidget()->rect().contains(widget->geometry()))
+            note(*widget, QStringLiteral("outside its parent"));
+    }
+    return found;
+}
+
+/// The controls that Tab reaches one after the other until it is back at the first.
+inline QStringList tabOrder(QWidget& window)
+{
+    QStringList names;
+    for (int i = 0; i < 50; ++i) {
+        QWidget* const focus = QApplication::focusWidget();
+        QTest::keyClick(focus ? focus : &window, Qt::Key_Tab);
+        const QWidget* const next = QApplication::focusWidget();
+        const QString name = next ? next->objectName() : QString();
+        if (!names.isEmpty() && name == names.front())
+            break;
+        names.append(name);
+    }
+    return names;
+}
+
+inline QString accessibleText(QWidget& widget, QAccessible::Text kind)
+{
+    return QAccessible::queryAccessibleInterface(&widget)->text(kind);
+}
+}

@@ -1,0 +1,125 @@
+#include "shell/TestWindowController.h"
+
+#include "platform/simulated/SimulatedHidManager.h"
+#include "shell/WindowTest.h"
+#include "ui/MouseEventButton.h"
+
+#include <QCheckBox>
+#include <QSpinBox>
+
+namespace {
+/// The window on a simulated desk, in a program of its own.
+class TestWindowControllerTest : public WindowTest {
+protected:
+    void startSimulated()
+    {
+        world->app = std::make_unique<AppDelegate>(AppDelegate::Dependencies {simulated, world->events,
+            world->workspace, world->loginItems, world->dialogs, world->platform.folder.path(), {}, [] {},
+            [this](AppDelegate& delegate) {
+                return std::make_unique<TestWindowController>(delegate.menuletController(), &simulated);
+            }});
+        start();
+        pass(2);
+        world->app->showTestWindow();
+        pass(1);
+    }
+    ~TestWindowControllerTest() override
+    {
+        properties().setZelvoController(nullptr); // The hub goes before the simulated desk.
+        world->app.reset();
+    }
+    QWidget& window() { return world->app->testWindowController().window(); }
+
+    SimulatedHidManager simulated;
+};
+}
+
+TEST_F(TestWindowControllerTest, movesToFixedHeightsWhileHeldAndShowsWhatIsRead)
+{
+    startSimulated();
+    press(window(), "buttonHeight1000");
+    pass(20);
+    release(window(), "buttonHeight1000");
+    pass(2);
+    EXPECT_NEAR(simulated.desk().height(), 1000, 20);
+    EXPECT_EQ(text(window(), "labelHeight").toInt(), properties().zelvoController()->device()->position());
+    EXPECT_EQ(text(window(), "labelState"), QStringLiteral("2"));
+    EXPECT_TRUE(text(window(), "labelReport").startsWith(QStringLiteral("04 ")));
+
+    press(window(), "buttonHeight6500");
+    pass(1);
+    release(window(), "buttonHeight6500");
+    pass(2);
+    const double released = simulated.desk().height();
+    EXPECT_GT(released, 1050);
+    EXPECT_LT(released, 2000);
+    pass(5);
+    EXPECT_EQ(simulated.desk().height(), released);
+}
+
+TEST_F(TestWindowControllerTest, remindsForEachPosition)
+{
+    startSimulated();
+    for (const auto& [button, position] : {std::pair("buttonRemindStand", 1), std::pair("buttonRemindSit", 2),
+             std::pair("buttonRemindUnknown", 0)}) {
+        click(window(), button);
+        EXPECT_TRUE(menulet().notificationWindow().isWindowVisible());
+        EXPECT_EQ(menulet().notificationWindow().notification()->position(), position);
+    }
+}
+
+TEST_F(TestWindowControllerTest, worksTheSimulatedDesksPlugErrorsAndFaults)
+{
+    startSimulated();
+    click(window(), "buttonUnplug");
+    pass(1);
+    EXPECT_EQ(text(window(), "labelHeight"), QStringLiteral("no desk"));
+    EXPECT_FALSE(menulet().isDeviceConnected());
+    click(window(), "buttonPlug");
+    pass(2);
+    EXPECT_TRUE(menulet().isDeviceConnected());
+
+    QWidget& main = openMainWindow();
+    in<QCheckBox>(window(), "checkOverloadUp").click();
+    in<QSpinBox>(window(), "spinErrorCode").setValue(31);
+    click(window(), "buttonAddCode");
+    pass(2);
+    EXPECT_TRUE(in(main, "errorArea").isVisible());
+    EXPECT_TRUE(text(main, "labelErrorText").contains(QStringLiteral("E02: OverloadUpError")));
+    EXPECT_TRUE(text(main, "labelErrorText").contains(QStringLiteral("E31: ")));
+    click(window(), "buttonClearErrors");
+    pass(17);
+    EXPECT_FALSE(in(main, "errorArea").isVisible());
+    EXPECT_FALSE(in<QCheckBox>(window(), "checkOverloadUp").isChecked());
+
+    in<QCheckBox>(window(), "checkFailingReads").click();
+    EXPECT_TRUE(simulated.desk().faults().failingReads);
+    in<QCheckBox>(window(), "checkFailingReads").click();
+    EXPECT_FALSE(simulated.desk().faults().failingReads);
+}
+
+TEST_F(TestWindowControllerTest, closedItReadsNoMore)
+{
+    startSimulated();
+    const size_t open = world->platform.runLoop.pendingTimerCount();
+    QTest::keyClick(&window(), Qt::Key_Escape);
+    EXPECT_EQ(world->platform.runLoop.pendingTimerCount(), open - 1);
+    world->app->showTestWindow();
+    EXPECT_EQ(world->platform.runLoop.pendingTimerCount(), open);
+}
+
+TEST_F(TestWindowControllerTest, onARealDeskTheSimulationIsHidden)
+{
+    startWithDesk();
+    TestWindowController controller(menulet(), nullptr);
+    controller.showWindow();
+    EXPECT_FALSE(in(controller.window(), "groupSimulation").isVisible());
+    press(controller.window(), "buttonDown");
+    pass(0.5);
+    EXPECT_EQ(commands(), heldFor(kDown));
+    release(controller.window(), "buttonDown");
+    EXPECT_EQ(commands(), Commands {kStop});
+    click(controller.window(), "buttonUpOnce");
+    pass(1);
+    EXPECT_EQ(commands(), Commands {kUp});
+}

@@ -1,0 +1,147 @@
+#pragma once
+
+#include "data/ActivityPersister.h"
+#include "fakes/WindowChecks.h"
+#include "resources/Resources.h"
+#include "shell/MainWindowController.h"
+#include "shell/Notification.h"
+#include "shell/NotificationWindowController.h"
+#include "shell/ShellWorld.h"
+
+#include <QCursor>
+#include <QTranslator>
+
+#include <gtest/gtest.h>
+#include <optional>
+
+/// A test of windows in the running program, after a finished set-up. Controls are found by object name and
+/// worked by mouse and keys. Texts are their keys unless a test installs a language.
+class WindowTest : public testing::Test {
+protected:
+    static constexpr uint16_t kUp = 0x8000;
+    static constexpr uint16_t kDown = 0x7FFF;
+    static constexpr uint16_t kStop = 0x8001;
+    static constexpr uint16_t kSitting = 900;
+
+    using Commands = std::vector<uint16_t>;
+
+    WindowTest()
+    {
+        initResources();
+        world->completeSetup();
+        QCursor::setPos(kAway);
+    }
+    ~WindowTest() override
+    {
+        qDeleteAll(qApp->findChildren<QTranslator*>(QString(), Qt::FindDirectChildrenOnly));
+        QApplication::setLayoutDirection(Qt::LeftToRight);
+    }
+
+    /// Another program in another folder, with a finished set-up.
+    void beginAnew()
+    {
+        desk.reset();
+        world.reset();
+        world.emplace();
+        world->completeSetup();
+    }
+    /// Settings as of a program whose information lacks a key; to be called after start().
+    void dropInformation(const char* key)
+    {
+        QJsonObject information = TestPlatform::defaultInformation();
+        information.remove(QString::fromLatin1(key));
+        m_lacking.emplace(information);
+        properties().setMainBundle(&*m_lacking);
+    }
+    void start() { world->app->applicationDidFinishLaunching(); }
+    /// The program with a desk at which the user sits.
+    void startWithDesk()
+    {
+        start();
+        desk = world->plugDesk(kSitting);
+        desk->written.clear();
+    }
+    MenuletController& menulet() { return world->app->menuletController(); }
+    static AppProperties& properties() { return AppProperties::instance(); }
+    ScheduleManager& schedule() { return *properties().zelvoController()->scheduleManager(); }
+    void pass(double seconds)
+    {
+        world->platform.runLoop.advance(seconds);
+        QApplication::processEvents();
+    }
+
+    QWidget& openMainWindow()
+    {
+        menulet().menuletClicked();
+        QApplication::processEvents();
+        return menulet().mainWindow().window();
+    }
+    QWidget& remind(int32_t position)
+    {
+        menulet().showNotification(std::make_shared<Notification>(position));
+        QApplication::processEvents();
+        return menulet().notificationWindow().window();
+    }
+
+    template <typename Widget = QWidget>
+    static Widget& in(const QWidget& window, const char* name)
+    {
+        auto* widget = window.findChild<Widget*>(QString::fromLatin1(name));
+        EXPECT_TRUE(widget) << name;
+        return *widget;
+    }
+    static QString text(const QWidget& window, const char* label) { return in<QLabel>(window, label).text(); }
+    static void press(QWidget& window, const char* button)
+    {
+        QTest::mousePress(&in(window, button), Qt::LeftButton);
+    }
+    static void release(QWidget& window, const char* button)
+    {
+        QTest::mouseRelease(&in(window, button), Qt::LeftButton);
+    }
+    static void click(QWidget& window, const char* button)
+    {
+        QTest::mouseClick(&in(window, button), Qt::LeftButton);
+    }
+    static void focus(QWidget& window, const char* control)
+    {
+        QApplication::setActiveWindow(&window);
+        in(window, control).setFocus(Qt::TabFocusReason);
+    }
+    static void movePointer(QPoint position)
+    {
+        QCursor::setPos(position);
+        QApplication::processEvents();
+    }
+
+    /// The commands that an adapter has been sent since the last call.
+    static Commands commands(FakeHidDevice& adapter)
+    {
+        Commands sent;
+        for (const auto& report : adapter.written) {
+            if (report[0] == 5)
+                sent.push_back(uint16_t(report[1] | report[2] << 8));
+        }
+        adapter.written.clear();
+        return sent;
+    }
+    Commands commands() { return commands(*desk); }
+    /// What holding a button for 0.5 s sends: a stop to begin with, then the command every 0.2 s.
+    static Commands heldFor(uint16_t command) { return {kStop, command, command}; }
+
+    static void postErrors(const QMap<QString, QString>& errors)
+    {
+        NotificationCenter::defaultCenter().post(NotificationNames::kErrorCode, {}, errors);
+    }
+    static void postErrorRemoved()
+    {
+        NotificationCenter::defaultCenter().post(NotificationNames::kErrorCodeRemoved);
+    }
+
+    static constexpr QPoint kAway {790, 590};
+    std::optional<ShellWorld> world {std::in_place};
+    std::shared_ptr<FakeHidDevice> desk;
+
+private:
+    std::optional<TestBundle> m_lacking;
+};
