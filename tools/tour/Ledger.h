@@ -22,6 +22,8 @@ public:
     /// @param open the hub's open period now, or null
     void observe(const Activity* open);
     [[nodiscard]] const std::vector<Period>& periods() const { return m_periods; }
+    /// All but the one that is still open.
+    [[nodiscard]] size_t closedPeriods() const { return m_periods.size() - (m_open ? 1 : 0); }
 
 private:
     std::vector<Period> m_periods;

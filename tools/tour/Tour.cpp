@@ -47,6 +47,8 @@ void Tour::run()
 void Tour::firstStart()
 {
     chapter(QStringLiteral("First start"));
+    say(QStringLiteral(
+        "The program is started for the first time; a desk stands at 90 mm above its lowest position."));
     m_world.app->applicationDidFinishLaunching();
     m_world.pass(2);
     check(TourWorld::window(QStringLiteral("WizardWindow")), QStringLiteral("the wizard is shown"));
@@ -59,6 +61,8 @@ void Tour::firstStart()
 void Tour::completeTheWizard()
 {
     chapter(QStringLiteral("The wizard, by mouse and keyboard"));
+    say(QStringLiteral(
+        "Time is chosen as the goal, the numbers are typed, Done is pressed with the space bar."));
     click("WizardWindow", "labelTime");
     click("WizardWindow", "goalIndicator2");
     typeInto("WizardWindow", "textFieldWeight", "80");
@@ -82,6 +86,8 @@ void Tour::completeTheWizard()
 void Tour::moveByHand()
 {
     chapter(QStringLiteral("Moving the desk from the main window"));
+    say(QStringLiteral(
+        "Up is held for two seconds with the mouse, then Down for one second with the space bar."));
     m_world.app->menuletController().menuletClicked();
     m_world.pass(1);
     check(TourWorld::window(QStringLiteral("MainWindow")),
@@ -92,7 +98,8 @@ void Tour::moveByHand()
     m_world.pass(2);
     release(up);
     m_world.pass(2);
-    check(height() > before + 300, QStringLiteral("two seconds of Up moved the desk to %1").arg(height()));
+    check(height() > before + 300,
+        QStringLiteral("two seconds of Up moved the desk to %1 mm").arg(height() / 10.0));
     QWidget* down = find("MainWindow", "buttonDown");
     if (down) {
         down->setFocus(Qt::TabFocusReason);
@@ -103,7 +110,7 @@ void Tour::moveByHand()
     m_world.pass(2);
     const int after = height();
     m_world.pass(5);
-    check(height() == after, QStringLiteral("released, the desk stands still at %1").arg(after));
+    check(height() == after, QStringLiteral("released, the desk stands still at %1 mm").arg(after / 10.0));
     click("MainWindow", "buttonClose");
     check(!TourWorld::window(QStringLiteral("MainWindow")), QStringLiteral("Close closes it"));
 }
@@ -111,6 +118,8 @@ void Tour::moveByHand()
 void Tour::answerTheReminder()
 {
     chapter(QStringLiteral("A reminder to stand up, answered"));
+    say(QStringLiteral(
+        "Nobody does anything until the sitting time is over; then the reminder's memory button is held."));
     m_world.pass(hub().scheduleManager()->timeToSchedule());
     m_world.pass(kFade);
     check(TourWorld::window(QStringLiteral("NotificationWindow")),
@@ -122,7 +131,7 @@ void Tour::answerTheReminder()
         m_world.pass(0.2);
     release(memory);
     check(height() == goal,
-        QStringLiteral("held, its button drove the desk to the standing memory, %1").arg(goal));
+        QStringLiteral("held, its button drove the desk to the standing memory, %1 mm").arg(goal / 10.0));
     check(hub().activity() && hub().activity()->isStanding(), QStringLiteral("a standing period is open"));
     m_world.pass(21);
     check(!TourWorld::window(QStringLiteral("NotificationWindow")),
@@ -132,6 +141,8 @@ void Tour::answerTheReminder()
 void Tour::ignoreAndSkip()
 {
     chapter(QStringLiteral("A reminder to sit down, ignored, then skipped"));
+    say(QStringLiteral(
+        "The standing time passes. The first reminder is left alone, the second one is skipped."));
     m_world.pass(hub().scheduleManager()->timeToSchedule());
     m_world.pass(kFade);
     check(TourWorld::window(QStringLiteral("NotificationWindow")),
@@ -152,6 +163,7 @@ void Tour::ignoreAndSkip()
 void Tour::lunch()
 {
     chapter(QStringLiteral("Lunch, away from the computer for 45 minutes"));
+    say(QStringLiteral("Keyboard and mouse rest."));
     m_world.events.leave();
     m_world.pass(310);
     check(!hub().activity(), QStringLiteral("after five idle minutes the period is closed"));
@@ -164,6 +176,8 @@ void Tour::lunch()
 void Tour::pullThePlug()
 {
     chapter(QStringLiteral("The plug is pulled and put back"));
+    say(QStringLiteral(
+        "Five minutes later somebody trips over the cable, and puts it back after half a minute."));
     m_world.pass(5 * kMinute);
     m_world.simulated.unplug();
     m_world.pass(1);
@@ -179,6 +193,8 @@ void Tour::pullThePlug()
 void Tour::overload()
 {
     chapter(QStringLiteral("The desk reports an overload"));
+    say(QStringLiteral(
+        "The main window is open; something blocks the desk on its way up, and is taken away."));
     m_world.app->menuletController().menuletClicked();
     m_world.simulated.desk().setError(DeskModel::ErrorKind::OverloadUp, true);
     m_world.pass(2);
@@ -197,6 +213,8 @@ void Tour::overload()
 void Tour::sleepAndWake()
 {
     chapter(QStringLiteral("The machine sleeps for ten minutes"));
+    say(QStringLiteral(
+        "The screens go dark, the machine sleeps and wakes; then the user is away for five minutes more."));
     m_world.workspace.screensSleep();
     m_world.observe();
     m_world.pass(5);
@@ -215,14 +233,14 @@ void Tour::sleepAndWake()
 void Tour::lookBack()
 {
     chapter(QStringLiteral("History and export"));
+    say(QStringLiteral("The history is opened from the tray's menu, and the summary is exported."));
     const Date now = Date::now(); // The window's totals end where it is opened.
     m_world.app->menuHistoryClicked();
     m_world.pass(1);
     click("HistoryWindow", "buttonDay");
     ActivityPersister persister(m_world.app->managedObjectContext());
     const Date start = Date::dateFromComponents(2013, 1, 1);
-    m_narrator.say(
-        QStringLiteral("Standing %1 min, burned %2 kcal, stood up %3 times, met the goal on %4 days")
+    say(QStringLiteral("Standing %1 min, burned %2 kcal, stood up %3 times, met the goal on %4 days")
             .arg(shownText("HistoryWindow", "historyHeadTitle1"),
                 shownText("HistoryWindow", "historyHeadTitle2"),
                 shownText("HistoryWindow", "historyHeadTitle3"),
@@ -251,6 +269,7 @@ void Tour::lookBack()
 void Tour::quit()
 {
     chapter(QStringLiteral("Quitting"));
+    say(QStringLiteral("Exit is chosen in the tray's menu."));
     m_world.pass(7);
     m_world.app->terminate();
     m_world.observe();
@@ -259,14 +278,13 @@ void Tour::quit()
 
     const QString path = m_world.app->applicationFilesDirectory() + QStringLiteral("/StandUp.storedata");
     const std::vector<Period> stored = readStore(path);
-    m_narrator.say(QStringLiteral("The store, read through another connection:"));
+    say(QStringLiteral("The store, read through another connection:"));
     for (const Period& period : stored)
-        m_narrator.say(QStringLiteral("  %1").arg(period.text()));
+        say(QStringLiteral("  %1").arg(period.text()));
     check(stored == m_world.ledger.periods(),
         QStringLiteral("%1 stored periods are exactly those seen in the course of the morning")
             .arg(stored.size()));
-    m_narrator.say(
-        QStringLiteral("%1 reports written, %2 read").arg(m_world.wire.writes()).arg(m_world.wire.reads()));
+    say(QStringLiteral("%1 reports written, %2 read").arg(m_world.wire.writes()).arg(m_world.wire.reads()));
 }
 
 void Tour::click(const char* window, const char* control)
@@ -323,19 +341,26 @@ int Tour::height() const
 bool Tour::check(bool holds, const QString& what)
 {
     m_world.wire.flush();
+    printClosedPeriods();
     return m_narrator.check(holds, what);
 }
 
 void Tour::chapter(const QString& title)
 {
-    printNewPeriods();
+    m_world.wire.flush();
+    printClosedPeriods();
     m_narrator.chapter(title);
 }
 
-void Tour::printNewPeriods()
+void Tour::say(const QString& text)
 {
     m_world.wire.flush();
+    m_narrator.say(text);
+}
+
+void Tour::printClosedPeriods()
+{
     const auto& periods = m_world.ledger.periods();
-    for (; m_printedPeriods < periods.size(); ++m_printedPeriods)
-        m_narrator.say(QStringLiteral("recorded: %1").arg(periods[m_printedPeriods].text()));
+    for (; m_printedPeriods < m_world.ledger.closedPeriods(); ++m_printedPeriods)
+        m_narrator.say(QStringLiteral("     recorded: %1").arg(periods[m_printedPeriods].text()));
 }

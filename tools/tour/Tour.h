@@ -33,7 +33,8 @@ private:
     [[nodiscard]] int height() const;
     bool check(bool holds, const QString& what);
     void chapter(const QString& title);
-    void printNewPeriods();
+    void say(const QString& text);
+    void printClosedPeriods();
 
     TourWorld& m_world;
     Narrator& m_narrator;

@@ -3,6 +3,57 @@
 #include <QDateTime>
 #include <QTextStream>
 
+namespace {
+uint16_t littleEndian(const std::vector<uint8_t>& bytes, size_t at)
+{
+    return at + 1 < bytes.size() ? uint16_t(bytes[at] | bytes[at + 1] << 8) : uint16_t(0);
+}
+
+QString millimetres(uint16_t height)
+{
+    return QStringLiteral("%1 mm").arg(height / 10.0, 0, 'f', 1);
+}
+
+QString meaningOfMovement(uint16_t value)
+{
+    switch (value) {
+    case 0x8000:
+        return QStringLiteral("up");
+    case 0x7FFF:
+        return QStringLiteral("down");
+    case 0x8001:
+        return QStringLiteral("stop");
+    default:
+        return QStringLiteral("go to ") + millimetres(value);
+    }
+}
+
+QString meaningOfStatus(const std::vector<uint8_t>& bytes)
+{
+    const uint16_t status = littleEndian(bytes, 2);
+    return QStringLiteral("%1, height %2%3")
+        .arg((status & 0x0001) ? QStringLiteral("desk answers") : QStringLiteral("no desk"),
+            millimetres(littleEndian(bytes, 4)), (status & 0x0200) ? QStringLiteral(", error") : QString());
+}
+
+/// In words, after docs/protocol.md.
+QString meaning(const HidTransfer& transfer)
+{
+    if (transfer.status != 0 || transfer.bytes.empty())
+        return {};
+    switch (transfer.bytes[0]) {
+    case 3:
+        return QStringLiteral("init");
+    case 4:
+        return meaningOfStatus(transfer.bytes);
+    case 5:
+        return meaningOfMovement(littleEndian(transfer.bytes, 1));
+    default:
+        return {};
+    }
+}
+}
+
 WireLog::~WireLog()
 {
     flush();
@@ -21,7 +72,7 @@ void WireLog::record(const HidTransfer& transfer)
         if (isMoving)
             return;
     }
-    print(transfer.text(), transfer.seconds);
+    print(QStringLiteral("%1  %2").arg(transfer.text(), meaning(transfer)), transfer.seconds);
 }
 
 void WireLog::flush()

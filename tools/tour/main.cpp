@@ -20,8 +20,15 @@ checks what it shows. Ends with a non-zero status when something is off.
                      on a dark desktop
 )";
 
+constexpr char kIntroduction[] =
+    R"(A working morning with the real program, on a simulated desk and in virtual time. Each line begins with the time
+of day. "write" and "read" are the reports on the wire to the desk, in hexadecimal and in words; "recorded" is a
+period of sitting or standing that has been closed; [ok] and [FAILED] are what the tour checks.
+)";
+
 int walk()
 {
+    QTextStream(stdout) << kIntroduction;
     Narrator narrator;
     {
         TourWorld world;
