@@ -1,23 +1,28 @@
 // Starts programs side by side, each as its user would, and prints what each costs: time from its start to
-// its tray icon, memory (PSS) after a minute, CPU time and context switches in the idle minute after that.
+// its tray icon (the median of several starts, in turns), memory (PSS) after a minute, CPU time and context
+// switches in the idle minute after that.
 // Wants an X display and a session bus of its own: benchmarks/idle/run gives it both.
 
 #include "TrayWatcher.h"
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
-#include <QTemporaryDir>
 #include <QTextStream>
-#include <QTimer>
 
+#include <algorithm>
+#include <functional>
 #include <memory>
 #include <unistd.h>
+#include <utility>
 #include <vector>
 
 namespace {
+constexpr int kStarts = 9;
+constexpr int kMostMillisecondsToTray = 10000;
 constexpr int kSettleSeconds = 60;
 constexpr int kIdleSeconds = 60;
 
@@ -30,7 +35,8 @@ struct Subject {
     QString name;
     std::unique_ptr<QProcess> process;
     QElapsedTimer sinceStart;
-    double secondsToTray = -1;
+    bool hasIcon = false;
+    std::vector<double> secondsToTray;
     double pssMegabytes = 0;
     Usage before;
 };
@@ -74,6 +80,46 @@ double pssMegabytes(qint64 processId)
         / 1024.0;
 }
 
+double median(std::vector<double> values)
+{
+    std::sort(values.begin(), values.end());
+    return values.empty() ? -1 : values[values.size() / 2];
+}
+
+/// "env NAME=VALUE ... PROGRAM ARGUMENTS" shows as "PROGRAM ARGUMENTS".
+QString shownName(const QStringList& words)
+{
+    const auto program = std::find_if(words.begin(), words.end(),
+        [](const QString& word) { return word != QStringLiteral("env") && !word.contains(u'='); });
+    QStringList shown(program, words.end());
+    if (!shown.isEmpty())
+        shown.front() = QFileInfo(shown.front()).fileName();
+    return shown.join(u' ');
+}
+
+void wait(
+    int milliseconds, const std::function<bool()>& isOver = [] { return false; })
+{
+    const QDeadlineTimer deadline(milliseconds);
+    while (!deadline.hasExpired() && !isOver())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 20);
+}
+
+/// Starts the program and waits for its icon.
+void start(Subject& subject)
+{
+    subject.hasIcon = false;
+    subject.sinceStart.start();
+    subject.process->start();
+    wait(kMostMillisecondsToTray, [&] { return subject.hasIcon; });
+}
+
+void end(Subject& subject)
+{
+    subject.process->terminate();
+    subject.process->waitForFinished(2000);
+}
+
 void print(const std::vector<Subject>& subjects)
 {
     QTextStream out(stdout);
@@ -87,7 +133,7 @@ void print(const std::vector<Subject>& subjects)
         const Usage after = usageOf(subject.process->processId());
         out << QStringLiteral("%1 %2 s %3 MB %4 s %5\n")
                    .arg(subject.name, -24)
-                   .arg(subject.secondsToTray, 10, 'f', 3)
+                   .arg(median(subject.secondsToTray), 10, 'f', 3)
                    .arg(subject.pssMegabytes, 7, 'f', 1)
                    .arg(after.cpuSeconds - subject.before.cpuSeconds, 8, 'f', 2)
                    .arg(after.contextSwitches - subject.before.contextSwitches, 14);
@@ -107,8 +153,9 @@ int main(int argc, char** argv)
     std::vector<Subject> subjects;
     TrayWatcher watcher([&](qint64 processId) {
         for (Subject& subject : subjects) {
-            if (subject.process->processId() == processId && subject.secondsToTray < 0)
-                subject.secondsToTray = double(subject.sinceStart.nsecsElapsed()) * 1e-9;
+            if (subject.process->processId() != processId || std::exchange(subject.hasIcon, true))
+                continue;
+            subject.secondsToTray.push_back(double(subject.sinceStart.nsecsElapsed()) * 1e-9);
         }
     });
     if (!watcher.start()) {
@@ -117,38 +164,33 @@ int main(int argc, char** argv)
     }
 
     for (const QString& command : commands) {
-        QStringList words = QProcess::splitCommand(command);
+        const QStringList words = QProcess::splitCommand(command);
         Subject subject;
-        subject.name = words.takeFirst();
+        subject.name = shownName(words);
         subject.process = std::make_unique<QProcess>();
-        subject.process->setProgram(subject.name);
-        subject.process->setArguments(words);
-        subject.name = (QFileInfo(subject.name).fileName() + u' ' + words.join(u' ')).trimmed();
+        subject.process->setProgram(words.value(0));
+        subject.process->setArguments(words.mid(1));
         subject.process->setStandardErrorFile(QProcess::nullDevice());
-        subject.sinceStart.start();
-        subject.process->start();
         subjects.push_back(std::move(subject));
-        // One after the other, so that no start disturbs the time of the next.
-        QTimer pause;
-        QEventLoop loop;
-        QObject::connect(&pause, &QTimer::timeout, &loop, &QEventLoop::quit);
-        pause.start(2000);
-        loop.exec();
+    }
+    // The last start of each stays. In turns, and one after the other, so that no start disturbs another.
+    for (int round = 1; round <= kStarts; ++round) {
+        for (Subject& subject : subjects) {
+            start(subject);
+            wait(300);
+            if (round < kStarts)
+                end(subject);
+        }
     }
 
-    QTimer::singleShot(kSettleSeconds * 1000, &watcher, [&] {
-        for (Subject& subject : subjects) {
-            subject.pssMegabytes = pssMegabytes(subject.process->processId());
-            subject.before = usageOf(subject.process->processId());
-        }
-    });
-    QTimer::singleShot((kSettleSeconds + kIdleSeconds) * 1000, &watcher, [&] {
-        print(subjects);
-        for (Subject& subject : subjects) {
-            subject.process->terminate();
-            subject.process->waitForFinished(2000);
-        }
-        QCoreApplication::quit();
-    });
-    return QCoreApplication::exec();
+    wait(kSettleSeconds * 1000);
+    for (Subject& subject : subjects) {
+        subject.pssMegabytes = pssMegabytes(subject.process->processId());
+        subject.before = usageOf(subject.process->processId());
+    }
+    wait(kIdleSeconds * 1000);
+    print(subjects);
+    for (Subject& subject : subjects)
+        end(subject);
+    return 0;
 }
