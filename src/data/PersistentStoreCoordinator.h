@@ -27,8 +27,9 @@ public:
     PersistentStoreCoordinator& operator=(const PersistentStoreCoordinator&) = delete;
 
     [[nodiscard]] sqlite3* connection() const { return m_connection; }
-    /// What a result code of this connection means to the user, in the user's language, and as the reason what
-    /// can be done about it; domain "SQLite", the code is the result. SQLite's own words go into the log.
+    /// What a result code of this connection means to the user, in the user's language, and as the reason
+    /// what can be done about it; domain "SQLite", the code is the result. SQLite's own words go into the
+    /// log.
     [[nodiscard]] Error errorForResult(int result) const;
 
 private:
