@@ -20,12 +20,12 @@
 #include "platform/simulated/SimulatedHidManager.h"
 #include "resources/Resources.h"
 #include "shell/AppDelegate.h"
+#include "shell/PictureIcon.h"
 #include "shell/TestWindowController.h"
 
 #include <QApplication>
 #include <QDBusConnection>
 #include <QDir>
-#include <QIcon>
 #include <QSessionManager>
 #include <QStandardPaths>
 
@@ -188,7 +188,7 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("Zelvo StandUp"));
     QApplication::setQuitOnLastWindowClosed(false);
-    QApplication::setWindowIcon(QIcon(Bundle::imagePath(QStringLiteral("StandUp"))));
+    QApplication::setWindowIcon(pictureIcon(QStringLiteral("StandUp")));
     QtRunLoop runLoop;
     RunLoop::setMain(&runLoop);
 

@@ -2,46 +2,11 @@
 
 #include "platform/Bundle.h"
 #include "shell/MenuletController.h"
+#include "shell/PictureIcon.h"
 #include "shell/StatusItem.h"
-
-#include <QIconEngine>
-#include <QPainter>
-#include <QSvgRenderer>
 
 namespace {
 constexpr double kInset = 2.0; // At the status bar's own thickness; larger icons keep the proportion.
-
-/// Draws the icon at whatever size the tray host asks for, and only then: crisp at each, and nothing is kept.
-class StatusIconEngine final : public QIconEngine {
-public:
-    explicit StatusIconEngine(bool deviceConnected)
-        : m_deviceConnected(deviceConnected)
-    {
-    }
-
-    void paint(QPainter* painter, const QRect& rect, QIcon::Mode, QIcon::State) override
-    {
-        const QString name = m_deviceConnected ? QStringLiteral("StatusItemIcon")
-                                               : QStringLiteral("StatusItemIconDisconnected");
-        const double inset = kInset * rect.width() / StatusItem::thickness();
-        QSvgRenderer(Bundle::imagePath(name))
-            .render(painter, QRectF(rect).adjusted(inset, inset, -inset, -inset));
-    }
-
-    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
-    {
-        QPixmap pixmap(size);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
-        paint(&painter, pixmap.rect(), mode, state);
-        return pixmap;
-    }
-
-    [[nodiscard]] QIconEngine* clone() const override { return new StatusIconEngine(m_deviceConnected); }
-
-private:
-    bool m_deviceConnected;
-};
 }
 
 MenuletView::MenuletView(StatusItem& statusItem)
@@ -94,7 +59,9 @@ void MenuletView::mouseExited()
 
 QIcon MenuletView::icon(bool deviceConnected)
 {
-    return QIcon(new StatusIconEngine(deviceConnected));
+    return pictureIcon(
+        deviceConnected ? QStringLiteral("StatusItemIcon") : QStringLiteral("StatusItemIconDisconnected"),
+        kInset / StatusItem::thickness());
 }
 
 void MenuletView::redraw()
