@@ -4,8 +4,8 @@
 #include "ui/Palette.h"
 #include "ui/WindowPlacement.h"
 
+#include <QApplication>
 #include <QCloseEvent>
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -80,10 +80,25 @@ void PanelWindow::keyPressEvent(QKeyEvent* event)
 
 void PanelWindow::mousePressEvent(QMouseEvent* event)
 {
-    if (m_movable && event->button() == Qt::LeftButton && windowHandle())
-        windowHandle()->startSystemMove();
+    m_pressedAt.reset();
+    if (m_movable && event->button() == Qt::LeftButton)
+        m_pressedAt = event->position().toPoint();
     else
         QWidget::mousePressEvent(event);
+}
+
+void PanelWindow::mouseMoveEvent(QMouseEvent* event)
+{
+    if (!m_pressedAt || !event->buttons().testFlag(Qt::LeftButton)) {
+        QWidget::mouseMoveEvent(event);
+        return;
+    }
+    const int distance = (event->position().toPoint() - *m_pressedAt).manhattanLength();
+    if (distance < QApplication::startDragDistance() || !windowHandle())
+        return;
+    // Not at the press: a move that the window manager begins after a quick click is over would never end.
+    m_pressedAt.reset();
+    windowHandle()->startSystemMove();
 }
 
 void PanelWindow::paintEvent(QPaintEvent* event)

@@ -3,6 +3,7 @@
 #include <QWidget>
 
 #include <functional>
+#include <optional>
 
 /// A window of the program: sets the palette that its fixed colours need, moves when its background is
 /// dragged, and treats Escape as its close button.
@@ -35,6 +36,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -46,6 +48,7 @@ private:
     void soon(std::function<void()> callback);
 
     bool m_movable = false;
+    std::optional<QPoint> m_pressedAt; ///< where the background was pressed, until it is dragged
     bool m_showsWithoutKeyboard = false;
     std::function<void()> m_closeRequested;
     std::function<void()> m_willClose;
