@@ -515,6 +515,25 @@ TEST_F(MainWindowControllerTest, everyTextFitsInEveryLanguageAndDirection)
     }
 }
 
+TEST_F(MainWindowControllerTest, everyRowFillsTheSameGrid)
+{
+    start();
+    const QWidget& window = openMainWindow();
+    constexpr int kMargin = 20;
+    const std::vector<std::vector<const char*>> kRows {{"caloriesBurnedIndicator", "scheduleIndicator"},
+        {"buttonDown", "buttonUp"}, {"buttonMemory1", "buttonMemory2", "buttonMemory3"},
+        {"buttonHistory", "buttonSettings"}};
+    for (const auto& row : kRows) {
+        SCOPED_TRACE(row.front());
+        EXPECT_EQ(in(window, row.front()).geometry().left(), kMargin);
+        EXPECT_EQ(in(window, row.back()).geometry().right() + 1, window.width() - kMargin);
+        for (const char* control : row) {
+            EXPECT_EQ(in(window, control).size(), in(window, row.front()).size());
+            EXPECT_EQ(in(window, control).y(), in(window, row.front()).y());
+        }
+    }
+}
+
 TEST_F(MainWindowControllerTest, historyAndSettingsOpenTheirWindows)
 {
     start();

@@ -261,9 +261,9 @@ TEST_F(NotificationWindowControllerTest, aHoldByKeyIsNotCutByTheWait)
     QTest::keyPress(&in(window, "buttonMemory"), Qt::Key_Space);
     pass(30);
     EXPECT_TRUE(isShown());
-    EXPECT_EQ(commands().back(), 4300);
+    EXPECT_EQ(lastCommand(), 4300);
     QTest::keyRelease(&in(window, "buttonMemory"), Qt::Key_Space);
-    EXPECT_EQ(commands().back(), kStop);
+    EXPECT_EQ(lastCommand(), kStop);
     pass(20.1 + kFade);
     EXPECT_FALSE(isShown());
     EXPECT_FALSE(isSnoozed());
@@ -334,10 +334,10 @@ TEST_F(NotificationWindowControllerTest, takesNoKeyUntilItHasBeenClicked)
     QTest::mousePress(window.windowHandle(), Qt::LeftButton, {}, up);
     pass(1);
     EXPECT_TRUE(refusesKeyboard(window)); // A change of focus now could cut the hold.
-    EXPECT_EQ(commands().back(), kUp);
+    EXPECT_EQ(lastCommand(), kUp);
     QTest::mouseRelease(window.windowHandle(), Qt::LeftButton, {}, up);
     pass(0.1);
-    EXPECT_EQ(commands().back(), kStop);
+    EXPECT_EQ(lastCommand(), kStop);
     EXPECT_FALSE(refusesKeyboard(window));
     EXPECT_TRUE(window.isVisible());
     QTest::keyClick(window.focusWidget(), Qt::Key_Tab);

@@ -126,6 +126,12 @@ protected:
         return sent;
     }
     Commands commands() { return commands(*desk); }
+    /// The last of them, or 0.
+    uint16_t lastCommand()
+    {
+        const Commands sent = commands();
+        return sent.empty() ? uint16_t(0) : sent.back();
+    }
     /// What holding a button for 0.5 s sends: a stop to begin with, then the command every 0.2 s.
     static Commands heldFor(uint16_t command) { return {kStop, command, command}; }
 
