@@ -109,6 +109,18 @@ void focusByTab(const QString& windowName, const QString& control)
     TourWorld::control(windowName, control)->setFocus(Qt::TabFocusReason);
 }
 
+/// A reminder with the first of its headlines, which are drawn by lot: pictures are to be comparable.
+std::shared_ptr<Notification> reminder(int position)
+{
+    const QString& headline = position == kSitDown ? Notification::messagesStanding().first()
+                                                   : Notification::messagesSitting().first();
+    std::shared_ptr<Notification> notification;
+    do
+        notification = std::make_shared<Notification>(position);
+    while (notification->title() != headline);
+    return notification;
+}
+
 void hover(QWidget* control)
 {
     QEnterEvent event(QPointF(1, 1), QPointF(1, 1), QPointF(1, 1));
@@ -179,7 +191,7 @@ void takeMainWindow(Photographer& photographer, int mode, const QString& name)
     world.pass(0);
     photographer.take(window, QStringLiteral("main-window-many-errors"));
     world.app->menuletController().mainWindowButtonCloseClicked();
-    world.app->menuletController().showNotification(std::make_shared<Notification>(kStandUp));
+    world.app->menuletController().showNotification(reminder(kStandUp));
     world.pass(1);
     photographer.take(QStringLiteral("NotificationWindow"), QStringLiteral("reminder-error"));
 }
@@ -231,7 +243,7 @@ void takeReminders(Photographer& photographer)
     const std::pair<int, const char*> kReminders[] = {
         {kStandUp, "reminder-stand"}, {kSitDown, "reminder-sit"}};
     for (const auto& [position, name] : kReminders) {
-        world.app->menuletController().showNotification(std::make_shared<Notification>(position));
+        world.app->menuletController().showNotification(reminder(position));
         world.pass(1);
         photographer.take(QStringLiteral("NotificationWindow"), QString::fromLatin1(name));
     }
