@@ -77,6 +77,7 @@ void AppDelegate::redirectConsoleLogToDocumentFolder()
 
 void AppDelegate::setupStatusBar()
 {
+    m_menuletView.reset(); // A view lets go of its controller, so it goes first.
     m_menuletController = std::make_unique<MenuletController>(makeWindows());
     m_menuletController->setStatusItem(&m_statusItem);
     m_menuletController->setStatusMenu(&m_statusMenu);
