@@ -28,8 +28,11 @@ public:
     EventSource& operator=(const EventSource&) = delete;
 
     /// Seconds since the last event of the type; a source that cannot tell types apart answers for any event.
-    /// Time asleep counts: the first answer after a wake is at least the time slept.
+    /// After each sleep of the machine the user counts as absent until the first input: the answers are
+    /// longer than any limit, those to the first question of all.
     [[nodiscard]] virtual double secondsSinceLastEventType(EventType eventType) = 0;
+    /// The desktop says that the machine woke, whether or not the clocks show a sleep.
+    virtual void didWake() { }
 
 protected:
     EventSource() = default;

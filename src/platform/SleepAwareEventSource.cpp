@@ -2,6 +2,7 @@
 
 #include "platform/RunLoop.h"
 
+#include <limits>
 #include <utility>
 
 namespace {
@@ -26,10 +27,21 @@ double SleepAwareEventSource::secondsSinceLastEventType(EventType eventType)
 {
     noticeSleep();
     const double seconds = m_source->secondsSinceLastEventType(eventType);
+    if (!m_absence)
+        return seconds;
     const double lastInputAt = RunLoop::main().monotonicNow() - seconds;
-    if (lastInputAt > m_firstAnswerAt + kOneLookSeconds)
-        m_addedSleep = 0;
-    return seconds + m_addedSleep;
+    if (isFirstLook() || lastInputAt <= m_absence->wokeAt)
+        return std::numeric_limits<double>::infinity();
+    m_absence.reset();
+    return seconds;
+}
+
+void SleepAwareEventSource::didWake()
+{
+    noticeSleep();
+    // The word may come after the clocks were looked at; input between the two is input after the wake.
+    if (!m_absence)
+        m_absence = Absence {RunLoop::main().monotonicNow(), std::nullopt};
 }
 
 void SleepAwareEventSource::noticeSleep()
@@ -37,7 +49,14 @@ void SleepAwareEventSource::noticeSleep()
     const double sleep = totalSleep();
     if (sleep - m_sleepSoFar < kShortestSleepSeconds)
         return;
-    m_addedSleep += sleep - m_sleepSoFar;
     m_sleepSoFar = sleep;
-    m_firstAnswerAt = RunLoop::main().monotonicNow();
+    m_absence = Absence {RunLoop::main().monotonicNow(), std::nullopt};
+}
+
+bool SleepAwareEventSource::isFirstLook()
+{
+    const double now = RunLoop::main().monotonicNow();
+    if (!m_absence->firstAnswerAt)
+        m_absence->firstAnswerAt = now;
+    return now <= *m_absence->firstAnswerAt + kOneLookSeconds;
 }

@@ -3,25 +3,32 @@
 #include "platform/EventSource.h"
 
 #include <memory>
+#include <optional>
 
-/// Adds the time that the machine slept to the answers of another source.
+/// Makes of each sleep of the machine one absence of the user, however short it was.
 ///
 /// Every source of idle time on Linux counts on a clock that stands still in suspend: to it, somebody who
-/// comes back after a night typed a second ago. Sleep shows as growth of RunLoop::bootTimeNow() over
-/// monotonicNow(). It is added to every answer until the source tells of input that came after the first
-/// answer that followed the wake, so that this first answer is at least the time slept and the absence is
-/// seen, even when the user is back already.
+/// comes back after a night typed a second ago. A sleep is known by the desktop's word (didWake) or by growth
+/// of RunLoop::bootTimeNow() over monotonicNow(). The first look at the user after it answers endless idle
+/// time, also when the user is back already, and so do all others until the source tells of input that came
+/// after the wake.
 class SleepAwareEventSource final : public EventSource {
 public:
     explicit SleepAwareEventSource(std::unique_ptr<EventSource> source);
 
     [[nodiscard]] double secondsSinceLastEventType(EventType eventType) override;
+    void didWake() override;
 
 private:
     void noticeSleep();
+    [[nodiscard]] bool isFirstLook();
 
     std::unique_ptr<EventSource> m_source;
     double m_sleepSoFar; ///< all sleep of the machine that has been noticed
-    double m_addedSleep = 0; ///< sleep since the last input
-    double m_firstAnswerAt = 0; ///< when the first answer after the wake was given, on the monotonic clock
+    /// An absence that has not ended yet; times are on the monotonic clock.
+    struct Absence {
+        double wokeAt;
+        std::optional<double> firstAnswerAt;
+    };
+    std::optional<Absence> m_absence;
 };

@@ -2,112 +2,77 @@
 
 #include "fakes/TestPlatform.h"
 
+#include <cmath>
 #include <gtest/gtest.h>
 
 namespace {
-constexpr auto kAnyEvent = EventSource::EventType::KeyDown;
-constexpr double kNight = 8 * 3600.0;
-
 /// Counts idle time as Linux does: on the monotonic clock.
 class MonotonicSource final : public EventSource {
 public:
-    double lastInput = RunLoop::main().monotonicNow();
+    double lastInput = 0;
     [[nodiscard]] double secondsSinceLastEventType(EventType) override
     {
         return RunLoop::main().monotonicNow() - lastInput;
     }
 };
 
-class SleepAwareEventSourceTest : public testing::Test {
-protected:
-    TestPlatform m_platform;
-    std::unique_ptr<MonotonicSource> m_owned = std::make_unique<MonotonicSource>();
-    MonotonicSource& m_system = *m_owned;
-    SleepAwareEventSource m_source {std::move(m_owned)};
-
-    void input() { m_system.lastInput = m_platform.runLoop.monotonicNow(); }
-    void pass(double seconds) { m_platform.runLoop.advance(seconds); }
-    void sleep(double seconds) { m_platform.runLoop.sleepMachine(seconds); }
-    double idle() { return m_source.secondsSinceLastEventType(kAnyEvent); }
-};
-
-TEST_F(SleepAwareEventSourceTest, withoutSleepTheAnswerIsTheSources)
+/// What the source answers at each "?" of a story: seconds, or "away" for longer than any limit.
+QString answers(const char* story)
 {
-    pass(7.5);
-    EXPECT_DOUBLE_EQ(idle(), 7.5);
-    input();
-    EXPECT_DOUBLE_EQ(idle(), 0);
-}
-
-TEST_F(SleepAwareEventSourceTest, aNightAsleepCountsUntilTheNextInput)
-{
-    pass(10);
-    sleep(kNight);
-    EXPECT_DOUBLE_EQ(idle(), kNight + 10);
-    pass(10);
-    EXPECT_DOUBLE_EQ(idle(), kNight + 20) << "the machine woke by itself, nobody is there";
-    input();
-    pass(10);
-    EXPECT_DOUBLE_EQ(idle(), 10);
-}
-
-TEST_F(SleepAwareEventSourceTest, theFirstAnswerIsAnAbsenceEvenWhenTheUserIsBackAlready)
-{
-    pass(10);
-    sleep(kNight);
-    pass(3);
-    input();
-    pass(2);
-    EXPECT_GE(idle(), kNight);
-    // The observer asks for sixteen kinds of event in a row, and all of them belong to the first answer.
-    for (int i = 0; i < 16; ++i)
-        EXPECT_GE(idle(), kNight);
-    pass(8);
-    input();
-    pass(2);
-    EXPECT_DOUBLE_EQ(idle(), 2);
-}
-
-TEST_F(SleepAwareEventSourceTest, inputWhileTheFirstAnswerIsGivenDoesNotHideTheAbsence)
-{
-    sleep(kNight);
-    for (int i = 0; i < 16; ++i) {
-        input();
-        EXPECT_GE(idle(), kNight);
-        pass(0.001);
+    TestPlatform platform;
+    auto owned = std::make_unique<MonotonicSource>();
+    MonotonicSource& system = *owned;
+    SleepAwareEventSource source(std::move(owned));
+    QStringList result;
+    for (const QString& step : QString::fromLatin1(story).split(QLatin1Char(' '))) {
+        const double seconds = step.mid(1).toDouble();
+        if (step == QStringLiteral("?")) {
+            const double answer = source.secondsSinceLastEventType(EventSource::EventType::KeyDown);
+            result.append(std::isinf(answer) ? QStringLiteral("away") : QString::number(answer));
+        } else if (step == QStringLiteral("input")) {
+            system.lastInput = platform.runLoop.monotonicNow();
+        } else if (step == QStringLiteral("wake")) {
+            source.didWake();
+        } else if (step.startsWith(QLatin1Char('+'))) {
+            platform.runLoop.advance(seconds);
+        } else if (step.startsWith(QLatin1Char('z'))) {
+            platform.runLoop.sleepMachine(seconds);
+        } else {
+            platform.runLoop.setWallClock(platform.runLoop.now() + 9999);
+        }
     }
+    return result.join(QLatin1Char(' '));
 }
 
-TEST_F(SleepAwareEventSourceTest, sleepsAddUpUntilSomebodyComes)
+TEST(SleepAwareEventSource, makesOneAbsenceOfEachSleep)
 {
-    sleep(1000);
-    EXPECT_DOUBLE_EQ(idle(), 1000);
-    pass(60);
-    sleep(2000);
-    EXPECT_DOUBLE_EQ(idle(), 3060);
-    pass(10);
-    input();
-    pass(1);
-    EXPECT_DOUBLE_EQ(idle(), 1);
-    sleep(500);
-    EXPECT_DOUBLE_EQ(idle(), 501) << "the earlier sleeps are no part of this absence";
-}
-
-TEST_F(SleepAwareEventSourceTest, clocksReadOneAfterTheOtherAreNoSleep)
-{
-    for (int i = 0; i < 10; ++i) {
-        sleep(0.05);
-        EXPECT_DOUBLE_EQ(idle(), 0);
-        input();
-    }
-    for (int i = 0; i < 12; ++i)
-        sleep(0.05);
-    EXPECT_NEAR(idle(), 1.1, 1e-6) << "many short sleeps are one in the end";
-}
-
-TEST_F(SleepAwareEventSourceTest, aClockThatIsSetIsNoSleep)
-{
-    m_platform.runLoop.setWallClock(m_platform.runLoop.now() + kNight);
-    EXPECT_DOUBLE_EQ(idle(), 0);
+    const struct {
+        const char* what;
+        const char* story; // +n: n seconds pass, zn: the machine sleeps n seconds, wake: the desktop's word.
+        const char* expected;
+    } kTestCases[] = {
+        {"the source's answer", "+7 ? input ? +3 ?", "7 0 3"},
+        {"nobody comes", "+9 z60 ? +10 ? +900 ?", "away away away"},
+        {"input after the first look", "+9 z60 ? +10 ? +1 input +4 ?", "away away 4"},
+        {"input before the first look may have been before the sleep", "z60 +3 input +2 ? +10 ? input +5 ?",
+            "away away 5"},
+        {"one look asks many times, and input comes in between", "z60 ? +0.1 input +0.8 ? +0.3 ?",
+            "away away 1.1"},
+        {"with the desktop's word, input before the first look is known to be after the wake",
+            "+9 z60 wake +3 input +2 ? +10 ?", "away 12"},
+        {"input just before the sleep", "+9 input +1 z60 wake +8 ? +10 ?", "away away"},
+        {"the desktop's word alone", "+9 wake +5 ? +10 ? input +10 ?", "away away 10"},
+        {"the word comes after the clocks were looked at", "z60 ? +2 input +2 wake ? +7 ?", "away 2 9"},
+        {"two sleeps without input", "z60 wake +8 ? z60 wake +8 ? +10 input +4 ?", "away away 4"},
+        {"two sleeps, input between", "z60 wake +8 ? input +10 ? z60 wake +8 ? +10 ? input +1 ?",
+            "away 10 away away 1"},
+        {"input between two sleeps that nobody looked at", "z60 wake +1 input +1 z60 wake +8 ? +10 ?",
+            "away away"},
+        {"a second word that comes late", "wake +3 input wake +5 ? +10 ?", "away 15"},
+        {"clocks read one after the other are no sleep, many of them are", "z0.9 ? z0.2 ?", "0 away"},
+        {"a clock that is set is no sleep", "+5 set ?", "5"},
+    };
+    for (const auto& test : kTestCases)
+        EXPECT_EQ(answers(test.story).toStdString(), test.expected) << test.what;
 }
 }
