@@ -59,8 +59,7 @@ void ScheduleManager::startScheduledTimerForPosition(int32_t position)
 void ScheduleManager::startScheduledTimerWithInterval(double seconds, int32_t userInfo)
 {
     stopScheduleTimer();
-    m_scheduleUpdatedDate = Date::now();
-    m_scheduledDate = m_scheduleUpdatedDate->dateByAddingSeconds(seconds);
+    m_running = Running {{}, seconds};
     m_scheduleTimer = m_timers.schedule(
         seconds, RunLoop::Repeat::No, [this](Timer& timer) { onScheduleTimerTick(timer); }, userInfo);
     NotificationCenter::defaultCenter().post(NotificationNames::kNewSession);
@@ -68,8 +67,7 @@ void ScheduleManager::startScheduledTimerWithInterval(double seconds, int32_t us
 
 void ScheduleManager::stopScheduleTimer()
 {
-    m_scheduledDate.reset();
-    m_scheduleUpdatedDate.reset();
+    m_running.reset();
     invalidate(m_scheduleTimer); // Kept: a restart asks it which position it timed.
 }
 
@@ -99,22 +97,27 @@ void ScheduleManager::cancelPeriodForPosition(int32_t position)
     startScheduledTimerWithInterval(seconds, position);
 }
 
-bool ScheduleManager::isScheduled() const
+std::optional<Date> ScheduleManager::scheduledDate() const
 {
-    return m_scheduledDate.has_value();
+    return m_running ? std::optional(Date::now().dateByAddingSeconds(timeToSchedule())) : std::nullopt;
+}
+
+std::optional<Date> ScheduleManager::scheduleUpdatedDate() const
+{
+    return m_running ? std::optional(Date::now().dateByAddingSeconds(-timeScheduleRunning())) : std::nullopt;
 }
 
 double ScheduleManager::timeToSchedule() const
 {
-    return m_scheduledDate ? m_scheduledDate->timeIntervalSinceDate(Date::now()) : 0;
+    return currentScheduleInterval() - timeScheduleRunning();
 }
 
 double ScheduleManager::timeScheduleRunning() const
 {
-    return m_scheduleUpdatedDate ? Date::now().timeIntervalSinceDate(*m_scheduleUpdatedDate) : 0;
+    return m_running ? m_running->sinceStart.seconds() : 0;
 }
 
 double ScheduleManager::currentScheduleInterval() const
 {
-    return isScheduled() ? m_scheduledDate->timeIntervalSinceDate(*m_scheduleUpdatedDate) : 0;
+    return m_running ? m_running->interval : 0;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/Date.h"
+#include "desk/AwakeSpan.h"
 #include "platform/RunLoop.h"
 
 #include <cstdint>
@@ -15,7 +16,8 @@ protected:
     ~ScheduleManagerDelegate() = default;
 };
 
-/// Times the current sitting or standing period against its planned share of the hour.
+/// Times the current sitting or standing period against its planned share of the hour. Time is awake time, as
+/// the timer's is: a wall clock that is set moves the dates along and the rest stays as it is.
 class ScheduleManager {
 public:
     explicit ScheduleManager(int32_t activityMode);
@@ -32,7 +34,7 @@ public:
     void snoozeForPosition(int32_t position);
     /// Skips the change: the position goes on for a full cycle of standing and sitting.
     void cancelPeriodForPosition(int32_t position);
-    [[nodiscard]] bool isScheduled() const;
+    [[nodiscard]] bool isScheduled() const { return m_running.has_value(); }
     [[nodiscard]] double timeToSchedule() const; ///< seconds; 0 when nothing is scheduled
     [[nodiscard]] double timeScheduleRunning() const; ///< seconds; 0 when nothing is scheduled
     [[nodiscard]] double currentScheduleInterval() const; ///< seconds; 0 when nothing is scheduled
@@ -40,8 +42,8 @@ public:
     [[nodiscard]] ScheduleManagerDelegate* delegate() const { return m_delegate; }
     void setDelegate(ScheduleManagerDelegate* delegate) { m_delegate = delegate; }
     [[nodiscard]] int32_t activityMode() const { return m_activityMode; }
-    [[nodiscard]] std::optional<Date> scheduledDate() const { return m_scheduledDate; }
-    [[nodiscard]] std::optional<Date> scheduleUpdatedDate() const { return m_scheduleUpdatedDate; }
+    [[nodiscard]] std::optional<Date> scheduledDate() const; ///< when the running period is due
+    [[nodiscard]] std::optional<Date> scheduleUpdatedDate() const; ///< when it was started
     /// Minutes an hour, at most 60.
     [[nodiscard]] double standingPerHour() const { return m_standingPerHour; }
     void setStandingPerHour(double minutes);
@@ -49,12 +51,16 @@ public:
     [[nodiscard]] const TimerRef& scheduleTimer() const { return m_scheduleTimer; }
 
 private:
+    struct Running {
+        AwakeSpan sinceStart;
+        double interval; ///< seconds
+    };
+
     void onScheduleTimerTick(const Timer& timer);
 
     ScheduleManagerDelegate* m_delegate = nullptr;
     int32_t m_activityMode;
-    std::optional<Date> m_scheduledDate;
-    std::optional<Date> m_scheduleUpdatedDate;
+    std::optional<Running> m_running;
     double m_standingPerHour = 0;
     TimerRef m_scheduleTimer;
     TimerScope m_timers;

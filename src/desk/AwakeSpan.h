@@ -1,0 +1,25 @@
+#pragma once
+
+#include "data/Date.h"
+
+/// A stretch of time that began when this was made. The awake (monotonic) clock says how long it is, the wall
+/// clock only where it lies: a wall clock that is set (by the user, by the network, on a machine without a
+/// clock battery) moves no end of it by more than two seconds, and time asleep is no part of it.
+class AwakeSpan {
+public:
+    AwakeSpan();
+
+    [[nodiscard]] double seconds() const; ///< awake, since the start
+    [[nodiscard]] bool hasSlept() const; ///< the machine slept since the start
+    /// The machine slept or the wall clock was set since the start: what is called now is not where the
+    /// stretch ends.
+    [[nodiscard]] bool isBroken() const;
+    /// Where a stretch that is over by now ends: at the date, or for a broken one at its start plus the awake
+    /// time; never before its start.
+    [[nodiscard]] Date end(Date unbroken = Date::now()) const;
+
+private:
+    Date m_startDate;
+    double m_startedAt; ///< on the monotonic clock
+    double m_sleepBefore; ///< all sleep of the machine until the start
+};
