@@ -57,10 +57,10 @@ void Activity::setWeight(double weight)
     changed();
 }
 
-bool Activity::pulse()
+bool Activity::pulse(Date endDate)
 {
     Log::line(QStringLiteral("Activity pulse"));
-    setEndDate(Date::now());
+    setEndDate(endDate);
     Error error = ManagedObjectContext::missingError();
     if (m_context && m_context->save(error))
         return true;

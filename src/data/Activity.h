@@ -28,9 +28,9 @@ public:
 
     [[nodiscard]] const ActivityPeriod& period() const { return m_period; }
 
-    /// Ends the period now and saves its context. False (and one log line) when the save failed; the new end
-    /// stays in memory and goes out with the next successful save.
-    bool pulse();
+    /// Ends the period (now, unless the caller knows better) and saves its context. False (and one log line)
+    /// when the save failed; the new end stays in memory and goes out with the next successful save.
+    bool pulse(Date endDate = Date::now());
 
 private:
     friend class ManagedObjectContext;

@@ -80,5 +80,7 @@ void IdleObserver::onIdleObserverTimerTick(const Timer&)
         m_isIdle = false;
         if (m_delegate)
             m_delegate->updatedIdleObserverIsIdle(false);
+    } else if (m_isIdle && m_stillIdle) {
+        m_stillIdle();
     }
 }

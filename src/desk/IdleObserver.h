@@ -3,6 +3,9 @@
 #include "platform/EventSource.h"
 #include "platform/RunLoop.h"
 
+#include <functional>
+#include <utility>
+
 class IdleObserverDelegate {
 public:
     virtual void updatedIdleObserverIsIdle(bool isIdle) = 0;
@@ -25,6 +28,8 @@ public:
 
     [[nodiscard]] IdleObserverDelegate* delegate() const { return m_delegate; }
     void setDelegate(IdleObserverDelegate* delegate) { m_delegate = delegate; }
+    /// Called by each poll that finds idle a user who was idle before; the delegate hears transitions only.
+    void onStillIdle(std::function<void()> callback) { m_stillIdle = std::move(callback); }
     [[nodiscard]] double timeIdle() const { return m_timeIdle; } ///< seconds without input that count as idle
     void setTimeIdle(double timeIdle) { m_timeIdle = timeIdle; }
     [[nodiscard]] bool isIdle() const { return m_isIdle; }
@@ -33,6 +38,7 @@ public:
 private:
     EventSource& m_eventSource;
     IdleObserverDelegate* m_delegate = nullptr;
+    std::function<void()> m_stillIdle;
     double m_timeIdle = 0;
     bool m_isIdle = false;
     TimerRef m_idleObserverTimer;

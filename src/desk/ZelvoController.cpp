@@ -20,6 +20,8 @@ ZelvoController::ZelvoController(Dependencies dependencies)
 {
     m_deviceManager->setDelegate(this);
     m_idleObserver->setDelegate(this);
+    // What opened for an absent user (dark screens, an adapter that came back) was for nobody.
+    m_idleObserver->onStillIdle([this] { stopCurrentActivity(); });
     startPulseTimer();
     m_dependencies.workspace.onScreensDidSleep([this] { receiveSleepNotification(); });
     m_dependencies.workspace.onDidWake([this] { receiveWakeNotification(); });
@@ -56,17 +58,22 @@ void ZelvoController::startNewActivity()
 {
     if (!isActive() || !AppProperties::instance().isUserSetupCompleted())
         return;
-    ActivityPersister* persister = activityPersister();
-    // A record that could not be made still ends the one before it, and the schedule runs without a record.
-    setActivity(persister ? persister->createIsStanding(m_position == kStanding) : nullptr);
+    recordPeriod(m_position == kStanding);
     if (ScheduleManager* schedule = scheduleManager())
         schedule->startScheduledTimerForPosition(m_position);
+}
+
+void ZelvoController::recordPeriod(bool isStanding)
+{
+    ActivityPersister* persister = activityPersister();
+    // A record that could not be made still ends the one before it, and the schedule runs without a record.
+    setActivity(persister ? persister->createIsStanding(isStanding) : nullptr);
 }
 
 void ZelvoController::stopCurrentActivity()
 {
     if (m_activity)
-        m_activity->pulse();
+        m_activity->pulse(m_attended.end());
     if (ScheduleManager* schedule = scheduleManager())
         schedule->stopScheduleTimer();
     setActivity(nullptr);
@@ -75,11 +82,12 @@ void ZelvoController::stopCurrentActivity()
 void ZelvoController::setActivity(ActivityRef activity)
 {
     if (m_activity) {
-        m_activity->setEndDate(activity ? activity->startDate() : Date::now());
+        m_activity->setEndDate(m_attended.end(activity ? activity->startDate() : Date::now()));
         if (ActivityPersister* persister = activityPersister())
             persister->save();
     }
     m_activity = std::move(activity);
+    m_attended = AwakeSpan();
 }
 
 void ZelvoController::terminate()
@@ -159,7 +167,8 @@ void ZelvoController::updatedIdleObserverIsIdle(bool isIdle)
 
 void ZelvoController::activityScheduledToPosition(int32_t position)
 {
-    if (position != m_position && m_dependencies.showReminder)
+    const bool isAbsent = m_idleObserver->isIdle() || m_attended.hasSlept();
+    if (position != m_position && !isAbsent && m_dependencies.showReminder)
         m_dependencies.showReminder(position);
 }
 
@@ -174,15 +183,16 @@ void ZelvoController::receiveSleepNotification()
 void ZelvoController::receiveWakeNotification()
 {
     Log::line(QStringLiteral("receiveWakeNotification"));
-    // The next return from idleness or change of position opens the following period.
+    // The next return from idleness or change of position opens the following period. Whoever wakes the
+    // machine was away until then, so that their first input is such a return.
     stopCurrentActivity();
+    m_dependencies.eventSource.didWake();
 }
 
 void ZelvoController::receiveWillSleepNotification()
 {
     stopHeldMovement();
-    if (m_activity)
-        m_activity->pulse();
+    stopCurrentActivity();
 }
 
 void ZelvoController::stopHeldMovement()
@@ -200,8 +210,12 @@ void ZelvoController::startPulseTimer()
 
 void ZelvoController::onPulseTimerTick(const Timer&)
 {
-    if (m_activity)
-        m_activity->pulse();
+    if (m_attended.hasSlept() || (m_attended.isBroken() && m_idleObserver->isIdle()))
+        stopCurrentActivity();
+    else if (m_activity && m_attended.isBroken())
+        recordPeriod(m_activity->isStanding());
+    else if (m_activity)
+        m_activity->pulse(m_attended.end());
 }
 
 void ZelvoController::broadcastDeviceDeviceStateDidChange()

@@ -2,6 +2,7 @@
 
 #include "data/ActivityPersister.h"
 #include "data/ManagedObjectContextProvider.h"
+#include "desk/AwakeSpan.h"
 #include "desk/IdleObserver.h"
 #include "desk/ScheduleManager.h"
 #include "desk/ZelvoHIDDevice.h"
@@ -68,16 +69,19 @@ public:
     void activityScheduledToPosition(int32_t position) override;
     void receiveSleepNotification();
     void receiveWakeNotification();
-    /// The machine is about to sleep: a held movement stops and the open period is saved as it stands.
+    /// The machine is about to sleep: a held movement stops, the open period and the schedule end.
     void receiveWillSleepNotification();
     void startPulseTimer();
+    /// Saves the open period up to now. Where the clock was set meanwhile, another one of the same posture
+    /// goes on from the new time; where the machine slept or the user is idle, period and schedule end.
     void onPulseTimerTick(const Timer& timer);
     void broadcastDeviceDeviceStateDidChange();
 
     [[nodiscard]] ZelvoHIDManager& deviceManager() { return *m_deviceManager; }
     [[nodiscard]] const std::shared_ptr<ZelvoHIDDevice>& device() const { return m_device; }
     [[nodiscard]] const ActivityRef& activity() const { return m_activity; }
-    /// Holds the record as the open period; the one open before ends where this one starts (now, for none).
+    /// Holds the record as the open period; the one open before ends where this one starts (now, for none),
+    /// or where its awake time ran out when the machine slept or the clock was set meanwhile.
     void setActivity(ActivityRef activity);
     /// Null until set-up is complete.
     [[nodiscard]] ScheduleManager* scheduleManager();
@@ -94,11 +98,13 @@ public:
 
 private:
     void stopHeldMovement();
+    void recordPeriod(bool isStanding);
 
     Dependencies m_dependencies;
     std::unique_ptr<ZelvoHIDManager> m_deviceManager;
     std::shared_ptr<ZelvoHIDDevice> m_device;
     ActivityRef m_activity;
+    AwakeSpan m_attended; ///< since the open period began
     std::unique_ptr<ScheduleManager> m_scheduleManager;
     std::vector<std::shared_ptr<ZelvoControllerDelegate>> m_delegates;
     std::unique_ptr<IdleObserver> m_idleObserver;

@@ -14,30 +14,24 @@
 /// sleep.
 class DeskUser final : public EventSource {
 public:
-    explicit DeskUser(const RunLoop& runLoop)
-        : m_runLoop(runLoop)
-    {
-    }
-
     /// At work, or away from now on.
     void stayActive(bool active)
     {
         m_isActive = active;
-        m_lastInput = m_runLoop.monotonicNow();
+        m_lastInput = RunLoop::main().monotonicNow();
     }
 
     [[nodiscard]] double secondsSinceLastEventType(EventType) override
     {
-        return m_isActive ? 1 : m_runLoop.monotonicNow() - m_lastInput;
+        return m_isActive ? 1 : RunLoop::main().monotonicNow() - m_lastInput;
     }
 
 private:
-    const RunLoop& m_runLoop;
     double m_lastInput = 0;
     bool m_isActive = true;
 };
 
-/// One stored record, in seconds since the test's start.
+/// One stored record, in seconds of the wall clock since the test's start.
 struct Period {
     double start;
     double end;
@@ -54,16 +48,18 @@ struct Period {
     }
 };
 
-/// The hub with a desk, a user and a store around it. Set-up is complete: 15 standing minutes an hour in one
-/// go. What others hear of the hub is kept in a diary, a row an event: "seconds: what".
+/// The hub with a desk, a user and a store around it. The plan is 20 standing minutes an hour in two goes:
+/// 600 s standing, 1200 s sitting; 170 s without input are an absence. What others hear of the hub is kept in
+/// a diary, a row an event: "awake seconds: what".
 class HubTest : public DeskTest {
-protected:
+public:
     HubTest()
     {
-        store("Weight", 80.0);
+        store("Weight", 67.5);
         store("ActivityMode", 2);
-        store("ActivityGoal", 15.0);
-        store("NumberOfStandUps", 1);
+        store("ActivityGoal", 20.0);
+        store("NumberOfStandUps", 2);
+        store("TimeIdle", 170.0);
         execute("PRAGMA synchronous = OFF"); // A day of records waits for no disk.
         hub.emplace(ZelvoController::Dependencies {hid, eventSource, workspace,
             [this] {
@@ -87,22 +83,22 @@ protected:
     {
         std::vector<Period> periods;
         for (const auto& activity : TestStore(platform).all()) {
+            EXPECT_EQ(activity->weight(), 67.5);
             periods.push_back({activity->startDate().secondsSince1970() - TestPlatform::kStart,
                 activity->endDate().secondsSince1970() - TestPlatform::kStart, activity->isStanding()});
         }
         return periods;
     }
 
-    void sleepMachine(double seconds)
+    /// Lets the machine be awake until so many seconds after the test's start.
+    void until(double awakeSeconds)
     {
-        workspace.willSleep();
-        platform.runLoop.sleepMachine(seconds);
-        workspace.wake();
+        platform.runLoop.advance(awakeSeconds - platform.runLoop.monotonicNow());
     }
 
     void note(const QString& what)
     {
-        diary.append(QStringLiteral("%1: %2").arg(secondsSinceStart(), 0, 'f', 1).arg(what));
+        diary.append(QStringLiteral("%1: %2").arg(platform.runLoop.monotonicNow(), 0, 'f', 1).arg(what));
     }
 
     /// Plugs an adapter in and lets it be polled once; the diary starts after that.
@@ -115,7 +111,7 @@ protected:
     }
 
     QStringList diary;
-    DeskUser* const user = new DeskUser(platform.runLoop); ///< owned by the event source
+    DeskUser* const user = new DeskUser; ///< owned by the event source
     SleepAwareEventSource eventSource {std::unique_ptr<EventSource>(user)};
     FakeWorkspace workspace;
     std::shared_ptr<FakeHidDevice> adapter = makeAdapter();

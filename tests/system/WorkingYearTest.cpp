@@ -242,7 +242,9 @@ private:
     {
         m_workspace.screensSleep();
         observe();
+        pass(1); // Or a period without any length is among the records.
         m_workspace.willSleep();
+        m_mayBeClosed = true; // Time asleep does not count.
         observe();
         loop().sleepMachine(seconds);
         m_events.atLeast = seconds;
