@@ -60,7 +60,7 @@ Date Date::dateWithMinutesBeforeNow(int64_t minutes)
 
 Date Date::dateFromComponents(int year, int month, int day)
 {
-    return Date(UserCalendar::current().instantOf(year, month, day));
+    return Date(UserCalendar::current().gregorianDay(year, month, day));
 }
 
 bool Date::isEqualToDateIgnoringTime(Date date) const

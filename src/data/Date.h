@@ -46,7 +46,7 @@ public:
     static Date dateWithHoursBeforeNow(int64_t hours);
     static Date dateWithMinutesFromNow(int64_t minutes);
     static Date dateWithMinutesBeforeNow(int64_t minutes);
-    /// The instant of 00:00 on that day of the user's calendar, whose years may be others than the Gregorian.
+    /// The start of a day of the Gregorian calendar, whose year 2013 is the same for every user.
     static Date dateFromComponents(int year, int month, int day);
 
     [[nodiscard]] double secondsSince1970() const { return m_seconds; }

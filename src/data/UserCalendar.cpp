@@ -1,6 +1,7 @@
 #include "data/UserCalendar.h"
 
 #include "data/IcuLocale.h"
+#include "data/LocalTime.h"
 #include "platform/Bundle.h"
 #include "platform/RunLoop.h"
 
@@ -23,10 +24,31 @@ constexpr double kLookAtZoneFileSeconds = 1;
 
 std::unique_ptr<UserCalendar> s_current;
 
-double milliseconds(double instant)
+double clamped(double seconds)
 {
-    return std::isnan(instant) ? 0
-                               : std::clamp(instant, kFirstInstant, kLastInstant) * kMillisecondsPerSecond;
+    return std::isnan(seconds) ? 0 : std::clamp(seconds, kFirstInstant, kLastInstant);
+}
+
+double wallTime(double instant)
+{
+    return clamped(LocalTime::atInstant(clamped(instant)));
+}
+
+double wallMilliseconds(double instant)
+{
+    return wallTime(instant) * kMillisecondsPerSecond;
+}
+
+/// A day starts with its first instant, which is not 00:00 where the clocks leave that out.
+double startOfWallDay(double wallTime)
+{
+    return LocalTime::firstInstant(std::floor(wallTime / Date::kDay) * Date::kDay);
+}
+
+double wallTime(const icu::Calendar& calendar)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    return calendar.getTime(status) / kMillisecondsPerSecond;
 }
 
 /// Tells one state of the system's time zone from another: setting it replaces the file.
@@ -38,14 +60,6 @@ ZoneFileState zoneFileState()
     if (lstat("/etc/localtime", &file) != 0)
         return {};
     return {file.st_dev, file.st_ino, file.st_ctim.tv_sec, file.st_ctim.tv_nsec};
-}
-
-void prepare(icu::Calendar& calendar)
-{
-    // Where clocks change at midnight a day starts with its first instant: at the first of two midnights,
-    // or at the end of the hour that is left out.
-    calendar.setRepeatedWallTimeOption(UCAL_WALLTIME_FIRST);
-    calendar.setSkippedWallTimeOption(UCAL_WALLTIME_NEXT_VALID);
 }
 }
 
@@ -86,8 +100,8 @@ UserCalendar& UserCalendar::current()
 {
     static Source source;
     if (source.changed() || !s_current) {
-        const std::unique_ptr<icu::TimeZone> zone(icu::TimeZone::detectHostTimeZone());
-        s_current.reset(new UserCalendar(icuLocale(source.localeName), *zone));
+        LocalTime::followTimeZone();
+        s_current.reset(new UserCalendar(icuLocale(source.localeName)));
     }
     return *s_current;
 }
@@ -97,35 +111,26 @@ void UserCalendar::forget()
     s_current.reset();
 }
 
-UserCalendar::UserCalendar(const icu::Locale& locale, const icu::TimeZone& timeZone)
+UserCalendar::UserCalendar(const icu::Locale& locale)
     : m_locale(locale)
 {
     UErrorCode status = U_ZERO_ERROR;
-    m_calendar.reset(icu::Calendar::createInstance(timeZone, locale, status));
-    m_gregorian = std::make_unique<icu::GregorianCalendar>(timeZone, locale, status);
+    const icu::TimeZone& utc = *icu::TimeZone::getGMT();
+    m_calendar.reset(icu::Calendar::createInstance(utc, locale, status));
+    m_gregorian = std::make_unique<icu::GregorianCalendar>(utc, locale, status);
     Q_ASSERT(U_SUCCESS(status));
-    prepare(*m_calendar);
-    prepare(*m_gregorian);
 }
 
 void UserCalendar::moveTo(double instant)
 {
     UErrorCode status = U_ZERO_ERROR;
-    m_calendar->setTime(milliseconds(instant), status);
+    m_calendar->setTime(wallMilliseconds(instant), status);
 }
 
 int UserCalendar::field(UCalendarDateFields field) const
 {
     UErrorCode status = U_ZERO_ERROR;
     return m_calendar->get(field, status);
-}
-
-double UserCalendar::midnight()
-{
-    for (const auto field : {UCAL_HOUR_OF_DAY, UCAL_MINUTE, UCAL_SECOND, UCAL_MILLISECOND})
-        m_calendar->set(field, 0);
-    UErrorCode status = U_ZERO_ERROR;
-    return m_calendar->getTime(status) / kMillisecondsPerSecond;
 }
 
 DateComponents UserCalendar::components(double instant)
@@ -148,7 +153,8 @@ DateComponents UserCalendar::components(double instant)
 DateComponents UserCalendar::difference(double fromInstant, double toInstant)
 {
     moveTo(fromInstant);
-    const double end = milliseconds(toInstant);
+    const double start = wallTime(*m_calendar);
+    const double end = wallMilliseconds(toInstant);
     // Each call moves the calendar on by the steps it counted, so what is left goes to the next field.
     const auto steps = [&](UCalendarDateFields field) {
         UErrorCode status = U_ZERO_ERROR;
@@ -159,23 +165,26 @@ DateComponents UserCalendar::difference(double fromInstant, double toInstant)
     result.month = steps(UCAL_MONTH);
     result.week = steps(UCAL_WEEK_OF_YEAR);
     result.day = steps(UCAL_DATE);
-    result.hour = steps(UCAL_HOUR_OF_DAY);
-    result.minute = steps(UCAL_MINUTE);
-    result.second = steps(UCAL_SECOND);
+    // What is left is time that passed, whatever the clocks on the wall did meanwhile.
+    const double reached = wallTime(*m_calendar);
+    const double from = reached == start ? clamped(fromInstant) : LocalTime::firstInstant(reached);
+    const int rest = int(clamped(toInstant) - from);
+    result.hour = rest / 3600;
+    result.minute = rest % 3600 / 60;
+    result.second = rest % 60;
     return result; // Weekdays are days too: none is left for them.
 }
 
 int64_t UserCalendar::gregorianDays(double fromInstant, double toInstant)
 {
     UErrorCode status = U_ZERO_ERROR;
-    m_gregorian->setTime(milliseconds(fromInstant), status);
-    return m_gregorian->fieldDifference(milliseconds(toInstant), UCAL_DATE, status);
+    m_gregorian->setTime(wallMilliseconds(fromInstant), status);
+    return m_gregorian->fieldDifference(wallMilliseconds(toInstant), UCAL_DATE, status);
 }
 
 double UserCalendar::startOfDay(double instant)
 {
-    moveTo(instant);
-    return midnight();
+    return startOfWallDay(wallTime(instant));
 }
 
 double UserCalendar::startOfWeek(double instant)
@@ -188,15 +197,14 @@ double UserCalendar::startOfWeek(double instant)
         return (weekday - firstWeekday + kDaysPerWeek) % kDaysPerWeek;
     };
     const int days = placeInWeek(UCAL_MONDAY) - placeInWeek(field(UCAL_DAY_OF_WEEK));
-    m_calendar->set(UCAL_JULIAN_DAY, field(UCAL_JULIAN_DAY) + days);
-    return midnight();
+    return startOfWallDay(wallTime(instant) + days * Date::kDay);
 }
 
 double UserCalendar::startOfMonth(double instant)
 {
     moveTo(instant);
     m_calendar->set(UCAL_DATE, 1);
-    return midnight();
+    return startOfWallDay(wallTime(*m_calendar));
 }
 
 double UserCalendar::startOfYear(double instant)
@@ -205,14 +213,14 @@ double UserCalendar::startOfYear(double instant)
     m_calendar->set(UCAL_MONTH, 0);
     m_calendar->set(UCAL_IS_LEAP_MONTH, 0); // In the Chinese calendar a month may come twice.
     m_calendar->set(UCAL_DATE, 1);
-    return midnight();
+    return startOfWallDay(wallTime(*m_calendar));
 }
 
-double UserCalendar::instantOf(int year, int month, int day)
+double UserCalendar::gregorianDay(int year, int month, int day)
 {
-    m_calendar->clear();
-    m_calendar->set(year, month - 1, day);
-    return midnight();
+    m_gregorian->clear();
+    m_gregorian->set(year, month - 1, day);
+    return startOfWallDay(wallTime(*m_gregorian));
 }
 
 QString UserCalendar::monthName(int month) const

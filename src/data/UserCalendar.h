@@ -28,20 +28,21 @@ public:
     [[nodiscard]] double startOfWeek(double instant);
     [[nodiscard]] double startOfMonth(double instant);
     [[nodiscard]] double startOfYear(double instant);
-    [[nodiscard]] double instantOf(int year, int month, int day);
+    /// The start of a day of the Gregorian calendar.
+    [[nodiscard]] double gregorianDay(int year, int month, int day);
 
     /// The full name of a month, 1 being the first; empty when there is no such month.
     [[nodiscard]] QString monthName(int month) const;
 
 private:
     struct Source;
-    UserCalendar(const icu::Locale& locale, const icu::TimeZone& timeZone);
+    explicit UserCalendar(const icu::Locale& locale);
 
     void moveTo(double instant);
     [[nodiscard]] int field(UCalendarDateFields field) const;
-    [[nodiscard]] double midnight();
 
     icu::Locale m_locale;
+    // Both count wall time as if it were UTC: ICU's own zone data may be years older than the system's.
     std::unique_ptr<icu::Calendar> m_calendar;
     std::unique_ptr<icu::Calendar> m_gregorian;
 };
