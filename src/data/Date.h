@@ -17,6 +17,8 @@ struct DateComponents {
     int yearForWeekOfYear = 0;
     int weekday = 0;
     int weekdayOrdinal = 0; ///< which occurrence of that weekday in the month
+
+    bool operator==(const DateComponents&) const = default;
 };
 
 /// An instant, and what the user's calendar says of it. "Adding days" is a fixed step of 86,400 s, so a day
