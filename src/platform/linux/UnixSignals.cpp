@@ -43,7 +43,7 @@ UnixSignals::UnixSignals(Callback callback)
     sigfillset(&action.sa_mask);
     for (size_t i = 0; i < kSignals.size(); ++i) {
         sigaction(kSignals[i], nullptr, &m_previous[i]);
-        if (m_previous[i].sa_handler != SIG_IGN)
+        if (kSignals[i] != SIGHUP || m_previous[i].sa_handler != SIG_IGN)
             sigaction(kSignals[i], &action, nullptr);
     }
 }
