@@ -3,6 +3,8 @@
 #include <QCommandLineParser>
 #include <QTextStream>
 
+#include <algorithm>
+
 namespace {
 CommandLine ended(FILE* stream, const QString& text, int exitCode)
 {
@@ -25,8 +27,10 @@ QString help(const QCommandLineParser& parser)
 }
 }
 
-CommandLine CommandLine::parse(const QStringList& arguments)
+CommandLine CommandLine::parse(QStringList arguments)
 {
+    if (const qsizetype session = arguments.indexOf(QStringLiteral("-session")); session > 0)
+        arguments.remove(session, std::min(arguments.size() - session, qsizetype(2)));
     const QCommandLineOption simulate(QStringLiteral("simulate"),
         QStringLiteral("Drive the built-in simulated desk instead of an adapter."));
     const QCommandLineOption language(QStringLiteral("language"),

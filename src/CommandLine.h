@@ -11,8 +11,9 @@ struct CommandLine {
     bool endsHere = false; ///< help or version was printed, or the arguments were wrong
     int exitCode = 0;
 
-    /// Reads the arguments (the program's name first). Prints help, version or an error itself.
-    static CommandLine parse(const QStringList& arguments);
+    /// Reads the arguments (the program's name first). A session manager's `-session ID` is left to Qt.
+    /// Prints help, version or an error itself.
+    static CommandLine parse(QStringList arguments);
     /// Prints that there are no texts in the language that was asked for.
     [[nodiscard]] CommandLine refusedLanguage() const;
 };
