@@ -20,8 +20,9 @@ public:
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode, QIcon::State) override
     {
         const double inset = m_inset * rect.width();
-        QSvgRenderer(Bundle::imagePath(m_name))
-            .render(painter, QRectF(rect).adjusted(inset, inset, -inset, -inset));
+        QSvgRenderer picture(Bundle::imagePath(m_name));
+        picture.setAspectRatioMode(Qt::KeepAspectRatio); // A tray may ask for more height than width.
+        picture.render(painter, QRectF(rect).adjusted(inset, inset, -inset, -inset));
     }
 
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
