@@ -30,7 +30,9 @@
 #include <QStandardPaths>
 
 #include <cstdlib>
+#include <functional>
 #include <memory>
+#include <utility>
 
 namespace {
 const QString kIdentifier = QStringLiteral("org.zelvo.StandUp");
@@ -56,6 +58,26 @@ QString settingsPath()
     return QDir(folder).filePath(kIdentifier + QStringLiteral("/StandUp.conf"));
 }
 
+/// An application that ends when the session's end tells it to. Qt itself would close each window first, as
+/// if the user had, and stay where one stays.
+class Application final : public QApplication {
+public:
+    using QApplication::QApplication;
+    void onQuit(std::function<void()> callback) { m_quit = std::move(callback); }
+
+protected:
+    bool event(QEvent* event) override
+    {
+        if (event->type() != QEvent::Quit || !m_quit)
+            return QApplication::event(event);
+        m_quit();
+        return true;
+    }
+
+private:
+    std::function<void()> m_quit;
+};
+
 std::unique_ptr<HidManager> makeHidManager(bool simulate)
 {
     if (!simulate)
@@ -76,7 +98,7 @@ struct Program {
                                                                        : TrayHost::X11Tray::Ignored)
         , app({*hidManager, *eventSource, workspace, loginItems, dialogs,
               QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation),
-              QCoreApplication::applicationFilePath(), [] { QCoreApplication::quit(); },
+              QCoreApplication::applicationFilePath(), [] { QCoreApplication::exit(); },
               [this](AppDelegate& delegate) {
                   return std::make_unique<TestWindowController>(
                       delegate.menuletController(), dynamic_cast<SimulatedHidManager*>(hidManager.get()));
@@ -118,15 +140,22 @@ void appearInTray(Program& program, TimerScope& timers)
     });
 }
 
-int run(const CommandLine& commandLine, SingleInstance& instance)
+int run(const CommandLine& commandLine, Application& application, SingleInstance& instance)
 {
     TimerScope timers;
     Program program(commandLine);
     AppDelegate& app = program.app;
-    const UnixSignals signals([&app](int) { app.terminate(); });
-    QObject::connect(qApp, &QGuiApplication::commitDataRequest, &program.tray, [&app](QSessionManager&) {
-        app.applicationWillTerminate(); // The session ends: the record is closed now, whether or not it goes
-                                        // on.
+    const auto terminate = [&app] { app.terminate(); };
+    const UnixSignals signals([terminate](int) { terminate(); });
+    program.workspace.onWillShutDown(terminate);
+    application.onQuit(terminate);
+    const auto onSession = [&program](auto signal, auto slot) {
+        QObject::connect(qApp, signal, &program.tray, slot);
+    };
+    // Another program may still cancel the log-out.
+    onSession(&QGuiApplication::commitDataRequest, [&app](QSessionManager&) { app.commitData(); });
+    onSession(&QGuiApplication::saveStateRequest, [](QSessionManager& session) {
+        session.setRestartHint(QSessionManager::RestartNever); // The autostart entry starts it.
     });
     instance.onActivated([&app](const ActivationToken& token) {
         qputenv("XDG_ACTIVATION_TOKEN", token.xdgActivationToken);
@@ -185,7 +214,7 @@ int main(int argc, char** argv)
 
     QGuiApplication::setDesktopFileName(kIdentifier);
     QApplication::setStyle(QStringLiteral("Fusion")); // Fixed colours and sizes belong to one style.
-    QApplication application(argc, argv);
+    Application application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("Zelvo StandUp"));
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setWindowIcon(pictureIcon(QStringLiteral("StandUp")));
@@ -198,7 +227,7 @@ int main(int argc, char** argv)
     if (!instance.acquire())
         return showFirstInstance(instance);
     installTexts(application, commandLine.language);
-    const int exitCode = run(commandLine, instance);
+    const int exitCode = run(commandLine, application, instance);
     RunLoop::setMain(nullptr);
     return exitCode;
 }

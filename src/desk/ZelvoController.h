@@ -55,6 +55,7 @@ public:
     void stopCurrentActivity();
     /// The program ends: a held movement stops and the open period is closed.
     void terminate();
+    void stopHeldMovement();
     void moveDeviceUp(); ///< one command; the developer's test window holds no button
     void moveDeviceDown();
 
@@ -97,7 +98,6 @@ public:
     [[nodiscard]] int32_t position() const { return m_position; }
 
 private:
-    void stopHeldMovement();
     void recordPeriod(bool isStanding);
 
     Dependencies m_dependencies;

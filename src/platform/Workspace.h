@@ -21,6 +21,9 @@ public:
     /// The machine is about to sleep; what must be safe on disk is written before this returns.
     void onWillSleep(Callback callback) { m_willSleep = std::move(callback); }
 
+    /// The machine is about to be switched off, which nothing stops any more.
+    void onWillShutDown(Callback callback) { m_willShutDown = std::move(callback); }
+
     /// Opens an address in the user's browser. False when nothing opened it.
     virtual bool openUrl(const QUrl& url) = 0;
 
@@ -30,4 +33,5 @@ protected:
     Callback m_screensDidSleep;
     Callback m_didWake;
     Callback m_willSleep;
+    Callback m_willShutDown;
 };

@@ -212,8 +212,23 @@ std::shared_ptr<ManagedObjectContext> AppDelegate::managedObjectContext()
 
 void AppDelegate::terminate()
 {
-    if (m_terminated || applicationShouldTerminate() == TerminateReply::Cancel)
+    if (m_terminated)
         return;
+    if (const auto& controller = AppProperties::instance().zelvoController())
+        controller->stopHeldMovement();
+    if (std::exchange(m_isAskedToTerminate, true)) {
+        Log::line(QStringLiteral("Told to end again: ending without an answer."));
+        endApplication();
+        return;
+    }
+    const TerminateReply reply = applicationShouldTerminate();
+    m_isAskedToTerminate = false;
+    if (reply == TerminateReply::Now && !m_terminated)
+        endApplication();
+}
+
+void AppDelegate::endApplication()
+{
     m_terminated = true;
     applicationWillTerminate();
     m_dependencies.quit();
@@ -248,6 +263,12 @@ void AppDelegate::applicationWillTerminate()
 {
     if (const auto& controller = AppProperties::instance().zelvoController())
         controller->terminate();
+}
+
+void AppDelegate::commitData()
+{
+    if (const auto& controller = AppProperties::instance().zelvoController())
+        controller->onPulseTimerTick(*controller->pulseTimer());
 }
 
 WizardWindowController& AppDelegate::wizardWindowController()

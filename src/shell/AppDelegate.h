@@ -76,10 +76,13 @@ public:
     /// The application's one context, or null as above.
     std::shared_ptr<ManagedObjectContext> managedObjectContext();
 
-    /// The termination flow: asks applicationShouldTerminate(), then lets the hub close the record and quits.
+    /// The termination flow: stops a held movement, asks applicationShouldTerminate(), then lets the hub
+    /// close the record and quits. A further request while the question waits for its answer is the answer.
     void terminate();
     TerminateReply applicationShouldTerminate();
     void applicationWillTerminate();
+    /// The session asks for a save point. It may go on afterwards, so the record stays open.
+    void commitData();
 
     [[nodiscard]] MenuletController& menuletController() { return *m_menuletController; }
     [[nodiscard]] WizardWindowController& wizardWindowController();
@@ -98,6 +101,7 @@ private:
     void validateMenu();
     void provideZelvoController();
     bool ensureFilesFolder(const QString& folder);
+    void endApplication();
     [[nodiscard]] ManagedObjectContextProvider contextProvider();
 
     Dependencies m_dependencies;
@@ -114,5 +118,6 @@ private:
     std::unique_ptr<WizardWindowController> m_wizardWindowController;
     std::unique_ptr<HistoryWindowController> m_historyController;
     std::unique_ptr<TestWindowController> m_testWindowController;
-    bool m_terminated = false;
+    bool m_isAskedToTerminate = false; ///< a question about it may be open
+    bool m_terminated = false; ///< the end is certain
 };

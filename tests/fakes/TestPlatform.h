@@ -13,6 +13,7 @@
 #include <QStringList>
 #include <QTemporaryDir>
 
+#include <functional>
 #include <vector>
 
 /// A bundle whose locale is the test's to choose.
@@ -83,6 +84,7 @@ class FakeDialogs final : public Dialogs {
 public:
     bool errorsAreDealtWith = false;
     int alertAnswer = kFirstButton;
+    std::function<void()> whileAlertRuns;
     std::optional<QString> savePanelAnswer;
     std::vector<Error> presented;
     QStringList alerts;
@@ -96,6 +98,8 @@ public:
     int runAlert(const QString& messageText, const QString&, const QStringList&) override
     {
         alerts.append(messageText);
+        if (whileAlertRuns)
+            whileAlertRuns();
         return alertAnswer;
     }
     std::optional<QString> runSavePanel(const QString& proposedFileName) override

@@ -244,5 +244,46 @@ TEST(AppDelegate, anUnsavableChangeAsksAndEitherAnswerQuits)
         world.app->terminate();
         EXPECT_EQ(world.quits, row.quits ? 1 : 0);
         EXPECT_EQ(world.dialogs.alerts.size(), row.asks ? 1 : 0);
+        world.dialogs.alertAnswer = Dialogs::kFirstButton;
+        world.dialogs.errorsAreDealtWith = false;
+        world.app->terminate();
+        EXPECT_EQ(world.quits, 1) << "a refused end leaves the next one free";
     }
+}
+
+TEST(AppDelegate, aSecondRequestAnswersTheQuestionOfTheFirst)
+{
+    ShellWorld world;
+    world.completeSetup();
+    world.app->applicationDidFinishLaunching();
+    const auto desk = world.plugDesk(900);
+    AppProperties::instance().zelvoController()->device()->moveUp();
+    world.app->managedObjectContext()->insertActivity();
+    const StoreLock lock(world.dataFolder() + QStringLiteral("/StandUp.storedata"));
+    world.dialogs.alertAnswer = 0;
+    world.dialogs.whileAlertRuns = [&] {
+        EXPECT_EQ(desk->written.back()[1], 1) << "the desk stops before the question";
+        EXPECT_TRUE(AppProperties::instance().zelvoController()->activity());
+        world.app->terminate();
+        EXPECT_EQ(world.quits, 1);
+        EXPECT_FALSE(AppProperties::instance().zelvoController()->activity());
+    };
+    world.app->terminate();
+    EXPECT_EQ(world.dialogs.alerts.size(), 1);
+    EXPECT_EQ(world.quits, 1);
+}
+
+TEST(AppDelegate, aSessionThatMayEndSavesTheRecordAndLeavesItOpen)
+{
+    ShellWorld world;
+    world.completeSetup();
+    world.app->applicationDidFinishLaunching();
+    world.plugDesk(900);
+    world.platform.runLoop.advance(38);
+    world.app->commitData();
+    const auto& hub = AppProperties::instance().zelvoController();
+    ASSERT_TRUE(hub->activity());
+    EXPECT_EQ(hub->activity()->endDate(), Date::now());
+    EXPECT_FALSE(world.app->managedObjectContext()->hasChanges());
+    EXPECT_TRUE(hub->scheduleManager()->isScheduled());
 }

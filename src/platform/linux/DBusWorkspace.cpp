@@ -160,7 +160,7 @@ void DBusWorkspace::prepareForShutdown(bool isAboutToShutDown)
         takeDelayLock();
         return;
     }
-    callIfSet(m_willSleep);
+    callIfSet(m_willShutDown);
     releaseDelayLock();
 }
 

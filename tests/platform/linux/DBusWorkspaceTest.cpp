@@ -105,6 +105,10 @@ protected:
     {
         m_workspace.emplace(m_system.connect(), m_session.connect());
         m_workspace->onScreensDidSleep([this] { m_events.append(QStringLiteral("dark")); });
+        m_workspace->onWillShutDown([this] {
+            m_events.append(QStringLiteral("will shut down"));
+            m_wasLockHeld = m_logind && m_logind->isLockHeld();
+        });
         m_workspace->onWillSleep([this] {
             m_events.append(QStringLiteral("will sleep"));
             m_wasLockHeld = m_logind && m_logind->isLockHeld();
@@ -183,7 +187,7 @@ TEST_F(DBusWorkspaceTest, aShutdownWaitsForTheRecordToo)
     startLogind();
     ASSERT_TRUE(waitFor([&] { return m_logind->isLockHeld(); }));
     m_logind->say(QStringLiteral("PrepareForShutdown"), true);
-    ASSERT_TRUE(waitForEvents({QStringLiteral("will sleep")}));
+    ASSERT_TRUE(waitForEvents({QStringLiteral("will shut down")}));
     EXPECT_TRUE(m_wasLockHeld);
     EXPECT_TRUE(waitFor([&] { return !m_logind->isLockHeld(); }));
 }
