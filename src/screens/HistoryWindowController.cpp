@@ -142,9 +142,7 @@ void HistoryWindowController::showWindow()
 {
     if (!m_window->isVisible())
         WindowPlacement::moveToCentre(*m_window);
-    m_window->show();
-    m_window->raise();
-    m_window->activateWindow();
+    m_window->comeToFront();
 }
 
 void HistoryWindowController::updateData()

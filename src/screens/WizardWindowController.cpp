@@ -34,9 +34,7 @@ void WizardWindowController::showWindow()
         m_window->adjustSize();
         WindowPlacement::moveToCentre(*m_window);
     }
-    m_window->show();
-    m_window->raise();
-    m_window->activateWindow();
+    m_window->comeToFront();
 }
 
 void WizardWindowController::showSetupView()

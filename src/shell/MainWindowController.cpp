@@ -226,9 +226,7 @@ void MainWindowController::orderFront()
         WindowPlacement::moveNearPointer(*m_window);
         m_window->unfocusControls(); // A key typed a moment too late must not move the desk.
     }
-    m_window->show();
-    m_window->raise();
-    m_window->activateWindow();
+    m_window->comeToFront();
 }
 
 void MainWindowController::close()

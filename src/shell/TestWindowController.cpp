@@ -63,9 +63,7 @@ void TestWindowController::showWindow()
         m_timers.schedule(kRefreshSeconds, RunLoop::Repeat::Yes, [this](Timer&) { updateValues(); });
     if (!m_window->isVisible())
         m_window->unfocusControls();
-    m_window->show();
-    m_window->raise();
-    m_window->activateWindow();
+    m_window->comeToFront();
 }
 
 QWidget& TestWindowController::window() const

@@ -3,6 +3,7 @@
 #include "platform/RunLoop.h"
 #include "ui/Palette.h"
 #include "ui/WindowPlacement.h"
+#include "ui/WindowSystem.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -21,6 +22,16 @@ PanelWindow::PanelWindow(Qt::WindowFlags flags)
     // The desktop may leave a window where its unplugged screen was.
     connect(qGuiApp, &QGuiApplication::screenRemoved, this,
         [this] { soon([this] { WindowPlacement::moveIntoSight(*this); }); });
+}
+
+void PanelWindow::comeToFront()
+{
+    if (isVisible())
+        WindowSystem::moveToCurrentWorkspace(*this);
+    setWindowState(windowState() & ~Qt::WindowMinimized); // show() alone would keep it minimised.
+    show();
+    raise();
+    activateWindow();
 }
 
 void PanelWindow::unfocusControls()

@@ -21,6 +21,9 @@ public:
     void onWillClose(std::function<void()> callback) { m_willClose = std::move(callback); }
     void onResized(std::function<void()> callback) { m_resized = std::move(callback); }
 
+    /// Shows the window to a user who asked for it: not minimised, on the current workspace, in front,
+    /// active.
+    void comeToFront();
     /// Leaves no control with the keyboard focus, so that no key presses one by accident; Tab goes to the
     /// first.
     void unfocusControls();
