@@ -1,0 +1,35 @@
+"""Calls over D-Bus, and services of python-dbusmock."""
+
+from gi.repository import Gio, GLib
+
+
+def call(connection, name, path, interface, method, signature=None, *arguments, timeout=5000):
+    parameters = GLib.Variant(signature, arguments) if signature else None
+    flags = Gio.DBusCallFlags.NONE
+    answer = connection.call_sync(name, path, interface, method, parameters, None, flags, timeout, None)
+    return answer.unpack()
+
+
+def get(connection, name, path, interface, key):
+    return call(connection, name, path, "org.freedesktop.DBus.Properties", "Get", "(ss)", interface, key)[0]
+
+
+class Mock:
+    def __init__(self, connection, name, path, interface):
+        self.connection, self.name, self.path, self.interface = connection, name, path, interface
+
+    def _mock(self, method, signature, *arguments):
+        return call(self.connection, self.name, self.path, "org.freedesktop.DBus.Mock", method, signature, *arguments)
+
+    def add_method(self, name, takes, gives, code):
+        self._mock("AddMethod", "(sssss)", self.interface, name, takes, gives, code)
+
+    def add_property(self, name, value):
+        self._mock("AddProperty", "(ssv)", self.interface, name, value)
+
+    def emit(self, signal_name, signature, *values):
+        variants = [GLib.Variant(letter, value) for letter, value in zip(signature, values)]
+        self._mock("EmitSignal", "(sssav)", self.interface, signal_name, signature, variants)
+
+    def calls(self, method):
+        return self._mock("GetMethodCalls", "(s)", method)[0]

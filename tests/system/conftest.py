@@ -1,0 +1,23 @@
+import pytest
+
+from desktop import Desktop
+
+
+@pytest.fixture
+def desktop(request):
+    """A private desktop for one scenario. `@pytest.mark.screen("800x480")` gives it another size."""
+    screen = request.node.get_closest_marker("screen")
+    found = Desktop(*(screen.args if screen else ()))
+    yield found
+    if request.node.report.failed:
+        print(found.log()[-6000:])
+        print((found.home / "stderr").read_text()[-3000:])
+    found.close()
+
+
+@pytest.hookimpl(hookwrapper=True)
+def pytest_runtest_makereport(item):
+    outcome = yield
+    if outcome.get_result().when == "call":
+        item.report = outcome.get_result()
+

@@ -1,0 +1,395 @@
+"""A private desktop: X server, window manager, buses, home and clock of one scenario, and what a user does there."""
+
+import contextlib
+import mmap
+import os
+import re
+import shutil
+import signal
+import sqlite3
+import struct
+import subprocess
+import tempfile
+import time
+from pathlib import Path
+
+import gi
+
+gi.require_version("Gio", "2.0")
+from gi.repository import Gio, GLib  # noqa: E402
+from Xlib import X, XK, Xatom, display  # noqa: E402
+from Xlib.ext import xtest  # noqa: E402
+
+from bus import Mock, call  # noqa: E402
+from screenreader import SHOWING, ignoring_what_goes, listen_to  # noqa: E402
+from waiting import DEADLINE, wait_until  # noqa: E402
+
+BIN = Path(os.environ["ZELVO_BIN"])
+PROGRAM = BIN / "zelvo-standup"
+SET_UP = {"ActivityMode": 2, "ActivityGoal": 15, "NumberOfStandUps": 2, "Weight": 70, "Version": "1.0.1"}
+BUS_CONFIG = """<busconfig><type>session</type><listen>unix:path={}</listen><policy context="default">
+<allow send_destination="*" eavesdrop="true"/><allow eavesdrop="true"/><allow own="*"/></policy></busconfig>"""
+
+
+class Clock:
+    """The program's clocks, in a file that it maps."""
+
+    LAYOUT = struct.Struct("=Qddddd")
+
+    def __init__(self, path):
+        self.path = path
+        path.write_bytes(bytes(self.LAYOUT.size))
+        with open(path, "r+b") as file:
+            self._memory = mmap.mmap(file.fileno(), self.LAYOUT.size)
+        self._turn = 0
+        self._origin = self._virtual = time.monotonic()
+        self.rate, self.ahead, self.slept = 1.0, 0.0, 0.0
+        self._write()
+
+    def _write(self):
+        values = (self._origin, self._virtual, self.rate, self.ahead, self.slept)
+        self._memory[0:8] = struct.pack("=Q", self._turn + 1)
+        self._memory[8:] = struct.pack("=ddddd", *values)
+        self._turn += 2
+        self._memory[0:8] = struct.pack("=Q", self._turn)
+
+    def monotonic(self):
+        return self._virtual + (time.monotonic() - self._origin) * self.rate
+
+    def now(self):
+        """The wall clock, as the program reads it."""
+        return time.time() - time.monotonic() + self.monotonic() + self.ahead + self.slept
+
+    def run(self, rate):
+        self._virtual, self._origin = self.monotonic(), time.monotonic()
+        self.rate = float(rate)
+        self._write()
+
+    def set_wall(self, by):
+        self.ahead += by
+        self._write()
+
+    def start_at(self, moment):
+        self.set_wall(moment - self.now())
+
+    def sleep(self, seconds):
+        """The machine slept."""
+        self.slept += seconds
+        self._write()
+
+
+class Desktop:
+    def __init__(self, screen="1280x1024"):
+        self._ends = contextlib.ExitStack()
+        try:
+            self._begin(screen)
+        except BaseException:
+            self.close()
+            raise
+
+    def _begin(self, screen):
+        self.screen = tuple(int(side) for side in screen.split("x"))
+        self.home = Path(tempfile.mkdtemp(prefix="standup-"))
+        self._ends.callback(shutil.rmtree, self.home, True)
+        for name in ("config", "data", "runtime", "documents"):
+            (self.home / name).mkdir(mode=0o700)
+        self.config = self.home / "config/org.zelvo.StandUp/StandUp.conf"
+        self.folder = self.home / "data/org.zelvo.StandUp"
+        self.store = self.folder / "StandUp.storedata"
+        self.clock = Clock(self.home / "clock")
+        self.programs = []
+        self.machine = None
+        self.env = {k: v for k, v in os.environ.items() if k in ("PATH", "UBSAN_OPTIONS")}
+        self.env |= {
+            "ASAN_OPTIONS": "verify_asan_link_order=0",
+            "HOME": str(self.home),
+            "XDG_CONFIG_HOME": str(self.home / "config"),
+            "XDG_DATA_HOME": str(self.home / "data"),
+            "XDG_RUNTIME_DIR": str(self.home / "runtime"),
+            "DBUS_SESSION_BUS_ADDRESS": self._bus("session"),
+            "DBUS_SYSTEM_BUS_ADDRESS": self._bus("system"),
+            "LANG": "en_GB.UTF-8",
+            "LC_ALL": "en_GB.UTF-8",
+            "TZ": "UTC",
+        }
+        self.env["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
+        self._start_x(screen)
+        self.session = self.connect(self.env["DBUS_SESSION_BUS_ADDRESS"])
+        self.system = self.connect(self.env["DBUS_SYSTEM_BUS_ADDRESS"])
+        self._spawn("/usr/libexec/at-spi-bus-launcher", "--launch-immediately")
+        wait_until(lambda: self.has_owner(self.session, "org.a11y.Bus"), "accessibility bus")
+        address = call(self.session, "org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress")[0]
+        self.accessibility = self.connect(address)
+
+    def _spawn(self, *command, **options):
+        """A process that ends with the scenario, even when that is killed."""
+        quiet = {"stdin": subprocess.DEVNULL, "stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL}
+        command = [*"setpriv --pdeathsig KILL --".split(), *(str(word) for word in command)]
+        process = subprocess.Popen(command, **({"env": self.env} | quiet | options))
+        self._ends.callback(self._end, process)
+        return process
+
+    @staticmethod
+    def _end(process):
+        if process.poll() is None:
+            process.send_signal(signal.SIGCONT)
+            process.kill()
+        process.wait()
+
+    def _bus(self, name):
+        config, socket = self.home / f"{name}.conf", self.home / f"{name}.bus"
+        config.write_text(BUS_CONFIG.format(socket))
+        self._spawn("dbus-daemon", "--nofork", f"--config-file={config}", env={"PATH": os.environ["PATH"]})
+        wait_until(socket.exists, f"{name} bus")
+        return f"unix:path={socket}"
+
+    @staticmethod
+    def connect(address):
+        flags = Gio.DBusConnectionFlags.AUTHENTICATION_CLIENT | Gio.DBusConnectionFlags.MESSAGE_BUS_CONNECTION
+        connection = Gio.DBusConnection.new_for_address_sync(address, flags, None, None)
+        connection.set_exit_on_close(False)
+        return connection
+
+    def _start_x(self, screen):
+        read, write = os.pipe()
+        command = ("Xvfb", "-displayfd", write, "-screen", 0, screen + "x24", "-nolisten", "tcp", "-noreset")
+        self._spawn(*command, pass_fds=(write,))
+        os.close(write)
+        with os.fdopen(read) as number:
+            self.env["DISPLAY"] = ":" + number.readline().strip()
+        self._spawn("openbox", "--sm-disable")
+        self.x = display.Display(self.env["DISPLAY"])
+        self._ends.callback(self.x.close)
+        self.root = self.x.screen().root
+        wait_until(lambda: self.property(self.root, "_NET_SUPPORTING_WM_CHECK"), "window manager")
+
+    def close(self):
+        if getattr(self, "machine", None):
+            # The program goes first: nobody may wait for an answer when the adapters go.
+            for program in self.programs:
+                self._end(program.process)
+            self.machine.close()
+        self._ends.close()
+
+    # The machine
+
+    def plug(self, **settings):
+        from adapter import Machine
+
+        if not self.machine:
+            self.machine = Machine()
+            self.env["UMOCKDEV_DIR"] = self.machine.root
+        return self.machine.plug(clock=self.clock.monotonic, **settings)
+
+    def mock(self, bus, name, path, interface, template=None):
+        """A service of python-dbusmock."""
+        kind = {"SESSION": "--session", "SYSTEM": "--system"}[bus]
+        what = ("--template", template) if template else (name, path, interface)
+        self._spawn("/usr/bin/python3", "-m", "dbusmock", kind, *what)
+        connection = self.session if bus == "SESSION" else self.system
+        wait_until(lambda: self.has_owner(connection, name), name)
+        return Mock(connection, name, path, interface)
+
+    def add_tray(self):
+        name = "org.kde.StatusNotifierWatcher"
+        self.tray = self.mock("SESSION", name, "/StatusNotifierWatcher", name)
+        self.tray.add_property("IsStatusNotifierHostRegistered", GLib.Variant("b", True))
+        self.tray.add_property("ProtocolVersion", GLib.Variant("i", 0))
+        self.tray.add_method("RegisterStatusNotifierItem", "s", "", "")
+        return self.tray
+
+    @staticmethod
+    def has_owner(connection, name):
+        return call(connection, "org.freedesktop.DBus", "/", "org.freedesktop.DBus", "NameHasOwner", "(s)", name)[0]
+
+    # The program
+
+    def settings(self, text=None, **values):
+        self.config.parent.mkdir(exist_ok=True)
+        lines = [f"{key}={value}" for key, value in (SET_UP | values).items() if value is not None]
+        self.config.write_text(text or "[General]\n" + "\n".join(lines) + "\n")
+
+    def setting(self, key):
+        found = re.search(rf"^{key}=(.*)$", self.config.read_text(), re.M) if self.config.exists() else None
+        return found and found[1]
+
+    def start(self, *arguments, **env):
+        """As a user starts it. With an adapter plugged in before, udev and hidraw are the emulated ones."""
+        preload = [os.environ["BENT_CLOCK_LIBRARY"]] + (["libumockdev-preload.so.0"] if self.machine else [])
+        env = self.env | {"BENT_CLOCK": str(self.clock.path), "LD_PRELOAD": ":".join(preload)} | env
+        with open(self.home / "stderr", "ab") as stderr:
+            process = self._spawn(PROGRAM, *arguments, env=env, stderr=stderr)
+        program = Program(self, process)
+        self.programs.append(program)
+        return program
+
+    def log(self):
+        file = self.folder / "StandUp.log"
+        return file.read_text() if file.exists() else ""
+
+    def records(self):
+        """(start, end, standing) of every stored period, by a reader of its own."""
+        if not self.store.exists():
+            return []
+        with contextlib.closing(sqlite3.connect(f"file:{self.store}?mode=ro", uri=True)) as store:
+            with contextlib.suppress(sqlite3.OperationalError):
+                rows = store.execute("SELECT startDate, endDate, isStanding FROM Activity ORDER BY startDate, id")
+                return rows.fetchall()
+        return []
+
+    def plant(self, rows):
+        """Writes (start, end, standing) into the store of a program that does not run."""
+        with contextlib.closing(sqlite3.connect(self.store)) as store, store:
+            statement = "INSERT INTO Activity (startDate, endDate, isStanding, weight) VALUES (?, ?, ?, 70)"
+            store.executemany(statement, rows)
+
+    # X
+
+    def property(self, window, name):
+        found = window.get_full_property(self.x.get_atom(name), X.AnyPropertyType)
+        return found.value if found else None
+
+    def windows(self):
+        """The managed windows by title."""
+        found = {}
+        for number in self.property(self.root, "_NET_CLIENT_LIST") or []:
+            window = self.x.create_resource_object("window", number)
+            with contextlib.suppress(Exception):  # It may go meanwhile.
+                title = self.property(window, "_NET_WM_NAME")
+                found[title.decode() if title else ""] = window
+        return found
+
+    def window(self, title):
+        return wait_until(lambda: self.windows().get(title), f"window {title}")
+
+    def frame(self, window):
+        """x, y, width, height on the screen."""
+        size = window.get_geometry()
+        corner = window.translate_coords(self.root, 0, 0)
+        return -corner.x, -corner.y, size.width, size.height
+
+    def is_minimised(self, window):
+        state = self.property(window, "WM_STATE")
+        return state is not None and state[0] == 3
+
+    def is_visible(self, window):
+        """It is shown on the current workspace."""
+        on = self.property(window, "_NET_WM_DESKTOP")
+        shown = window.get_attributes().map_state == X.IsViewable
+        return shown and on is not None and on[0] in (self.workspace(), 0xFFFFFFFF)
+
+    def workspace(self):
+        return self.property(self.root, "_NET_CURRENT_DESKTOP")[0]
+
+    def switch_workspace(self, number):
+        self.tell(self.root, "_NET_CURRENT_DESKTOP", number)
+        wait_until(lambda: self.workspace() == number, "workspace")
+
+    def is_active(self, window):
+        active = self.property(self.root, "_NET_ACTIVE_WINDOW")
+        return active is not None and active[0] == window.id
+
+    def tell(self, window, message, *values):
+        """A request to the window manager."""
+        from Xlib.protocol import event
+
+        data = (32, (list(values) + [0] * 5)[:5])
+        mask = X.SubstructureRedirectMask | X.SubstructureNotifyMask
+        request = event.ClientMessage(window=window, client_type=self.x.get_atom(message), data=data)
+        self.root.send_event(request, event_mask=mask)
+        self.x.sync()
+
+    def minimise(self, window):
+        self.tell(window, "WM_CHANGE_STATE", 3)
+        wait_until(lambda: self.is_minimised(window), "minimised")
+
+    def move_pointer(self, x, y):
+        xtest.fake_input(self.x, X.MotionNotify, x=int(x), y=int(y))
+        self.x.sync()
+
+    def button(self, is_press, number=1):
+        xtest.fake_input(self.x, X.ButtonPress if is_press else X.ButtonRelease, number)
+        self.x.sync()
+        return time.monotonic()
+
+    def click(self, x, y, number=1):
+        self.move_pointer(x, y)
+        self.button(True, number)
+        self.button(False, number)
+
+    def key(self, name, is_press=None):
+        code = self.x.keysym_to_keycode(XK.string_to_keysym(name))
+        for press in [True, False] if is_press is None else [is_press]:
+            xtest.fake_input(self.x, X.KeyPress if press else X.KeyRelease, code)
+        self.x.sync()
+        return time.monotonic()
+
+    def type(self, text):
+        for letter in text:
+            self.key(letter)
+
+
+class Program:
+    """A started program, and what a screen reader finds in it."""
+
+    def __init__(self, desktop, process):
+        self.desktop, self.process = desktop, process
+
+    @property
+    def ear(self):
+        """The program as a screen reader finds it, once it has shown a window."""
+        return listen_to(self)
+
+    def window_with(self, *names):
+        """The accessible window that shows controls of these names."""
+
+        def find():
+            windows = [window for window in self.ear.children if window.has(SHOWING)]
+            return next((window for window in windows if all(window.all(name) for name in names)), None)
+
+        return wait_until(ignoring_what_goes(find), f"a window with {names}")
+
+    def show(self):
+        """A second start brings the first one's window to the front."""
+        assert self.desktop.start().process.wait(DEADLINE) == 0
+        return self.desktop.window("Zelvo StandUp")
+
+    def tray_item(self):
+        calls = wait_until(lambda: self.desktop.tray.calls("RegisterStatusNotifierItem"), "tray icon")
+        return calls[-1][1][0]
+
+    def click_tray(self, x=0, y=0):
+        item = ("/StatusNotifierItem", "org.kde.StatusNotifierItem")
+        call(self.desktop.session, self.tray_item(), *item, "Activate", "(ii)", x, y)
+
+    def menu(self):
+        """Label to (number, enabled) of the entries of the tray's menu."""
+        menu = ("/MenuBar", "com.canonical.dbusmenu")
+        layout = call(self.desktop.session, self.tray_item(), *menu, "GetLayout", "(iias)", 0, -1, [])
+        entries = [(number, values) for number, values, _ in layout[1][2]]
+        return {values["label"].replace("_", ""): (number, values.get("enabled", True)) for number, values in entries}
+
+    def choose(self, label):
+        number = self.menu()[label][0]
+        event = (number, "clicked", GLib.Variant("s", ""), 0)
+        call(self.desktop.session, self.tray_item(), "/MenuBar", "com.canonical.dbusmenu", "Event", "(isvu)", *event)
+
+    @property
+    def pid(self):
+        return self.process.pid
+
+    @property
+    def runs(self):
+        return self.process.poll() is None
+
+    def signal(self, number):
+        self.process.send_signal(number)
+
+    def ends_within(self, seconds):
+        with contextlib.suppress(subprocess.TimeoutExpired):
+            return self.process.wait(seconds) is not None
+        return False
+
+    def quit(self):
+        self.signal(signal.SIGTERM)
+        assert self.ends_within(DEADLINE), "SIGTERM does not end it"

@@ -1,0 +1,126 @@
+"""What an accessibility client hears of a program: names, roles, states, texts and actions, over AT-SPI's own protocol.
+
+The client library keeps one bus for a process's life, so it could not follow one scenario's desktop after another.
+"""
+
+from bus import call, get
+from gi.repository import GLib
+from waiting import wait_until
+
+ROOT = "/org/a11y/atspi/accessible/root"
+ATSPI = "org.a11y.atspi."
+ENABLED, FOCUSED, SHOWING, CHECKED, SELECTED = 8, 12, 25, 4, 23
+
+
+def ignoring_what_goes(look):
+    """A look at controls that may go while they are looked at: it finds nothing then."""
+
+    def careful():
+        try:
+            return look()
+        except GLib.Error:
+            return None
+
+    return careful
+
+
+class Node:
+    def __init__(self, bus, name, path):
+        self.bus, self.owner, self.path = bus, name, path
+
+    def __eq__(self, other):
+        return (self.owner, self.path) == (other.owner, other.path)
+
+    def _call(self, interface, method, signature=None, *arguments):
+        return call(self.bus, self.owner, self.path, ATSPI + interface, method, signature, *arguments, timeout=3000)
+
+    def _get(self, interface, key):
+        return get(self.bus, self.owner, self.path, ATSPI + interface, key)
+
+    @property
+    def name(self):
+        return self._get("Accessible", "Name").strip()
+
+    @property
+    def description(self):
+        return self._get("Accessible", "Description")
+
+    @property
+    def role(self):
+        return self._call("Accessible", "GetRoleName")[0]
+
+    @property
+    def children(self):
+        return [Node(self.bus, *child) for child in self._call("Accessible", "GetChildren")[0]]
+
+    def has(self, state):
+        words = self._call("Accessible", "GetState")[0]
+        return bool(words[state // 32] >> state % 32 & 1)
+
+    @property
+    def frame(self):
+        return self._call("Component", "GetExtents", "(u)", 0)[0]
+
+    @property
+    def middle(self):
+        x, y, width, height = self.frame
+        return x + width // 2, y + height // 2
+
+    @property
+    def text(self):
+        return self._call("Text", "GetText", "(ii)", 0, -1)[0]
+
+    def set_text(self, text):
+        return self._call("EditableText", "SetTextContents", "(s)", text)[0]
+
+    @property
+    def value(self):
+        return self._get("Value", "CurrentValue")
+
+    @property
+    def actions(self):
+        return [action[0] for action in self._call("Action", "GetActions")[0]]
+
+    def press(self):
+        assert self._call("Action", "DoAction", "(i)", 0)[0]
+
+    def focus(self):
+        self._call("Component", "GrabFocus")
+
+    def walk(self):
+        for child in self.children:
+            yield child
+            yield from child.walk()
+
+    def all(self, name=None, role=None):
+        return [
+            node
+            for node in self.walk()
+            if (name is None or node.name == name) and (role is None or node.role == role) and node.has(SHOWING)
+        ]
+
+    def find(self, name=None, role=None):
+        found = ignoring_what_goes(lambda: self.all(name, role))
+        return wait_until(found, f"{role or 'control'} {name!r}")[0]
+
+    def says(self):
+        """Everything in it that is showing, as a screen reader would read it out."""
+        return [node.name for node in self.walk() if node.has(SHOWING) and node.name]
+
+    def hears(self, words, seconds=20.0):
+        said = ignoring_what_goes(lambda: any(words in sentence for sentence in self.says()))
+        wait_until(said, f"{words!r} on the screen", seconds)
+
+
+def listen_to(program):
+    """The program's root in the tree of accessible things."""
+    bus = program.desktop.accessibility
+
+    def find():
+        for node in Node(bus, "org.a11y.atspi.Registry", ROOT).children:
+            dbus = ("org.freedesktop.DBus", "/", "org.freedesktop.DBus")
+            if call(bus, *dbus, "GetConnectionUnixProcessID", "(s)", node.owner) == (program.pid,):
+                return node
+        return None
+
+    return wait_until(find, "the program on the accessibility bus")

@@ -1,0 +1,81 @@
+"""From the first start to a record that survives."""
+
+import random
+import signal
+import time
+
+import pytest
+from adapter import STOP, UP
+from waiting import wait_until
+
+SITTING, STANDING = 0, 1
+
+
+def test_first_start_to_first_periods(desktop):
+    desktop.add_tray()
+    adapter = desktop.plug()
+    program = desktop.start()
+    setup = program.window_with("Done")
+    wait_until(lambda: adapter.reads, "polling")
+    assert adapter.values() == ["init", STOP] and not desktop.records()
+    setup.find("Done").press()
+    first = wait_until(desktop.records, "a first record")[0]
+    assert first[0] == pytest.approx(desktop.clock.now(), abs=3) and first[2] == SITTING
+    wait_until(lambda: not desktop.windows(), "the wizard closed")
+    assert desktop.setting("Weight") == "80"
+    assert (desktop.home / "config/autostart/org.zelvo.StandUp.desktop").exists()
+
+    desktop.clock.run(10)
+    wait_until(lambda: desktop.records()[0][1] - first[0] > 20, "a pulse")
+    adapter.put(4000)  # By the desk's own handset.
+    sitting, standing = wait_until(lambda: desktop.records()[1:] and desktop.records(), "a second period")
+    assert (sitting[1], standing[2]) == (standing[0], STANDING)
+    adapter.put(900)
+    wait_until(lambda: len(desktop.records()) == 3, "a third period")
+    desktop.clock.run(1)
+    program.quit()
+    periods = desktop.records()
+    assert [period[2] for period in periods] == [SITTING, STANDING, SITTING]
+    assert all(earlier[1] == later[0] for earlier, later in zip(periods, periods[1:]))
+    assert periods[-1][1] == pytest.approx(desktop.clock.now(), abs=2)
+
+
+def test_killed_at_any_moment_it_loses_one_pulse_at_most(desktop):
+    desktop.settings()
+    longest = 0.3
+    for life in range(8):
+        seen = desktop.records()
+        started, wall = time.monotonic(), desktop.clock.now()
+        desktop.clock.run(20)
+        program = desktop.start("--simulate")
+        lives = random.uniform(0, longest * (1 + life))
+        wait_until(lambda: time.monotonic() > started + lives)
+        program.signal(signal.SIGKILL)
+        program.process.wait()
+        killed = desktop.clock.now()
+        left = desktop.records()
+        assert left[: len(seen)] == seen
+        assert all(start <= end <= killed for start, end, _ in left)
+        if left[len(seen) :]:
+            assert left[-1][0] >= wall and killed - left[-1][1] < 15 + 20
+        assert desktop.setting("Weight") == "70" and desktop.setting("ActivityGoal") == "15"
+    desktop.clock.run(1)
+    desktop.start("--simulate")
+    wait_until(lambda: len(desktop.records()) > len(left), "a record after all")
+
+
+def test_a_button_held_for_a_second_says_stop_and_five_movements_and_stop(desktop):
+    desktop.settings()
+    adapter = desktop.plug()
+    program = desktop.start()
+    wait_until(desktop.records, "a first record")
+    program.show()
+    desktop.move_pointer(*program.window_with("Up").find("Up").middle)
+    pressed = desktop.button(True)
+    wait_until(lambda: adapter.values(pressed - 0.1).count(UP) == 5, "five movements")
+    desktop.button(False)
+    wait_until(lambda: adapter.values()[-1] == STOP, "stop")
+    reports = [(at - pressed, value) for at, value in adapter.wire if at > pressed - 0.1]
+    assert [value for _, value in reports] == [STOP] + [UP] * 5 + [STOP]
+    assert [at for at, value in reports if value == UP] == pytest.approx([0.2, 0.4, 0.6, 0.8, 1.0], abs=0.1)
+    assert adapter.height > 900
