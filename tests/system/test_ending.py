@@ -1,0 +1,71 @@
+"""However the program is told to end, whatever is open: it ends, the desk stands, the record is whole."""
+
+import signal
+import time
+
+import pytest
+from adapter import STOP, UP
+from waiting import wait_until
+
+WAYS = {
+    "menu": lambda program: program.choose("Quit"),
+    "SIGTERM": lambda program: program.signal(signal.SIGTERM),
+    "SIGINT": lambda program: program.signal(signal.SIGINT),
+    "SIGHUP": lambda program: program.signal(signal.SIGHUP),
+}
+
+
+@pytest.mark.parametrize("way", WAYS)
+def test_ends_at_once_with_everything_open_and_a_button_held(desktop, way):
+    # 20 min of sitting an hour, in 6 parts.
+    desktop.settings(ActivityGoal=40, NumberOfStandUps=6, TimeNotificationDismiss=86400)
+    desktop.add_tray()
+    adapter = desktop.plug()
+    program = desktop.start()
+    for entry, title in {"Open Zelvo StandUp": "Zelvo StandUp", "History": "History", "Settings…": "Setup"}.items():
+        program.choose(entry)
+        desktop.window(title)
+    wait_until(desktop.records, "a first record")
+    desktop.clock.run(40)
+    reminder = program.window_with("Snooze")
+    desktop.clock.run(1)
+    desktop.move_pointer(*reminder.find("Up").middle)
+    desktop.button(True)
+    wait_until(lambda: adapter.values().count(UP) > 2, "movement")
+
+    told = time.monotonic()
+    WAYS[way](program)
+    assert program.ends_within(3) and program.process.returncode == 0
+    assert adapter.values()[-1] == STOP and UP not in adapter.values(told + 0.3)
+    _, end, standing = desktop.records()[-1]
+    assert (standing, end) == (0, pytest.approx(desktop.clock.now(), abs=3))
+
+
+@pytest.mark.parametrize("way", ["menu", "SIGTERM"])
+def test_ending_during_the_first_run_answers_nothing_for_the_user(desktop, way):
+    desktop.add_tray()
+    program = desktop.start("--simulate")
+    desktop.window("Setup")
+    assert {label: enabled for label, (_, enabled) in program.menu().items()} == {
+        "Open Zelvo StandUp": False,
+        "History": False,
+        "Settings…": True,
+        "Quit": True,
+    }
+    WAYS[way](program)
+    assert program.ends_within(3)
+    assert desktop.setting("Weight") is None
+
+    program = desktop.start("--simulate")
+    desktop.window("Setup")
+    assert not desktop.records()
+    desktop.key("Escape")  # The user's own dismissal takes the defaults.
+    wait_until(lambda: desktop.setting("Weight") == "80", "defaults")
+    wait_until(desktop.records, "a first record")
+
+
+def test_a_session_manager_starts_it_with_its_own_option(desktop):
+    desktop.settings()
+    program = desktop.start("--simulate", "-session", "10a5f00d_1234_5678")
+    wait_until(desktop.records, "a first record")
+    program.quit()
