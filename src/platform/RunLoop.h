@@ -9,8 +9,8 @@
 /// seconds.
 class RunLoop {
 public:
-    /// Coarse timers may fire up to half a second early or late, so that wake-ups coincide and an idle
-    /// program sleeps.
+    /// Coarse timers may fire early or late by a twentieth of their interval, so that wake-ups coincide and
+    /// an idle program sleeps.
     enum class Precision { Coarse, Precise };
     enum class Repeat { No, Yes };
 

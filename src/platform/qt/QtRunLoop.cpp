@@ -15,12 +15,10 @@ double clockSeconds(clockid_t clock)
     return double(time.tv_sec) + double(time.tv_nsec) * 1e-9;
 }
 
-Qt::TimerType timerType(double seconds, RunLoop::Precision precision)
+Qt::TimerType timerType(RunLoop::Precision precision)
 {
-    if (precision == RunLoop::Precision::Precise)
-        return Qt::PreciseTimer;
-    // Qt puts very coarse timers onto full seconds: all of them wake the program together and none drifts.
-    return seconds >= 1.0 && std::floor(seconds) == seconds ? Qt::VeryCoarseTimer : Qt::CoarseTimer;
+    // Not a very coarse one: that may end its first second after 0.6 s.
+    return precision == RunLoop::Precision::Precise ? Qt::PreciseTimer : Qt::CoarseTimer;
 }
 }
 
@@ -34,7 +32,7 @@ public:
         , m_repeats(repeats)
         , m_remaining(seconds)
     {
-        m_timer.setTimerType(timerType(seconds, precision));
+        m_timer.setTimerType(timerType(precision));
         m_timer.setSingleShot(true);
         QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { legEnded(); });
     }
