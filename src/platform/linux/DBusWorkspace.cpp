@@ -20,7 +20,6 @@ const QString kProperties = QStringLiteral("org.freedesktop.DBus.Properties");
 const QString kDisplayConfig = QStringLiteral("org.gnome.Mutter.DisplayConfig");
 const QString kLockedHint = QStringLiteral("LockedHint");
 const QString kPowerSaveMode = QStringLiteral("PowerSaveMode");
-const QString kMachine = QStringLiteral("machine"); // As a source of darkness: the machine itself sleeps.
 const QString kDisplayConfigPath = QStringLiteral("/org/gnome/Mutter/DisplayConfig");
 
 /// Where the desktops' screen savers say that they cover or free the screen. KDE's uses both of the first
@@ -143,13 +142,10 @@ void DBusWorkspace::releaseDelayLock()
 void DBusWorkspace::prepareForSleep(bool isAboutToSleep)
 {
     if (isAboutToSleep) {
-        // The screens go dark with the machine, even where no screen saver says so.
-        setDark(kMachine, true);
         callIfSet(m_willSleep);
         releaseDelayLock();
         return;
     }
-    setDark(kMachine, false);
     takeDelayLock();
     callIfSet(m_didWake);
 }

@@ -43,6 +43,7 @@ public:
         char byte = 0;
         return m_lock >= 0 && read(m_lock, &byte, 1) < 0;
     }
+    void settle() { TestBus::settle(m_bus); }
     void say(const QString& signal, bool argument)
     {
         QDBusMessage message =
@@ -98,31 +99,56 @@ protected:
     void SetUp() override
     {
         ASSERT_TRUE(m_system.isRunning() && m_session.isRunning());
-        startWorkspace();
-    }
-
-    void startWorkspace()
-    {
         m_workspace.emplace(m_system.connect(), m_session.connect());
-        m_workspace->onScreensDidSleep([this] { m_events.append(QStringLiteral("dark")); });
-        m_workspace->onWillShutDown([this] {
-            m_events.append(QStringLiteral("will shut down"));
-            m_wasLockHeld = m_logind && m_logind->isLockHeld();
-        });
-        m_workspace->onWillSleep([this] {
-            m_events.append(QStringLiteral("will sleep"));
-            m_wasLockHeld = m_logind && m_logind->isLockHeld();
-        });
-        m_workspace->onDidWake([this] { m_events.append(QStringLiteral("wake")); });
+        m_workspace->onScreensDidSleep([this] { m_heard.append(QStringLiteral("dark")); });
+        m_workspace->onWillSleep([this] { hearWithTheLockHeld("sleep"); });
+        m_workspace->onWillShutDown([this] { hearWithTheLockHeld("shutdown"); });
+        m_workspace->onDidWake([this] { m_heard.append(QStringLiteral("wake")); });
+        startLogind();
     }
 
-    void startLogind() { m_logind.emplace(m_system.connect()); }
-    void screenSaver(const char* path, const char* interface, bool isActive)
+    void hearWithTheLockHeld(const char* what)
     {
-        QDBusMessage message = QDBusMessage::createSignal(
-            QLatin1String(path), QLatin1String(interface), QStringLiteral("ActiveChanged"));
-        m_desktop.send(message << isActive);
+        m_heard.append(QString::fromLatin1(what));
+        EXPECT_TRUE(m_logind->isLockHeld()) << "the machine may not sleep before the record is safe";
+    }
+
+    void startLogind()
+    {
+        m_logind.reset();
+        m_logind.emplace(m_system.connect());
+        ASSERT_TRUE(waitFor([&] { return m_logind->isLockHeld() && !m_logind->sessionAsked.isEmpty(); }));
         settle();
+    }
+
+    /// A service says something, and it arrives. "+": dark, asleep or going down, "-": over.
+    void say(const QString& what)
+    {
+        const bool on = what.endsWith(QLatin1Char('+'));
+        const QString service = what.chopped(1);
+        if (service.startsWith(QLatin1Char('/')))
+            screenSaver(service.section(QLatin1Char('='), 0, 0), service.section(QLatin1Char('='), 1), on);
+        else if (service == QStringLiteral("saver"))
+            screenSaver(
+                QStringLiteral("/org/gnome/ScreenSaver"), QStringLiteral("org.gnome.ScreenSaver"), on);
+        else if (service == QStringLiteral("kde"))
+            screenSaver(QStringLiteral("/ScreenSaver"), QStringLiteral("org.freedesktop.ScreenSaver"), on);
+        else if (service == QStringLiteral("power"))
+            powerSaveMode(on ? 3 : what == QStringLiteral("power?") ? -1 : 0);
+        else if (service == QStringLiteral("hint"))
+            m_logind->setLockedHint(on);
+        else
+            m_logind->say(service, on);
+        settle();
+        const bool isAboutLock = service.startsWith(QStringLiteral("Prepare"));
+        EXPECT_TRUE(waitFor([&] { return !isAboutLock || m_logind->isLockHeld() != on; }))
+            << qPrintable(what);
+    }
+
+    void screenSaver(const QString& path, const QString& interface, bool isActive)
+    {
+        m_desktop.send(
+            QDBusMessage::createSignal(path, interface, QStringLiteral("ActiveChanged")) << isActive);
     }
     void powerSaveMode(int mode)
     {
@@ -130,18 +156,14 @@ protected:
             QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("PropertiesChanged"));
         m_desktop.send(message << QStringLiteral("org.gnome.Mutter.DisplayConfig")
                                << QVariantMap {{QStringLiteral("PowerSaveMode"), mode}} << QStringList());
-        settle();
     }
     /// Lets what was sent so far arrive.
     void settle()
     {
         TestBus::settle(m_desktop);
+        m_logind->settle();
         QThread::msleep(10);
         QCoreApplication::processEvents();
-    }
-    bool waitForEvents(const QStringList& events)
-    {
-        return waitFor([&] { return m_events == events; });
     }
 
     TestBus m_system;
@@ -149,100 +171,45 @@ protected:
     QDBusConnection m_desktop = m_session.connect();
     std::optional<FakeLogind> m_logind;
     std::optional<DBusWorkspace> m_workspace;
-    QStringList m_events;
-    bool m_wasLockHeld = false;
+    QStringList m_heard;
 };
 
-TEST_F(DBusWorkspaceTest, sleepWaitsForTheRecordAndEndsWithAWake)
+TEST_F(DBusWorkspaceTest, tellsTheFirstEdgeOfWhatManyServicesSay)
 {
-    startLogind();
-    startWorkspace();
-    ASSERT_TRUE(waitFor([&] { return m_logind->isLockHeld(); }));
-
-    m_logind->say(QStringLiteral("PrepareForSleep"), true);
-    ASSERT_TRUE(waitForEvents({QStringLiteral("dark"), QStringLiteral("will sleep")}));
-    EXPECT_TRUE(m_wasLockHeld) << "the machine may not sleep before the record is safe";
-    EXPECT_TRUE(waitFor([&] { return !m_logind->isLockHeld(); })) << "and must not be held up afterwards";
-
-    m_logind->say(QStringLiteral("PrepareForSleep"), false);
-    ASSERT_TRUE(
-        waitForEvents({QStringLiteral("dark"), QStringLiteral("will sleep"), QStringLiteral("wake")}));
-    EXPECT_TRUE(waitFor([&] { return m_logind->isLockHeld(); })) << "the next sleep is waited with again";
-    EXPECT_EQ(m_logind->inhibited.last(), QStringLiteral("sleep:shutdown delay"));
-}
-
-TEST_F(DBusWorkspaceTest, aLogindThatStartsLateOrAgainIsHeard)
-{
-    startLogind();
-    ASSERT_TRUE(waitFor([&] { return m_logind->isLockHeld(); }));
-    m_logind.reset();
-    startLogind();
-    ASSERT_TRUE(waitFor([&] { return m_logind->isLockHeld(); }));
-    m_logind->say(QStringLiteral("PrepareForSleep"), false);
-    EXPECT_TRUE(waitForEvents({QStringLiteral("wake")}));
-}
-
-TEST_F(DBusWorkspaceTest, aShutdownWaitsForTheRecordToo)
-{
-    startLogind();
-    ASSERT_TRUE(waitFor([&] { return m_logind->isLockHeld(); }));
-    m_logind->say(QStringLiteral("PrepareForShutdown"), true);
-    ASSERT_TRUE(waitForEvents({QStringLiteral("will shut down")}));
-    EXPECT_TRUE(m_wasLockHeld);
-    EXPECT_TRUE(waitFor([&] { return !m_logind->isLockHeld(); }));
-}
-
-TEST_F(DBusWorkspaceTest, everyScreenSaverIsHeard)
-{
-    const struct TestCase {
-        const char* path;
-        const char* interface;
+    // What is on at the end of a row is switched off before the next.
+    const struct {
+        const char* said;
+        const char* heard;
     } kTestCases[] = {
-        {"/ScreenSaver", "org.freedesktop.ScreenSaver"},
-        {"/org/freedesktop/ScreenSaver", "org.freedesktop.ScreenSaver"},
-        {"/org/gnome/ScreenSaver", "org.gnome.ScreenSaver"},
-        {"/org/cinnamon/ScreenSaver", "org.cinnamon.ScreenSaver"},
-        {"/org/mate/ScreenSaver", "org.mate.ScreenSaver"},
-        {"/org/xfce/ScreenSaver", "org.xfce.ScreenSaver"},
+        {"saver+ saver- saver+ saver-", "dark dark"}, // lock, unlock, lock
+        {"hint+ hint- hint+ hint-", "dark dark"}, {"saver+ saver+ saver- saver- saver+ saver-", "dark dark"},
+        {"saver+ power+ power+ kde+ hint+ hint- kde- power- saver-", "dark"},
+        {"saver+ power+ power- saver- power+ power-", "dark dark"},
+        {"saver+ kde+ kde- kde+ kde- saver-", "dark dark"}, // a locker that is stuck
+        {"power? power-", ""}, // no mode is known
+        {"/org/freedesktop/ScreenSaver=org.freedesktop.ScreenSaver+ "
+         "/org/freedesktop/ScreenSaver=org.freedesktop.ScreenSaver-",
+            "dark"},
+        {"/org/cinnamon/ScreenSaver=org.cinnamon.ScreenSaver+ "
+         "/org/cinnamon/ScreenSaver=org.cinnamon.ScreenSaver-",
+            "dark"},
+        {"/org/mate/ScreenSaver=org.mate.ScreenSaver+ /org/mate/ScreenSaver=org.mate.ScreenSaver-", "dark"},
+        {"/org/xfce/ScreenSaver=org.xfce.ScreenSaver+ /org/xfce/ScreenSaver=org.xfce.ScreenSaver-", "dark"},
+        {"PrepareForSleep+ PrepareForSleep- PrepareForSleep+ PrepareForSleep-", "sleep wake sleep wake"},
+        {"hint+ PrepareForSleep+ PrepareForSleep- hint- hint+ hint-", "dark sleep wake dark"},
+        {"PrepareForShutdown+ PrepareForShutdown-", "shutdown"}, // called off
     };
-    for (const auto& test : kTestCases) {
-        SCOPED_TRACE(test.interface);
-        m_events.clear();
-        screenSaver(test.path, test.interface, true);
-        EXPECT_TRUE(waitForEvents({QStringLiteral("dark")}));
-        screenSaver(test.path, test.interface, false);
+    for (const auto& [said, heard] : kTestCases) {
+        m_heard.clear();
+        for (const QString& what : QString::fromLatin1(said).split(QLatin1Char(' ')))
+            say(what);
+        EXPECT_EQ(m_heard.join(QLatin1Char(' ')).toStdString(), heard) << said;
     }
-}
-
-TEST_F(DBusWorkspaceTest, oneEventThroughSeveralSignalsCountsOnce)
-{
-    screenSaver("/org/gnome/ScreenSaver", "org.gnome.ScreenSaver", true);
-    powerSaveMode(3);
-    powerSaveMode(3);
-    screenSaver("/ScreenSaver", "org.freedesktop.ScreenSaver", true);
-    EXPECT_TRUE(waitForEvents({QStringLiteral("dark")}));
-
-    powerSaveMode(0);
-    screenSaver("/org/gnome/ScreenSaver", "org.gnome.ScreenSaver", false);
-    powerSaveMode(3);
-    EXPECT_TRUE(waitForEvents({QStringLiteral("dark"), QStringLiteral("dark")}));
-}
-
-TEST_F(DBusWorkspaceTest, anUnknownPowerModeIsNotDark)
-{
-    powerSaveMode(-1);
-    powerSaveMode(0);
-    EXPECT_TRUE(m_events.isEmpty());
-}
-
-TEST_F(DBusWorkspaceTest, aLockedSessionCountsAsDark)
-{
-    startLogind();
-    startWorkspace();
-    ASSERT_TRUE(waitFor([&] { return m_logind->isLockHeld() && !m_logind->sessionAsked.isEmpty(); }));
-    settle();
-    m_logind->setLockedHint(true);
-    EXPECT_TRUE(waitForEvents({QStringLiteral("dark")}));
+    startLogind(); // A logind that starts again is heard, and asked for the lock anew.
+    m_heard.clear();
+    say(QStringLiteral("PrepareForSleep+"));
+    EXPECT_EQ(m_heard, QStringList {QStringLiteral("sleep")});
+    EXPECT_EQ(m_logind->inhibited, QStringList {QStringLiteral("sleep:shutdown delay")});
 }
 
 TEST(DBusWorkspaceWithoutBus, doesNothing)
