@@ -7,23 +7,15 @@
 namespace {
 class IdleObserverTest : public testing::Test, public IdleObserverDelegate {
 protected:
-    void updatedIdleObserverIsIdle(bool isIdle) override { heard.emplace_back(now(), isIdle); }
-    [[nodiscard]] double now() const { return platform.runLoop.now() - TestPlatform::kStart; }
-
-    /// Lets time pass without a hand on mouse or keyboard.
-    void beAway(double seconds)
+    void updatedIdleObserverIsIdle(bool isIdle) override { note(isIdle ? "idle" : "active"); }
+    void note(const char* what)
     {
-        for (double passed = 0; passed < seconds; ++passed) {
-            ++eventSource.idleSeconds;
-            platform.runLoop.advance(1);
-        }
+        heard.append(QStringLiteral("%1 %2").arg(platform.runLoop.monotonicNow()).arg(QLatin1String(what)));
     }
-
-    using Heard = std::vector<std::pair<double, bool>>;
 
     TestPlatform platform;
     FakeEventSource eventSource;
-    Heard heard;
+    QStringList heard;
 };
 }
 
@@ -57,47 +49,23 @@ TEST_F(IdleObserverTest, CombinesTheAnswersWithItsRunningMinimum)
     }
 }
 
-TEST_F(IdleObserverTest, TellsOfTransitionsOnlyWithinTenSeconds)
+TEST_F(IdleObserverTest, TellsOfTransitionsAndOfIdleUsersEveryTenSecondsUntilStopped)
 {
-    IdleObserver observer(eventSource, 300);
-    observer.setDelegate(this);
-
-    beAway(299);
-    EXPECT_TRUE(heard.empty());
-    EXPECT_FALSE(observer.isIdle());
-    beAway(200);
-    EXPECT_TRUE(observer.isIdle());
-    eventSource.idleSeconds = 0;
-    platform.runLoop.advance(60);
-    EXPECT_EQ(heard, (Heard {{300, true}, {500, false}}));
-}
-
-TEST_F(IdleObserverTest, StaysIdleAtExactlyTheLimit)
-{
-    IdleObserver observer(eventSource, 300);
-    observer.setDelegate(this);
-    eventSource.idleSeconds = 400;
-    platform.runLoop.advance(10);
-    eventSource.idleSeconds = 300;
-    platform.runLoop.advance(10);
-    EXPECT_TRUE(observer.isIdle());
-    eventSource.idleSeconds = 299.9;
-    platform.runLoop.advance(10);
-    EXPECT_EQ(heard, (Heard {{10, true}, {30, false}}));
-}
-
-TEST_F(IdleObserverTest, PollsEveryTenSecondsUntilStopped)
-{
-    auto observer = std::make_unique<IdleObserver>(eventSource, 300);
-    platform.runLoop.advance(100);
-    EXPECT_EQ(eventSource.asked.size(), 16u * 10);
+    auto observer = std::make_unique<IdleObserver>(eventSource, 170);
+    observer->setDelegate(this);
+    observer->onStillIdle([this] { note("still idle"); });
+    for (const double idleSeconds : {169.9, 170.0, 400.0, 170.0, 169.9, 0.0}) {
+        eventSource.idleSeconds = idleSeconds;
+        platform.runLoop.advance(10);
+    }
+    EXPECT_EQ(heard.join(QLatin1Char(',')).toStdString(), "20 idle,30 still idle,40 still idle,50 active");
     observer->stopIdleObserverTimer();
     platform.runLoop.advance(100);
-    EXPECT_EQ(eventSource.asked.size(), 16u * 10);
+    EXPECT_EQ(eventSource.asked.size(), 16u * 6);
     observer->startIdleObserverTimer();
     observer->startIdleObserverTimer();
     platform.runLoop.advance(10);
-    EXPECT_EQ(eventSource.asked.size(), 16u * 11);
+    EXPECT_EQ(eventSource.asked.size(), 16u * 7);
     observer.reset();
     EXPECT_EQ(platform.runLoop.pendingTimerCount(), 0u);
 }

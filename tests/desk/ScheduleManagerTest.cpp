@@ -18,13 +18,13 @@ protected:
 
     void activityScheduledToPosition(int32_t position) override
     {
-        due.emplace_back(secondsSinceStart(), position);
+        due.emplace_back(platform.runLoop.monotonicNow(), position);
     }
 
     void setPlan(int mode, double goal, int standUps)
     {
         auto& properties = AppProperties::instance();
-        properties.setWeight(80);
+        properties.setWeight(67.5);
         properties.setActivityMode(mode);
         properties.setActivityGoal(goal);
         properties.setNumberOfStandUps(standUps);
@@ -44,7 +44,7 @@ constexpr int kSitting = 2;
 TEST_F(ScheduleManagerTest, SplitsTheHourByGoalAndStandUps)
 {
     constexpr double kNone = -1;
-    const double calorieMinutes = CalorieCalculator::standingPerHourForDailyCalories(100, 80);
+    const double calorieMinutes = CalorieCalculator::standingPerHourForDailyCalories(100, 67.5);
     ASSERT_GT(calorieMinutes, 0);
     ASSERT_LT(calorieMinutes, 60);
     const struct {
@@ -90,46 +90,42 @@ TEST_F(ScheduleManagerTest, CallsForTheOtherPositionOnceWhenAPeriodIsOver)
     ScheduleManager schedule(2);
     schedule.setDelegate(this);
 
+    schedule.startScheduledTimerForPosition(kSitting); // Ends with the next start.
     schedule.startScheduledTimerForPosition(kStanding);
     platform.runLoop.advance(400);
+    platform.runLoop.sleepMachine(5000); // Time that passes is awake time, and dates are the wall clock's.
     EXPECT_DOUBLE_EQ(schedule.timeToSchedule(), 50);
     EXPECT_DOUBLE_EQ(schedule.timeScheduleRunning(), 400);
+    EXPECT_DOUBLE_EQ(schedule.scheduledDate()->timeIntervalSinceDate(Date::now()), 50);
+    EXPECT_DOUBLE_EQ(schedule.scheduleUpdatedDate()->timeIntervalSinceDate(Date::now()), -400);
     platform.runLoop.advance(100);
     EXPECT_EQ(due, (Due {{450, kSitting}}));
     EXPECT_TRUE(schedule.isScheduled()) << "the dates stay until something starts or stops";
     EXPECT_DOUBLE_EQ(schedule.timeToSchedule(), -50);
 
     schedule.startScheduledTimerForPosition(kSitting); // At 500 s.
+    platform.runLoop.advance(1350);
+    schedule.startScheduledTimerForPosition(kSitting);
+    schedule.stopScheduleTimer();
     platform.runLoop.advance(3600);
     EXPECT_EQ(due, (Due {{450, kSitting}, {500 + 1350, kStanding}}));
-}
-
-TEST_F(ScheduleManagerTest, KeepsOneTimerAndForgetsItWhenStopped)
-{
-    setPlan(2, 15, 1);
-    ScheduleManager schedule(2);
-    schedule.setDelegate(this);
-    schedule.startScheduledTimerForPosition(kStanding);
-    schedule.startScheduledTimerForPosition(kSitting);
-    EXPECT_EQ(platform.runLoop.pendingTimerCount(), 1u);
-
-    schedule.stopScheduleTimer();
-    EXPECT_FALSE(schedule.isScheduled());
+    EXPECT_FALSE(schedule.isScheduled() || schedule.scheduledDate() || schedule.scheduleUpdatedDate());
     EXPECT_EQ(schedule.timeToSchedule(), 0);
     EXPECT_EQ(schedule.timeScheduleRunning(), 0);
     EXPECT_EQ(schedule.currentScheduleInterval(), 0);
-    platform.runLoop.advance(7200);
-    EXPECT_TRUE(due.empty());
 }
 
-TEST_F(ScheduleManagerTest, SnoozesAndSkips)
+TEST_F(ScheduleManagerTest, SnoozesSkipsAndStartsAgain)
 {
+    store("TimeSnooze", 420.0);
     setPlan(2, 15, 7);
     ScheduleManager schedule(2);
     schedule.setDelegate(this);
+    schedule.restartScheduleTimer();
+    EXPECT_FALSE(schedule.isScheduled()) << "there is no period to start again";
 
     schedule.snoozeForPosition(kSitting);
-    EXPECT_DOUBLE_EQ(schedule.currentScheduleInterval(), 600);
+    EXPECT_DOUBLE_EQ(schedule.currentScheduleInterval(), 420);
     schedule.cancelPeriodForPosition(kStanding);
     EXPECT_DOUBLE_EQ(schedule.currentScheduleInterval(), 514) << "3600 / 7 in whole seconds";
     EXPECT_EQ(sessions, 2);
@@ -138,23 +134,11 @@ TEST_F(ScheduleManagerTest, SnoozesAndSkips)
 
     for (const int standUps : {0, -1}) {
         AppProperties::instance().setNumberOfStandUps(standUps);
-        schedule.cancelPeriodForPosition(kStanding);
+        schedule.cancelPeriodForPosition(kSitting);
         EXPECT_DOUBLE_EQ(schedule.currentScheduleInterval(), 3600) << standUps;
     }
-}
-
-TEST_F(ScheduleManagerTest, RestartsWithTheSettingsAsTheyAreNow)
-{
-    setPlan(2, 15, 1);
-    ScheduleManager schedule(2);
-    schedule.restartScheduleTimer();
-    EXPECT_FALSE(schedule.isScheduled()) << "there is no period to start again";
-
-    schedule.startScheduledTimerForPosition(kSitting);
-    setPlan(2, 30, 3);
-    schedule.restartScheduleTimer();
-    EXPECT_DOUBLE_EQ(schedule.currentScheduleInterval(), 600);
+    setPlan(2, 15, 3);
     schedule.stopScheduleTimer();
     schedule.restartScheduleTimer();
-    EXPECT_DOUBLE_EQ(schedule.currentScheduleInterval(), 600) << "a stopped timer still knows its position";
+    EXPECT_DOUBLE_EQ(schedule.currentScheduleInterval(), 900) << "a stopped timer still knows its position";
 }

@@ -18,23 +18,6 @@ QStringList rows(std::initializer_list<const char*> texts)
     return list;
 }
 
-/// Does something once when it hears of a height.
-class Meddler final : public ZelvoControllerDelegate {
-public:
-    explicit Meddler(std::function<void()> meddle)
-        : m_meddle(std::move(meddle))
-    {
-    }
-    int heard = 0;
-    void positionUpdated(int32_t) override
-    {
-        if (++heard == 1 && m_meddle)
-            m_meddle();
-    }
-
-private:
-    std::function<void()> m_meddle;
-};
 }
 
 TEST_F(ZelvoControllerTest, OpensTheFirstPeriodByTheFirstPoll)
@@ -86,20 +69,6 @@ TEST_F(ZelvoControllerTest, LogsWhatHappensInFixedWords)
         EXPECT_TRUE(log.contains(QLatin1String(text))) << text;
 }
 
-TEST_F(ZelvoControllerTest, RemindsOnceOfThePositionThatIsNotTaken)
-{
-    plugAndPoll();
-    platform.runLoop.advance(2 * Date::kHour);
-    EXPECT_EQ(diary, rows({"1201.2: reminder 1"})) << "20 minutes of sitting";
-    hub->activityScheduledToPosition(2);
-    EXPECT_EQ(diary.size(), 1) << "the user sits already";
-
-    diary.clear();
-    adapter->setHeight(4000);
-    platform.runLoop.advance(Date::kHour);
-    EXPECT_EQ(diary.last(), QStringLiteral("7802.2: reminder 2")) << "10 minutes of standing";
-}
-
 TEST_F(ZelvoControllerTest, WaitsForSetUpToBeComplete)
 {
     AppProperties::instance().setWeight(0);
@@ -120,32 +89,14 @@ TEST_F(ZelvoControllerTest, WaitsForSetUpToBeComplete)
     EXPECT_EQ(storedPeriods(), (Periods {{5, 5, kSitting}}));
 }
 
-TEST_F(ZelvoControllerTest, ClosesAPeriodWhenTheAdapterLeaves)
-{
-    plugAndPoll();
-    platform.runLoop.advance(100);
-    hid.unplug(adapter);
-    EXPECT_FALSE(hub->isActive());
-    EXPECT_EQ(hub->position(), 0);
-    platform.runLoop.advance(100);
-    EXPECT_EQ(diary, rows({"101.2: no device"})) << "nothing is heard of the old device any more";
-    diary.clear();
-    hid.plug(adapter);
-    platform.runLoop.advance(10);
-    EXPECT_EQ(diary,
-        rows({"201.2: device state", "201.4: device state", "202.4: height 1000", "202.4: session",
-            "202.4: device state"}));
-    EXPECT_EQ(storedPeriods(), (Periods {{1.2, 101.2, kSitting}, {202.4, 210, kSitting}}));
-}
-
 TEST_F(ZelvoControllerTest, TakesNoNewsFromADeviceThatAScreenStillHolds)
 {
     plugAndPoll();
     const auto held = hub->device();
     hid.unplug(adapter);
-    diary.clear();
+    EXPECT_FALSE(hub->isActive());
     platform.runLoop.advance(5);
-    EXPECT_TRUE(diary.isEmpty());
+    EXPECT_EQ(diary, rows({"1.2: no device"}));
     EXPECT_EQ(hub->position(), 0) << "or the next adapter's first state would seem known";
 }
 
@@ -167,45 +118,30 @@ TEST_F(ZelvoControllerTest, ClosesAPeriodWhileTheAdapterIsSilent)
     EXPECT_EQ(storedPeriods(), (Periods {{1.2, 50, kSitting}, {100, 120, kSitting}}));
 }
 
-TEST_F(ZelvoControllerTest, LeavesEverythingSafeBeforeTheMachineSleeps)
+TEST_F(ZelvoControllerTest, StopsAHeldMovementBeforeTheMachineSleepsOrTheProgramEnds)
 {
     plugAndPoll();
-    platform.runLoop.advance(7);
-    const size_t written = adapter->written.size();
-    workspace.willSleep();
-    EXPECT_EQ(adapter->written.size(), written) << "no button is held, so nothing is sent";
-    EXPECT_EQ(storedPeriods(), (Periods {{1.2, 8.2, kSitting}}));
+    for (const auto end : {&ZelvoController::receiveWillSleepNotification, &ZelvoController::terminate}) {
+        size_t written = adapter->written.size();
+        ((*hub).*end)();
+        EXPECT_EQ(adapter->written.size(), written) << "no button is held, so nothing is sent";
+        EXPECT_EQ(hub->activity(), nullptr);
 
-    hub->device()->moveUp();
-    platform.runLoop.advance(0.2);
-    const size_t held = adapter->written.size();
-    workspace.willSleep();
-    EXPECT_EQ(adapter->written.size(), held + 1);
-    EXPECT_EQ(adapter->written.back()[1], 0x01) << "a stop";
-    platform.runLoop.advance(1);
-    EXPECT_EQ(adapter->written.size(), held + 1);
-}
-
-TEST_F(ZelvoControllerTest, StopsAHeldMovementWhenTheProgramEnds)
-{
-    plugAndPoll();
-    size_t written = adapter->written.size();
-    hub->terminate();
-    EXPECT_EQ(adapter->written.size(), written) << "no button is held, so nothing is sent";
-
-    hub->device()->moveToPosition(4000);
-    platform.runLoop.advance(0.2);
-    written = adapter->written.size();
-    hub->terminate();
-    platform.runLoop.advance(1);
-    ASSERT_EQ(adapter->written.size(), written + 1);
-    EXPECT_EQ(adapter->written.back(), (FakeHidDevice::Report {5, 1, 0x80, 1, 0x80, 1, 0x80, 1}));
+        hub->device()->moveToPosition(4000);
+        platform.runLoop.advance(0.2);
+        written = adapter->written.size();
+        ((*hub).*end)();
+        platform.runLoop.advance(1);
+        ASSERT_EQ(adapter->written.size(), written + 1);
+        EXPECT_EQ(adapter->written.back(), (FakeHidDevice::Report {5, 1, 0x80, 1, 0x80, 1, 0x80, 1}));
+    }
 }
 
 TEST_F(ZelvoControllerTest, IgnoresWhatItKnowsAndWhomItDoesNot)
 {
     plugAndPoll();
     hub->updatedPositionState(2, hub->device());
+    hub->activityScheduledToPosition(2); // The user sits already.
     const auto stranger = std::make_shared<ZelvoHIDDevice>();
     hub->deviceRemoved(stranger);
     hub->deviceAdded(stranger);
@@ -244,27 +180,31 @@ TEST_F(ZelvoControllerTest, GoesOnWithTheAdapterThatIsLeft)
 
 TEST_F(ZelvoControllerTest, TellsItsDelegatesInOrderAlsoWhileTheyChange)
 {
-    const auto newcomer = std::make_shared<Meddler>(nullptr);
-    const auto leaving = std::make_shared<Meddler>(nullptr);
-    std::shared_ptr<Meddler> meddler;
-    meddler = std::make_shared<Meddler>([&] {
+    std::vector<int> heard;
+    const auto listener = [&](int name, std::function<void()> meddle = {}) {
+        return std::make_shared<PositionListener>([&heard, name, meddle](int32_t height) {
+            heard.push_back(name + height);
+            if (meddle)
+                meddle();
+        });
+    };
+    const auto newcomer = listener(30);
+    const auto leaving = listener(20);
+    std::shared_ptr<PositionListener> meddler;
+    meddler = listener(10, [&] {
         hub->removeDelegate(leaving);
         hub->removeDelegate(meddler);
         hub->addDelegate(newcomer);
     });
-    const std::weak_ptr watched = meddler;
     hub->addDelegate(meddler);
     hub->addDelegate(leaving);
     hub->addDelegate(nullptr);
     ASSERT_EQ(hub->delegates().size(), 3u);
 
     hub->updatedPosition(1, nullptr);
-    EXPECT_EQ(meddler->heard, 1);
-    EXPECT_EQ(leaving->heard, 0) << "it left before its turn";
-    EXPECT_EQ(newcomer->heard, 0) << "it joined during the call";
+    EXPECT_EQ(heard, (std::vector {11})) << "one left before its turn, one joined during the call";
     hub->updatedPosition(2, nullptr);
-    EXPECT_EQ(meddler->heard, 1);
-    EXPECT_EQ(newcomer->heard, 1);
+    EXPECT_EQ(heard, (std::vector {11, 32}));
     EXPECT_EQ(diary, rows({"0.0: height 1", "0.0: height 2"}));
 
     hub->removeDelegate(hub->delegates().front());
