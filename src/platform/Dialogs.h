@@ -25,6 +25,8 @@ public:
 
     /// Shows the error in a modal panel. True when the panel dealt with the error, so that work can go on.
     virtual bool presentError(const Error& error) = 0;
+    /// What was presented is over: should it come again, it is news.
+    virtual void forgetErrors() { }
     /// Shows a modal alert; answers kFirstButton + index of the button pressed.
     virtual int runAlert(
         const QString& messageText, const QString& informativeText, const QStringList& buttons) = 0;

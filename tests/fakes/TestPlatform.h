@@ -87,6 +87,7 @@ public:
     std::function<void()> whileAlertRuns;
     std::optional<QString> savePanelAnswer;
     std::vector<Error> presented;
+    int timesForgotten = 0;
     QStringList alerts;
     QStringList proposedFileNames;
 
@@ -95,6 +96,7 @@ public:
         presented.push_back(error);
         return errorsAreDealtWith;
     }
+    void forgetErrors() override { ++timesForgotten; }
     int runAlert(const QString& messageText, const QString&, const QStringList&) override
     {
         alerts.append(messageText);

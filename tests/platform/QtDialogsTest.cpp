@@ -104,14 +104,20 @@ TEST_F(QtDialogsTest, anErrorIsShownAsItIsAndNotDealtWith)
     EXPECT_FALSE(m_dialogs.presentError(error));
     waitForTheUser();
 
-    // The same error again opens nothing, another one does.
-    EXPECT_FALSE(m_dialogs.presentError(error));
-    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    // The same again opens nothing, whatever its code; another one does, and the same once it was over.
     Error other = error;
-    other.code = 9999;
-    userMeets<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); });
+    other.code = 102;
     EXPECT_FALSE(m_dialogs.presentError(other));
-    waitForTheUser();
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    other.failureReason = QStringLiteral("Another reason.");
+    for (const Error& next : {other, error}) {
+        userMeets<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); });
+        EXPECT_FALSE(m_dialogs.presentError(next));
+        m_dialogs.forgetErrors(); // Too early: the user has not read it yet.
+        EXPECT_FALSE(m_dialogs.presentError(next));
+        waitForTheUser();
+        m_dialogs.forgetErrors();
+    }
 }
 
 TEST_F(QtDialogsTest, errorsThatComeTogetherAreShownOneAfterTheOther)

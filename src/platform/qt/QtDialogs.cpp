@@ -64,17 +64,26 @@ bool mayReplace(const QString& path)
 
 bool QtDialogs::presentError(const Error& error)
 {
+    // Once is enough: an error that comes again at each pulse must fill neither the screen nor the log. The
+    // codes of one cause may differ.
+    const QString shown = error.localizedDescription + error.failureReason;
+    if (m_shownErrors.contains(shown))
+        return false;
+    m_shownErrors.insert(shown);
     Log::line(
         QStringLiteral("%1 %2: %3 %4")
             .arg(error.domain, QString::number(error.code), error.localizedDescription, error.failureReason));
-    const QString identity = error.domain + QString::number(error.code) + error.localizedDescription;
-    if (m_shownErrors.contains(identity))
-        return false; // Once is enough: an error that comes again at each record must not fill the screen.
-    m_shownErrors.insert(identity);
     m_waitingErrors.enqueue(error);
     if (!m_errorPanel)
         showNextError();
     return false;
+}
+
+void QtDialogs::forgetErrors()
+{
+    // What the user has not read yet would only be said twice.
+    if (!m_errorPanel && m_waitingErrors.isEmpty())
+        m_shownErrors.clear();
 }
 
 /// Nobody waits for the panel: whoever met the error goes on without what it wanted, and the desk stays under

@@ -14,9 +14,10 @@ class QtDialogs final : public Dialogs {
 public:
     QtDialogs() = default;
 
-    /// Opens a panel, the first time for each error, and returns at once; further errors wait until it is
-    /// closed. There is no remedy to choose in it, so no error is ever dealt with.
+    /// Opens a panel, once for each text until the errors are forgotten, and returns at once; further errors
+    /// wait until it is closed. There is no remedy to choose in it, so no error is ever dealt with.
     bool presentError(const Error& error) override;
+    void forgetErrors() override;
     int runAlert(
         const QString& messageText, const QString& informativeText, const QStringList& buttons) override;
     /// Starts in the user's documents folder. The file keeps the proposed name's type: another ending that
