@@ -59,14 +59,15 @@ void AppDelegate::versionUpgrade()
     AppProperties& properties = AppProperties::instance();
     const QString stored = properties.version();
     const QString running = properties.bundleVersion();
-    if (stored != kDismissTimeRelease && running == kDismissTimeRelease) {
+    // Compared as numbers, so that 1.0.10 is later than 1.0.9. A missing version is earlier than any; a
+    // downgrade neither lowers what is stored nor resets anything.
+    if (QVersionNumber::fromString(stored) >= QVersionNumber::fromString(running))
+        return;
+    if (running == kDismissTimeRelease) {
         AppProperties::removeValueForKey(QStringLiteral("TimeNotificationDismiss"));
         properties.setDefaultAppSettings();
     }
-    // Compared as numbers, so that 1.0.10 is later than 1.0.9. A downgrade never lowers what is stored.
-    const bool isLater = QVersionNumber::fromString(stored) < QVersionNumber::fromString(running);
-    if (stored.isEmpty() || isLater)
-        properties.setVersion(running);
+    properties.setVersion(running);
 }
 
 void AppDelegate::redirectConsoleLogToDocumentFolder()
