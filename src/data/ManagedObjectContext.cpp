@@ -49,17 +49,34 @@ struct StoredRow {
     ActivityPeriod period;
     double weight;
 };
+
+/// What is asked of one connection; made anew with it.
+struct Statements {
+    explicit Statements(sqlite3* connection)
+        : fetch(connection, fetchQuery().c_str())
+        , count(connection, "SELECT count(*) FROM Activity")
+        , write(connection, kWrite)
+        , begin(connection, "BEGIN IMMEDIATE")
+        , commit(connection, "COMMIT")
+        , rollback(connection, "ROLLBACK")
+        , find(connection, "SELECT id FROM Activity WHERE startDate = ?1 AND isStanding = ?2")
+    {
+    }
+
+    SqlStatement fetch;
+    SqlStatement count;
+    SqlStatement write;
+    SqlStatement begin;
+    SqlStatement commit;
+    SqlStatement rollback;
+    SqlStatement find;
+};
 }
 
 struct ManagedObjectContext::Store {
     explicit Store(std::shared_ptr<PersistentStoreCoordinator> storeCoordinator)
         : coordinator(std::move(storeCoordinator))
-        , fetchStatement(coordinator->connection(), fetchQuery().c_str())
-        , countStatement(coordinator->connection(), "SELECT count(*) FROM Activity")
-        , writeStatement(coordinator->connection(), kWrite)
-        , beginStatement(coordinator->connection(), "BEGIN IMMEDIATE")
-        , commitStatement(coordinator->connection(), "COMMIT")
-        , rollbackStatement(coordinator->connection(), "ROLLBACK")
+        , statements(std::in_place, coordinator->connection())
     {
     }
 
@@ -69,14 +86,11 @@ struct ManagedObjectContext::Store {
     ActivityRef object(ManagedObjectContext& context, const StoredRow& row);
     int write(const Activity& activity);
     int writeAll(std::vector<int64_t>& insertedIds);
+    int64_t rowOf(const Activity& activity);
+    void enterAllAgain();
 
     std::shared_ptr<PersistentStoreCoordinator> coordinator;
-    SqlStatement fetchStatement;
-    SqlStatement countStatement;
-    SqlStatement writeStatement;
-    SqlStatement beginStatement;
-    SqlStatement commitStatement;
-    SqlStatement rollbackStatement;
+    std::optional<Statements> statements;
 
     std::vector<ActivityRef> inserted; ///< Not stored yet, in the order of insertion.
     std::unordered_map<int64_t, ActivityRef> changed; ///< Stored with other values.
@@ -112,27 +126,27 @@ int ManagedObjectContext::Store::visit(const Query& query, RowVisitor visitRow, 
     if (std::isnan(from) || std::isnan(to))
         return SQLITE_OK;
     const std::vector<const ActivityRef*> pending = pendingThatMeet(query);
+    SqlStatement& fetch = statements->fetch;
     auto next = pending.begin();
-    fetchStatement.bind(1, from);
-    fetchStatement.bind(2, to);
+    fetch.bind(1, from);
+    fetch.bind(2, to);
     if (query.isStanding)
-        fetchStatement.bind(3, int64_t(*query.isStanding));
+        fetch.bind(3, int64_t(*query.isStanding));
     else
-        fetchStatement.bindNull(3);
-    fetchStatement.bind(4, std::min(from, to) - kLongestUsualPeriod);
-    fetchStatement.bind(5, std::max(from, to));
-    int result = fetchStatement.step();
-    for (; result == SQLITE_ROW; result = fetchStatement.step()) {
-        const StoredRow row {fetchStatement.integer(0),
-            {Date(fetchStatement.number(1)), Date(fetchStatement.number(2)), fetchStatement.integer(3) != 0},
-            fetchStatement.number(4)};
+        fetch.bindNull(3);
+    fetch.bind(4, std::min(from, to) - kLongestUsualPeriod);
+    fetch.bind(5, std::max(from, to));
+    int result = fetch.step();
+    for (; result == SQLITE_ROW; result = fetch.step()) {
+        const StoredRow row {fetch.integer(0),
+            {Date(fetch.number(1)), Date(fetch.number(2)), fetch.integer(3) != 0}, fetch.number(4)};
         if (!changed.empty() && changed.contains(row.id))
             continue;
         for (; next != pending.end() && (**next)->startDate().isEarlierThanDate(row.period.startDate); ++next)
             visitPending(**next);
         visitRow(row);
     }
-    fetchStatement.reset();
+    fetch.reset();
     for (; next != pending.end(); ++next)
         visitPending(**next);
     return result == SQLITE_DONE ? SQLITE_OK : result;
@@ -155,20 +169,21 @@ ActivityRef ManagedObjectContext::Store::object(ManagedObjectContext& context, c
 
 int ManagedObjectContext::Store::write(const Activity& activity)
 {
+    SqlStatement& statement = statements->write;
     if (activity.m_rowId)
-        writeStatement.bind(1, activity.m_rowId);
+        statement.bind(1, activity.m_rowId);
     else
-        writeStatement.bindNull(1);
-    writeStatement.bind(2, activity.startDate().secondsSince1970());
-    writeStatement.bind(3, activity.endDate().secondsSince1970());
-    writeStatement.bind(4, int64_t(activity.isStanding()));
-    writeStatement.bind(5, activity.weight());
-    return writeStatement.run();
+        statement.bindNull(1);
+    statement.bind(2, activity.startDate().secondsSince1970());
+    statement.bind(3, activity.endDate().secondsSince1970());
+    statement.bind(4, int64_t(activity.isStanding()));
+    statement.bind(5, activity.weight());
+    return statement.run();
 }
 
 int ManagedObjectContext::Store::writeAll(std::vector<int64_t>& insertedIds)
 {
-    int result = beginStatement.run();
+    int result = statements->begin.run();
     for (const ActivityRef& activity : inserted) {
         if (result == SQLITE_OK)
             result = write(*activity);
@@ -178,7 +193,38 @@ int ManagedObjectContext::Store::writeAll(std::vector<int64_t>& insertedIds)
         if (result == SQLITE_OK)
             result = write(*activity);
     }
-    return result == SQLITE_OK ? commitStatement.run() : result;
+    return result == SQLITE_OK ? statements->commit.run() : result;
+}
+
+/// 0 when the store holds no such record.
+int64_t ManagedObjectContext::Store::rowOf(const Activity& activity)
+{
+    SqlStatement& find = statements->find;
+    find.bind(1, activity.startDate().secondsSince1970());
+    find.bind(2, int64_t(activity.isStanding()));
+    const int64_t id = find.step() == SQLITE_ROW ? find.integer(0) : 0;
+    find.reset();
+    return id;
+}
+
+/// Row numbers of another file mean nothing. A copy that was put back, or a disk that is there again, may
+/// hold the same record all the same.
+void ManagedObjectContext::Store::enterAllAgain()
+{
+    const auto known = std::exchange(registered, {});
+    const auto waiting = std::exchange(changed, {});
+    for (const auto& [id, record] : known) {
+        const ActivityRef activity = record.lock();
+        if (!activity)
+            continue;
+        activity->m_rowId = rowOf(*activity);
+        if (activity->m_rowId) {
+            registered[activity->m_rowId] = activity;
+            changed[activity->m_rowId] = activity;
+        } else {
+            inserted.push_back(activity);
+        }
+    }
 }
 
 ManagedObjectContext::ManagedObjectContext(std::shared_ptr<PersistentStoreCoordinator> coordinator)
@@ -219,6 +265,29 @@ bool ManagedObjectContext::hasChanges() const
 
 bool ManagedObjectContext::save(Error& error)
 {
+    if (renewStore(error) && writePending(error))
+        return true;
+    report(error);
+    return false;
+}
+
+bool ManagedObjectContext::renewStore(Error& error)
+{
+    PersistentStoreCoordinator& coordinator = *m_store->coordinator;
+    if (!coordinator.isGone())
+        return true;
+    if (coordinator.connection()) // Said once, however often it has to be tried.
+        report(coordinator.goneError());
+    m_store->statements.reset();
+    const bool isOpen = coordinator.reopen(error);
+    m_store->statements.emplace(coordinator.connection());
+    if (isOpen)
+        m_store->enterAllAgain();
+    return isOpen;
+}
+
+bool ManagedObjectContext::writePending(Error& error)
+{
     if (!hasChanges())
         return true;
     std::vector<int64_t> insertedIds;
@@ -226,7 +295,7 @@ bool ManagedObjectContext::save(Error& error)
     if (result != SQLITE_OK) {
         error = m_store->coordinator->errorForResult(result);
         if (!sqlite3_get_autocommit(m_store->coordinator->connection()))
-            (void)m_store->rollbackStatement.run();
+            (void)m_store->statements->rollback.run();
         return false;
     }
     for (size_t i = 0; i < insertedIds.size(); ++i) {
@@ -237,7 +306,14 @@ bool ManagedObjectContext::save(Error& error)
     // register.
     const auto inserted = std::exchange(m_store->inserted, {});
     const auto changed = std::exchange(m_store->changed, {});
+    report(std::nullopt);
     return true;
+}
+
+void ManagedObjectContext::report(const std::optional<Error>& trouble) const
+{
+    if (m_troubleObserver)
+        m_troubleObserver(trouble);
 }
 
 std::optional<std::vector<ActivityRef>> ManagedObjectContext::fetch(
@@ -267,9 +343,9 @@ bool ManagedObjectContext::forEachPeriod(
 
 uint64_t ManagedObjectContext::count()
 {
-    const bool counted = m_store->countStatement.step() == SQLITE_ROW;
-    const int64_t stored = counted ? m_store->countStatement.integer(0) : 0;
-    m_store->countStatement.reset();
+    const bool counted = m_store->statements->count.step() == SQLITE_ROW;
+    const int64_t stored = counted ? m_store->statements->count.integer(0) : 0;
+    m_store->statements->count.reset();
     return counted ? uint64_t(stored) + m_store->inserted.size() : 0;
 }
 

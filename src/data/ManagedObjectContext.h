@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <utility>
 #include <vector>
 
 class PersistentStoreCoordinator;
@@ -15,6 +16,8 @@ class PersistentStoreCoordinator;
 class ManagedObjectContext {
 public:
     using PeriodVisitor = std::function<void(const ActivityPeriod&)>;
+    /// Told of what a save met, and of nothing once one has succeeded.
+    using TroubleObserver = std::function<void(const std::optional<Error>& trouble)>;
 
     explicit ManagedObjectContext(std::shared_ptr<PersistentStoreCoordinator> coordinator);
     ~ManagedObjectContext();
@@ -31,7 +34,11 @@ public:
     [[nodiscard]] bool commitEditing() const { return true; }
     /// Writes all pending records in one transaction and is on disk when it answers true. On failure
     /// everything stays pending and `error` says why. Waits at most a tenth of a second for another program.
+    ///
+    /// A store whose file has gone or was replaced is opened anew first. The records that are pending or held
+    /// by somebody, such as the open period, are saved into the new one.
     bool save(Error& error);
+    void setTroubleObserver(TroubleObserver observer) { m_troubleObserver = std::move(observer); }
 
     /// Records that meet the interval (see ActivityPeriod::meets()) by start date, pending ones after stored
     /// ones of the same start; nothing and `error` on failure.
@@ -48,7 +55,11 @@ private:
     friend class Activity;
     void recordChanged(const Activity& activity);
     void forget(const Activity& activity);
+    bool renewStore(Error& error);
+    bool writePending(Error& error);
+    void report(const std::optional<Error>& trouble) const;
 
     struct Store;
     std::unique_ptr<Store> m_store;
+    TroubleObserver m_troubleObserver;
 };

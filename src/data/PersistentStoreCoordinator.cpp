@@ -8,15 +8,19 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <cerrno>
 #include <cstdint>
+#include <fcntl.h>
 #include <filesystem>
 #include <sqlite3.h>
+#include <sys/stat.h>
 #include <system_error>
+#include <unistd.h>
 #include <utility>
 
 namespace {
 /// Result codes of our own, beside SQLite's: what only this program can tell of a file.
-enum StoreResult { NotAFile = 1001, LogWithoutStore, ForeignStore, NewerStore };
+enum StoreResult { NotAFile = 1001, LogWithoutStore, ForeignStore, NewerStore, StoreGone };
 
 /// The main thread never waits longer than this for another program that holds the store.
 constexpr int kBusyTimeoutMilliseconds = 100;
@@ -91,12 +95,15 @@ Meaning meaningOfStoreResult(int result)
     }
 }
 
-Error makeError(int result, const Meaning& meaning, const QString& path)
+QString localized(const char* key)
 {
-    const Bundle& texts = Bundle::main();
-    return {QStringLiteral("SQLite"), result,
-        texts.localizedString(QString::fromLatin1(meaning.description)).arg(QDir::toNativeSeparators(path)),
-        texts.localizedString(QString::fromLatin1(meaning.advice))};
+    return Bundle::main().localizedString(QString::fromLatin1(key));
+}
+
+Error makeError(int result, const char* description, const QString& reason, const QString& path)
+{
+    return {
+        QStringLiteral("SQLite"), result, localized(description).arg(QDir::toNativeSeparators(path)), reason};
 }
 }
 
@@ -104,17 +111,7 @@ std::unique_ptr<PersistentStoreCoordinator> PersistentStoreCoordinator::open(
     const QString& path, Error& error)
 {
     std::unique_ptr<PersistentStoreCoordinator> coordinator(new PersistentStoreCoordinator(path));
-    using Step = int (PersistentStoreCoordinator::*)();
-    for (const Step step : {&PersistentStoreCoordinator::checkFile, &PersistentStoreCoordinator::connect,
-             &PersistentStoreCoordinator::identify, &PersistentStoreCoordinator::checkPages,
-             &PersistentStoreCoordinator::prepareForWriting}) {
-        const int result = (*coordinator.*step)();
-        if (result != SQLITE_OK) {
-            error = coordinator->errorForResult(result);
-            return nullptr;
-        }
-    }
-    return coordinator;
+    return coordinator->reopen(error) ? std::move(coordinator) : nullptr;
 }
 
 PersistentStoreCoordinator::PersistentStoreCoordinator(QString path)
@@ -124,7 +121,72 @@ PersistentStoreCoordinator::PersistentStoreCoordinator(QString path)
 
 PersistentStoreCoordinator::~PersistentStoreCoordinator()
 {
-    sqlite3_close(m_connection);
+    close();
+}
+
+void PersistentStoreCoordinator::close()
+{
+    sqlite3_close(std::exchange(m_connection, nullptr));
+    if (m_lock >= 0)
+        ::close(std::exchange(m_lock, -1));
+    m_file = 0;
+}
+
+bool PersistentStoreCoordinator::isGone() const
+{
+    if (!m_file)
+        return true;
+    struct stat now { };
+    if (stat(QFile::encodeName(m_path).constData(), &now) != 0)
+        return errno == ENOENT || errno == ENOTDIR;
+    return now.st_ino != m_file || now.st_dev != m_fileSystem;
+}
+
+Error PersistentStoreCoordinator::goneError() const
+{
+    return makeError(StoreGone, "StoreGone", localized("StoreGoneReason"), m_path);
+}
+
+bool PersistentStoreCoordinator::reopen(Error& error)
+{
+    // A file that was moved away takes its last records with it; its log would stay behind in the way of the
+    // new store.
+    if (m_file)
+        sqlite3_wal_checkpoint_v2(m_connection, nullptr, SQLITE_CHECKPOINT_TRUNCATE, nullptr, nullptr);
+    close();
+    QDir().mkpath(QFileInfo(m_path).absolutePath());
+    using Step = int (PersistentStoreCoordinator::*)();
+    for (const Step step : {&PersistentStoreCoordinator::lock, &PersistentStoreCoordinator::checkFile,
+             &PersistentStoreCoordinator::connect, &PersistentStoreCoordinator::identify,
+             &PersistentStoreCoordinator::checkPages, &PersistentStoreCoordinator::prepareForWriting,
+             &PersistentStoreCoordinator::remember}) {
+        const int result = (this->*step)();
+        if (result == SQLITE_OK)
+            continue;
+        error = errorForResult(result);
+        close();
+        return false;
+    }
+    return true;
+}
+
+/// The kernel lets go of the lock however the program ends.
+int PersistentStoreCoordinator::lock()
+{
+    const QByteArray path = QFile::encodeName(m_path + QStringLiteral(".lock"));
+    m_lock = ::open(path.constData(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    if (m_lock >= 0 && lockf(m_lock, F_TLOCK, 0) == 0)
+        return SQLITE_OK;
+    switch (errno) {
+    case EACCES:
+    case EAGAIN:
+        return m_lock >= 0 ? SQLITE_BUSY : SQLITE_CANTOPEN;
+    case ENOSPC:
+    case EDQUOT:
+        return SQLITE_FULL;
+    default:
+        return SQLITE_CANTOPEN;
+    }
 }
 
 int PersistentStoreCoordinator::checkFile()
@@ -212,6 +274,16 @@ int PersistentStoreCoordinator::prepareForWriting()
     return result;
 }
 
+int PersistentStoreCoordinator::remember()
+{
+    struct stat file { };
+    if (stat(QFile::encodeName(m_path).constData(), &file) != 0)
+        return SQLITE_CANTOPEN;
+    m_fileSystem = file.st_dev;
+    m_file = file.st_ino;
+    return SQLITE_OK;
+}
+
 int PersistentStoreCoordinator::execute(const char* sql)
 {
     return sqlite3_exec(m_connection, sql, nullptr, nullptr, nullptr);
@@ -229,10 +301,15 @@ int PersistentStoreCoordinator::queryInteger(const char* sql, int& value)
 
 Error PersistentStoreCoordinator::errorForResult(int result) const
 {
-    if (result >= NotAFile && result <= NewerStore)
-        return makeError(result, meaningOfStoreResult(result), m_path);
+    // Before the store is open there is nothing that could be kept.
+    const QString consequence = QLatin1Char(' ') + localized(m_file ? "StoreKept" : "StoreNothingRecorded");
+    if (result >= NotAFile && result <= NewerStore) {
+        const Meaning meaning = meaningOfStoreResult(result);
+        return makeError(result, meaning.description, localized(meaning.advice) + consequence, m_path);
+    }
     const bool isLatest = m_connection && sqlite3_extended_errcode(m_connection) == result;
     const char* reason = isLatest ? sqlite3_errmsg(m_connection) : sqlite3_errstr(result);
     Log::line(QStringLiteral("SQLite answers %1: %2").arg(result).arg(QString::fromUtf8(reason)));
-    return makeError(result, meaningOfResult(isDiskFull(result, m_path) ? SQLITE_FULL : result), m_path);
+    const Meaning meaning = meaningOfResult(isDiskFull(result, m_path) ? SQLITE_FULL : result);
+    return makeError(result, meaning.description, localized(meaning.advice) + consequence, m_path);
 }

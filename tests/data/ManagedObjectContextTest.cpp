@@ -2,8 +2,12 @@
 
 #include "fakes/TestStore.h"
 
+#include <QDir>
+
 #include <algorithm>
 #include <csignal>
+#include <cstdio>
+#include <functional>
 #include <map>
 #include <random>
 #include <set>
@@ -203,6 +207,61 @@ TEST_F(ManagedObjectContextTest, aRecordDeletedByAnotherProgramComesBackWithItsC
     ASSERT_TRUE(store.context->save(error));
     store.reopen();
     EXPECT_EQ(store.all().at(0)->endDate(), Date(1150));
+}
+
+/// Whatever becomes of the file, the record that somebody holds and those that wait are in the one that lies
+/// there afterwards, and what was taken away is whole.
+TEST_F(ManagedObjectContextTest, aStoreThatIsGoneIsBegunAnewWithTheOpenRecord)
+{
+    const QString aside = platform.folder.filePath(QStringLiteral("aside"));
+    const QString folder = QFileInfo(store.path).absolutePath();
+    const struct {
+        const char* name;
+        std::function<void()> spoil;
+        QStringList reports;
+        size_t records;
+    } kCases[] = {
+        {"deleted with its folder", [&] { QDir(folder).removeRecursively(); }, {"StoreGone", "saved"}, 2},
+        {"moved away", [&] { EXPECT_TRUE(QFile::rename(store.path, aside)); }, {"StoreGone", "saved"}, 2},
+        {"replaced by a copy with the open record",
+            [&] { std::rename(qPrintable(aside), qPrintable(store.path)); }, {"StoreGone", "saved"}, 3},
+        {"replaced by something else",
+            [&] {
+                QFile file(aside);
+                EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write("no store") == 8);
+                file.close();
+                std::rename(qPrintable(aside), qPrintable(store.path));
+            },
+            {"StoreGone", "StoreDamaged", "StoreDamaged"}, 0},
+        {"that taken away again", [&] { QFile::remove(store.path); }, {"saved"}, 3},
+    };
+    QStringList reports;
+    store.context->setTroubleObserver([&](const std::optional<Error>& trouble) {
+        reports.append(trouble ? trouble->localizedDescription : QStringLiteral("saved"));
+    });
+    store.insert(100, 200, false);
+    const ActivityRef open = store.insert(1000, 1100, true, 71.5);
+    ASSERT_TRUE(store.context->save(error));
+    double end = 1100;
+    for (const auto& row : kCases) {
+        SCOPED_TRACE(row.name);
+        reports.clear();
+        row.spoil();
+        open->setEndDate(Date(end += 15));
+        store.insert(end + 5000, end + 5001, true);
+        for (int pulse = 0; pulse < 2; ++pulse)
+            EXPECT_EQ(store.context->save(error), row.records > 0);
+        EXPECT_EQ(reports, row.reports);
+        if (row.records == 0)
+            continue;
+        const auto all = store.all();
+        ASSERT_EQ(all.size(), row.records);
+        const auto found = std::find(all.begin(), all.end(), open);
+        ASSERT_NE(found, all.end()) << "still the same object";
+        TestStore other(platform);
+        EXPECT_EQ(other.all().size(), row.records) << "on disk";
+        EXPECT_EQ(other.all().at(size_t(found - all.begin()))->endDate(), Date(end));
+    }
 }
 
 namespace {

@@ -5,9 +5,11 @@
 #include <QDir>
 #include <QFile>
 
+#include <csignal>
 #include <functional>
 #include <random>
 #include <sqlite3.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace {
@@ -191,8 +193,6 @@ TEST_F(PersistentStoreCoordinatorTest, refusesAPlaceThatIsNoFile)
     ASSERT_TRUE(QDir().mkpath(path));
     EXPECT_FALSE(open());
     EXPECT_TRUE(error.localizedDescription.contains(QStringLiteral("StoreNotAFile")));
-    EXPECT_FALSE(
-        PersistentStoreCoordinator::open(platform.folder.filePath(QStringLiteral("none/store")), error));
 }
 
 TEST_F(PersistentStoreCoordinatorTest, refusesWhatItMayNotWrite)
@@ -241,6 +241,29 @@ TEST_F(PersistentStoreCoordinatorTest, doesNotWaitForAnotherProgramThatKeepsTheS
     EXPECT_TRUE(error.localizedDescription.contains(QStringLiteral("StoreInUse")))
         << qPrintable(error.localizedDescription);
     sqlite3_close(other);
+    EXPECT_TRUE(open());
+}
+
+/// Two programs over one store, each of which would end the other's periods in its own way.
+TEST_F(PersistentStoreCoordinatorTest, leavesTheStoreToTheProgramThatRecordsIntoIt)
+{
+    int ready[2];
+    ASSERT_EQ(pipe(ready), 0);
+    const pid_t other = fork();
+    if (other == 0) {
+        const auto coordinator = open();
+        EXPECT_EQ(write(ready[1], "x", 1), 1);
+        pause();
+        _exit(0);
+    }
+    char byte = 0;
+    ASSERT_EQ(read(ready[0], &byte, 1), 1);
+    EXPECT_FALSE(open());
+    EXPECT_TRUE(error.localizedDescription.contains(QStringLiteral("StoreInUse")))
+        << qPrintable(error.localizedDescription);
+    EXPECT_TRUE(error.failureReason.endsWith(QStringLiteral(" StoreNothingRecorded")));
+    kill(other, SIGKILL);
+    waitpid(other, nullptr, 0);
     EXPECT_TRUE(open());
 }
 

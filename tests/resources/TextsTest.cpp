@@ -41,6 +41,7 @@ const QMap<QString, QStringList> kPlaceholders = {
     {QStringLiteral("StoreMissingBesideLog"), {QStringLiteral("%1")}},
     {QStringLiteral("StoreTooNew"), {QStringLiteral("%1")}},
     {QStringLiteral("StoreForeign"), {QStringLiteral("%1")}},
+    {QStringLiteral("StoreGone"), {QStringLiteral("%1")}},
 };
 
 Texts readTexts(const QString& language)

@@ -109,25 +109,44 @@
         <extracomment>%1: path</extracomment>
         <translation>Die Datei an der Stelle der Aufzeichnung der Aktivitäten enthält etwas anderes (%1).</translation>
     </message>
+    <message id="StoreGone">
+        <source>The record of your activities was removed or replaced while the program was running (%1).</source>
+        <extracomment>%1: path</extracomment>
+        <translation>Die Aufzeichnung der Aktivitäten wurde entfernt oder ersetzt, während das Programm lief (%1).</translation>
+    </message>
+    <message id="StoreGoneReason">
+        <source>The program goes on with the file that is there now, or with a new one. The present period is in it.</source>
+        <translation>Das Programm fährt mit der Datei fort, die jetzt dort ist, oder mit einer neuen. Der laufende Zeitraum ist darin enthalten.</translation>
+    </message>
     <message id="StoreAdviceReplace">
-        <source>Nothing is recorded until then: put a copy from your backup in its place, or move the file away to begin with an empty record, and start the program again.</source>
-        <translation>Bis dahin wird nichts aufgezeichnet: eine Sicherungskopie an diese Stelle legen, oder die Datei verschieben, um mit einer leeren Aufzeichnung zu beginnen, dann das Programm neu starten.</translation>
+        <source>Put a copy from your backup in its place, or move the file away to begin with an empty record.</source>
+        <translation>Eine Sicherungskopie an diese Stelle legen, oder die Datei verschieben, um mit einer leeren Aufzeichnung zu beginnen.</translation>
     </message>
     <message id="StoreAdviceMakeRoom">
-        <source>Make room on the disk. What could not be saved is kept while the program runs, and saved as soon as there is space.</source>
-        <translation>Platz schaffen hilft: Was nicht gespeichert werden konnte, bleibt erhalten, solange das Programm läuft, und wird gespeichert, sobald es geht.</translation>
+        <source>Make room on the disk.</source>
+        <translation>Platz schaffen hilft.</translation>
     </message>
     <message id="StoreAdviceCloseOther">
-        <source>Close the other program. What could not be saved is kept, and saved as soon as this is possible.</source>
-        <translation>Das andere Programm schließen. Was nicht gespeichert werden konnte, bleibt erhalten und wird gespeichert, sobald es geht.</translation>
+        <source>Close the other program.</source>
+        <translation>Das andere Programm schließen.</translation>
     </message>
     <message id="StoreAdvicePermissions">
-        <source>Check the permissions of the file and of its folder, and whether the disk is in order. Nothing is recorded until the program can write there.</source>
-        <translation>Nichts wird aufgezeichnet, bis das Programm dort schreiben kann. Die Zugriffsrechte der Datei und des Ordners prüfen, und ob der Datenträger in Ordnung ist.</translation>
+        <source>Check the permissions of the file and of its folder, and whether the disk is in order.</source>
+        <translation>Die Zugriffsrechte der Datei und des Ordners prüfen, und ob der Datenträger in Ordnung ist.</translation>
     </message>
     <message id="StoreAdviceNewerProgram">
-        <source>Install the newer version again. Nothing is recorded until then.</source>
-        <translation>Die neuere Version wieder installieren. Bis dahin wird nichts aufgezeichnet.</translation>
+        <source>Install the newer version again.</source>
+        <translation>Die neuere Version wieder installieren.</translation>
+    </message>
+    <message id="StoreNothingRecorded">
+        <source>Nothing is recorded until then; the program tries again by itself.</source>
+        <extracomment>Stands behind one of the advices above, where the record cannot be opened</extracomment>
+        <translation>Bis dahin wird nichts aufgezeichnet; das Programm versucht es von selbst wieder.</translation>
+    </message>
+    <message id="StoreKept">
+        <source>What could not be saved is kept while the program runs, and saved as soon as this is possible.</source>
+        <extracomment>Stands behind one of the advices above, where the record cannot be saved</extracomment>
+        <translation>Was nicht gespeichert werden konnte, bleibt erhalten, solange das Programm läuft, und wird gespeichert, sobald es geht.</translation>
     </message>
     <message id="DataFolderError">
         <source>The folder for the program’s data cannot be used: %1</source>
@@ -135,8 +154,8 @@
         <translation>Der Ordner für die Programmdaten ist nicht benutzbar: %1</translation>
     </message>
     <message id="DataFolderAdvice">
-        <source>Nothing is recorded until it can be used. Move what is in its place away, or allow the program to write there, and start the program again.</source>
-        <translation>Solange das so ist, wird nichts aufgezeichnet. Was an der Stelle des Ordners liegt, verschieben oder das Schreiben dort erlauben, dann das Programm neu starten.</translation>
+        <source>Nothing is recorded until it can be used. Move what is in its place away, or allow the program to write there; it tries again by itself.</source>
+        <translation>Solange das so ist, wird nichts aufgezeichnet. Was an der Stelle des Ordners liegt, verschieben oder das Schreiben dort erlauben; das Programm versucht es von selbst wieder.</translation>
     </message>
     <!-- Errors that the desk reports -->
     <message id="Error &#10;">

@@ -109,25 +109,44 @@
         <extracomment>%1: path</extracomment>
         <translation>The file in the place of the record of your activities holds something else (%1).</translation>
     </message>
+    <message id="StoreGone">
+        <source></source>
+        <extracomment>%1: path</extracomment>
+        <translation>The record of your activities was removed or replaced while the program was running (%1).</translation>
+    </message>
+    <message id="StoreGoneReason">
+        <source></source>
+        <translation>The program goes on with the file that is there now, or with a new one. The present period is in it.</translation>
+    </message>
     <message id="StoreAdviceReplace">
         <source></source>
-        <translation>Nothing is recorded until then: put a copy from your backup in its place, or move the file away to begin with an empty record, and start the program again.</translation>
+        <translation>Put a copy from your backup in its place, or move the file away to begin with an empty record.</translation>
     </message>
     <message id="StoreAdviceMakeRoom">
         <source></source>
-        <translation>Make room on the disk. What could not be saved is kept while the program runs, and saved as soon as there is space.</translation>
+        <translation>Make room on the disk.</translation>
     </message>
     <message id="StoreAdviceCloseOther">
         <source></source>
-        <translation>Close the other program. What could not be saved is kept, and saved as soon as this is possible.</translation>
+        <translation>Close the other program.</translation>
     </message>
     <message id="StoreAdvicePermissions">
         <source></source>
-        <translation>Check the permissions of the file and of its folder, and whether the disk is in order. Nothing is recorded until the program can write there.</translation>
+        <translation>Check the permissions of the file and of its folder, and whether the disk is in order.</translation>
     </message>
     <message id="StoreAdviceNewerProgram">
         <source></source>
-        <translation>Install the newer version again. Nothing is recorded until then.</translation>
+        <translation>Install the newer version again.</translation>
+    </message>
+    <message id="StoreNothingRecorded">
+        <source></source>
+        <extracomment>Stands behind one of the advices above, where the record cannot be opened</extracomment>
+        <translation>Nothing is recorded until then; the program tries again by itself.</translation>
+    </message>
+    <message id="StoreKept">
+        <source></source>
+        <extracomment>Stands behind one of the advices above, where the record cannot be saved</extracomment>
+        <translation>What could not be saved is kept while the program runs, and saved as soon as this is possible.</translation>
     </message>
     <message id="DataFolderError">
         <source></source>
@@ -136,7 +155,7 @@
     </message>
     <message id="DataFolderAdvice">
         <source></source>
-        <translation>Nothing is recorded until it can be used. Move what is in its place away, or allow the program to write there, and start the program again.</translation>
+        <translation>Nothing is recorded until it can be used. Move what is in its place away, or allow the program to write there; it tries again by itself.</translation>
     </message>
     <!-- Errors that the desk reports -->
     <message id="Error &#10;">

@@ -109,25 +109,44 @@
         <extracomment>%1: path</extracomment>
         <translation>El archivo en el lugar del registro de actividades contiene otra cosa (%1).</translation>
     </message>
+    <message id="StoreGone">
+        <source>The record of your activities was removed or replaced while the program was running (%1).</source>
+        <extracomment>%1: path</extracomment>
+        <translation>El registro de actividades se ha eliminado o sustituido mientras el programa funcionaba (%1).</translation>
+    </message>
+    <message id="StoreGoneReason">
+        <source>The program goes on with the file that is there now, or with a new one. The present period is in it.</source>
+        <translation>El programa continúa con el archivo que hay ahora, o con uno nuevo, que contiene el periodo en curso.</translation>
+    </message>
     <message id="StoreAdviceReplace">
-        <source>Nothing is recorded until then: put a copy from your backup in its place, or move the file away to begin with an empty record, and start the program again.</source>
-        <translation>Hasta entonces no se registra nada: poner en este lugar una copia de seguridad, o mover el archivo para empezar con un registro vacío, y volver a iniciar el programa.</translation>
+        <source>Put a copy from your backup in its place, or move the file away to begin with an empty record.</source>
+        <translation>Poner en este lugar una copia de seguridad, o mover el archivo para empezar con un registro vacío.</translation>
     </message>
     <message id="StoreAdviceMakeRoom">
-        <source>Make room on the disk. What could not be saved is kept while the program runs, and saved as soon as there is space.</source>
-        <translation>Basta con liberar espacio. Lo que no se ha podido guardar se conserva mientras el programa funcione, y se guardará en cuanto sea posible.</translation>
+        <source>Make room on the disk.</source>
+        <translation>Basta con liberar espacio.</translation>
     </message>
     <message id="StoreAdviceCloseOther">
-        <source>Close the other program. What could not be saved is kept, and saved as soon as this is possible.</source>
-        <translation>Cerrar el otro programa. Lo que no se ha podido guardar se conserva, y se guardará en cuanto sea posible.</translation>
+        <source>Close the other program.</source>
+        <translation>Cerrar el otro programa.</translation>
     </message>
     <message id="StoreAdvicePermissions">
-        <source>Check the permissions of the file and of its folder, and whether the disk is in order. Nothing is recorded until the program can write there.</source>
-        <translation>No se registra nada hasta que el programa pueda escribir allí. Comprobar los permisos del archivo y de la carpeta, y si el disco está en orden.</translation>
+        <source>Check the permissions of the file and of its folder, and whether the disk is in order.</source>
+        <translation>Comprobar los permisos del archivo y de la carpeta, y si el disco está en orden.</translation>
     </message>
     <message id="StoreAdviceNewerProgram">
-        <source>Install the newer version again. Nothing is recorded until then.</source>
-        <translation>Volver a instalar la versión más reciente. Hasta entonces no se registra nada.</translation>
+        <source>Install the newer version again.</source>
+        <translation>Volver a instalar la versión más reciente.</translation>
+    </message>
+    <message id="StoreNothingRecorded">
+        <source>Nothing is recorded until then; the program tries again by itself.</source>
+        <extracomment>Stands behind one of the advices above, where the record cannot be opened</extracomment>
+        <translation>Hasta entonces no se registra nada; el programa lo vuelve a intentar por sí solo.</translation>
+    </message>
+    <message id="StoreKept">
+        <source>What could not be saved is kept while the program runs, and saved as soon as this is possible.</source>
+        <extracomment>Stands behind one of the advices above, where the record cannot be saved</extracomment>
+        <translation>Lo que no se ha podido guardar se conserva mientras el programa funcione, y se guardará en cuanto sea posible.</translation>
     </message>
     <message id="DataFolderError">
         <source>The folder for the program’s data cannot be used: %1</source>
@@ -135,8 +154,8 @@
         <translation>No se puede utilizar la carpeta de datos del programa: %1</translation>
     </message>
     <message id="DataFolderAdvice">
-        <source>Nothing is recorded until it can be used. Move what is in its place away, or allow the program to write there, and start the program again.</source>
-        <translation>Hasta entonces no se registra nada. Mover lo que ocupa el lugar de la carpeta o permitir la escritura, y volver a iniciar el programa.</translation>
+        <source>Nothing is recorded until it can be used. Move what is in its place away, or allow the program to write there; it tries again by itself.</source>
+        <translation>Hasta entonces no se registra nada. Mover lo que ocupa el lugar de la carpeta o permitir la escritura; el programa lo vuelve a intentar por sí solo.</translation>
     </message>
     <!-- Errors that the desk reports -->
     <message id="Error &#10;">

@@ -109,25 +109,44 @@
         <extracomment>%1: path</extracomment>
         <translation>Le fichier à la place de l’enregistrement des activités contient autre chose (%1).</translation>
     </message>
+    <message id="StoreGone">
+        <source>The record of your activities was removed or replaced while the program was running (%1).</source>
+        <extracomment>%1: path</extracomment>
+        <translation>L’historique des activités a été supprimé ou remplacé pendant que le programme tournait (%1).</translation>
+    </message>
+    <message id="StoreGoneReason">
+        <source>The program goes on with the file that is there now, or with a new one. The present period is in it.</source>
+        <translation>Le programme continue avec le fichier qui s’y trouve maintenant, ou avec un nouveau. La période en cours y figure.</translation>
+    </message>
     <message id="StoreAdviceReplace">
-        <source>Nothing is recorded until then: put a copy from your backup in its place, or move the file away to begin with an empty record, and start the program again.</source>
-        <translation>Rien n’est enregistré jusque-là. Mettre à sa place une copie de sauvegarde, ou déplacer le fichier pour repartir d’un historique vide, puis relancer le programme.</translation>
+        <source>Put a copy from your backup in its place, or move the file away to begin with an empty record.</source>
+        <translation>Mettre à sa place une copie de sauvegarde, ou déplacer le fichier pour repartir d’un historique vide.</translation>
     </message>
     <message id="StoreAdviceMakeRoom">
-        <source>Make room on the disk. What could not be saved is kept while the program runs, and saved as soon as there is space.</source>
-        <translation>Il suffit de libérer de la place. Ce qui n’a pas pu être enregistré est gardé tant que le programme tourne, et enregistré dès que possible.</translation>
+        <source>Make room on the disk.</source>
+        <translation>Il suffit de libérer de la place.</translation>
     </message>
     <message id="StoreAdviceCloseOther">
-        <source>Close the other program. What could not be saved is kept, and saved as soon as this is possible.</source>
-        <translation>Fermer l’autre programme. Ce qui n’a pas pu être enregistré est gardé, et enregistré dès que possible.</translation>
+        <source>Close the other program.</source>
+        <translation>Fermer l’autre programme.</translation>
     </message>
     <message id="StoreAdvicePermissions">
-        <source>Check the permissions of the file and of its folder, and whether the disk is in order. Nothing is recorded until the program can write there.</source>
-        <translation>Rien n’est enregistré tant que le programme ne peut pas y écrire. Vérifier les droits du fichier et de son dossier, et l’état du disque.</translation>
+        <source>Check the permissions of the file and of its folder, and whether the disk is in order.</source>
+        <translation>Vérifier les droits du fichier et de son dossier, et l’état du disque.</translation>
     </message>
     <message id="StoreAdviceNewerProgram">
-        <source>Install the newer version again. Nothing is recorded until then.</source>
-        <translation>Réinstaller la version la plus récente. Rien n’est enregistré jusque-là.</translation>
+        <source>Install the newer version again.</source>
+        <translation>Réinstaller la version la plus récente.</translation>
+    </message>
+    <message id="StoreNothingRecorded">
+        <source>Nothing is recorded until then; the program tries again by itself.</source>
+        <extracomment>Stands behind one of the advices above, where the record cannot be opened</extracomment>
+        <translation>Rien n’est enregistré jusque-là ; le programme réessaie de lui-même.</translation>
+    </message>
+    <message id="StoreKept">
+        <source>What could not be saved is kept while the program runs, and saved as soon as this is possible.</source>
+        <extracomment>Stands behind one of the advices above, where the record cannot be saved</extracomment>
+        <translation>Ce qui n’a pas pu être enregistré est gardé tant que le programme tourne, et enregistré dès que possible.</translation>
     </message>
     <message id="DataFolderError">
         <source>The folder for the program’s data cannot be used: %1</source>
@@ -135,8 +154,8 @@
         <translation>Le dossier des données du programme est inutilisable : %1</translation>
     </message>
     <message id="DataFolderAdvice">
-        <source>Nothing is recorded until it can be used. Move what is in its place away, or allow the program to write there, and start the program again.</source>
-        <translation>Rien n’est enregistré jusque-là. Déplacer ce qui se trouve à sa place ou autoriser l’écriture, puis relancer le programme.</translation>
+        <source>Nothing is recorded until it can be used. Move what is in its place away, or allow the program to write there; it tries again by itself.</source>
+        <translation>Rien n’est enregistré jusque-là. Déplacer ce qui se trouve à sa place ou autoriser l’écriture ; le programme réessaie de lui-même.</translation>
     </message>
     <!-- Errors that the desk reports -->
     <message id="Error &#10;">

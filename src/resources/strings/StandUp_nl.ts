@@ -109,25 +109,44 @@
         <extracomment>%1: path</extracomment>
         <translation>Het bestand op de plaats van de registratie van de activiteiten bevat iets anders (%1).</translation>
     </message>
+    <message id="StoreGone">
+        <source>The record of your activities was removed or replaced while the program was running (%1).</source>
+        <extracomment>%1: path</extracomment>
+        <translation>Het overzicht van de activiteiten is verwijderd of vervangen terwijl het programma liep (%1).</translation>
+    </message>
+    <message id="StoreGoneReason">
+        <source>The program goes on with the file that is there now, or with a new one. The present period is in it.</source>
+        <translation>Het programma gaat verder met het bestand dat er nu staat, of met een nieuw. De lopende periode staat erin.</translation>
+    </message>
     <message id="StoreAdviceReplace">
-        <source>Nothing is recorded until then: put a copy from your backup in its place, or move the file away to begin with an empty record, and start the program again.</source>
-        <translation>Tot dan wordt niets vastgelegd: zet een reservekopie op deze plek, of verplaats het bestand om met een leeg overzicht te beginnen, en start het programma opnieuw.</translation>
+        <source>Put a copy from your backup in its place, or move the file away to begin with an empty record.</source>
+        <translation>Zet een reservekopie op deze plek, of verplaats het bestand om met een leeg overzicht te beginnen.</translation>
     </message>
     <message id="StoreAdviceMakeRoom">
-        <source>Make room on the disk. What could not be saved is kept while the program runs, and saved as soon as there is space.</source>
-        <translation>Ruimte vrijmaken helpt. Wat niet kon worden opgeslagen, blijft bewaard zolang het programma loopt, en wordt opgeslagen zodra dat kan.</translation>
+        <source>Make room on the disk.</source>
+        <translation>Ruimte vrijmaken helpt.</translation>
     </message>
     <message id="StoreAdviceCloseOther">
-        <source>Close the other program. What could not be saved is kept, and saved as soon as this is possible.</source>
-        <translation>Sluit het andere programma. Wat niet kon worden opgeslagen, blijft bewaard en wordt opgeslagen zodra dat kan.</translation>
+        <source>Close the other program.</source>
+        <translation>Sluit het andere programma.</translation>
     </message>
     <message id="StoreAdvicePermissions">
-        <source>Check the permissions of the file and of its folder, and whether the disk is in order. Nothing is recorded until the program can write there.</source>
-        <translation>Er wordt niets vastgelegd tot het programma daar kan schrijven. Controleer de rechten van het bestand en van de map, en of de schijf in orde is.</translation>
+        <source>Check the permissions of the file and of its folder, and whether the disk is in order.</source>
+        <translation>Controleer de rechten van het bestand en van de map, en of de schijf in orde is.</translation>
     </message>
     <message id="StoreAdviceNewerProgram">
-        <source>Install the newer version again. Nothing is recorded until then.</source>
-        <translation>Installeer de nieuwere versie opnieuw. Tot dan wordt niets vastgelegd.</translation>
+        <source>Install the newer version again.</source>
+        <translation>Installeer de nieuwere versie opnieuw.</translation>
+    </message>
+    <message id="StoreNothingRecorded">
+        <source>Nothing is recorded until then; the program tries again by itself.</source>
+        <extracomment>Stands behind one of the advices above, where the record cannot be opened</extracomment>
+        <translation>Tot dan wordt niets vastgelegd; het programma probeert het vanzelf opnieuw.</translation>
+    </message>
+    <message id="StoreKept">
+        <source>What could not be saved is kept while the program runs, and saved as soon as this is possible.</source>
+        <extracomment>Stands behind one of the advices above, where the record cannot be saved</extracomment>
+        <translation>Wat niet kon worden opgeslagen, blijft bewaard zolang het programma loopt, en wordt opgeslagen zodra dat kan.</translation>
     </message>
     <message id="DataFolderError">
         <source>The folder for the program’s data cannot be used: %1</source>
@@ -135,8 +154,8 @@
         <translation>De map voor de programmagegevens is niet bruikbaar: %1</translation>
     </message>
     <message id="DataFolderAdvice">
-        <source>Nothing is recorded until it can be used. Move what is in its place away, or allow the program to write there, and start the program again.</source>
-        <translation>Tot dan wordt niets vastgelegd. Verplaats wat op de plek van de map staat of sta schrijven daar toe, en start het programma opnieuw.</translation>
+        <source>Nothing is recorded until it can be used. Move what is in its place away, or allow the program to write there; it tries again by itself.</source>
+        <translation>Tot dan wordt niets vastgelegd. Verplaats wat op de plek van de map staat of sta schrijven daar toe; het programma probeert het vanzelf opnieuw.</translation>
     </message>
     <!-- Errors that the desk reports -->
     <message id="Error &#10;">
