@@ -26,6 +26,9 @@ public:
     [[nodiscard]] double weight() const { return m_weight; }
     void setWeight(double weight);
 
+    /// Whether the record has been saved at least once.
+    [[nodiscard]] bool isStored() const { return m_rowId != 0; }
+
     [[nodiscard]] const ActivityPeriod& period() const { return m_period; }
 
     /// Ends the period (now, unless the caller knows better) and saves its context. False (and one log line)

@@ -43,6 +43,18 @@ ActivityPersister::ActivityPersister(std::shared_ptr<ManagedObjectContext> conte
 {
 }
 
+ActivityPersister::ActivityPersister(ManagedObjectContextProvider provider)
+    : m_provider(std::move(provider))
+{
+}
+
+const std::shared_ptr<ManagedObjectContext>& ActivityPersister::context()
+{
+    if (!m_context && m_provider)
+        m_context = m_provider();
+    return m_context;
+}
+
 ActivityRef ActivityPersister::createWithStartDate(
     Date startDate, Date endDate, bool isStanding, double weight)
 {
@@ -50,7 +62,8 @@ ActivityRef ActivityPersister::createWithStartDate(
                   .arg(textForDate(startDate), textForDate(endDate))
                   .arg(int(isStanding))
                   .arg(weight, 0, 'f', 6));
-    if (!m_context) {
+    m_unsavedActivity.reset();
+    if (!context()) {
         logStoreError(ManagedObjectContext::missingError());
         return nullptr;
     }
@@ -63,7 +76,10 @@ ActivityRef ActivityPersister::createWithStartDate(
     activity->setEndDate(endDate);
     activity->setWeight(weight);
     activity->setIsStanding(isStanding);
-    return save() ? activity : nullptr;
+    if (save())
+        return activity;
+    m_unsavedActivity = activity;
+    return nullptr;
 }
 
 ActivityRef ActivityPersister::createIsStanding(bool isStanding)
@@ -75,7 +91,7 @@ ActivityRef ActivityPersister::createIsStanding(bool isStanding)
 bool ActivityPersister::save()
 {
     Error error = ManagedObjectContext::missingError();
-    if (m_context && m_context->save(error))
+    if (context() && m_context->save(error))
         return true;
     logStoreError(error);
     return false;
@@ -83,13 +99,13 @@ bool ActivityPersister::save()
 
 uint64_t ActivityPersister::count()
 {
-    return m_context ? m_context->count() : 0;
+    return context() ? m_context->count() : 0;
 }
 
 ActivityPersister::Activities ActivityPersister::fetch(
     Date fromDate, Date toDate, std::optional<bool> isStanding)
 {
-    if (!m_context)
+    if (!context())
         return std::nullopt;
     Error error;
     Activities activities = m_context->fetch(fromDate, toDate, isStanding, error);
@@ -128,7 +144,7 @@ double ActivityPersister::activityTimeForActivity(const Activity& activity, Date
 
 ActivityPersister::Sums ActivityPersister::sums(Date fromDate, Date toDate, std::optional<bool> isStanding)
 {
-    if (!m_context)
+    if (!context())
         return {};
     Sums result;
     Error error;

@@ -1,13 +1,12 @@
 #pragma once
 
 #include "data/Activity.h"
+#include "data/ManagedObjectContextProvider.h"
 
 #include <cstdint>
 #include <memory>
 #include <optional>
 #include <vector>
-
-class ManagedObjectContext;
 
 /// Makes and queries the records of sitting and standing, and sums them up. The day operations take any
 /// instant of the day and cover [start of day, start of day + 86,400 s). Failures are logged. Without a
@@ -17,12 +16,16 @@ public:
     using Activities = std::optional<std::vector<ActivityRef>>;
 
     explicit ActivityPersister(std::shared_ptr<ManagedObjectContext> context);
+    /// Asks for the context at each use until there is one.
+    explicit ActivityPersister(ManagedObjectContextProvider provider);
 
     /// Null when the record could not be saved; it then stays pending in the context. A date that is no
     /// finite number gives no record at all.
     ActivityRef createWithStartDate(Date startDate, Date endDate, bool isStanding, double weight);
     /// A record that starts and ends now, with the user's weight.
     ActivityRef createIsStanding(bool isStanding);
+    /// The record that the last creation could not save, else null.
+    [[nodiscard]] const ActivityRef& unsavedActivity() const { return m_unsavedActivity; }
     bool save();
     [[nodiscard]] uint64_t count();
 
@@ -48,7 +51,7 @@ public:
     [[nodiscard]] bool goalMetOnDay(Date day);
     [[nodiscard]] int32_t goalsMetFromDay(Date fromDay, Date toDay);
 
-    [[nodiscard]] const std::shared_ptr<ManagedObjectContext>& context() const { return m_context; }
+    [[nodiscard]] const std::shared_ptr<ManagedObjectContext>& context();
 
 private:
     /// What the totals are made of, over the records that a fetch gives. Nothing is rounded.
@@ -63,4 +66,6 @@ private:
     Sums sums(Date fromDate, Date toDate, std::optional<bool> isStanding);
 
     std::shared_ptr<ManagedObjectContext> m_context;
+    ManagedObjectContextProvider m_provider;
+    ActivityRef m_unsavedActivity;
 };

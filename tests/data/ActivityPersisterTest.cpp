@@ -117,7 +117,7 @@ TEST_F(ActivityPersisterTest, aFetchThatFailsIsLoggedAndSumsUpToNothing)
 
 TEST_F(ActivityPersisterTest, withoutAContextNothingIsMadeOrFound)
 {
-    ActivityPersister orphan(nullptr);
+    ActivityPersister orphan {std::shared_ptr<ManagedObjectContext>()};
     const LogCapture log;
     EXPECT_FALSE(orphan.createIsStanding(true));
     EXPECT_FALSE(orphan.save());
