@@ -63,15 +63,19 @@ void ZelvoController::startNewActivity()
         schedule->startScheduledTimerForPosition(m_position);
 }
 
+/// A record that could not be made still ends the one before it, and the schedule runs without a record. One
+/// that could only not be saved is kept up to date like any other until there is room for it.
 void ZelvoController::recordPeriod(bool isStanding)
 {
     ActivityPersister* persister = activityPersister();
-    // A record that could not be made still ends the one before it, and the schedule runs without a record.
-    setActivity(persister ? persister->createIsStanding(isStanding) : nullptr);
+    const ActivityRef activity = persister ? persister->createIsStanding(isStanding) : nullptr;
+    setActivity(activity || !persister ? activity : persister->unsavedActivity());
+    m_isUnrecorded = !m_activity;
 }
 
 void ZelvoController::stopCurrentActivity()
 {
+    m_isUnrecorded = false;
     if (m_activity)
         m_activity->pulse(m_attended.end());
     if (ScheduleManager* schedule = scheduleManager())
@@ -216,6 +220,10 @@ void ZelvoController::onPulseTimerTick(const Timer&)
         recordPeriod(m_activity->isStanding());
     else if (m_activity)
         m_activity->pulse(m_attended.end());
+    else if (m_isUnrecorded)
+        recordPeriod(m_position == kStanding); // The store can perhaps be opened by now.
+    else if (m_activityPersister)
+        m_activityPersister->save(); // What a full disk kept waiting goes out though no period is open.
 }
 
 void ZelvoController::broadcastDeviceDeviceStateDidChange()

@@ -80,7 +80,11 @@ public:
 
     [[nodiscard]] ZelvoHIDManager& deviceManager() { return *m_deviceManager; }
     [[nodiscard]] const std::shared_ptr<ZelvoHIDDevice>& device() const { return m_device; }
-    [[nodiscard]] const ActivityRef& activity() const { return m_activity; }
+    /// The open period; null while it could not be saved yet.
+    [[nodiscard]] ActivityRef activity() const
+    {
+        return m_activity && m_activity->isStored() ? m_activity : nullptr;
+    }
     /// Holds the record as the open period; the one open before ends where this one starts (now, for none),
     /// or where its awake time ran out when the machine slept or the clock was set meanwhile.
     void setActivity(ActivityRef activity);
@@ -105,6 +109,7 @@ private:
     std::shared_ptr<ZelvoHIDDevice> m_device;
     ActivityRef m_activity;
     AwakeSpan m_attended; ///< since the open period began
+    bool m_isUnrecorded = false; ///< A period goes on for which the store could not be opened.
     std::unique_ptr<ScheduleManager> m_scheduleManager;
     std::vector<std::shared_ptr<ZelvoControllerDelegate>> m_delegates;
     std::unique_ptr<IdleObserver> m_idleObserver;

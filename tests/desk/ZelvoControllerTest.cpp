@@ -218,14 +218,14 @@ TEST_F(ZelvoControllerTest, RunsWithoutAStore)
     platform.runLoop.advance(60);
     EXPECT_EQ(hub->activity(), nullptr);
     EXPECT_TRUE(hub->scheduleManager()->isScheduled()) << "reminders need no record";
-    EXPECT_EQ(timesAskedForContext, 1);
+    EXPECT_EQ(timesAskedForContext, 5) << "at the start of the period and at each pulse";
 
     context = activities.context;
-    adapter->setHeight(4000);
-    platform.runLoop.advance(9);
-    EXPECT_EQ(timesAskedForContext, 2) << "a store that can be opened later is used from then on";
-    hub->terminate();
-    EXPECT_EQ(storedPeriods(), (Periods {{62.2, 70.2, kStanding}}));
+    platform.runLoop.advance(29);
+    EXPECT_EQ(timesAskedForContext, 6) << "a store that can be opened later is used from then on";
+    hub->stopCurrentActivity();
+    platform.runLoop.advance(60);
+    EXPECT_EQ(storedPeriods(), (Periods {{75, 90.2, kSitting}})) << "a pulse resumes nothing that has ended";
 }
 
 TEST_F(ZelvoControllerTest, CarriesOnWhenARecordCannotBeSaved)
@@ -243,8 +243,16 @@ TEST_F(ZelvoControllerTest, CarriesOnWhenARecordCannotBeSaved)
     adapter->setHeight(1000);
     platform.runLoop.advance(10);
     EXPECT_EQ(
-        storedPeriods(), (Periods {{1.2, 30.2, kSitting}, {30.2, 30.2, kStanding}, {40.2, 45, kSitting}}))
-        << "what was pending is saved with the next record";
+        storedPeriods(), (Periods {{1.2, 30.2, kSitting}, {30.2, 40.2, kStanding}, {40.2, 45, kSitting}}))
+        << "what was pending is saved with the next record, as long as it lasted";
+
+    execute("PRAGMA query_only = 1");
+    adapter->setHeight(4000);
+    platform.runLoop.advance(5); // 55: a period that begins and ends without room.
+    hub->stopCurrentActivity();
+    execute("PRAGMA query_only = 0");
+    platform.runLoop.advance(15);
+    EXPECT_EQ(storedPeriods().back(), (Period {50.2, 55, kStanding})) << "saved though no period is open";
 }
 
 TEST_F(ZelvoControllerTest, LeavesNothingBehind)
