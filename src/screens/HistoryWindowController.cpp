@@ -49,9 +49,9 @@ int sizeThatOutgrows(const QLabel& label, QFont font, QSizeF field)
 }
 
 HistoryWindowController::HistoryWindowController(
-    std::shared_ptr<ManagedObjectContext> managedObjectContext, Dialogs& dialogs)
+    ManagedObjectContextProvider managedObjectContext, Dialogs& dialogs)
     : m_dialogs(dialogs)
-    , m_persister(std::make_unique<ActivityPersister>(std::move(managedObjectContext)))
+    , m_persister(std::move(managedObjectContext))
     , m_window(std::make_unique<PanelWindow>(Qt::Window | Qt::FramelessWindowHint))
     , m_ui(std::make_unique<Ui::HistoryWindow>())
 {
@@ -157,10 +157,10 @@ void HistoryWindowController::updateData()
 
 HistoryWindowController::Totals HistoryWindowController::totals()
 {
-    const auto stands = m_persister->activitiesFromDate(m_startDate, m_currentDate, true);
-    return {m_persister->minutesActiveFromDate(m_startDate, m_currentDate, true),
-        m_persister->caloriesBurnedFromDate(m_startDate, m_currentDate),
-        stands ? qsizetype(stands->size()) : 0, m_persister->goalsMetFromDay(m_startDate, m_currentDate)};
+    const auto stands = m_persister.activitiesFromDate(m_startDate, m_currentDate, true);
+    return {m_persister.minutesActiveFromDate(m_startDate, m_currentDate, true),
+        m_persister.caloriesBurnedFromDate(m_startDate, m_currentDate),
+        stands ? qsizetype(stands->size()) : 0, m_persister.goalsMetFromDay(m_startDate, m_currentDate)};
 }
 
 void HistoryWindowController::selectPeriod(int index, Date startDate)

@@ -6,7 +6,6 @@
 #include <vector>
 
 class Dialogs;
-class ManagedObjectContext;
 class PanelWindow;
 class QLabel;
 class QWidget;
@@ -27,8 +26,8 @@ protected:
 /// export of all.
 class HistoryWindowController {
 public:
-    /// @param managedObjectContext empty when the store cannot be opened; every total is 0 then
-    HistoryWindowController(std::shared_ptr<ManagedObjectContext> managedObjectContext, Dialogs& dialogs);
+    /// Every total is 0 as long as there is no context.
+    HistoryWindowController(ManagedObjectContextProvider managedObjectContext, Dialogs& dialogs);
     ~HistoryWindowController();
     HistoryWindowController(const HistoryWindowController&) = delete;
     HistoryWindowController& operator=(const HistoryWindowController&) = delete;
@@ -50,6 +49,7 @@ public:
 
     [[nodiscard]] HistoryWindowControllerDelegate* delegate() const { return m_delegate; }
     void setDelegate(HistoryWindowControllerDelegate* delegate) { m_delegate = delegate; }
+    [[nodiscard]] ActivityPersister& persister() { return m_persister; }
     /// End of every period: the moment the window was first opened.
     [[nodiscard]] Date currentDate() const { return m_currentDate; }
     [[nodiscard]] Date startDate() const { return m_startDate; }
@@ -73,7 +73,7 @@ private:
 
     Dialogs& m_dialogs;
     HistoryWindowControllerDelegate* m_delegate = nullptr;
-    std::unique_ptr<ActivityPersister> m_persister;
+    ActivityPersister m_persister;
     Date m_currentDate;
     Date m_startDate;
     std::unique_ptr<PanelWindow> m_window;

@@ -208,6 +208,12 @@ std::shared_ptr<ManagedObjectContext> AppDelegate::managedObjectContext()
         return nullptr;
     }
     m_managedObjectContext = std::make_shared<ManagedObjectContext>(coordinator);
+    m_managedObjectContext->setTroubleObserver([this](const std::optional<Error>& trouble) {
+        if (trouble)
+            m_dependencies.dialogs.presentError(*trouble);
+        else
+            m_dependencies.dialogs.forgetErrors();
+    });
     return m_managedObjectContext;
 }
 
@@ -284,7 +290,7 @@ HistoryWindowController& AppDelegate::historyController()
 {
     if (!m_historyController)
         m_historyController =
-            std::make_unique<HistoryWindowController>(managedObjectContext(), m_dependencies.dialogs);
+            std::make_unique<HistoryWindowController>(contextProvider(), m_dependencies.dialogs);
     return *m_historyController;
 }
 
@@ -300,8 +306,8 @@ MenuletController::Windows AppDelegate::makeWindows()
     return {
         [this](MenuletController& controller) {
             return std::make_unique<MainWindowController>(
-                MainWindowController::Dependencies {managedObjectContext(), &controller,
-                    m_dependencies.workspace, [this] { showHistory(); }, [this] { menuSettingsClicked(); }});
+                MainWindowController::Dependencies {contextProvider(), &controller, m_dependencies.workspace,
+                    [this] { showHistory(); }, [this] { menuSettingsClicked(); }});
         },
         [this] { return std::make_unique<NotificationWindowController>(m_dependencies.workspace); },
     };

@@ -11,7 +11,6 @@
 #include <vector>
 
 class ErrorLine;
-class ManagedObjectContext;
 class MenuletController;
 class PanelWindow;
 class PositionListener;
@@ -27,7 +26,7 @@ class MainWindow;
 class MainWindowController final : public MouseEventButtonDelegate {
 public:
     struct Dependencies {
-        std::shared_ptr<ManagedObjectContext> managedObjectContext; ///< empty when the store cannot be opened
+        ManagedObjectContextProvider managedObjectContext;
         MenuletController* delegate; ///< told when Close is pressed
         Workspace& workspace; ///< opens links
         std::function<void()> showHistory;

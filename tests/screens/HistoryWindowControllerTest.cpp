@@ -41,7 +41,7 @@ protected:
     }
     void open()
     {
-        controller.emplace(store.context, dialogs);
+        controller.emplace([this] { return store.context; }, dialogs);
         controller->showWindow();
         controller->updateData();
         QApplication::processEvents();
@@ -199,7 +199,7 @@ TEST_F(HistoryWindowControllerTest, theExportCoversEverythingAndLeavesTheNumbers
 
 TEST_F(HistoryWindowControllerTest, numbersShareTheLargestSizeAtWhichEachFits)
 {
-    controller.emplace(store.context, dialogs);
+    controller.emplace([this] { return store.context; }, dialogs);
     EXPECT_EQ(headSize(), 38); // As the window is made; fitted from the first refresh on.
     open();
     auto& field = find<QLabel>("historyHeadTitle1");

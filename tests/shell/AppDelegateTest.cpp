@@ -118,6 +118,42 @@ TEST(AppDelegate, aFileInPlaceOfTheDataFolderIsPresentedAndNotTouched)
     EXPECT_EQ(world.dialogs.presented.size(), 2u);
 }
 
+TEST(AppDelegate, hubAndWindowsGoOnWithAStoreThatComesLater)
+{
+    ShellWorld world;
+    world.completeSetup();
+    ASSERT_TRUE(QDir().mkpath(world.dataFolder() + QStringLiteral("/StandUp.storedata")));
+    world.app->applicationDidFinishLaunching();
+    world.plugDesk(9000); // Standing, and nothing can be recorded.
+    world.app->menuOpenClicked();
+    world.app->showHistory();
+    ASSERT_TRUE(QDir(world.dataFolder()).rmdir(QStringLiteral("StandUp.storedata")));
+    world.platform.runLoop.advance(15 + 21 * 60);
+    world.app->historyController().updateData();
+    ASSERT_EQ(world.app->historyController().persister().count(), 1u);
+    const QWidget& window = world.app->menuletController().mainWindow().window();
+    EXPECT_EQ(window.findChild<QLabel*>(QStringLiteral("labelPercent"))->text(), QStringLiteral("17"));
+}
+
+TEST(AppDelegate, aSaveThatFailsIsPresentedAndSettledByOneThatSucceeds)
+{
+    ShellWorld world;
+    world.completeSetup();
+    world.app->applicationDidFinishLaunching();
+    world.plugDesk(900);
+    ASSERT_TRUE(world.dialogs.presented.empty());
+    const int settled = world.dialogs.timesForgotten;
+    {
+        const StoreLock lock(world.dataFolder() + QStringLiteral("/StandUp.storedata"));
+        world.platform.runLoop.advance(16);
+    }
+    ASSERT_EQ(world.dialogs.presented.size(), 1u);
+    EXPECT_EQ(world.dialogs.presented[0].code & 0xFF, SQLITE_BUSY);
+    EXPECT_EQ(world.dialogs.timesForgotten, settled);
+    world.platform.runLoop.advance(15);
+    EXPECT_EQ(world.dialogs.timesForgotten, settled + 1);
+}
+
 TEST(AppDelegate, aDataFolderThatCannotBeMadeIsPresentedWithTheReason)
 {
     ShellWorld world;
