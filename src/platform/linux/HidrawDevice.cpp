@@ -2,55 +2,57 @@
 
 #include <QFile>
 
-#include <algorithm>
 #include <cerrno>
 #include <utility>
 
-namespace {
-/// The bytes of one transfer. A silent adapter outlives the caller's patience, so the worker never touches
-/// the caller's own buffer.
-using Bytes = std::shared_ptr<std::vector<uint8_t>>;
-
-Bytes copyOf(std::span<const uint8_t> report)
-{
-    return std::make_shared<std::vector<uint8_t>>(report.begin(), report.end());
-}
-}
-
-HidrawDevice::HidrawDevice(HidrawAdapter adapter)
-    : m_adapter(std::move(adapter))
-    , m_worker(std::make_unique<HidrawWorker>(QFile::encodeName(m_adapter.node).toStdString()))
+HidrawDevice::HidrawDevice(HidrawAdapter adapter, std::vector<uint8_t> restReport, NewsCallback onNews)
+    : MailboxHidDevice(std::move(onNews))
+    , m_adapter(std::move(adapter))
+    , m_restReport(std::move(restReport))
     , m_openStatus(EAGAIN)
 {
 }
 
 void HidrawDevice::beginOpening(OpeningEnded ended)
 {
-    if (!m_worker)
+    if (m_isDetached)
         return;
-    m_worker->perform([](HidrawNode& node) { return node.open(); },
-        [weak = weak_from_this(), ended = std::move(ended)](HidStatus status) {
-            if (const auto device = weak.lock())
-                device->openingEnded(status, ended);
-        });
+    const auto weak = [this] {
+        return std::weak_ptr(std::static_pointer_cast<HidrawDevice>(shared_from_this()));
+    };
+    if (!m_worker) {
+        m_worker = std::make_unique<HidrawWorker>(QFile::encodeName(m_adapter.node).toStdString(),
+            m_restReport, [device = weak()](const HidMailbox::News& news) {
+                if (const auto self = device.lock())
+                    self->newsArrived(news);
+            });
+    }
+    m_worker->open([device = weak(), ended = std::move(ended)](HidStatus status) {
+        if (const auto self = device.lock())
+            self->openingEnded(status, ended);
+    });
 }
 
 void HidrawDevice::openingEnded(HidStatus status, const OpeningEnded& ended)
 {
-    if (!m_worker)
+    if (m_isDetached)
         return;
     m_openStatus = status;
     ended(status);
 }
 
-void HidrawDevice::detach()
+void HidrawDevice::awaitRest(double seconds)
 {
-    m_worker.reset();
+    if (m_worker && !m_restReport.empty())
+        m_worker->await(HidMailbox::Direction::Write, m_restReport[0], seconds);
 }
 
-HidStatus HidrawDevice::openExclusively()
+void HidrawDevice::detach()
 {
-    return m_worker ? m_openStatus : ENODEV;
+    fallSilent();
+    m_isDetached = true;
+    m_openStatus = ENODEV;
+    m_worker.reset();
 }
 
 std::optional<QString> HidrawDevice::stringProperty(const QString& name) const
@@ -59,24 +61,12 @@ std::optional<QString> HidrawDevice::stringProperty(const QString& name) const
     return found == m_adapter.strings.cend() ? std::nullopt : std::optional(*found);
 }
 
-HidStatus HidrawDevice::platformSetFeatureReport(std::span<const uint8_t> report)
+void HidrawDevice::post(const std::function<void(HidMailbox&)>& request)
 {
-    if (!m_worker)
-        return ENODEV;
-    return m_worker
-        ->performWithin(
-            kDeadlineSeconds, [bytes = copyOf(report)](HidrawNode& node) { return node.setFeature(*bytes); })
-        .value_or(ETIMEDOUT);
+    m_worker->post(request);
 }
 
-HidStatus HidrawDevice::platformGetFeatureReport(std::span<uint8_t> report)
+void HidrawDevice::await(HidMailbox::Direction direction, uint8_t reportId)
 {
-    if (!m_worker)
-        return ENODEV;
-    const Bytes bytes = copyOf(report);
-    const auto status = m_worker->performWithin(
-        kDeadlineSeconds, [bytes](HidrawNode& node) { return node.getFeature(*bytes); });
-    if (status == 0)
-        std::copy(bytes->begin(), bytes->end(), report.begin());
-    return status.value_or(ETIMEDOUT);
+    m_worker->await(direction, reportId, kWaitSeconds);
 }

@@ -1,41 +1,38 @@
 #pragma once
 
-#include "platform/linux/HidrawNode.h"
+#include "platform/HidMailbox.h"
 
 #include <functional>
 #include <memory>
-#include <optional>
 #include <string>
 
-/// The thread of one hidraw node. The node is born, used and closed on it; the main thread hands it one job
-/// at a time and waits no longer than it wishes.
+/// The thread of one hidraw node, which opens it, works its mailbox and closes it. The main thread only puts
+/// things into the mailbox and waits no longer than it wishes.
 ///
 /// Each adapter has a thread of its own. The kernel lets transfers to different adapters run side by side,
 /// but a silent one holds its caller for five seconds in a wait that nothing ends: on a shared thread every
 /// other adapter would stand still behind it. Only opening and closing a node wait for all transfers under
 /// way, and these too wait here, where nobody waits for them.
 ///
-/// Nobody joins the thread. It owns what it touches and ends by itself once its last job has returned, so
-/// that neither pulling out a silent adapter nor ending the program takes any time.
+/// Nobody joins the thread. It owns what it touches and ends by itself once its last transfer has returned,
+/// so that neither pulling out a silent adapter nor ending the program takes any time.
 class HidrawWorker {
 public:
-    using Job = std::function<HidStatus(HidrawNode&)>;
-    using Completion = std::function<void(HidStatus)>;
+    using OpeningEnded = std::function<void(HidStatus)>;
+    using NewsCallback = std::function<void(const HidMailbox::News&)>;
 
-    explicit HidrawWorker(std::string path);
-    /// Drops the jobs not begun; the node is closed once the running one has returned.
+    /// The callbacks come on the main run loop, unless the worker is gone by then.
+    HidrawWorker(std::string path, std::vector<uint8_t> restReport, NewsCallback onNews);
+    /// A report of rest that waits still goes out, nothing else does.
     ~HidrawWorker();
     HidrawWorker(const HidrawWorker&) = delete;
     HidrawWorker& operator=(const HidrawWorker&) = delete;
 
-    /// Runs the job after those already waiting, then the completion on the main run loop, unless the worker
-    /// is gone when the job returns.
-    void perform(Job job, Completion completion);
-
-    /// Runs the job and waits for its result. Nothing when it has not returned in time, and at once when the
-    /// thread is still busy with another one. A job that has not begun in time never begins: a command to
-    /// move must not go out after its button was let go.
-    [[nodiscard]] std::optional<HidStatus> performWithin(double seconds, Job job);
+    void open(OpeningEnded ended);
+    /// Runs the request with the mailbox locked and begins what then waits in it.
+    void post(const std::function<void(HidMailbox&)>& request);
+    /// Waits until no such transfer is under way, but no longer than that.
+    void await(HidMailbox::Direction direction, uint8_t reportId, double seconds);
 
 private:
     struct State;

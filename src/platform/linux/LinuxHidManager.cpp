@@ -9,6 +9,9 @@
 #include <utility>
 
 namespace {
+constexpr double kOpeningRetrySeconds = 30.0;
+constexpr double kPatienceAtExitSeconds = 0.5;
+
 void logRefusal(const QString& node, HidStatus status)
 {
     if (status == EACCES) {
@@ -30,6 +33,13 @@ void announce(const HidManager::DeviceCallback callback, const HidDeviceRef& dev
     if (callback)
         callback(device);
 }
+
+/// Another program, or whatever else is in the way, may be gone after a while; a node that is gone is not
+/// coming back.
+bool maySucceedLater(HidStatus status)
+{
+    return status != ENODEV && status != ENOENT;
+}
 }
 
 LinuxHidManager::LinuxHidManager()
@@ -41,6 +51,10 @@ LinuxHidManager::LinuxHidManager()
 
 LinuxHidManager::~LinuxHidManager()
 {
+    // A stop that waits behind a slow transfer would otherwise end with the process.
+    const double end = RunLoop::main().monotonicNow() + kPatienceAtExitSeconds;
+    for (const Attached& attached : m_attached)
+        attached.device->awaitRest(std::max(0.0, end - RunLoop::main().monotonicNow()));
     // Somebody else may hold a device for longer. Detached, it calls back no more.
     for (const Attached& attached : m_attached)
         attached.device->detach();
@@ -55,7 +69,7 @@ std::vector<HidDeviceRef> LinuxHidManager::copyDevices() const
 {
     std::vector<HidDeviceRef> devices;
     for (const Attached& attached : m_attached) {
-        if (attached.announced)
+        if (attached.announced && !attached.device->isLost())
             devices.push_back(attached.device);
     }
     return devices;
@@ -65,8 +79,11 @@ void LinuxHidManager::arrived(const HidrawAdapter& adapter)
 {
     if (!matches(adapter) || find(adapter.syspath) != m_attached.end())
         return;
-    m_attached.push_back({std::make_shared<HidrawDevice>(adapter), false, std::nullopt});
-    beginOpening(m_attached.back().device);
+    Attached attached;
+    attached.device = std::make_shared<HidrawDevice>(adapter, m_restReport,
+        [this](const HidDeviceRef& device, const HidMailbox::News& news) { newsArrived(device, news); });
+    beginOpening(attached.device);
+    m_attached.push_back(std::move(attached));
 }
 
 void LinuxHidManager::left(const QString& syspath)
@@ -76,6 +93,7 @@ void LinuxHidManager::left(const QString& syspath)
         return;
     const Attached attached = std::move(*found);
     m_attached.erase(found);
+    invalidate(attached.retry);
     m_permissions.unwatch(attached.device->node());
     attached.device->detach();
     if (attached.announced)
@@ -108,6 +126,11 @@ void LinuxHidManager::openingEnded(const QString& syspath, HidStatus status)
         if (found->isWatched)
             return beginOpening(device);
     }
+    if (status != 0 && maySucceedLater(status)) {
+        invalidate(found->retry);
+        found->retry = m_timers.schedule(
+            kOpeningRetrySeconds, RunLoop::Repeat::No, [this, device](Timer&) { beginOpening(device); });
+    }
     // After the first announcement only success is news, and only once.
     if (found->announced && (status != 0 || found->announced == 0))
         return;
@@ -117,6 +140,32 @@ void LinuxHidManager::openingEnded(const QString& syspath, HidStatus status)
     else
         logRefusal(device->node(), status);
     announce(m_matched, device);
+}
+
+void LinuxHidManager::newsArrived(const HidDeviceRef& device, const HidMailbox::News& news)
+{
+    const auto found = std::find_if(m_attached.begin(), m_attached.end(),
+        [&](const Attached& attached) { return attached.device == device; });
+    if (found == m_attached.end())
+        return;
+    switch (news.kind) {
+    case HidMailbox::News::Kind::LateAnswer:
+        if (const ReportCallback callback = m_lateReport)
+            callback(device, news.answer);
+        break;
+    case HidMailbox::News::Kind::Lost:
+        Log::line(QStringLiteral("The desk adapter %1 does not answer.").arg(found->device->node()));
+        found->announced = std::nullopt; // Its leaving is told once, here or when udev says so.
+        announce(m_removed, device);
+        break;
+    case HidMailbox::News::Kind::Found:
+        Log::line(QStringLiteral("The desk adapter %1 answers again.").arg(found->device->node()));
+        found->announced = 0;
+        announce(m_matched, device);
+        break;
+    case HidMailbox::News::Kind::None:
+        break;
+    }
 }
 
 bool LinuxHidManager::matches(const HidrawAdapter& adapter) const

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "platform/HidManager.h"
+#include "platform/HidMailbox.h"
+#include "platform/RunLoop.h"
 #include "platform/linux/HidrawMonitor.h"
 #include "platform/linux/PermissionWatcher.h"
 
@@ -15,7 +16,8 @@ class HidrawDevice;
 class LinuxHidManager final : public HidManager {
 public:
     LinuxHidManager();
-    /// Never waits: an adapter that does not answer is left to its own thread.
+    /// Waits half a second at most, for a stop that is still under way: an adapter that does not answer is
+    /// left to its own thread.
     ~LinuxHidManager() override;
 
     [[nodiscard]] HidStatus open() override;
@@ -26,7 +28,8 @@ private:
     struct Attached {
         std::shared_ptr<HidrawDevice> device;
         bool isWatched = false;
-        std::optional<HidStatus> announced; ///< with what result of opening
+        std::optional<HidStatus> announced; ///< with what result of opening; empty while it does not answer
+        TimerRef retry;
     };
     using DeviceList = std::vector<Attached>;
 
@@ -35,6 +38,7 @@ private:
     void permissionsChanged(const QString& node);
     void beginOpening(const std::shared_ptr<HidrawDevice>& device);
     void openingEnded(const QString& syspath, HidStatus status);
+    void newsArrived(const HidDeviceRef& device, const HidMailbox::News& news);
 
     [[nodiscard]] bool matches(const HidrawAdapter& adapter) const;
     [[nodiscard]] DeviceList::iterator find(const QString& syspath);
@@ -42,4 +46,5 @@ private:
     HidrawMonitor m_monitor;
     PermissionWatcher m_permissions;
     DeviceList m_attached;
+    TimerScope m_timers;
 };
