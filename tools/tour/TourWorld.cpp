@@ -79,14 +79,11 @@ InstalledServices::~InstalledServices()
 TourWorld::TourWorld(QLocale locale, Wire printed)
     : bundle(std::move(locale))
     , defaults(folder.filePath(QStringLiteral("StandUp.conf")))
-    , hid(simulated,
-          [this, printed](const HidTransfer& transfer) {
-              if (printed == Wire::Printed)
-                  wire.record(transfer);
-          })
     , dialogs(folder.path())
 {
-    app = std::make_unique<AppDelegate>(AppDelegate::Dependencies {hid, events, workspace, loginItems,
+    if (printed == Wire::Printed)
+        simulated.adapter().onTransfer([this](const HidTransfer& transfer) { wire.record(transfer); });
+    app = std::make_unique<AppDelegate>(AppDelegate::Dependencies {simulated, events, workspace, loginItems,
         dialogs, folder.path(), QCoreApplication::applicationFilePath(), [this] { hasQuit = true; },
         [this](AppDelegate& delegate) {
             return std::make_unique<TestWindowController>(delegate.menuletController(), &simulated);

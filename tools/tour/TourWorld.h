@@ -8,7 +8,6 @@
 #include "platform/LoginItems.h"
 #include "platform/Workspace.h"
 #include "platform/qt/QtUserDefaults.h"
-#include "platform/simulated/RecordingHidManager.h"
 #include "platform/simulated/SimulatedHidManager.h"
 #include "platform/simulated/VirtualRunLoop.h"
 #include "shell/AppDelegate.h"
@@ -110,7 +109,6 @@ public:
     InstalledServices services {runLoop, bundle, defaults};
     SimulatedHidManager simulated;
     WireLog wire;
-    RecordingHidManager hid;
     TourEventSource events;
     TourWorkspace workspace;
     TourLoginItems loginItems;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/simulated/RecordingHidManager.h"
+#include "platform/simulated/HidTransfer.h"
 
 #include <vector>
 

@@ -1,44 +1,54 @@
 #pragma once
 
 #include "platform/HidManager.h"
-#include "simulator/DeskModel.h"
+#include "platform/simulated/SimulatedAdapter.h"
 
+#include <map>
 #include <memory>
 
+class SimulatedHidDevice;
+
 /// The built-in simulated desk as a HID backend: one adapter, plugged in from the start, whose other end is a
-/// DeskModel that moves with the run loop's monotonic time. Time reaches the desk when something asks for it,
-/// so an idle desk costs no timer.
+/// DeskModel that moves with the run loop's monotonic time. Further adapters, each with a desk of its own,
+/// are numbered from 1 and appear when they are plugged in.
 ///
-/// A transfer that is not answered fails with ETIMEDOUT at once, because nothing in a simulation should wait.
-/// Other failures: ENODEV unplugged, EBADF not opened, EPIPE refused by the adapter, EPROTO broken off.
+/// Transfers take no time until they are told to. Failures: ENODEV unplugged, EBADF not opened; what goes
+/// wrong on the wire is dealt with as by every backend.
 class SimulatedHidManager final : public HidManager {
 public:
     SimulatedHidManager();
     ~SimulatedHidManager() override;
 
-    /// Announces the adapter if it is plugged in, at each call: whoever opens anew hears of it, too.
     [[nodiscard]] HidStatus open() override;
     [[nodiscard]] std::vector<HidDeviceRef> copyDevices() const override;
 
-    /// Plugs the adapter in or pulls it out; announced on the run loop. Each plugging in is a new device.
-    void plug();
-    void unplug();
-    [[nodiscard]] bool isPlugged() const { return m_device != nullptr; }
+    /// Plugs an adapter in or pulls it out; announced on the run loop. Each plugging in is a new device.
+    void plug(int number = 0);
+    void unplug(int number = 0);
+    [[nodiscard]] bool isPlugged(int number = 0) const;
 
+    /// The way to an adapter, for latency, failures, stalls and a log of the wire.
+    [[nodiscard]] SimulatedAdapter& adapter(int number = 0);
     /// The desk itself as it stands now, for faults and error codes. Ask anew after time has passed: what is
     /// reached through an older reference may be behind it.
-    [[nodiscard]] DeskModel& desk();
+    [[nodiscard]] DeskModel& desk(int number = 0) { return adapter(number).desk(); }
 
 private:
-    class Device;
-    struct State;
+    struct Slot {
+        std::shared_ptr<SimulatedAdapter> adapter = std::make_shared<SimulatedAdapter>();
+        std::shared_ptr<SimulatedHidDevice> device; // Empty while unplugged.
+        std::shared_ptr<SimulatedHidDevice> announced;
+    };
 
+    [[nodiscard]] std::shared_ptr<SimulatedHidDevice> makeDevice(Slot& slot);
+    [[nodiscard]] bool isPresent(const Slot& slot) const;
+    void newsArrived(const HidDeviceRef& device, const HidMailbox::News& news);
     void announceSoon();
     void announce();
+    /// False when the manager ended in the callback.
+    [[nodiscard]] bool announce(Slot& slot);
 
-    std::shared_ptr<State> m_state; // Shared with the devices, which may outlive the manager.
-    HidDeviceRef m_device; // Empty while unplugged.
-    HidDeviceRef m_announced;
+    std::map<int, Slot> m_slots;
     bool m_open = false;
     std::shared_ptr<void> m_life =
         std::make_shared<char>(); // Tells a pending announcement that it has a manager.

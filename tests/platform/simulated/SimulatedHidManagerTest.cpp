@@ -9,22 +9,30 @@
 namespace {
 const std::vector<uint8_t> kInit {0x03, 0x04, 0x00, 0xFB, 0x00, 0x00, 0x00, 0x00};
 const std::vector<uint8_t> kUp {0x05, 0x00, 0x80, 0x00, 0x80, 0x00, 0x80, 0x00};
+const std::vector<uint8_t> kStop {0x05, 0x01, 0x80, 0x01, 0x80, 0x01, 0x80, 0x01};
 
 class SimulatedHidManagerTest : public testing::Test {
 protected:
-    void listen()
+    SimulatedHidManagerTest()
     {
+        manager->setDeviceMatching({{QStringLiteral("Manufacturer"), QStringLiteral("Zelvo Ardenta A/S")}});
+        manager->setRestReport(kStop);
         manager->registerDeviceMatchingCallback(
             [this](const HidDeviceRef& device) { arrived.push_back(device); });
         manager->registerDeviceRemovalCallback(
             [this](const HidDeviceRef& device) { removed.push_back(device); });
+        manager->registerLateReportCallback([this](const HidDeviceRef&, std::span<const uint8_t> report) {
+            late.push_back(report[4] | report[5] << 8);
+        });
+        manager->adapter().onTransfer(
+            [this](const HidTransfer& transfer) { wire.append(transfer.text().left(11)); });
     }
 
     /// The announced adapter, opened and initialised.
     HidDeviceRef attach()
     {
-        listen();
         EXPECT_EQ(manager->open(), 0);
+        EXPECT_TRUE(arrived.empty()) << "told on the run loop";
         platform.runLoop.advance(0);
         EXPECT_EQ(arrived.size(), 1u);
         EXPECT_EQ(arrived.back()->openExclusively(), 0);
@@ -32,45 +40,37 @@ protected:
         return arrived.back();
     }
 
+    /// The height, or the negative status.
     static int height(HidDevice& device)
     {
         std::array<uint8_t, 64> report {0x04};
-        EXPECT_EQ(device.getFeatureReport(report), 0);
-        return report[4] | report[5] << 8;
+        const HidStatus status = device.getFeatureReport(report);
+        return status == 0 ? report[4] | report[5] << 8 : -status;
     }
 
     TestPlatform platform;
     std::unique_ptr<SimulatedHidManager> manager = std::make_unique<SimulatedHidManager>();
     std::vector<HidDeviceRef> arrived;
     std::vector<HidDeviceRef> removed;
+    std::vector<int> late;
+    QStringList wire;
 };
 
-TEST_F(SimulatedHidManagerTest, announcesThePluggedAdapterAfterOpenHasReturned)
+TEST_F(SimulatedHidManagerTest, announcesWhatMatchesOnceItIsOpened)
 {
-    listen();
-    manager->setDeviceMatching({{QStringLiteral("Manufacturer"), QStringLiteral("Zelvo Ardenta A/S")}});
-    ASSERT_EQ(manager->open(), 0);
-    EXPECT_TRUE(arrived.empty());
-    platform.runLoop.advance(0);
-    ASSERT_EQ(arrived.size(), 1u);
-    EXPECT_EQ(arrived[0]->stringProperty(QStringLiteral("Product")), QStringLiteral("Simulated desk"));
-    EXPECT_EQ(arrived[0]->stringProperty(QStringLiteral("SerialNumber")), std::nullopt);
-    EXPECT_EQ(manager->copyDevices(), arrived);
-}
-
-TEST_F(SimulatedHidManagerTest, announcesNothingThatDoesNotMatchOrBeforeItIsOpened)
-{
-    listen();
-    manager->setDeviceMatching({{QStringLiteral("Manufacturer"), QStringLiteral("Somebody else")}});
     manager->unplug();
     manager->plug();
     platform.runLoop.advance(1);
+    EXPECT_TRUE(arrived.empty());
+    const HidDeviceRef device = attach();
+    EXPECT_EQ(device->stringProperty(QStringLiteral("Product")), QStringLiteral("Simulated desk"));
+    EXPECT_EQ(device->stringProperty(QStringLiteral("SerialNumber")), std::nullopt);
+    EXPECT_EQ(manager->copyDevices(), arrived);
+
+    manager->setDeviceMatching({{QStringLiteral("Manufacturer"), QStringLiteral("Somebody else")}});
     ASSERT_EQ(manager->open(), 0);
     platform.runLoop.advance(1);
-    manager->unplug();
-    platform.runLoop.advance(1);
-    EXPECT_TRUE(arrived.empty());
-    EXPECT_TRUE(removed.empty());
+    EXPECT_EQ(arrived.size(), 1u);
     EXPECT_TRUE(manager->copyDevices().empty());
 }
 
@@ -84,116 +84,97 @@ TEST_F(SimulatedHidManagerTest, movesWithTheRunLoopsTimeAndWithoutATimer)
     }
     EXPECT_EQ(platform.runLoop.pendingTimerCount(), 0u);
     EXPECT_NEAR(height(*device), 900 + 380 * 2.0 - 47.5, 1.01);
+    platform.runLoop.sleepMachine(3600);
+    EXPECT_NEAR(manager->desk().height(), 900 + 380 * 2.0 - 47.5, 1.01) << "asleep with the machine";
     platform.runLoop.advance(3600);
     EXPECT_NEAR(height(*device), 900 + 380 * 2.3, 1.01) << "0.3 s more until the command dies, then the ramp";
 }
 
-TEST_F(SimulatedHidManagerTest, standsStillWhileTheMachineSleeps)
-{
-    const HidDeviceRef device = attach();
-    EXPECT_EQ(device->setFeatureReport(kUp), 0);
-    platform.runLoop.advance(0.3);
-    const int before = height(*device);
-    platform.runLoop.sleepMachine(3600);
-    platform.runLoop.setWallClock(0);
-    EXPECT_EQ(height(*device), before);
-}
-
-TEST_F(SimulatedHidManagerTest, theDeskIsHandedOutAsItStandsNow)
-{
-    const HidDeviceRef device = attach();
-    EXPECT_EQ(device->setFeatureReport(kUp), 0);
-    platform.runLoop.advance(0.4);
-    // Had the time not come first, the error would have stopped the desk before it moved.
-    manager->desk().setError(DeskModel::ErrorKind::OverloadUp, true);
-    EXPECT_NEAR(height(*device), 900 + 47.5 + 380 * 0.15, 1.01);
-}
-
-TEST_F(SimulatedHidManagerTest, opensForOneHolderAtATime)
-{
-    const HidDeviceRef device = attach();
-    EXPECT_EQ(device->openExclusively(), EBUSY);
-}
-
-TEST_F(SimulatedHidManagerTest, transfersNeedAnOpenAdapter)
+TEST_F(SimulatedHidManagerTest, refusesTransfersThatNeverReachTheWire)
 {
     ASSERT_EQ(manager->open(), 0);
     const HidDeviceRef device = manager->copyDevices().at(0);
-    std::array<uint8_t, 64> report {0x04};
-    EXPECT_EQ(device->getFeatureReport(report), EBADF);
-    EXPECT_EQ(device->setFeatureReport(kInit), EBADF);
-    EXPECT_FALSE(manager->desk().isInitialised());
+    EXPECT_EQ(height(*device), -EBADF) << "not open";
+    EXPECT_EQ(device->openExclusively(), 0);
+    EXPECT_EQ(device->setFeatureReport(std::span(kInit).first(1)), EINVAL);
+    manager->unplug();
+    EXPECT_EQ(height(*device), -ENODEV);
+    EXPECT_EQ(device->setFeatureReport(kInit), ENODEV);
+    EXPECT_EQ(device->openExclusively(), ENODEV);
+    EXPECT_TRUE(wire.isEmpty());
 }
 
-TEST_F(SimulatedHidManagerTest, faultsBecomeErrorNumbersWithoutAnyWait)
+TEST_F(SimulatedHidManagerTest, takesTheTimeItIsToldTo)
 {
     const HidDeviceRef device = attach();
+    manager->adapter().setLatency(0.3);
+    EXPECT_EQ(device->setFeatureReport(kUp), 0);
+    EXPECT_EQ(height(*device), -EINPROGRESS) << "no answer yet";
+    EXPECT_FALSE(manager->desk().goal()) << "on its way";
+    platform.runLoop.advance(0.3);
+    EXPECT_TRUE(manager->desk().goal());
+    platform.runLoop.advance(0.3);
+    ASSERT_EQ(late.size(), 1u);
+    EXPECT_GT(late[0], 900);
+    EXPECT_EQ(height(*device), late[0]) << "the last answer";
+    EXPECT_EQ(platform.runLoop.pendingTimerCount(), 2u) << "the transfer and the watch over it";
+    platform.runLoop.advance(10);
+    EXPECT_EQ(late.size(), 2u);
+    EXPECT_EQ(platform.runLoop.pendingTimerCount(), 0u);
+}
+
+TEST_F(SimulatedHidManagerTest, losesAnAdapterAndFindsItAgain)
+{
     const struct {
         const char* name;
-        void (*spoil)(DeskModel&);
-        HidStatus write;
-        HidStatus read;
+        void (*spoil)(SimulatedHidManager&);
+        void (*mend)(SimulatedHidManager&);
+        double lostAfter;
+        const char* wire;
     } kCases[] = {
-        {"none", [](DeskModel&) {}, 0, 0},
-        {"reads", [](DeskModel& desk) { desk.faults().failingReads = true; }, 0, EPROTO},
-        {"writes", [](DeskModel& desk) { desk.faults().failingWrites = true; }, EPROTO, 0},
-        {"silence", [](DeskModel& desk) { desk.faults().noAnswer = true; }, ETIMEDOUT, ETIMEDOUT},
-        {"cable pulled, not noticed yet", [](DeskModel& desk) { desk.setPlugged(false); }, ENODEV, ENODEV},
+        {"two failures", [](SimulatedHidManager& hid) { hid.adapter().failNext(2, EPIPE); },
+            [](SimulatedHidManager&) {}, 0, "read  04 00,read  04 00,write 05 01,write 05 01,read  04 00"},
+        {"reads fail", [](SimulatedHidManager& hid) { hid.desk().faults().failingReads = true; },
+            [](SimulatedHidManager& hid) { hid.desk().faults() = {}; }, 0,
+            "read  04 00,read  04 00,write 05 01,write 05 01,read  04 00,write 05 01,read  04 00"},
+        {"silence", [](SimulatedHidManager& hid) { hid.desk().faults().noAnswer = true; },
+            [](SimulatedHidManager& hid) { hid.desk().faults() = {}; }, 5,
+            "read  04 00,write 05 01,write 05 01,read  04 00"},
     };
+    attach();
+    const HidDeviceRef device = arrived[0];
     for (const auto& testCase : kCases) {
         SCOPED_TRACE(testCase.name);
-        manager->desk().faults() = {};
-        testCase.spoil(manager->desk());
-        const double before = platform.runLoop.monotonicNow();
-        std::array<uint8_t, 64> report {0x04};
-        EXPECT_EQ(device->getFeatureReport(report), testCase.read);
-        EXPECT_EQ(device->setFeatureReport(kUp), testCase.write);
-        EXPECT_EQ(platform.runLoop.monotonicNow(), before);
+        arrived.clear();
+        removed.clear();
+        wire.clear();
+        testCase.spoil(*manager);
+        EXPECT_EQ(height(*device), testCase.lostAfter > 0 ? 900 : -EINPROGRESS);
+        EXPECT_TRUE(removed.empty()) << "never inside a call";
+        platform.runLoop.advance(testCase.lostAfter);
+        EXPECT_EQ(removed, std::vector {device});
+        EXPECT_TRUE(manager->copyDevices().empty());
+        platform.runLoop.advance(1.5);
+        testCase.mend(*manager);
+        platform.runLoop.advance(6);
+        EXPECT_EQ(arrived, std::vector {device});
+        EXPECT_EQ(device->openExclusively(), 0);
+        EXPECT_EQ(wire.join(u','), QString::fromLatin1(testCase.wire));
+        EXPECT_EQ(height(*device), 900);
     }
 }
 
-TEST_F(SimulatedHidManagerTest, refusedReportsAreEPIPE)
-{
-    const HidDeviceRef device = attach();
-    std::array<uint8_t, 64> report {0x09};
-    EXPECT_EQ(device->getFeatureReport(report), EPIPE);
-    EXPECT_EQ(device->setFeatureReport(report), EPIPE);
-    EXPECT_EQ(device->setFeatureReport(std::span(kInit).first(1)), EINVAL);
-}
-
-TEST_F(SimulatedHidManagerTest, unplugAndReplugBringANewDevice)
+TEST_F(SimulatedHidManagerTest, pluggingIsAnnouncedAsWhatCameOfIt)
 {
     const HidDeviceRef first = attach();
-    EXPECT_EQ(first->setFeatureReport(kUp), 0);
-    platform.runLoop.advance(0.4);
     manager->unplug();
-    EXPECT_FALSE(manager->isPlugged());
-    EXPECT_GT(manager->desk().height(), 1000) << "it moved until the cable was pulled";
-    std::array<uint8_t, 64> report {0x04};
-    EXPECT_EQ(first->getFeatureReport(report), ENODEV);
-    EXPECT_TRUE(removed.empty()) << "told on the run loop";
-    platform.runLoop.advance(0);
-    EXPECT_EQ(removed, std::vector {first});
-
     manager->plug();
     platform.runLoop.advance(0);
+    EXPECT_EQ(removed, std::vector {first});
     ASSERT_EQ(arrived.size(), 2u);
     EXPECT_NE(arrived[1], first);
-    EXPECT_EQ(first->openExclusively(), ENODEV);
     EXPECT_EQ(arrived[1]->openExclusively(), 0);
-    EXPECT_EQ(arrived[1]->getFeatureReport(report), 0);
-    EXPECT_EQ(report[2], 0) << "the new adapter wants its init report";
-    EXPECT_EQ(first->setFeatureReport(kInit), ENODEV);
-}
-
-TEST_F(SimulatedHidManagerTest, quickPluggingIsAnnouncedAsWhatCameOfIt)
-{
-    const HidDeviceRef first = attach();
-    manager->unplug();
-    manager->plug();
-    platform.runLoop.advance(0);
-    EXPECT_EQ(removed, std::vector {first});
-    EXPECT_EQ(arrived.size(), 2u);
+    EXPECT_FALSE(manager->desk().isInitialised()) << "the new adapter wants its init report";
 
     manager->unplug();
     platform.runLoop.advance(0);
@@ -202,39 +183,45 @@ TEST_F(SimulatedHidManagerTest, quickPluggingIsAnnouncedAsWhatCameOfIt)
     platform.runLoop.advance(0);
     EXPECT_EQ(arrived.size(), 2u);
     EXPECT_EQ(removed.size(), 2u);
+    EXPECT_FALSE(manager->isPlugged());
+}
+
+TEST_F(SimulatedHidManagerTest, aSecondAdapterHasADeskOfItsOwn)
+{
+    const HidDeviceRef first = attach();
+    manager->plug(1);
+    platform.runLoop.advance(0);
+    ASSERT_EQ(arrived.size(), 2u);
+    EXPECT_EQ(arrived[1]->openExclusively(), 0);
+    EXPECT_EQ(arrived[1]->setFeatureReport(kInit), 0);
+    manager->desk(1).setHeight(2000);
+    EXPECT_EQ(height(*first), 900);
+    EXPECT_EQ(height(*arrived[1]), 2000);
+    manager->unplug(1);
+    platform.runLoop.advance(0);
+    EXPECT_EQ(removed, std::vector {arrived[1]});
 }
 
 TEST_F(SimulatedHidManagerTest, openingAnewAnnouncesTheAdapterToItsNewUser)
 {
-    attach();
-    arrived.clear(); // The user before lets go of the device, which closes it.
+    const HidDeviceRef before = attach();
     ASSERT_EQ(manager->open(), 0);
     platform.runLoop.advance(0);
-    ASSERT_EQ(arrived.size(), 1u);
-    EXPECT_EQ(arrived[0]->openExclusively(), 0);
+    ASSERT_EQ(arrived.size(), 2u);
+    EXPECT_EQ(arrived[1]->openExclusively(), 0);
+    EXPECT_EQ(height(*before), -ENODEV);
     EXPECT_TRUE(removed.empty());
 }
 
-TEST_F(SimulatedHidManagerTest, devicesAndAnnouncementsOutliveTheManager)
+TEST_F(SimulatedHidManagerTest, devicesOutliveTheManagerWhichACallbackMayEnd)
 {
     const HidDeviceRef device = attach();
-    manager->unplug();
-    manager->plug();
-    manager.reset();
-    platform.runLoop.advance(1);
-    EXPECT_TRUE(removed.empty());
-    std::array<uint8_t, 64> report {0x04};
-    EXPECT_EQ(device->getFeatureReport(report), ENODEV);
-}
-
-TEST_F(SimulatedHidManagerTest, aCallbackMayEndTheManager)
-{
-    attach();
     manager->registerDeviceRemovalCallback([this](const HidDeviceRef&) { manager.reset(); });
     manager->unplug();
     manager->plug();
     platform.runLoop.advance(1);
     EXPECT_EQ(manager, nullptr);
     EXPECT_EQ(arrived.size(), 1u);
+    EXPECT_EQ(height(*device), -ENODEV);
 }
 }
