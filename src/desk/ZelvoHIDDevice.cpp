@@ -8,6 +8,8 @@
 
 #include <QVariantMap>
 
+#include <cerrno>
+
 namespace {
 using Report = ZelvoHIDDevice::Report;
 
@@ -66,6 +68,11 @@ ZelvoHIDDevice::ZelvoHIDDevice(const ZelvoDeviceNodeRef& deviceNode)
 
 ZelvoHIDDevice::~ZelvoHIDDevice() = default;
 
+Report ZelvoHIDDevice::stopReport()
+{
+    return movementReport(kStop);
+}
+
 const ZelvoDeviceNodeRef& ZelvoHIDDevice::node()
 {
     return s_node;
@@ -99,7 +106,7 @@ bool ZelvoHIDDevice::moveDownSingle()
 bool ZelvoHIDDevice::stop()
 {
     invalidate(m_moveTimer);
-    return sendSingle(movementReport(kStop));
+    return sendSingle(stopReport());
 }
 
 bool ZelvoHIDDevice::moveToPositionSingle(int32_t height)
@@ -161,20 +168,44 @@ void ZelvoHIDDevice::onMoveTimerTick(const Timer& timer)
     }
 }
 
-const Report& ZelvoHIDDevice::readStatusReport()
+/// Nothing while the first answer is under way: from its absence nothing follows.
+std::optional<Report> ZelvoHIDDevice::readStatusReport()
 {
     Report report {kStatusReportId};
-    if (!ZelvoHIDManager::readBuffer(report, *this))
+    const HidStatus status = ZelvoHIDManager::readReport(report, *this);
+    if (status == EINPROGRESS)
+        return std::nullopt;
+    if (status != 0)
         report = {kStatusReportId}; // Nothing half-read counts.
     m_lastStatusReport = report;
-    return m_lastStatusReport;
+    return report;
+}
+
+void ZelvoHIDDevice::takeLateReport(const Report& report)
+{
+    if (!m_isConnected)
+        return;
+    m_lastStatusReport = report;
+    if (m_isCheckPending)
+        judgeCommunication(report);
+    else if (m_isCommunicating)
+        takeHeight(heightFrom(report));
 }
 
 void ZelvoHIDDevice::updateCommunicating()
 {
+    if (const auto report = readStatusReport())
+        judgeCommunication(*report);
+    else
+        m_isCheckPending = true;
+}
+
+void ZelvoHIDDevice::judgeCommunication(const Report& report)
+{
     const auto self = shared_from_this();
     const bool wasCommunicating = m_isCommunicating;
-    m_isCommunicating = statusToArray(littleEndian(readStatusReport(), 2))[0] == 1;
+    m_isCheckPending = false;
+    m_isCommunicating = statusToArray(littleEndian(report, 2))[0] == 1;
     if (m_isCommunicating)
         startReadPositionTimer();
     else
@@ -188,7 +219,12 @@ void ZelvoHIDDevice::updateCommunicating()
 
 int32_t ZelvoHIDDevice::fetchPosition()
 {
-    const Report report = readStatusReport();
+    const auto report = readStatusReport();
+    return report ? heightFrom(*report) : m_position;
+}
+
+int32_t ZelvoHIDDevice::heightFrom(const Report& report)
+{
     handleError(ErrorCodeHandler::setErrorCode(report));
     return littleEndian(report, 4);
 }
@@ -241,12 +277,15 @@ void ZelvoHIDDevice::setPositionState(int32_t positionState)
 
 void ZelvoHIDDevice::readPosition()
 {
-    if (!m_isCommunicating)
-        return;
-    const auto self = shared_from_this();
-    const int32_t height = fetchPosition();
+    if (m_isCommunicating)
+        takeHeight(fetchPosition());
+}
+
+void ZelvoHIDDevice::takeHeight(int32_t height)
+{
     if (height == m_position)
         return;
+    const auto self = shared_from_this();
     m_position = height;
     if (m_delegate)
         m_delegate->updatedPosition(height, self);

@@ -42,6 +42,9 @@ public:
     ZelvoHIDDevice(const ZelvoHIDDevice&) = delete;
     ZelvoHIDDevice& operator=(const ZelvoHIDDevice&) = delete;
 
+    /// The report that stops the desk; only its first 8 bytes go out.
+    [[nodiscard]] static Report stopReport();
+
     /// The node that all devices transfer through; null when no adapter is attached.
     [[nodiscard]] static const ZelvoDeviceNodeRef& node();
     /// Points all devices at another node, for when the adapter behind the shared one has left.
@@ -66,8 +69,12 @@ public:
     void onMoveTimerTick(const Timer& timer);
     /// Reads the status word and starts or stops the polling by it.
     void updateCommunicating();
-    /// The height in the status report, whose errors are handled on the way; 0 when the read failed.
+    /// The height in the status report, whose errors are handled on the way; 0 when the read failed, the last
+    /// one while the first answer is under way.
     int32_t fetchPosition();
+    /// A status report that was asked for and came too late to be waited for: it answers a check of the
+    /// communication that waits for it, or gives the height.
+    void takeLateReport(const Report& report);
     /// Posts `error_code` for every report with an error, `error_code_removed` for the first clean one after.
     void handleError(const std::optional<ErrorCodes>& errorCodes);
     /// Element i is bit i of the status word; bits 14 and 15 are dropped.
@@ -104,7 +111,10 @@ public:
 
 private:
     bool sendSingle(const Report& report);
-    const Report& readStatusReport();
+    [[nodiscard]] std::optional<Report> readStatusReport();
+    void judgeCommunication(const Report& report);
+    [[nodiscard]] int32_t heightFrom(const Report& report);
+    void takeHeight(int32_t height);
 
     ZelvoDeviceNodeRef m_ownNode;
     ZelvoHIDDeviceDelegate* m_delegate = nullptr;
@@ -113,6 +123,7 @@ private:
     int32_t m_positionState = 0;
     int32_t m_direction = 0;
     bool m_isCommunicating = false;
+    bool m_isCheckPending = false;
     bool m_isConnected = false;
     TimerRef m_readPositionTimer;
     TimerRef m_moveTimer;

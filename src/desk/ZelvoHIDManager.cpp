@@ -4,6 +4,7 @@
 #include "platform/Log.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <utility>
 
 namespace {
@@ -40,6 +41,11 @@ ZelvoHIDManager::ZelvoHIDManager(HidManager& manager)
         [this](const HidDeviceRef& device) { handleMatchingDevice(device, m_manager, 0); });
     m_manager.registerDeviceRemovalCallback(
         [this](const HidDeviceRef& device) { handleRemovedDevice(device, m_manager, 0); });
+    m_manager.registerLateReportCallback([this](const HidDeviceRef& device, std::span<const uint8_t> report) {
+        handleLateReport(device, report);
+    });
+    const ZelvoHIDDevice::Report stop = ZelvoHIDDevice::stopReport();
+    m_manager.setRestReport({stop.begin(), stop.begin() + kWrittenBytes});
     if (m_manager.open() != 0)
         Log::line(QStringLiteral("IOHIDManagerOpen failed."));
 }
@@ -48,6 +54,7 @@ ZelvoHIDManager::~ZelvoHIDManager()
 {
     m_manager.registerDeviceMatchingCallback({});
     m_manager.registerDeviceRemovalCallback({});
+    m_manager.registerLateReportCallback({});
     // Nothing static may keep an adapter open until the process ends.
     s_deviceList = nullptr;
     ZelvoHIDDevice::setNode(nullptr);
@@ -96,6 +103,17 @@ void ZelvoHIDManager::handleRemovedDevice(const HidDeviceRef& device, const HidM
         static_cast<long long>(USBDeviceCount(sender))));
     if (isListed && !m_devices.empty())
         m_timers.schedule(0, RunLoop::Repeat::No, [this](Timer&) { bringInWaitingDevice(); });
+}
+
+void ZelvoHIDManager::handleLateReport(const HidDeviceRef& device, std::span<const uint8_t> report)
+{
+    if (!ZelvoHIDDevice::node() || ZelvoHIDDevice::node()->deviceRef != device)
+        return;
+    ZelvoHIDDevice::Report whole {};
+    std::copy_n(report.begin(), std::min(report.size(), whole.size()), whole.begin());
+    const Devices devices = m_devices; // All of them transfer through this node; each knows what it asked.
+    for (const auto& asking : devices)
+        asking->takeLateReport(whole);
 }
 
 void ZelvoHIDManager::bringInWaitingDevice()
@@ -187,11 +205,16 @@ bool ZelvoHIDManager::writeBuffer(std::span<const uint8_t> buffer, const ZelvoHI
 
 bool ZelvoHIDManager::readBuffer(std::span<uint8_t> buffer, const ZelvoHIDDevice& toDevice)
 {
+    return readReport(buffer, toDevice) == 0;
+}
+
+HidStatus ZelvoHIDManager::readReport(std::span<uint8_t> buffer, const ZelvoHIDDevice& toDevice)
+{
     HidDevice* target = transferTarget(toDevice);
     if (!target)
-        return false;
+        return ENODEV;
     const HidStatus status = target->getFeatureReport(buffer.first(std::min(buffer.size(), kReadBytes)));
-    if (status != 0)
+    if (status != 0 && status != EINPROGRESS)
         Log::line(QString::asprintf("IOHIDDeviceGetReport return value: %08x", unsigned(status)));
-    return status == 0;
+    return status;
 }

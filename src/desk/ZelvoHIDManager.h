@@ -59,6 +59,8 @@ public:
     static bool writeBuffer(std::span<const uint8_t> buffer, const ZelvoHIDDevice& toDevice);
     /// Reads up to 64 bytes into the buffer, whose byte 0 names the report.
     static bool readBuffer(std::span<uint8_t> buffer, const ZelvoHIDDevice& toDevice);
+    /// The same, telling a failure (an errno) from a first answer that is still under way (EINPROGRESS).
+    [[nodiscard]] static HidStatus readReport(std::span<uint8_t> buffer, const ZelvoHIDDevice& toDevice);
 
     [[nodiscard]] ZelvoHIDManagerDelegate* delegate() const { return m_delegate; }
     void setDelegate(ZelvoHIDManagerDelegate* delegate) { m_delegate = delegate; }
@@ -67,6 +69,7 @@ public:
 private:
     void start(const HidDeviceRef& reference, const HidManager& sender);
     [[nodiscard]] std::shared_ptr<ZelvoHIDDevice> deviceByReference(const HidDeviceRef& reference) const;
+    void handleLateReport(const HidDeviceRef& device, std::span<const uint8_t> report);
     void bringInWaitingDevice();
 
     HidManager& m_manager;
