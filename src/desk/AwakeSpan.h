@@ -11,8 +11,8 @@ public:
 
     [[nodiscard]] double seconds() const; ///< awake, since the start
     [[nodiscard]] bool hasSlept() const; ///< the machine slept since the start
-    /// The machine slept or the wall clock was set since the start: what is called now is not where the
-    /// stretch ends.
+    /// The wall clock went another way than the awake one, in a sleep or because it was set: what is called
+    /// now is not where the stretch ends.
     [[nodiscard]] bool isBroken() const;
     /// Where a stretch that is over by now ends: at the date, or for a broken one at its start plus the awake
     /// time; never before its start.
