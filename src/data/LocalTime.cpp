@@ -10,7 +10,7 @@ constexpr double kDay = 86400;
 /// Seconds east of UTC.
 double offset(double instant)
 {
-    const auto seconds = time_t(std::floor(instant));
+    const auto seconds = time_t(instant);
     tm local {};
     localtime_r(&seconds, &local);
     return double(local.tm_gmtoff);

@@ -62,6 +62,7 @@ TEST_F(DateTest, startsDaysWithTheirFirstInstant)
         {"America/New_York", "2024-11-03 12:00", "2024-11-03 00:00", "2024-11-03 23:00"},
         // Clocks that go forward at midnight: the day begins at 01:00.
         {"America/Sao_Paulo", "2017-10-15 12:00", "2017-10-15 01:00", "2017-10-16 01:00"},
+        {"Asia/Beirut", "2024-03-31 12:00", "2024-03-31 01:00", "2024-04-01 01:00"},
         // The last hour of a day comes twice, and midnight itself does.
         {"America/Sao_Paulo", "2018-02-17 23:30", "2018-02-17 00:00", "2018-02-17 23:00"},
         {"America/Havana", "2024-11-03 12:00", "2024-11-03 00:00", "2024-11-03 23:00"},

@@ -174,11 +174,12 @@ TEST_F(QtRunLoopTest, aCoarseSecondIsASecondFromItsStart)
     // Three that start at other parts of the second: what waits for full seconds ends one of them early.
     std::vector<double> lasted;
     for (const double delay : {0.05, 0.35, 0.65}) {
-        m_loop->scheduleTimer(delay, Repeat::No, [&](Timer&) {
+        const auto measure = [&](Timer&) {
             const double start = m_loop->monotonicNow();
             m_loop->scheduleTimer(
                 1, Repeat::No, [&, start](Timer&) { lasted.push_back(m_loop->monotonicNow() - start); });
-        });
+        };
+        m_loop->scheduleTimer(delay, Repeat::No, measure, {}, RunLoop::Precision::Precise);
     }
     ASSERT_TRUE(runUntil([&] { return lasted.size() == 3; }));
     for (const double seconds : lasted)
