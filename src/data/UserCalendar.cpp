@@ -218,7 +218,6 @@ double UserCalendar::startOfYear(double instant)
 
 double UserCalendar::gregorianDay(int year, int month, int day)
 {
-    m_gregorian->clear();
     m_gregorian->set(year, month - 1, day);
     return startOfWallDay(wallTime(*m_gregorian));
 }
