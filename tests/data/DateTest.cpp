@@ -66,6 +66,7 @@ TEST_F(DateTest, startsDaysWithTheirFirstInstant)
         // The last hour of a day comes twice, and midnight itself does.
         {"America/Sao_Paulo", "2018-02-17 23:30", "2018-02-17 00:00", "2018-02-17 23:00"},
         {"America/Havana", "2024-11-03 12:00", "2024-11-03 00:00", "2024-11-03 23:00"},
+        {"Asia/Amman", "2021-10-29 12:00", "2021-10-29 00:00", "2021-10-29 23:00"},
         // Half hours: a left-out 23:30 to 00:30, a change by half an hour, an offset of 5:45.
         {"America/Toronto", "1919-03-31 12:00", "1919-03-31 00:30", "1919-04-01 00:30"},
         {"Australia/Lord_Howe", "2024-10-06 12:00", "2024-10-06 00:00", "2024-10-07 00:30"},
@@ -327,11 +328,12 @@ TEST_F(DateTest, countsCalendarDifferences)
             EXPECT_EQ(at(from).distanceInDaysToDate(at(to)), days);
         }
     }
-    EXPECT_EQ(at("2024-03-11 13:02")
-                  .dateByAddingSeconds(3)
-                  .componentsWithOffsetFromDate(at("2024-03-11 13:02"))
-                  .second,
-        3);
+    DateComponents aMinute;
+    aMinute.minute = 1;
+    aMinute.second = 3;
+    const Date secondHalfPastTwo = at("2024-10-27 01:30").dateByAddingHours(2);
+    EXPECT_EQ(
+        secondHalfPastTwo.dateByAddingSeconds(63).componentsWithOffsetFromDate(secondHalfPastTwo), aMinute);
 }
 
 TEST_F(DateTest, countsGregorianYearsForTheExportInEveryLocale)
