@@ -18,6 +18,8 @@ struct Story : HubTest {
             {QStringLiteral("lower"), [&] { adapter->setHeight(2000); }},
             {QStringLiteral("pull"), [&] { hid.unplug(adapter); }},
             {QStringLiteral("plug"), [&] { hid.plug(adapter); }},
+            {QStringLiteral("pull2"), [&] { hid.unplug(second); }},
+            {QStringLiteral("plug2"), [&] { hid.plug(second); }},
             {QStringLiteral("dark"), [&] { workspace.screensSleep(); }},
             {QStringLiteral("willsleep"), [&] { workspace.willSleep(); }},
             {QStringLiteral("wake"), [&] { workspace.wake(); }},
@@ -34,18 +36,6 @@ struct Story : HubTest {
             platform.runLoop.advance(what.toDouble() - platform.runLoop.monotonicNow());
     }
 
-    /// The stored records in seconds of the wall clock since the start.
-    [[nodiscard]] std::string records()
-    {
-        QStringList texts;
-        for (const Period& period : storedPeriods())
-            texts.append(QStringLiteral("%1 %2..%3")
-                             .arg(period.isStanding ? QStringLiteral("stand") : QStringLiteral("sit"))
-                             .arg(period.start, 0, 'f', 1)
-                             .arg(period.end, 0, 'f', 1));
-        return texts.join(QStringLiteral(", ")).remove(QStringLiteral(".0")).toStdString();
-    }
-
     /// What was told but heights and device states, in awake seconds.
     [[nodiscard]] std::string told() const
     {
@@ -53,6 +43,8 @@ struct Story : HubTest {
             .join(QStringLiteral(", "))
             .toStdString();
     }
+
+    std::shared_ptr<FakeHidDevice> second = makeAdapter(1200);
 };
 
 TEST(Attendance, RecordsAttendedTimeAndNothingElse)
@@ -69,6 +61,8 @@ TEST(Attendance, RecordsAttendedTimeAndNothingElse)
             "sit 1.2..4000.2, stand 4000.2..4700", "4000.2: session, 1201.2: reminder 1, 4600.2: reminder 2"},
         {"an adapter that leaves for a while", "100 pull 200 plug 210", "sit 1.2..100, sit 201.2..210",
             "201.2: session"},
+        {"a second adapter changes nothing until the first one leaves",
+            "9 plug2 20 pull2 30 plug2 40 pull 50", "sit 1.2..40, sit 41.2..50", "41.2: session"},
         {"an absence, seen at the next look in both directions", "104 away 303 back 330",
             "sit 1.2..280, sit 310..330", "310.0: session"},
         {"dark screens open a fresh period, a wake closes it", "47 dark 63 wake 66",

@@ -7,8 +7,8 @@
 #include "platform/NotificationCenter.h"
 #include "platform/SleepAwareEventSource.h"
 
-#include <ostream>
 #include <sqlite3.h>
+#include <utility>
 
 /// The hands on mouse and keyboard. Like the system's own sources it counts on a clock that stands still in
 /// sleep.
@@ -29,23 +29,6 @@ public:
 private:
     double m_lastInput = 0;
     bool m_isActive = true;
-};
-
-/// One stored record, in seconds of the wall clock since the test's start.
-struct Period {
-    double start;
-    double end;
-    bool isStanding;
-
-    bool operator==(const Period& other) const
-    {
-        const auto near = [](double a, double b) { return std::abs(a - b) < 1e-3; };
-        return near(start, other.start) && near(end, other.end) && isStanding == other.isStanding;
-    }
-    friend std::ostream& operator<<(std::ostream& out, const Period& period)
-    {
-        return out << (period.isStanding ? "standing " : "sitting ") << period.start << " to " << period.end;
-    }
 };
 
 /// The hub with a desk, a user and a store around it. The plan is 20 standing minutes an hour in two goes:
@@ -78,17 +61,22 @@ public:
             SQLITE_OK);
     }
 
-    /// What a new process would find on disk.
-    std::vector<Period> storedPeriods()
+    /// What a new process would find on disk, in seconds of the wall clock since the test's start.
+    std::string records()
     {
-        std::vector<Period> periods;
+        QStringList texts;
         for (const auto& activity : TestStore(platform).all()) {
             EXPECT_EQ(activity->weight(), 67.5);
-            periods.push_back({activity->startDate().secondsSince1970() - TestPlatform::kStart,
-                activity->endDate().secondsSince1970() - TestPlatform::kStart, activity->isStanding()});
+            texts.append(QStringLiteral("%1 %2..%3")
+                             .arg(activity->isStanding() ? QStringLiteral("stand") : QStringLiteral("sit"))
+                             .arg(activity->startDate().secondsSince1970() - TestPlatform::kStart, 0, 'f', 1)
+                             .arg(activity->endDate().secondsSince1970() - TestPlatform::kStart, 0, 'f', 1));
         }
-        return periods;
+        return texts.join(QStringLiteral(", ")).remove(QStringLiteral(".0")).toStdString();
     }
+
+    /// The diary in one line, and the next one begins.
+    std::string heard() { return std::exchange(diary, {}).join(QStringLiteral(", ")).toStdString(); }
 
     /// Lets the machine be awake until so many seconds after the test's start.
     void until(double awakeSeconds)
