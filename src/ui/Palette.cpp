@@ -125,19 +125,17 @@ void applyWindowPalette(QWidget& window)
     const QColor brand = zelvoHoverColor();
 
     QPalette palette(zelvoButtonDarkBackgroundColor(), background);
-    for (const auto role :
-        {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText})
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
         palette.setColor(role, text);
+        palette.setColor(QPalette::Disabled, role, zelvoMainLineColor());
+    }
     palette.setColor(QPalette::Base, Qt::white);
     palette.setColor(QPalette::AlternateBase, background);
-    palette.setColor(QPalette::ToolTipBase, Qt::white);
     palette.setColor(QPalette::PlaceholderText, zelvoMainLineColor());
     palette.setColor(QPalette::Highlight, brand);
     palette.setColor(QPalette::HighlightedText, Qt::white);
     palette.setColor(QPalette::Link, brand);
     palette.setColor(QPalette::LinkVisited, brand);
-    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        palette.setColor(QPalette::Disabled, role, zelvoMainLineColor());
     window.setPalette(palette);
     window.setAutoFillBackground(true);
 }
