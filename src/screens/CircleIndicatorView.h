@@ -2,12 +2,18 @@
 
 #include "ui/Picture.h"
 
-#include <QFont>
 #include <QWidget>
 
 #include <optional>
 
 class QLabel;
+
+/// The circle's listener by the pattern of the other controls. A ring only shows: it tells its delegate
+/// nothing.
+class CircleIndicatorViewDelegate {
+protected:
+    ~CircleIndicatorViewDelegate() = default;
+};
 
 /// The progress ring: a value with a caption in a circle; in transparent mode over a white disc with a pie of
 /// the progress. Screen readers hear value, caption and percentage. Both texts are shown in upper case.
@@ -36,6 +42,9 @@ public:
     [[nodiscard]] double verticalOffset() const { return m_verticalOffset; }
     void setVerticalOffset(double offset);
 
+    [[nodiscard]] CircleIndicatorViewDelegate* delegate() const { return m_delegate; }
+    void setDelegate(CircleIndicatorViewDelegate* delegate) { m_delegate = delegate; }
+
     /// Whether the smaller side is more than 105: larger fonts and ring.
     [[nodiscard]] bool isLarge() const;
     [[nodiscard]] QLabel* textFieldValue() const { return m_textFieldValue; }
@@ -62,6 +71,7 @@ private:
     double m_verticalOffset = 0;
     int m_marginBetweenValueAndTitle = 0;
     bool m_transparent = false;
+    CircleIndicatorViewDelegate* m_delegate = nullptr;
     Picture m_image;
     Picture m_imageLarge;
     Picture m_imageTrans;

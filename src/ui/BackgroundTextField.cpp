@@ -5,7 +5,6 @@
 #include <QFocusEvent>
 #include <QGuiApplication>
 #include <QPainter>
-#include <QProxyStyle>
 #include <QStyleHints>
 
 namespace {
@@ -13,25 +12,31 @@ constexpr QMargins kPictureMargins {6, 6, 6, 6};
 constexpr qreal kDisabledOpacity = 0.45;
 constexpr qreal kFocusRadius = 4;
 constexpr int kCaretWidth = 1;
+}
 
-/// Takes away Qt's caret, which is drawn by inverting what lies under it and so has no colour to set.
-class CaretlessStyle final : public QProxyStyle {
-public:
-    [[nodiscard]] int pixelMetric(
-        PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override
-    {
-        return metric == PM_TextCursorWidth ? 0 : QProxyStyle::pixelMetric(metric, option, widget);
-    }
-};
+int BackgroundTextFieldCell::pixelMetric(
+    PixelMetric metric, const QStyleOption* option, const QWidget* widget) const
+{
+    return metric == PM_TextCursorWidth ? 0 : QProxyStyle::pixelMetric(metric, option, widget);
+}
+
+void BackgroundTextFieldCell::setUpFieldEditor(QLineEdit& editor, const QColor& textColor)
+{
+    QPalette colors = editor.palette();
+    colors.setColor(QPalette::Text, textColor);
+    colors.setColor(QPalette::HighlightedText, textColor);
+    colors.setColor(QPalette::Highlight, Qt::transparent);
+    colors.setColor(QPalette::Base, Qt::transparent);
+    editor.setPalette(colors);
 }
 
 BackgroundTextField::BackgroundTextField(QWidget* parent)
     : QLineEdit(parent)
     , m_insertionPointColor(Qt::black)
 {
-    auto* style = new CaretlessStyle;
-    style->setParent(this);
-    setStyle(style);
+    auto* cell = new BackgroundTextFieldCell;
+    cell->setParent(this);
+    setStyle(cell);
     setFrame(false);
     setAttribute(Qt::WA_MacShowFocusRect, false);
     setVerticalCentering(*this, true);
@@ -59,12 +64,7 @@ QColor BackgroundTextField::textColor() const
 
 void BackgroundTextField::setTextColor(const QColor& color)
 {
-    QPalette colors = palette();
-    colors.setColor(QPalette::Text, color);
-    colors.setColor(QPalette::HighlightedText, color);
-    colors.setColor(QPalette::Highlight, Qt::transparent);
-    colors.setColor(QPalette::Base, Qt::transparent);
-    setPalette(colors);
+    BackgroundTextFieldCell::setUpFieldEditor(*this, color);
 }
 
 void BackgroundTextField::paintEvent(QPaintEvent* event)

@@ -6,6 +6,17 @@
 
 #include <QColor>
 #include <QLineEdit>
+#include <QProxyStyle>
+
+/// How a field draws its text: what is selected has no highlight behind it, and Qt's caret is not drawn,
+/// since it inverts what lies under it and so has no colour to set.
+class BackgroundTextFieldCell final : public QProxyStyle {
+public:
+    static void setUpFieldEditor(QLineEdit& editor, const QColor& textColor);
+
+    [[nodiscard]] int pixelMetric(
+        PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
+};
 
 /// An entry field over a picture that stretches with it: no frame and no background of its own, text in the
 /// middle, selected text without a highlight behind it, a caret in a colour of its own.
