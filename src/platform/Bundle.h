@@ -3,7 +3,6 @@
 #include <QJsonObject>
 #include <QLocale>
 #include <QString>
-#include <QUrl>
 
 #include <optional>
 

@@ -1,7 +1,6 @@
 #pragma once
 
 class QColor;
-class QFont;
 class QLabel;
 class QString;
 class QWidget;

@@ -6,12 +6,10 @@
 #include <memory>
 
 class MainWindowController;
-class ManagedObjectContext;
 class Notification;
 class NotificationWindowController;
 class QMenu;
 class StatusItem;
-class Workspace;
 
 /// The status item's controller: owns the main window and the reminder window, shows and dismisses both, and
 /// follows the desk's connection.

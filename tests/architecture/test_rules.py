@@ -1,0 +1,141 @@
+"""What the folders may know of each other, and what may stand where, read off the sources."""
+
+import re
+from pathlib import Path, PurePosixPath
+
+import pytest
+
+TOP = Path(__file__).resolve().parents[2]
+FOLDERS = ["src", "simulator", "tests", "tools", "benchmarks", "docs", "packaging", "cmake", ".ci"]
+
+ARROWS = {
+    "shell": {"shell", "screens", "ui", "desk", "data", "platform"},
+    "screens": {"screens", "ui", "desk", "data", "platform"},
+    "ui": {"ui", "data", "platform"},
+    "desk": {"desk", "data", "platform"},
+    "data": {"data", "platform"},
+    "platform": {"platform"},
+    "resources": {"resources", "platform"},
+}
+BACKENDS = {"linux", "qt", "simulated"}
+GENERATED = re.compile(r"(.*\.moc|moc_.*|ui_.*|.*-protocol\.h)")
+COMMENT_OR_LITERAL = re.compile(
+    r'//[^\n]*|/\*.*?(?:\*/|\Z)|R"(\w*)\(.*?\)\1"|"(?:\\.|[^"\\\n])*"|(?<!\w)\'(?:\\.|[^\'\\\n])+\'', re.DOTALL)
+CLOCK = re.compile(
+    r"\bQ(Chrono|Basic|Elapsed|Deadline)?Timer\b|\bcurrentDateTime(Utc)?\b|\bQ(Date|Time)::current"
+    r"|\bcurrentM?SecsSinceEpoch\b|\bstd::chrono\b|<chrono>|\btime\s*\(\s*(nullptr|NULL|0)\s*\)"
+    r"|\bgettimeofday\b|\bclock_gettime\b|\btimerfd_create\b|\bstartTimer\s*\(|\bgetNow\s*\("
+    r"|\b[mun]?(ano)?sleep\s*\(|\bsleep_(for|until)\b")
+
+
+def without_comments(text):
+    def code(match):
+        piece = match[0]
+        return "\n" * piece.count("\n") if piece.startswith("/") else piece
+
+    return re.sub(COMMENT_OR_LITERAL, code, text.replace("\r", ""))
+
+
+def wrong_include(path, include):
+    """Why a file of the program may not have this include; None when it may."""
+    here, there = PurePosixPath(path).parts, PurePosixPath(include).parts
+    if here[0] == "simulator":
+        return None if there[0] == "simulator" else "shares the program's code with the other end of the wire"
+    if include.startswith("."):
+        return "is not written from the source root"
+    if len(there) == 1:  # Beside main.cpp lies what only main.cpp uses.
+        return None if len(here) == 2 or GENERATED.fullmatch(include) else "names no folder"
+    if there[0] == "simulator":
+        return None if path.startswith("src/platform/simulated/") else "is for the simulated backend alone"
+    if len(here) > 2 and there[0] not in ARROWS.get(here[1], ()):
+        return "is an arrow that does not exist"
+    if there[0] != "platform" or there[1] not in BACKENDS or path == "src/main.cpp" or path.startswith(f"src/platform/{there[1]}/"):
+        return None
+    # The developer's test window offers the simulated desk's faults.
+    if path.startswith("src/shell/TestWindow") and there[1] == "simulated":
+        return None
+    return "names a backend, which is for main.cpp to choose"
+
+
+def findings(path, text):
+    code = without_comments(text)
+    found = [f"{match[0]}... is a path of one machine" for match in re.finditer(r"(?<![\w./}~-])/home/[\w.]", text)]
+    if not path.startswith(("src/", "simulator/")) or not path.endswith((".h", ".cpp")):
+        return found
+    for include in re.findall(r'^\s*#\s*include\s*"([^"]*)"', code, re.MULTILINE):
+        if wrong := wrong_include(path, include):
+            found.append(f"{include} {wrong}")
+    # Only the backends know the time; the log names the true moment of a line, also under a virtual clock.
+    if not path.startswith(("src/platform/qt/", "src/platform/linux/", "src/platform/Log.cpp")):
+        found += [f"{match[0]} goes past RunLoop" for match in CLOCK.finditer(code)]
+    if path.endswith(".h"):
+        found += [f"{name} is declared and not used" for name in re.findall(r"^class (\w+);", code, re.MULTILINE)
+                  if len(re.findall(rf"\b{name}\b", code)) == 1]
+    if path.endswith(".h") and path.startswith(("src/data/", "src/desk/")):
+        found += [f"{name} belongs into a file of its own name"
+                  for name in re.findall(r"^class (\w+)\b(?!\s*;)", code, re.MULTILINE)
+                  if not name.startswith(PurePosixPath(path).stem)]
+    return found
+
+
+def test_the_source_tree_obeys_its_rules():
+    files = [path for path in TOP.iterdir() if path.suffix in {".md", ".txt", ".json", ""}]
+    for folder in FOLDERS:
+        files += (TOP / folder).rglob("*")
+    assert TOP / "src/platform/RunLoop.cpp" in files
+    found = []
+    for path in files:
+        # This file's own examples break every rule.
+        if path.is_file() and path != Path(__file__) and "__pycache__" not in path.parts and path.suffix != ".png":
+            name = path.relative_to(TOP).as_posix()
+            found += [f"{name}: {what}" for what in findings(name, path.read_text())]
+    assert not found
+
+
+BROKEN = [
+    ("src/screens/SetupView.cpp", '#include "shell/MainWindow.h"'),
+    ("src/ui/Palette.cpp", '#include "desk/ZelvoController.h"'),
+    ("src/desk/ScheduleManager.cpp", '#include "ui/Palette.h"'),
+    ("src/data/Date.cpp", '  #  include "desk/ZelvoController.h"'),
+    ("src/data/Date.cpp", '/* one line */ #include "desk/ZelvoController.h"'),
+    ("src/platform/RunLoop.cpp", '#include "data/Date.h"'),
+    ("src/utils/Text.cpp", '#include "platform/Log.h"'),
+    ("src/ui/Palette.cpp", '#include "Palette.h"'),
+    ("src/ui/Palette.cpp", '#include "../data/Date.h"'),
+    ("src/CommandLine.cpp", '#include "platform/linux/LinuxHidManager.h"'),
+    ("src/platform/linux/X.cpp", '#include "platform/simulated/VirtualRunLoop.h"'),
+    ("src/platform/RunLoop.cpp", '#include "platform/qt/QtRunLoop.h"'),
+    ("src/shell/TestWindowController.cpp", '#include "platform/linux/LinuxHidManager.h"'),
+    ("src/main.cpp", '#include "simulator/DeskModel.h"'),
+    ("simulator/DeskModel.cpp", '#include "platform/HidManager.h"'),
+    ("src/data/Date.cpp", 'auto a = "// no comment"; QTimer timer;'),
+    ("src/data/Date.cpp", "auto n = 1'000; QTimer timer;"),
+    ("simulator/DeskModel.cpp", "clock_gettime(CLOCK_REALTIME, &t);"),
+    ("src/main.cpp", "auto now = std::time( NULL );"),
+    ("src/data/Date.cpp", "QThread::msleep(5);"),
+    ("src/desk/IdleObserver.h", "class ScheduleManager {"),
+    ("src/ui/Palette.h", "class QWidget;"),
+    ("docs/protocol.md", "see /home/builder/docs"),
+    ("cmake/Settings.cmake", 'set(X "/home/someone/qt")'),
+]
+KEPT = [
+    ("src/shell/MainWindow.cpp", '#include "screens/SetupView.h"'),
+    ("src/data/Date.cpp", '// #include "desk/ZelvoController.h"'),
+    ("src/main.cpp", '#include "platform/linux/LinuxHidManager.h"'),
+    ("src/shell/TestWindowController.cpp", '#include "platform/simulated/SimulatedHidManager.h"'),
+    ("src/platform/simulated/SimulatedHidManager.h", '#include "simulator/DeskModel.h"'),
+    ("src/shell/MainWindow.cpp", '#include "ui_MainWindow.h"'),
+    ("src/main.cpp", '#include "CommandLine.h"'),
+    ("src/data/Date.cpp", "/* QTimer"),
+    ("src/data/Date.cpp", "TimerScope m_timers; double timeToSchedule(0); runLoop.sleepMachine(5);"),
+    ("src/platform/qt/QtRunLoop.cpp", "QTimer timer;"),
+    ("tests/data/DateTest.cpp", "QTimer timer;"),
+    ("src/desk/IdleObserver.h", "class IdleObserverDelegate {"),
+    ("src/ui/Palette.h", "class QWidget;\nvoid apply(QWidget& window);"),
+    ("docs/protocol.md", "framework/home/desk, ~/home/x, the folder /home, and $HOME/x"),
+]
+
+
+@pytest.mark.parametrize("path, text, count", [(*rule, 1) for rule in BROKEN] + [(*rule, 0) for rule in KEPT])
+def test_a_rule_notices_what_breaks_it_and_nothing_else(path, text, count):
+    assert len(findings(path, f"\n{text}\n")) == count
