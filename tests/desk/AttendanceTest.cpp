@@ -20,6 +20,8 @@ struct Story : HubTest {
             {QStringLiteral("plug"), [&] { hid.plug(adapter); }},
             {QStringLiteral("pull2"), [&] { hid.unplug(second); }},
             {QStringLiteral("plug2"), [&] { hid.plug(second); }},
+            {QStringLiteral("mute"), [&] { letWritesFail(EPIPE); }},
+            {QStringLiteral("speak"), [&] { letWritesFail(0); }}, // The status can be read again.
             {QStringLiteral("dark"), [&] { workspace.screensSleep(); }},
             {QStringLiteral("willsleep"), [&] { workspace.willSleep(); }},
             {QStringLiteral("wake"), [&] { workspace.wake(); }},
@@ -34,6 +36,14 @@ struct Story : HubTest {
             hub->scheduleManager()->startScheduledTimerWithInterval(seconds(3), 2);
         else
             platform.runLoop.advance(what.toDouble() - platform.runLoop.monotonicNow());
+    }
+
+    /// After a write that failed the device asks for the status.
+    void letWritesFail(HidStatus readStatus)
+    {
+        adapter->writeStatus = EPIPE;
+        adapter->readStatus = readStatus;
+        hub->moveDeviceUp();
     }
 
     /// What was told but heights and device states, in awake seconds.
@@ -61,6 +71,8 @@ TEST(Attendance, RecordsAttendedTimeAndNothingElse)
             "sit 1.2..4000.2, stand 4000.2..4700", "4000.2: session, 1201.2: reminder 1, 4600.2: reminder 2"},
         {"an adapter that leaves for a while", "100 pull 200 plug 210", "sit 1.2..100, sit 201.2..210",
             "201.2: session"},
+        {"an adapter that is silent for a while", "50 mute 100 speak 120", "sit 1.2..50, sit 100..120",
+            "100.0: session"},
         {"a second adapter changes nothing until the first one leaves",
             "9 plug2 20 pull2 30 plug2 40 pull 50", "sit 1.2..40, sit 41.2..50", "41.2: session"},
         {"an absence, seen at the next look in both directions", "104 away 303 back 330",

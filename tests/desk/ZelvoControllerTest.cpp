@@ -84,24 +84,6 @@ TEST_F(ZelvoControllerTest, TakesNoNewsFromADeviceThatAScreenStillHolds)
     EXPECT_EQ(hub->position(), 0) << "or the next adapter's first state would seem known";
 }
 
-TEST_F(ZelvoControllerTest, ClosesAPeriodWhileTheAdapterIsSilent)
-{
-    plugAndPoll();
-    platform.runLoop.advance(48.8);
-    adapter->writeStatus = EPIPE;
-    adapter->readStatus = EPIPE;
-    hub->moveDeviceUp();
-    EXPECT_FALSE(hub->isActive());
-    EXPECT_EQ(hub->activity(), nullptr);
-    platform.runLoop.advance(50);
-    adapter->readStatus = 0;
-    hub->moveDeviceDown(); // Not written either, but the status can be read again.
-    EXPECT_TRUE(hub->isActive());
-    platform.runLoop.advance(20);
-    EXPECT_EQ(heard(), "50.0: device state, 100.0: session, 100.0: device state");
-    EXPECT_EQ(records(), "sit 1.2..50, sit 100..120");
-}
-
 TEST_F(ZelvoControllerTest, StopsAHeldMovementBeforeTheMachineSleepsOrTheProgramEnds)
 {
     plugAndPoll();

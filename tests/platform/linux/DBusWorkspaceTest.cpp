@@ -126,27 +126,27 @@ protected:
     {
         const bool on = what.endsWith(QLatin1Char('+'));
         const QString service = what.chopped(1);
-        if (service.startsWith(QLatin1Char('/')))
-            screenSaver(service.section(QLatin1Char('='), 0, 0), service.section(QLatin1Char('='), 1), on);
-        else if (service == QStringLiteral("saver"))
-            screenSaver(
-                QStringLiteral("/org/gnome/ScreenSaver"), QStringLiteral("org.gnome.ScreenSaver"), on);
-        else if (service == QStringLiteral("kde"))
-            screenSaver(QStringLiteral("/ScreenSaver"), QStringLiteral("org.freedesktop.ScreenSaver"), on);
-        else if (service == QStringLiteral("power"))
+        const bool isAboutLock = service.startsWith(QStringLiteral("Prepare"));
+        if (service == QStringLiteral("power"))
             powerSaveMode(on ? 3 : what == QStringLiteral("power?") ? -1 : 0);
         else if (service == QStringLiteral("hint"))
             m_logind->setLockedHint(on);
-        else
+        else if (isAboutLock)
             m_logind->say(service, on);
+        else
+            screenSaver(service, on);
         settle();
-        const bool isAboutLock = service.startsWith(QStringLiteral("Prepare"));
         EXPECT_TRUE(waitFor([&] { return !isAboutLock || m_logind->isLockHeld() != on; }))
             << qPrintable(what);
     }
 
-    void screenSaver(const QString& path, const QString& interface, bool isActive)
+    void screenSaver(const QString& desktop, bool isActive)
     {
+        const bool isKde = desktop == QStringLiteral("kde"); // It uses the general name in two places.
+        const QString path =
+            isKde ? QStringLiteral("/ScreenSaver") : QStringLiteral("/org/%1/ScreenSaver").arg(desktop);
+        const QString interface =
+            QStringLiteral("org.%1.ScreenSaver").arg(isKde ? QStringLiteral("freedesktop") : desktop);
         m_desktop.send(
             QDBusMessage::createSignal(path, interface, QStringLiteral("ActiveChanged")) << isActive);
     }
@@ -181,20 +181,13 @@ TEST_F(DBusWorkspaceTest, tellsTheFirstEdgeOfWhatManyServicesSay)
         const char* said;
         const char* heard;
     } kTestCases[] = {
-        {"saver+ saver- saver+ saver-", "dark dark"}, // lock, unlock, lock
-        {"hint+ hint- hint+ hint-", "dark dark"}, {"saver+ saver+ saver- saver- saver+ saver-", "dark dark"},
-        {"saver+ power+ power+ kde+ hint+ hint- kde- power- saver-", "dark"},
-        {"saver+ power+ power- saver- power+ power-", "dark dark"},
-        {"saver+ kde+ kde- kde+ kde- saver-", "dark dark"}, // a locker that is stuck
+        {"gnome+ gnome- gnome+ gnome-", "dark dark"}, // lock, unlock, lock
+        {"hint+ hint- hint+ hint-", "dark dark"}, {"gnome+ gnome+ gnome- gnome- gnome+ gnome-", "dark dark"},
+        {"gnome+ power+ power+ kde+ hint+ hint- kde- power- gnome-", "dark"},
+        {"gnome+ power+ power- gnome- power+ power-", "dark dark"},
+        {"gnome+ kde+ kde- kde+ kde- gnome-", "dark dark"}, // a locker that is stuck
         {"power? power-", ""}, // no mode is known
-        {"/org/freedesktop/ScreenSaver=org.freedesktop.ScreenSaver+ "
-         "/org/freedesktop/ScreenSaver=org.freedesktop.ScreenSaver-",
-            "dark"},
-        {"/org/cinnamon/ScreenSaver=org.cinnamon.ScreenSaver+ "
-         "/org/cinnamon/ScreenSaver=org.cinnamon.ScreenSaver-",
-            "dark"},
-        {"/org/mate/ScreenSaver=org.mate.ScreenSaver+ /org/mate/ScreenSaver=org.mate.ScreenSaver-", "dark"},
-        {"/org/xfce/ScreenSaver=org.xfce.ScreenSaver+ /org/xfce/ScreenSaver=org.xfce.ScreenSaver-", "dark"},
+        {"freedesktop+ freedesktop- cinnamon+ cinnamon- mate+ mate- xfce+ xfce-", "dark dark dark dark"},
         {"PrepareForSleep+ PrepareForSleep- PrepareForSleep+ PrepareForSleep-", "sleep wake sleep wake"},
         {"hint+ PrepareForSleep+ PrepareForSleep- hint- hint+ hint-", "dark sleep wake dark"},
         {"PrepareForShutdown+ PrepareForShutdown-", "shutdown"}, // called off
