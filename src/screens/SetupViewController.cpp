@@ -5,6 +5,7 @@
 #include "data/DecimalFormatter.h"
 #include "data/Helper.h"
 #include "data/Saturation.h"
+#include "desk/HubAccess.h"
 #include "desk/PositionListener.h"
 #include "platform/Bundle.h"
 #include "platform/Workspace.h"
@@ -40,16 +41,6 @@ AppProperties& properties()
     return AppProperties::instance();
 }
 
-ZelvoController* hub()
-{
-    return properties().zelvoController().get();
-}
-
-std::shared_ptr<ZelvoHIDDevice> device()
-{
-    return hub() ? hub()->device() : nullptr;
-}
-
 bool isDeskActive()
 {
     return hub() && hub()->isActive();
@@ -58,8 +49,7 @@ bool isDeskActive()
 /// Raw, 0.1 mm; 0 without a desk.
 int32_t deskPosition()
 {
-    const auto desk = device();
-    return desk ? desk->position() : 0;
+    return device() ? device()->position() : 0;
 }
 
 void setDevicePosition(int32_t index, int32_t position)
@@ -656,24 +646,22 @@ void SetupViewController::memoryViewButtonDoneClicked()
 
 void SetupViewController::memoryViewButtonUpMouseDown()
 {
-    if (const auto desk = device())
+    if (ZelvoHIDDevice* const desk = m_deskHold.begin())
         desk->moveUp();
 }
 
 void SetupViewController::memoryViewButtonUpMouseUp()
 {
-    if (const auto desk = device())
-        desk->stop();
+    m_deskHold.end();
 }
 
 void SetupViewController::memoryViewButtonDownMouseDown()
 {
-    if (const auto desk = device())
+    if (ZelvoHIDDevice* const desk = m_deskHold.begin())
         desk->moveDown();
 }
 
 void SetupViewController::memoryViewButtonDownMouseUp()
 {
-    if (const auto desk = device())
-        desk->stop();
+    m_deskHold.end();
 }

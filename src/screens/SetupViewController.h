@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/ActivityManager.h"
+#include "desk/DeskHold.h"
 #include "platform/NotificationCenter.h"
 #include "screens/GoalCircleView.h"
 #include "screens/MemoryViewController.h"
@@ -121,6 +122,7 @@ private:
     void dropView();
 
     Workspace& m_workspace;
+    DeskHold m_deskHold; // Before the view, whose end lets go of its buttons.
     SetupViewControllerDelegate* m_delegate = nullptr;
     ActivityManager m_activityGoalManager;
     std::unique_ptr<MemoryViewController> m_memoryViewController;

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "data/ActivityPersister.h"
+#include "desk/DeskHold.h"
 #include "platform/NotificationCenter.h"
 #include "platform/RunLoop.h"
-#include "shell/DeskHold.h"
 #include "ui/MouseEventButton.h"
 
 #include <functional>

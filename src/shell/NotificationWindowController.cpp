@@ -2,11 +2,11 @@
 
 #include "data/AppProperties.h"
 #include "data/Helper.h"
+#include "desk/HubAccess.h"
 #include "desk/PositionListener.h"
 #include "platform/Bundle.h"
 #include "platform/Workspace.h"
 #include "shell/ErrorLine.h"
-#include "shell/HubAccess.h"
 #include "shell/Notification.h"
 #include "ui/FontAndTextHandler.h"
 #include "ui/Palette.h"

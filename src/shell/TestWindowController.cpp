@@ -1,7 +1,7 @@
 #include "shell/TestWindowController.h"
 
+#include "desk/HubAccess.h"
 #include "platform/simulated/SimulatedHidManager.h"
-#include "shell/HubAccess.h"
 #include "shell/MenuletController.h"
 #include "shell/Notification.h"
 #include "ui/Palette.h"

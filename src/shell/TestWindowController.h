@@ -1,7 +1,7 @@
 #pragma once
 
+#include "desk/DeskHold.h"
 #include "platform/RunLoop.h"
-#include "shell/DeskHold.h"
 #include "ui/MouseEventButton.h"
 
 #include <cstdint>

@@ -1,8 +1,8 @@
 #include "shell/MainWindowController.h"
 
 #include "data/CalorieCalculator.h"
+#include "desk/HubAccess.h"
 #include "screens/CircleIndicatorView.h"
-#include "shell/HubAccess.h"
 #include "shell/WindowTest.h"
 #include "ui/FontAndTextHandler.h"
 #include "ui/HyperLinkTextField.h"

@@ -1,4 +1,4 @@
-#include "shell/HubAccess.h"
+#include "desk/HubAccess.h"
 
 #include "data/AppProperties.h"
 

@@ -1,6 +1,6 @@
-#include "shell/DeskHold.h"
+#include "desk/DeskHold.h"
 
-#include "shell/HubAccess.h"
+#include "desk/HubAccess.h"
 
 ZelvoHIDDevice* DeskHold::begin()
 {
