@@ -6,8 +6,6 @@
 #include "platform/Log.h"
 #include "platform/NotificationCenter.h"
 
-#include <QVariantMap>
-
 #include <cerrno>
 
 namespace {
@@ -105,6 +103,7 @@ bool ZelvoHIDDevice::moveDownSingle()
 
 bool ZelvoHIDDevice::stop()
 {
+    ++m_stops;
     invalidate(m_moveTimer);
     return sendSingle(stopReport());
 }
@@ -143,9 +142,17 @@ void ZelvoHIDDevice::moveToPosition(int32_t height)
 void ZelvoHIDDevice::moveToDirection(int32_t direction)
 {
     const auto self = shared_from_this();
+    const unsigned ownStop = m_stops + 1;
     stop();
-    const QVariantMap userInfo {{directionKey(), direction}};
+    // The stop's read can reach a delegate that stops the desk, or starts another movement: that is newer.
+    if (m_stops == ownStop)
+        startMoveTimer({{directionKey(), direction}});
+}
+
+void ZelvoHIDDevice::startMoveTimer(const QVariantMap& userInfo)
+{
     invalidate(m_moveTimer);
+    m_moveDueAt = RunLoop::main().monotonicNow() + kMoveInterval;
     m_moveTimer = m_timers.schedule(
         kMoveInterval, RunLoop::Repeat::Yes, [this](Timer& timer) { onMoveTimerTick(timer); }, userInfo,
         RunLoop::Precision::Precise);
@@ -153,7 +160,14 @@ void ZelvoHIDDevice::moveToDirection(int32_t direction)
 
 void ZelvoHIDDevice::onMoveTimerTick(const Timer& timer)
 {
-    switch (timer.userInfo().toMap().value(directionKey()).toInt()) {
+    const QVariantMap userInfo = timer.userInfo().toMap();
+    // After a standstill of the process the release of the button may wait to be heard: it comes first.
+    if (RunLoop::main().monotonicNow() > m_moveDueAt + kMoveInterval / 2) {
+        startMoveTimer(userInfo);
+        return;
+    }
+    m_moveDueAt += kMoveInterval;
+    switch (userInfo.value(directionKey()).toInt()) {
     case kDirectionToPosition:
         moveToPositionSingle(m_moveToposition);
         break;
@@ -232,13 +246,12 @@ int32_t ZelvoHIDDevice::heightFrom(const Report& report)
 void ZelvoHIDDevice::handleError(const std::optional<ErrorCodes>& errorCodes)
 {
     const auto self = shared_from_this();
-    const bool wasShown = m_errorRecieved;
-    m_errorRecieved = errorCodes.has_value();
     // Repeated with every report, so that a window opened in the meantime shows the error too.
     if (errorCodes)
         NotificationCenter::defaultCenter().post(NotificationNames::kErrorCode, self, *errorCodes);
-    else if (wasShown)
+    else if (m_errorRecieved)
         NotificationCenter::defaultCenter().post(NotificationNames::kErrorCodeRemoved);
+    m_errorRecieved = errorCodes.has_value();
 }
 
 ZelvoHIDDevice::StatusBits ZelvoHIDDevice::statusToArray(int32_t status)

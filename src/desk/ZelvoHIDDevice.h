@@ -5,6 +5,7 @@
 
 #include <QMap>
 #include <QString>
+#include <QVariantMap>
 
 #include <array>
 #include <cstdint>
@@ -61,7 +62,8 @@ public:
     bool stop();
     bool moveToPositionSingle(int32_t height); ///< only the low 16 bits are sent
     /// Held movements: a stop at once, then the command every 0.2 s until stop(). Nothing else ends them, on
-    /// purpose: the adapter stops by itself when the commands cease.
+    /// purpose: the adapter stops by itself when the commands cease. A tick that is late by more than half an
+    /// interval sends nothing, so that a release which waits behind it is heard first.
     void moveUp();
     void moveDown();
     void moveToPosition(int32_t height);
@@ -111,6 +113,7 @@ public:
 
 private:
     bool sendSingle(const Report& report);
+    void startMoveTimer(const QVariantMap& userInfo);
     [[nodiscard]] std::optional<Report> readStatusReport();
     void judgeCommunication(const Report& report);
     [[nodiscard]] int32_t heightFrom(const Report& report);
@@ -127,6 +130,8 @@ private:
     bool m_isConnected = false;
     TimerRef m_readPositionTimer;
     TimerRef m_moveTimer;
+    double m_moveDueAt = 0; // The next tick, on the monotonic clock.
+    unsigned m_stops = 0; // How often the desk was told to stop.
     bool m_errorRecieved = false;
     int32_t m_oldTablePosition = 0;
     Report m_lastStatusReport {};
