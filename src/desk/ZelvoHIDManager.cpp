@@ -99,6 +99,8 @@ void ZelvoHIDManager::handleRemovedDevice(const HidDeviceRef& device, const HidM
     killDeviceReference(device);
     // The newest device still attached defines the node again; with none the adapter may be closed.
     ZelvoHIDDevice::setNode(m_devices.empty() ? nullptr : m_devices.back()->ownNode());
+    // A hold that went to the adapter that has left must not begin to move the other one.
+    endHeldMovements();
     Log::line(QString::asprintf("\nDevice removed: %p\nDevice count: %lld", address(device),
         static_cast<long long>(USBDeviceCount(sender))));
     if (isListed && !m_devices.empty())
@@ -126,6 +128,15 @@ void ZelvoHIDManager::bringInWaitingDevice()
     start(waiting->ownNode()->deviceRef, m_manager);
 }
 
+void ZelvoHIDManager::endHeldMovements()
+{
+    const Devices devices = m_devices;
+    for (const auto& device : devices) {
+        if (device->moveTimer() && device->moveTimer()->isValid())
+            device->stop();
+    }
+}
+
 std::shared_ptr<ZelvoHIDDevice> ZelvoHIDManager::addDeviceReference(const HidDeviceRef& reference)
 {
     auto node = std::make_shared<ZelvoDeviceNode>();
@@ -135,6 +146,8 @@ std::shared_ptr<ZelvoHIDDevice> ZelvoHIDManager::addDeviceReference(const HidDev
     if (!s_deviceList)
         s_deviceList = node;
 
+    // The new device's node is everybody's: what is held must stop while the old adapter is still reached.
+    endHeldMovements();
     auto device = std::make_shared<ZelvoHIDDevice>(node);
     device->setIsConnected(true);
     addDevice(device);
@@ -154,7 +167,8 @@ void ZelvoHIDManager::removeDevice(const std::shared_ptr<ZelvoHIDDevice>& device
     if (m_delegate)
         m_delegate->deviceRemoved(device);
     device->setIsConnected(false);
-    std::erase(m_devices, device);
+    std::erase(m_devices, std::shared_ptr(device)); // A copy: the argument may be the element itself.
+    device->handleError(std::nullopt); // A shown error leaves with its adapter.
 }
 
 std::shared_ptr<ZelvoHIDDevice> ZelvoHIDManager::deviceByNode(const ZelvoDeviceNodeRef& node) const

@@ -25,7 +25,8 @@ protected:
 ///
 /// The program drives one desk. A further adapter gets a device object and is announced, but is not listed;
 /// when the listed one leaves, the one that has waited longest is brought in as if it had just been plugged
-/// in.
+/// in. When another adapter becomes the one that all devices transfer through, a held movement ends with a
+/// stop.
 class ZelvoHIDManager {
 public:
     using Devices = std::vector<std::shared_ptr<ZelvoHIDDevice>>;
@@ -70,6 +71,7 @@ private:
     void start(const HidDeviceRef& reference, const HidManager& sender);
     [[nodiscard]] std::shared_ptr<ZelvoHIDDevice> deviceByReference(const HidDeviceRef& reference) const;
     void handleLateReport(const HidDeviceRef& device, std::span<const uint8_t> report);
+    void endHeldMovements();
     void bringInWaitingDevice();
 
     HidManager& m_manager;

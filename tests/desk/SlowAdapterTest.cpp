@@ -25,15 +25,14 @@ void PrintTo(const Wire& test, std::ostream* out)
     *out << test.name;
 }
 
-class SlowAdapterTest : public DeskTest,
-                        public testing::WithParamInterface<Wire>,
-                        public ZelvoHIDManagerDelegate,
-                        public ZelvoHIDDeviceDelegate {
+class WireTest : public DeskTest, public ZelvoHIDManagerDelegate, public ZelvoHIDDeviceDelegate {
 protected:
-    SlowAdapterTest()
+    WireTest()
     {
         manager.setDelegate(this);
         simulation.adapter().onTransfer([this](const HidTransfer& transfer) { log(transfer); });
+        simulation.adapter(1).onTransfer(
+            [this](const HidTransfer& transfer) { log(transfer, QStringLiteral("B:")); });
         advanceTo(0);
         heard.clear();
         wire.clear();
@@ -41,12 +40,16 @@ protected:
 
     void deviceAdded(const std::shared_ptr<ZelvoHIDDevice>& added) override
     {
+        if (device)
+            return;
         device = added;
         device->setDelegate(this);
         hear(QStringLiteral("added"));
     }
-    void deviceRemoved(const std::shared_ptr<ZelvoHIDDevice>&) override
+    void deviceRemoved(const std::shared_ptr<ZelvoHIDDevice>& removed) override
     {
+        if (removed != device)
+            return;
         device->setDelegate(nullptr);
         device.reset();
         hear(QStringLiteral("removed"));
@@ -57,8 +60,9 @@ protected:
     }
     void updatedPosition(int32_t position, const std::shared_ptr<ZelvoHIDDevice>&) override
     {
-        if (position < 800)
-            hear(QStringLiteral("height %1").arg(position));
+        EXPECT_GE(position, 900) << "no height was made up";
+        if (onHeight)
+            onHeight();
     }
     void updatedPositionState(int32_t state, const std::shared_ptr<ZelvoHIDDevice>&) override
     {
@@ -66,20 +70,26 @@ protected:
     }
 
     /// Seconds since the desk was polled for the second time.
-    [[nodiscard]] double time() const { return secondsSinceStart() - 2.2; }
+    [[nodiscard]] double time() const { return secondsSinceStart() - 2.2 - origin; }
     void advanceTo(double seconds) { platform.runLoop.advance(seconds - time()); }
+
+    void at(double seconds, const std::function<void()>& act)
+    {
+        platform.runLoop.scheduleTimer(
+            seconds - time(), RunLoop::Repeat::No, [act](Timer&) { act(); }, {}, RunLoop::Precision::Precise);
+    }
 
     void hear(const QString& what) { heard.append(QStringLiteral("%1 %2").arg(time(), 0, 'f', 2).arg(what)); }
 
-    void log(const HidTransfer& transfer)
+    void log(const HidTransfer& transfer, const QString& prefix = {})
     {
-        QString line = nameOf(transfer);
+        QString line = prefix + nameOf(transfer);
         if (transfer.status != 0)
             line += u'!';
-        if (line != QStringLiteral("r")) {
+        if (line != prefix + QStringLiteral("r")) {
             const QString lasted =
                 transfer.duration > 0 ? QStringLiteral("+%1").arg(transfer.duration, 0, 'f', 2) : QString();
-            const double begun = transfer.seconds - TestPlatform::kStart - 2.2;
+            const double begun = transfer.seconds - TestPlatform::kStart - 2.2 - origin;
             line = QStringLiteral("%1%2 %3").arg(begun, 0, 'f', 2).arg(lasted, line);
         }
         wire.append(line);
@@ -94,28 +104,127 @@ protected:
         switch (transfer.bytes[1] | transfer.bytes[2] << 8) {
         case 0x8000:
             return QStringLiteral("up");
+        case 0x7FFF:
+            return QStringLiteral("down");
         case 0x8001:
             return QStringLiteral("stop");
         default:
-            return QStringLiteral("other");
+            return QStringLiteral("go");
         }
     }
 
     SimulatedHidManager simulation;
     ZelvoHIDManager manager {simulation};
     std::shared_ptr<ZelvoHIDDevice> device;
+    std::function<void()> onHeight;
+    double origin = 0; ///< of time()
     QStringList heard;
     QStringList wire;
 };
+
+class SlowAdapterTest : public WireTest, public testing::WithParamInterface<Wire> { };
+}
+
+TEST_F(WireTest, AnAdapterThatIsLateEachTimeComesAliveAndIsPolled)
+{
+    simulation.unplug();
+    advanceTo(1);
+    simulation.adapter().setLatency(0.3);
+    simulation.desk().setHeight(3000);
+    simulation.plug();
+    advanceTo(3.5);
+    EXPECT_EQ(wire.join(u' '), QStringLiteral("1.00+0.30 init 1.30+0.30 stop r r"));
+    EXPECT_EQ(heard.join(u' '), QStringLiteral("0.00 removed 1.00 added 1.90 communicating 2.90 state 1"));
+    EXPECT_EQ(device->position(), 3000);
+    simulation.desk().setHeight(3100);
+    simulation.desk().setUnnamedError(true);
+    advanceTo(5.5);
+    EXPECT_EQ(device->position(), 3100);
+    EXPECT_TRUE(device->errorRecieved());
+}
+
+TEST_F(WireTest, AStopWithinTheStartOfAMovementEndsIt)
+{
+    at(0.1, [&] {
+        simulation.desk().setHeight(950);
+        onHeight = [this] { device->stop(); };
+        device->moveUp();
+    });
+    advanceTo(0.7);
+    EXPECT_EQ(wire.join(u' '), QStringLiteral("0.10 stop r 0.10 stop r"));
+    wire.clear();
+    at(1.1, [&] {
+        simulation.desk().setHeight(990);
+        onHeight = [this] {
+            onHeight = {};
+            device->moveDown();
+        };
+        device->moveUp();
+    });
+    advanceTo(1.4);
+    EXPECT_EQ(wire.join(u' '), QStringLiteral("r 1.10 stop r 1.10 stop r 1.30 down r"));
+}
+
+TEST_F(WireTest, AReleaseThatWaitsBehindAStandstillComesBeforeTheNextMovement)
+{
+    const struct {
+        double
+            standstill; ///< from 0.45 s on; the button is let go at its beginning, a key 20 ms after its end
+        const char* expected;
+    } kTestCases[] = {
+        {0.04, "0.10 stop r r 0.30 up r 0.50 up r 0.51 stop r"},
+        {0.14, "r 0.10 stop r 0.30 up r 0.59 up r 0.61 stop r"},
+        {0.16, "r 0.10 stop r 0.30 up r 0.63 stop r"},
+        {0.34, "r 0.10 stop r 0.30 up r 0.81 stop r"},
+    };
+    double start = 0;
+    for (const auto& test : kTestCases) {
+        SCOPED_TRACE(test.standstill);
+        simulation.unplug();
+        simulation.plug();
+        advanceTo(start += 10);
+        origin = start;
+        wire.clear();
+        at(0.1, [&] { device->moveUp(); });
+        advanceTo(0.45);
+        platform.runLoop.jump(test.standstill);
+        at(0.45 + test.standstill + 0.02, [&] { device->stop(); });
+        advanceTo(0.9);
+        origin = 0;
+        EXPECT_EQ(wire.join(u' '), QString::fromLatin1(test.expected));
+    }
+}
+
+TEST_F(WireTest, AHeldMovementStopsBeforeAnotherAdapterTakesOver)
+{
+    at(0.1, [&] { device->moveUp(); });
+    advanceTo(0.4);
+    simulation.plug(1);
+    advanceTo(0.55);
+    EXPECT_EQ(wire.join(u' '), QStringLiteral("0.10 stop r 0.30 up r 0.40 stop r 0.40 B:init 0.40 B:stop"));
+    wire.clear();
+    at(0.6, [&] { device->moveUp(); });
+    advanceTo(0.9);
+    simulation.unplug(1);
+    advanceTo(1.7);
+    EXPECT_EQ(wire.join(u' '), QStringLiteral("B:r 0.60 B:stop B:r 0.80 B:up B:r 0.90 stop r r"))
+        << "the first desk is not moved by a hold that went to the second";
+}
+
+TEST_F(WireTest, AHeldMoveToAHeightEndsThere)
+{
+    device->moveToPosition(4000);
+    advanceTo(15);
+    device->stop();
+    advanceTo(16);
+    EXPECT_EQ(device->position(), 4000);
+    EXPECT_EQ(device->positionState(), 1);
 }
 
 TEST_P(SlowAdapterTest, TheWholeWire)
 {
     const Wire& test = GetParam();
     simulation.adapter().setLatency(test.latency);
-    const auto at = [&](double seconds, const std::function<void()>& act) {
-        platform.runLoop.scheduleTimer(seconds, RunLoop::Repeat::No, [act](Timer&) { act(); });
-    };
     std::weak_ptr<ZelvoHIDDevice> held = device;
     at(0.1, [&] { device->moveUp(); });
     at(0.6, [&] { simulation.adapter().failNext(test.failures, EPIPE); });

@@ -61,32 +61,6 @@ protected:
     bool letGo = false;
 };
 
-/// Remembers with which precision the timers were asked for.
-class PrecisionRecorder final : public RunLoop {
-public:
-    explicit PrecisionRecorder(RunLoop& inner)
-        : m_inner(inner)
-    {
-    }
-    std::map<double, Precision> asked; // By interval.
-
-    [[nodiscard]] double now() const override { return m_inner.now(); }
-    [[nodiscard]] double monotonicNow() const override { return m_inner.monotonicNow(); }
-    [[nodiscard]] double bootTimeNow() const override { return m_inner.bootTimeNow(); }
-    void performSoon(std::function<void()> callable) override { m_inner.performSoon(std::move(callable)); }
-
-protected:
-    TimerRef platformScheduleTimer(double seconds, Repeat repeats, TimerCallback callback, QVariant userInfo,
-        Precision precision) override
-    {
-        if (repeats == Repeat::Yes)
-            asked[seconds] = precision;
-        return m_inner.scheduleTimer(seconds, repeats, std::move(callback), std::move(userInfo), precision);
-    }
-
-private:
-    RunLoop& m_inner;
-};
 }
 
 TEST_F(ZelvoHIDDeviceTest, SendsEachCommandByteForByte)
@@ -113,25 +87,6 @@ TEST_F(ZelvoHIDDeviceTest, SendsEachCommandByteForByte)
     }
 }
 
-TEST_F(ZelvoHIDDeviceTest, RepeatsAHeldMovementUntilItIsReleased)
-{
-    plugAndPoll();
-    device->moveUp();
-    EXPECT_EQ(adapter->written, (Reports {kStop})) << "a movement starts with a stop";
-    platform.runLoop.advance(0.19);
-    EXPECT_EQ(adapter->written.size(), 1u);
-    platform.runLoop.advance(0.01);
-    for (size_t tick = 1; tick <= 5; ++tick) {
-        EXPECT_EQ(adapter->written.size(), 1 + tick);
-        EXPECT_EQ(adapter->written.back(), kUp);
-        if (tick < 5)
-            platform.runLoop.advance(0.2);
-    }
-    device->stop();
-    platform.runLoop.advance(10);
-    EXPECT_EQ(adapter->written, (Reports {kStop, kUp, kUp, kUp, kUp, kUp, kStop}));
-}
-
 TEST_F(ZelvoHIDDeviceTest, ReplacesOneHeldMovementByAnother)
 {
     plugAndPoll();
@@ -148,18 +103,6 @@ TEST_F(ZelvoHIDDeviceTest, ReplacesOneHeldMovementByAnother)
     device->moveToDirection(7);
     platform.runLoop.advance(1);
     EXPECT_EQ(adapter->written, (Reports {kStop})) << "no such direction";
-}
-
-TEST_F(ZelvoHIDDeviceTest, KeepsOnlyTheHeldMovementPrecise)
-{
-    PrecisionRecorder recorder(platform.runLoop);
-    RunLoop::setMain(&recorder);
-    plugAndPoll();
-    device->moveUp();
-    RunLoop::setMain(&platform.runLoop);
-    EXPECT_EQ(recorder.asked,
-        (std::map<double, RunLoop::Precision> {
-            {0.2, RunLoop::Precision::Precise}, {1.0, RunLoop::Precision::Coarse}}));
 }
 
 TEST_F(ZelvoHIDDeviceTest, BecomesActiveByItsFirstPoll)
@@ -210,16 +153,6 @@ TEST_F(ZelvoHIDDeviceTest, PutsTheStandingPointBetweenTheFirstTwoMemories)
     }
 }
 
-TEST_F(ZelvoHIDDeviceTest, StandsFromTheStandingPointOn)
-{
-    AppProperties::instance().setDevicePosition1(-5);
-    plugAndPoll();
-    for (const auto& [height, state] : {std::pair(2540, 1), {2539, 2}, {65535, 1}, {0, 2}}) {
-        device->setPositionStateFromPosition(height);
-        EXPECT_EQ(device->positionState(), state) << height;
-    }
-}
-
 TEST_F(ZelvoHIDDeviceTest, TakesCommunicationFromBitZeroOfTheStatusWord)
 {
     const struct {
@@ -262,15 +195,6 @@ TEST_F(ZelvoHIDDeviceTest, ChecksTheCommunicationAgainAfterAFailedCommand)
     adapter->readStatus = 0;
     EXPECT_FALSE(device->moveDownSingle());
     EXPECT_TRUE(device->isActive());
-}
-
-TEST_F(ZelvoHIDDeviceTest, ReadsAfterEveryCommand)
-{
-    plugAndPoll();
-    adapter->setHeight(1234);
-    device->stop();
-    EXPECT_EQ(heard, (QStringList {QStringLiteral("1.2: position 1234")}));
-    EXPECT_EQ(device->lastStatusReport()[4], 1234 & 0xFF);
 }
 
 TEST_F(ZelvoHIDDeviceTest, ReadsZeroOnceAfterItsRemoval)
@@ -337,11 +261,13 @@ TEST_F(ZelvoHIDDeviceTest, PostsEachErrorReportAndItsEndOnce)
     const auto error =
         center.addObserver(NotificationNames::kErrorCode, [&](const PostedNotification& notification) {
             EXPECT_EQ(notification.object, device);
+            EXPECT_EQ(device->errorRecieved(), !posted.isEmpty()) << "changes after the post";
             posted.append(notification.userInfo.keys().join(QLatin1Char(' ')));
         });
     const auto removed =
         center.addObserver(NotificationNames::kErrorCodeRemoved, [&](const PostedNotification& notification) {
             EXPECT_FALSE(notification.object);
+            EXPECT_TRUE(device->errorRecieved()) << "changes after the post";
             posted.append(QStringLiteral("removed"));
         });
 
@@ -360,9 +286,16 @@ TEST_F(ZelvoHIDDeviceTest, PostsEachErrorReportAndItsEndOnce)
     EXPECT_EQ(posted,
         (QStringList {QString(), QStringLiteral("E07"), QStringLiteral("E07"), QStringLiteral("removed")}));
 
-    adapter->status[3] = 0x02;
-    platform.runLoop.advance(1);
-    adapter->readStatus = ETIMEDOUT; // No answer is no error.
-    platform.runLoop.advance(2);
-    EXPECT_EQ(posted.mid(4), (QStringList {QStringLiteral("E07"), QStringLiteral("removed")}));
+    for (const bool isUnplugged : {false, true}) {
+        posted.clear();
+        adapter->status[3] = 0x02;
+        platform.runLoop.advance(1);
+        adapter->readStatus = isUnplugged ? 0 : ETIMEDOUT; // No answer is no error.
+        if (isUnplugged)
+            hid.unplug(adapter);
+        else
+            platform.runLoop.advance(2);
+        EXPECT_EQ(posted, (QStringList {QStringLiteral("E07"), QStringLiteral("removed")}));
+        adapter->readStatus = 0;
+    }
 }
