@@ -26,18 +26,17 @@ HidrawNode::~HidrawNode()
 
 HidStatus HidrawNode::open()
 {
-    if (m_file >= 0)
+    if (m_isOurs)
         return 0;
-    const int file = ::open(m_path.c_str(), O_RDWR | O_CLOEXEC);
-    if (file < 0)
+    if (m_file < 0)
+        m_file = ::open(m_path.c_str(), O_RDWR | O_CLOEXEC);
+    if (m_file < 0)
         return errno;
-    // The kernel lets everybody open a node. The lock is the mark by which programs tell that it is taken.
-    if (flock(file, LOCK_EX | LOCK_NB) != 0) {
-        const HidStatus status = errno == EWOULDBLOCK ? EBUSY : errno;
-        ::close(file);
-        return status;
-    }
-    m_file = file;
+    // The kernel lets everybody open a node. The lock is the mark by which programs tell that it is taken. A
+    // refused node stays open: closing it would look as if its holder had let go.
+    if (flock(m_file, LOCK_EX | LOCK_NB) != 0)
+        return errno == EWOULDBLOCK ? EBUSY : errno;
+    m_isOurs = true;
     return 0;
 }
 
@@ -62,7 +61,7 @@ HidStatus HidrawNode::getFeature(std::span<uint8_t> report)
 
 int HidrawNode::transfer(unsigned long request, uint8_t* bytes) const
 {
-    if (m_file < 0) {
+    if (!m_isOurs) {
         errno = ENODEV;
         return -1;
     }

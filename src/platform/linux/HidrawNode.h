@@ -28,4 +28,5 @@ private:
 
     std::string m_path;
     int m_file = -1;
+    bool m_isOurs = false;
 };

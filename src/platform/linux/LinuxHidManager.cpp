@@ -10,6 +10,7 @@
 
 namespace {
 constexpr double kOpeningRetrySeconds = 30.0;
+constexpr double kAccessChangeSettles = 0.2;
 constexpr double kPatienceAtExitSeconds = 0.5;
 
 void logRefusal(const QString& node, HidStatus status)
@@ -45,7 +46,7 @@ bool maySucceedLater(HidStatus status)
 LinuxHidManager::LinuxHidManager()
     : m_monitor([this](const HidrawAdapter& adapter) { arrived(adapter); },
         [this](const QString& syspath) { left(syspath); })
-    , m_permissions([this](const QString& node) { permissionsChanged(node); })
+    , m_access([this](const QString& node) { accessChanged(node); })
 {
 }
 
@@ -94,18 +95,26 @@ void LinuxHidManager::left(const QString& syspath)
     const Attached attached = std::move(*found);
     m_attached.erase(found);
     invalidate(attached.retry);
-    m_permissions.unwatch(attached.device->node());
+    m_access.unwatch(attached.device->node());
     attached.device->detach();
     if (attached.announced)
         announce(m_removed, attached.device);
 }
 
-void LinuxHidManager::permissionsChanged(const QString& node)
+void LinuxHidManager::accessChanged(const QString& node)
 {
-    for (const Attached& attached : m_attached) {
+    // The kernel tells of a closing just before it gives the lock back.
+    for (Attached& attached : m_attached) {
         if (attached.device->node() == node)
-            beginOpening(attached.device);
+            retryAfter(kAccessChangeSettles, attached);
     }
+}
+
+void LinuxHidManager::retryAfter(double seconds, Attached& attached)
+{
+    invalidate(attached.retry);
+    attached.retry = m_timers.schedule(
+        seconds, RunLoop::Repeat::No, [this, device = attached.device](Timer&) { beginOpening(device); });
 }
 
 void LinuxHidManager::beginOpening(const std::shared_ptr<HidrawDevice>& device)
@@ -120,23 +129,20 @@ void LinuxHidManager::openingEnded(const QString& syspath, HidStatus status)
     if (found == m_attached.end())
         return;
     const std::shared_ptr<HidrawDevice> device = found->device;
-    if (status == EACCES && !found->isWatched) {
-        found->isWatched = m_permissions.watch(device->node());
+    if ((status == EACCES || status == EBUSY) && !found->isWatched) {
+        found->isWatched = m_access.watch(device->node());
         // Once more under the watch, so that a change between the refusal and the watch is not missed.
         if (found->isWatched)
             return beginOpening(device);
     }
-    if (status != 0 && maySucceedLater(status)) {
-        invalidate(found->retry);
-        found->retry = m_timers.schedule(
-            kOpeningRetrySeconds, RunLoop::Repeat::No, [this, device](Timer&) { beginOpening(device); });
-    }
+    if (status != 0 && maySucceedLater(status))
+        retryAfter(kOpeningRetrySeconds, *found);
     // After the first announcement only success is news, and only once.
     if (found->announced && (status != 0 || found->announced == 0))
         return;
     found->announced = status;
     if (status == 0)
-        m_permissions.unwatch(device->node());
+        m_access.unwatch(device->node());
     else
         logRefusal(device->node(), status);
     announce(m_matched, device);

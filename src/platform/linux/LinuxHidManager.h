@@ -2,8 +2,8 @@
 
 #include "platform/HidMailbox.h"
 #include "platform/RunLoop.h"
+#include "platform/linux/AccessWatcher.h"
 #include "platform/linux/HidrawMonitor.h"
-#include "platform/linux/PermissionWatcher.h"
 
 #include <memory>
 #include <optional>
@@ -35,7 +35,8 @@ private:
 
     void arrived(const HidrawAdapter& adapter);
     void left(const QString& syspath);
-    void permissionsChanged(const QString& node);
+    void accessChanged(const QString& node);
+    void retryAfter(double seconds, Attached& attached);
     void beginOpening(const std::shared_ptr<HidrawDevice>& device);
     void openingEnded(const QString& syspath, HidStatus status);
     void newsArrived(const HidDeviceRef& device, const HidMailbox::News& news);
@@ -44,7 +45,7 @@ private:
     [[nodiscard]] DeviceList::iterator find(const QString& syspath);
 
     HidrawMonitor m_monitor;
-    PermissionWatcher m_permissions;
+    AccessWatcher m_access;
     DeviceList m_attached;
     TimerScope m_timers;
 };

@@ -1,26 +1,27 @@
-#include "platform/linux/PermissionWatcher.h"
+#include "platform/linux/AccessWatcher.h"
 
 #include <QFile>
 #include <QFileInfo>
 #include <QSocketNotifier>
 
+#include <algorithm>
 #include <climits>
 #include <cstring>
 #include <sys/inotify.h>
 #include <unistd.h>
 #include <utility>
 
-PermissionWatcher::PermissionWatcher(Changed changed)
+AccessWatcher::AccessWatcher(Changed changed)
     : m_changed(std::move(changed))
 {
 }
 
-PermissionWatcher::~PermissionWatcher()
+AccessWatcher::~AccessWatcher()
 {
     stopListening();
 }
 
-bool PermissionWatcher::watch(const QString& path)
+bool AccessWatcher::watch(const QString& path)
 {
     if (!listen())
         return false;
@@ -32,17 +33,27 @@ bool PermissionWatcher::watch(const QString& path)
         return false;
     m_directories[number] = directory;
     m_paths.insert(path);
+    // The folder would tell of each closing of anything in it. Where the file may not be read this fails.
+    const int closing = inotify_add_watch(m_inotify, QFile::encodeName(path).constData(), IN_CLOSE);
+    if (closing >= 0)
+        m_files[closing] = path;
     return true;
 }
 
-void PermissionWatcher::unwatch(const QString& path)
+void AccessWatcher::unwatch(const QString& path)
 {
     m_paths.erase(path);
     if (m_paths.empty())
         stopListening();
+    const auto file =
+        std::find_if(m_files.begin(), m_files.end(), [&](const auto& entry) { return entry.second == path; });
+    if (file == m_files.end())
+        return;
+    inotify_rm_watch(m_inotify, file->first);
+    m_files.erase(file);
 }
 
-bool PermissionWatcher::listen()
+bool AccessWatcher::listen()
 {
     if (m_notifier)
         return true;
@@ -54,16 +65,17 @@ bool PermissionWatcher::listen()
     return true;
 }
 
-void PermissionWatcher::stopListening()
+void AccessWatcher::stopListening()
 {
     if (!m_notifier)
         return;
     m_notifier.reset();
     close(std::exchange(m_inotify, -1));
     m_directories.clear();
+    m_files.clear();
 }
 
-void PermissionWatcher::receive()
+void AccessWatcher::receive()
 {
     char buffer[16 * (sizeof(inotify_event) + NAME_MAX + 1)];
     const ssize_t length = read(m_inotify, buffer, sizeof buffer);
@@ -73,9 +85,8 @@ void PermissionWatcher::receive()
         memcpy(&event, next, sizeof event);
         const char* name = next + sizeof event;
         next = name + event.len;
-        if (event.len == 0)
-            continue;
-        const QString path = m_directories[event.wd] + u'/' + QFile::decodeName(name);
+        const QString path =
+            event.len == 0 ? m_files[event.wd] : m_directories[event.wd] + u'/' + QFile::decodeName(name);
         if (m_paths.contains(path))
             m_changed(path);
     }

@@ -9,17 +9,17 @@
 
 class QSocketNotifier;
 
-/// Tells when the permissions of a file change, access lists included. Costs nothing while no file is
-/// watched.
-class PermissionWatcher {
+/// Tells when a file may have become accessible: its permissions change, access lists included, or somebody
+/// closes it. Costs nothing while no file is watched.
+class AccessWatcher {
 public:
     using Changed = std::function<void(const QString& path)>;
 
     /// The callback comes on the main run loop, several times for one change if the change has several steps.
-    explicit PermissionWatcher(Changed changed);
-    ~PermissionWatcher();
-    PermissionWatcher(const PermissionWatcher&) = delete;
-    PermissionWatcher& operator=(const PermissionWatcher&) = delete;
+    explicit AccessWatcher(Changed changed);
+    ~AccessWatcher();
+    AccessWatcher(const AccessWatcher&) = delete;
+    AccessWatcher& operator=(const AccessWatcher&) = delete;
 
     /// Watches a file that need not be readable, by an absolute path. False when the system has no watch
     /// left.
@@ -36,5 +36,6 @@ private:
     int m_inotify = -1;
     std::unique_ptr<QSocketNotifier> m_notifier;
     std::map<int, QString> m_directories; ///< by the kernel's number of the watch
+    std::map<int, QString> m_files; ///< by the same number
     std::set<QString> m_paths;
 };
