@@ -191,6 +191,7 @@ TEST_F(DBusWorkspaceTest, tellsTheFirstEdgeOfWhatManyServicesSay)
         {"PrepareForSleep+ PrepareForSleep- PrepareForSleep+ PrepareForSleep-", "sleep wake sleep wake"},
         {"hint+ PrepareForSleep+ PrepareForSleep- hint- hint+ hint-", "dark sleep wake dark"},
         {"PrepareForShutdown+ PrepareForShutdown-", "shutdown"}, // called off
+        {"PrepareForSleep-", "wake"}, // of a sleep that was not announced
     };
     for (const auto& [said, heard] : kTestCases) {
         m_heard.clear();
@@ -198,6 +199,7 @@ TEST_F(DBusWorkspaceTest, tellsTheFirstEdgeOfWhatManyServicesSay)
             say(what);
         EXPECT_EQ(m_heard.join(QLatin1Char(' ')).toStdString(), heard) << said;
     }
+    EXPECT_EQ(m_logind->inhibited.size(), 5) << "at the start and after what ended";
     startLogind(); // A logind that starts again is heard, and asked for the lock anew.
     m_heard.clear();
     say(QStringLiteral("PrepareForSleep+"));
