@@ -163,6 +163,8 @@ int run(const CommandLine& commandLine, Application& application, SingleInstance
     });
 
     app.applicationDidFinishLaunching();
+    if (const auto damage = program.defaults.damage())
+        program.dialogs.presentError(*damage);
     appearInTray(program, timers);
     if (commandLine.testWindow)
         app.showTestWindow();

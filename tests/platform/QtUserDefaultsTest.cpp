@@ -1,12 +1,16 @@
 #include "platform/qt/QtUserDefaults.h"
 
+#include "platform/Bundle.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QJsonObject>
 #include <QTemporaryDir>
 
 #include <csignal>
 #include <gtest/gtest.h>
+#include <memory>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -26,8 +30,24 @@ QByteArray readFile(const QString& path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
+/// Texts that consist of nothing but what is filled in.
+class BareTexts final : public Bundle {
+public:
+    BareTexts()
+        : Bundle(QJsonObject())
+    {
+        setMain(this);
+    }
+    ~BareTexts() override { setMain(nullptr); }
+    [[nodiscard]] QString localizedString(const QString& key) const override
+    {
+        return key.endsWith(QStringLiteral("Reason")) ? QStringLiteral("%1|%2") : QStringLiteral("%1");
+    }
+};
+
 class QtUserDefaultsTest : public testing::Test {
 protected:
+    BareTexts m_texts;
     QTemporaryDir m_folder;
     QString m_path = m_folder.filePath(QStringLiteral("org.zelvo.StandUp/StandUp.conf"));
 
@@ -85,15 +105,6 @@ TEST_F(QtUserDefaultsTest, aKeyStandsUnderItsOwnName)
     EXPECT_EQ(readFile(m_path), "[General]\nTimeIdle=300\n");
 }
 
-TEST_F(QtUserDefaultsTest, aFileWrittenByHandNeedsNoSection)
-{
-    makeFolder();
-    writeFile(m_path, "; by hand\nTimeIdle = 120\n\nWeight=72.5\n");
-    const QtUserDefaults defaults(m_path);
-    EXPECT_EQ(defaults.object(QStringLiteral("TimeIdle")).toDouble(), 120.0);
-    EXPECT_EQ(defaults.object(QStringLiteral("Weight")).toDouble(), 72.5);
-}
-
 TEST_F(QtUserDefaultsTest, removedValuesAreGoneAfterARestart)
 {
     QtUserDefaults defaults(m_path);
@@ -116,54 +127,86 @@ TEST_F(QtUserDefaultsTest, aChangeMadeInAnEditorMeanwhileIsKept)
     EXPECT_EQ(readFile(m_path), "[General]\nTimeIdle=42\nWeight=80\n");
 }
 
-TEST_F(QtUserDefaultsTest, onlyTheOwnerMayReadTheFile)
+TEST_F(QtUserDefaultsTest, onlyTheOwnerMayReadTheFileAndNothingElseIsLeft)
 {
+    makeFolder();
+    for (const char* const name :
+        {".lock", ".aB3xYz", ".damaged-7"}) // What killed processes leave, and a copy.
+        writeFile(m_path + QLatin1String(name), "x");
     QtUserDefaults defaults(m_path);
     defaults.setObject(QStringLiteral("Weight"), 80.0);
     ASSERT_TRUE(defaults.synchronize());
     struct stat status { };
     ASSERT_EQ(stat(QFile::encodeName(m_path).constData(), &status), 0);
     EXPECT_EQ(status.st_mode & 0777, 0600U);
-    EXPECT_EQ(files(), QStringList {QStringLiteral("StandUp.conf")}) << "nothing temporary stays behind";
+    EXPECT_EQ(files().join(u' '), QStringLiteral("StandUp.conf StandUp.conf.damaged-7"));
 }
 
-TEST_F(QtUserDefaultsTest, aDamagedFileIsSetAsideAndTheStoreStartsEmpty)
+/// Every file holds a memory position of 6512, and what can be read of it stays, also after the next write.
+TEST_F(QtUserDefaultsTest, whateverCanBeReadIsKeptAndTheRestIsNamed)
 {
+    const QByteArray nul(1, '\0');
     const struct TestCase {
         const char* name;
         QByteArray bytes;
+        const char* unreadable; ///< null: nothing is wrong with the file
     } kTestCases[] = {
-        {"no assignment", "[General]\nTimeIdle=300\nWeig\n"},
-        {"cut inside a value", "[General]\nTimeIdle=300\nWeight=8"},
-        {"section cut", "[Gen\nTimeIdle=300\n"},
-        {"NUL bytes", QByteArray("[General]\nTimeIdle=300\n") + QByteArray(100, '\0') + "\n"},
-        {"only NUL bytes", QByteArray(4096, '\0')},
-        {"binary", QByteArray("\x7f\x45\x4c\x46\x02=\xff\xfe\xfd\n")},
-        {"not UTF-8", QByteArray("[General]\nVersion=\xe9t\xe9\n")},
+        {"by hand, without a section", "; by hand\nDevicePosition1 = 6512\n\n", nullptr},
+        {"no final line end", "[General]\nDevicePosition1=6512", nullptr},
+        {"a comment", "# mine = 1\n#\n[General]\nDevicePosition1=6512\n", nullptr},
+        {"a byte order mark", "\xef\xbb\xbf[General]\r\nDevicePosition1=6512\r\n", nullptr},
+        {"a Latin-1 letter", "[General]\nName=caf\xe9\nDevicePosition1=6512\n", nullptr},
+        {"quotes", "[General]\nName=\"a \\\" \\\\\"\nDevicePosition1=6512\n", nullptr},
+        {"other sections", "[General]\nDevicePosition1=6512\n\n[Other]\nA=1\n", nullptr},
+        {"no assignment", "[General]\nWeig\nDevicePosition1=6512\n", "Weig"},
+        {"no key", "[General]\n=4\nDevicePosition1=6512\n", "=4"},
+        {"a section cut", "[Gen\nDevicePosition1=6512\n", "[Gen"},
+        {"an open quotation mark", "[General]\nName=\"x\nDevicePosition1=6512\n", "Name=\"x"},
+        {"a backslash before the end", "[General]\nName=x\\\nDevicePosition1=6512\n", "Name=x\\"},
+        {"a NUL byte", "[General]\nName=" + nul + "\nDevicePosition1=6512\nEnd\n", "\nEnd"},
     };
     makeFolder();
-    int number = 0;
+    int copies = 0;
     for (const auto& test : kTestCases) {
         SCOPED_TRACE(test.name);
         writeFile(m_path, test.bytes);
         QtUserDefaults defaults(m_path);
-        EXPECT_FALSE(defaults.object(QStringLiteral("TimeIdle")).isValid());
-        EXPECT_EQ(readFile(m_path + QStringLiteral(".damaged-%1").arg(++number)), test.bytes);
-
-        defaults.setObject(QStringLiteral("Weight"), 70.0);
+        EXPECT_EQ(defaults.object(QStringLiteral("DevicePosition1")).toInt(), 6512);
+        defaults.setObject(QStringLiteral("Weight"), 70.5);
         EXPECT_TRUE(defaults.synchronize());
-        EXPECT_EQ(readFile(m_path), "[General]\nWeight=70\n") << "nothing of the damaged file comes back";
+        const QtUserDefaults next(m_path);
+        EXPECT_FALSE(next.damage());
+        EXPECT_EQ(next.object(QStringLiteral("DevicePosition1")).toInt(), 6512);
+        EXPECT_EQ(next.object(QStringLiteral("Weight")).toDouble(), 70.5);
+
+        ASSERT_EQ(defaults.damage().has_value(), test.unreadable != nullptr);
+        const QString copy = m_path + QStringLiteral(".damaged-%1").arg(copies + 1);
+        EXPECT_EQ(QFileInfo::exists(copy), test.unreadable != nullptr);
+        if (!test.unreadable)
+            continue;
+        ++copies;
+        EXPECT_EQ(readFile(copy), test.bytes);
+        EXPECT_TRUE(defaults.damage()->localizedDescription.contains(m_path));
+        EXPECT_TRUE(defaults.damage()->failureReason.startsWith(QLatin1String(test.unreadable))
+            || defaults.damage()->failureReason.contains(
+                QLatin1String(test.unreadable) + QLatin1String("|")));
+        EXPECT_TRUE(defaults.damage()->failureReason.endsWith(copy));
     }
 }
 
-TEST_F(QtUserDefaultsTest, anEmptyFileIsAnEmptyStore)
+TEST_F(QtUserDefaultsTest, whatIsNoSettingsFileAtAllIsKeptAside)
 {
-    makeFolder();
-    writeFile(m_path, "");
-    QtUserDefaults defaults(m_path);
-    defaults.setObject(QStringLiteral("Weight"), 70.0);
-    EXPECT_TRUE(defaults.synchronize());
-    EXPECT_EQ(files(), QStringList {QStringLiteral("StandUp.conf")});
+    for (const QByteArray& bytes :
+        {QByteArray(4096, '\0'), QByteArray("\x7f\x45\x4c\x46\x02\xff\xfe\xfd\n")}) {
+        makeFolder();
+        writeFile(m_path, bytes);
+        QtUserDefaults defaults(m_path);
+        defaults.setObject(QStringLiteral("Weight"), 70.0);
+        EXPECT_TRUE(defaults.synchronize());
+        EXPECT_EQ(readFile(m_path), "[General]\nWeight=70\n");
+        EXPECT_EQ(readFile(m_path + QStringLiteral(".damaged-1")), bytes);
+        QFileInfo(m_path).dir().removeRecursively();
+    }
 }
 
 TEST_F(QtUserDefaultsTest, aFailedWriteIsSaidOnceAndMadeUpForLater)
@@ -171,18 +214,18 @@ TEST_F(QtUserDefaultsTest, aFailedWriteIsSaidOnceAndMadeUpForLater)
     // A file where the folder belongs fails for root too.
     const QString inTheWay = QFileInfo(m_path).absolutePath();
     writeFile(inTheWay, "in the way");
-    QtUserDefaults defaults(m_path);
+    auto defaults = std::make_unique<QtUserDefaults>(m_path);
     testing::internal::CaptureStderr();
     for (const double weight : {70.0, 71.0, 72.0}) {
-        defaults.setObject(QStringLiteral("Weight"), weight);
-        EXPECT_FALSE(defaults.synchronize());
-        EXPECT_EQ(defaults.object(QStringLiteral("Weight")).toDouble(), weight);
+        defaults->setObject(QStringLiteral("Weight"), weight);
+        EXPECT_FALSE(defaults->synchronize());
+        EXPECT_EQ(defaults->object(QStringLiteral("Weight")).toDouble(), weight);
     }
     const std::string log = testing::internal::GetCapturedStderr();
     EXPECT_EQ(std::count(log.begin(), log.end(), '\n'), 1) << log;
 
     ASSERT_TRUE(QFile::remove(inTheWay));
-    EXPECT_TRUE(defaults.synchronize());
+    defaults.reset(); // The program ends.
     EXPECT_EQ(QtUserDefaults(m_path).object(QStringLiteral("Weight")).toDouble(), 72.0);
 }
 

@@ -1,13 +1,16 @@
 #include "platform/qt/QtUserDefaults.h"
 
+#include "platform/Bundle.h"
 #include "platform/Log.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QSaveFile>
 #include <QSettings>
 #include <QStringDecoder>
 
+#include <algorithm>
 #include <fcntl.h>
 #include <unistd.h>
 #include <utility>
@@ -42,23 +45,63 @@ QMap<QString, QVariant> allValues(const QSettings& settings)
     return values;
 }
 
-/// QSettings itself only notices lines that are no assignment. Every file it writes is UTF-8 text that ends
-/// with a line end; one that does not was cut short or overwritten with something else.
-bool looksLikeText(const QByteArray& bytes)
+/// Editors of other systems write in Latin-1.
+QString decoded(const QByteArray& line)
 {
-    if (bytes.isEmpty())
-        return true;
     QStringDecoder decoder(QStringDecoder::Utf8);
-    const QString text = decoder(bytes);
-    return !decoder.hasError() && !text.contains(QChar(0)) && text.endsWith(QLatin1Char('\n'));
+    const QString text = decoder(line);
+    return decoder.hasError() ? QString::fromLatin1(line) : text;
 }
 
-bool isDamaged(const QString& path, const QSettings& settings)
+/// A quotation mark or a backslash at the end without its fellow would make the following lines part of this
+/// one.
+bool endsWithItsLine(const QString& line)
 {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return false;
-    return settings.status() == QSettings::FormatError || !looksLikeText(file.readAll());
+    bool isQuoted = false;
+    for (auto character = line.cbegin(); character != line.cend(); ++character) {
+        if (*character == QLatin1Char('"'))
+            isQuoted = !isQuoted;
+        else if (*character == QLatin1Char('\\') && ++character == line.cend())
+            return false;
+    }
+    return !isQuoted;
+}
+
+bool isSection(const QString& line)
+{
+    return line.startsWith(QLatin1Char('[')) && line.endsWith(QLatin1Char(']'));
+}
+
+bool isAssignment(const QString& line)
+{
+    const bool isText = std::none_of(line.cbegin(), line.cend(),
+        [](QChar c) { return c.category() == QChar::Other_Control && c != QLatin1Char('\t'); });
+    return isText && line.indexOf(QLatin1Char('=')) > 0 && endsWithItsLine(line);
+}
+
+/// What QSettings reads without harm to other lines, and the lines that nobody can read.
+struct Lines {
+    QByteArray readable;
+    QStringList unreadable;
+};
+
+Lines sorted(QByteArray bytes)
+{
+    Lines lines;
+    if (bytes.startsWith("\xef\xbb\xbf"))
+        bytes.remove(0, 3);
+    if (bytes.endsWith('\n'))
+        bytes.chop(1);
+    for (const QByteArray& bytesOfLine : bytes.split('\n')) {
+        const QString line = decoded(bytesOfLine).trimmed();
+        if (line.startsWith(QLatin1Char('#')))
+            continue; // A comment, but QSettings knows only those that begin with a semicolon.
+        if (line.isEmpty() || line.startsWith(QLatin1Char(';')) || isSection(line) || isAssignment(line))
+            lines.readable += line.toUtf8() + '\n';
+        else
+            lines.unreadable.append(line);
+    }
+    return lines;
 }
 
 /// The new name of a renamed file survives a power cut only once its folder is on disk too.
@@ -76,19 +119,32 @@ void syncFolder(const QString& path)
 QtUserDefaults::QtUserDefaults(QString path)
     : m_path(std::move(path))
 {
-    // A process that was killed while writing leaves QSettings' lock behind, and a half-written lock would
-    // hold up the first write for half a minute. Only one instance runs, so the lock is nobody's.
-    QFile::remove(m_path + QStringLiteral(".lock"));
+    removeLeftovers();
     if (!QFileInfo(m_path).isFile())
         return;
-
+    mend();
     const QSettings settings(m_path, QSettings::IniFormat);
     m_values = allValues(settings); // Also makes QSettings parse everything, before its status is asked.
-    if (isDamaged(m_path, settings))
-        setAside();
-    else if (settings.status() != QSettings::NoError)
+    if (settings.status() == QSettings::AccessError)
         Log::line(QStringLiteral("The settings file %1 cannot be read; the program starts on defaults.")
                       .arg(m_path));
+}
+
+QtUserDefaults::~QtUserDefaults()
+{
+    synchronize();
+}
+
+/// A process that was killed while writing leaves QSettings' lock behind, which would hold up the first write
+/// for half a minute, and its unfinished file. Only one instance runs, so they are nobody's.
+void QtUserDefaults::removeLeftovers() const
+{
+    QFile::remove(m_path + QStringLiteral(".lock"));
+    const QFileInfo file(m_path);
+    const QStringList names =
+        file.dir().entryList({file.fileName() + QStringLiteral(".??????")}, QDir::Files);
+    for (const QString& name : names)
+        QFile::remove(file.dir().filePath(name));
 }
 
 QVariant QtUserDefaults::object(const QString& key) const
@@ -118,6 +174,10 @@ bool QtUserDefaults::synchronize()
         return true;
 
     QDir().mkpath(QFileInfo(m_path).absolutePath());
+    if (!mend()) {
+        report(false);
+        return false;
+    }
     // A new object each time: the status of a QSettings stays bad once a write has failed.
     QSettings settings(m_path, QSettings::IniFormat);
     for (const QString& key : std::as_const(m_changedKeys)) {
@@ -138,21 +198,44 @@ bool QtUserDefaults::synchronize()
     return written;
 }
 
-void QtUserDefaults::setAside()
+/// QSettings would drop what it cannot read, and sometimes the lines after it, with the next write. Such a
+/// file is kept as it was beside one that holds the rest. False when there is no room for that yet.
+bool QtUserDefaults::mend()
 {
-    m_values.clear();
+    QFile file(m_path);
+    if (!file.open(QIODevice::ReadOnly))
+        return true;
+    const QByteArray bytes = file.readAll();
+    const Lines lines = sorted(bytes);
+    if (bytes.isEmpty() || lines.readable == bytes)
+        return true;
     int number = 1;
-    const auto asideName = [&] { return QStringLiteral("%1.damaged-%2").arg(m_path).arg(number); };
-    while (QFileInfo::exists(asideName()))
+    const auto copyName = [&] { return QStringLiteral("%1.damaged-%2").arg(m_path).arg(number); };
+    while (QFileInfo::exists(copyName()))
         ++number;
-    if (QFile::rename(m_path, asideName()))
-        Log::line(QStringLiteral(
-            "The settings file %1 is damaged; it is kept as %2 and the program starts on defaults.")
-                      .arg(m_path, asideName()));
-    else
-        Log::line(QStringLiteral(
-            "The settings file %1 is damaged and cannot be renamed; the program starts on defaults.")
-                      .arg(m_path));
+    if (!lines.unreadable.isEmpty() && !QFile::copy(m_path, copyName()))
+        return false;
+    QSaveFile mended(m_path);
+    if (!mended.open(QIODevice::WriteOnly) || mended.write(lines.readable) < 0 || !mended.commit())
+        return false;
+    if (!lines.unreadable.isEmpty())
+        m_damage = {lines.unreadable, copyName()};
+    return true;
+}
+
+std::optional<Error> QtUserDefaults::damage() const
+{
+    if (m_damage.lines.isEmpty())
+        return std::nullopt;
+    constexpr qsizetype kMostShown = 200;
+    const auto text = [](const char* key) {
+        return Bundle::main().localizedString(QString::fromLatin1(key));
+    };
+    return Error {QStringLiteral("Settings"), int(m_damage.lines.size()),
+        text("SettingsDamaged").arg(QDir::toNativeSeparators(m_path)),
+        text("SettingsDamagedReason")
+            .arg(m_damage.lines.join(QLatin1Char('\n')).left(kMostShown),
+                QDir::toNativeSeparators(m_damage.copy))};
 }
 
 void QtUserDefaults::report(bool written)

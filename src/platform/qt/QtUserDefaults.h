@@ -1,9 +1,13 @@
 #pragma once
 
+#include "platform/Dialogs.h"
 #include "platform/UserDefaults.h"
 
 #include <QMap>
 #include <QSet>
+#include <QStringList>
+
+#include <optional>
 
 /// The settings in one INI file, through QSettings. Each flush replaces the file as a whole (temporary file,
 /// fsync, rename), so that a crash at any moment leaves either the old file or the new one. What somebody
@@ -13,9 +17,14 @@
 /// bytes come back as they were.
 class QtUserDefaults final : public UserDefaults {
 public:
-    /// Reads the file. One that is damaged is set aside under a new name beside the original, and the store
-    /// starts empty; a missing one is an empty store.
+    /// Reads the file as far as it can be read; a missing one is an empty store. Where lines cannot be read,
+    /// the file is kept as it was under a new name beside the original.
     explicit QtUserDefaults(QString path);
+    /// What could not be written before, because a disk was full, is tried once more.
+    ~QtUserDefaults() override;
+
+    /// What the user is to know of lines that could not be read; nothing when all could.
+    [[nodiscard]] std::optional<Error> damage() const;
 
     [[nodiscard]] QVariant object(const QString& key) const override;
     void setObject(const QString& key, const QVariant& value) override;
@@ -23,11 +32,16 @@ public:
     bool synchronize() override;
 
 private:
-    void setAside();
+    void removeLeftovers() const;
+    bool mend();
     void report(bool written);
 
     QString m_path;
     QMap<QString, QVariant> m_values;
     QSet<QString> m_changedKeys; ///< changed or removed here, not yet on disk
+    struct {
+        QStringList lines;
+        QString copy; ///< path of the file as it was
+    } m_damage;
     bool m_failing = false;
 };

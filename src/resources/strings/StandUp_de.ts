@@ -157,6 +157,16 @@
         <source>Nothing is recorded until it can be used. Move what is in its place away, or allow the program to write there; it tries again by itself.</source>
         <translation>Solange das so ist, wird nichts aufgezeichnet. Was an der Stelle des Ordners liegt, verschieben oder das Schreiben dort erlauben; das Programm versucht es von selbst wieder.</translation>
     </message>
+    <message id="SettingsDamaged">
+        <source>Some lines of the settings file cannot be read (%1). All other settings are kept.</source>
+        <extracomment>%1: path</extracomment>
+        <translation>Einige Zeilen der Einstellungsdatei sind nicht lesbar (%1). Alle anderen Einstellungen bleiben erhalten.</translation>
+    </message>
+    <message id="SettingsDamagedReason">
+        <source>%1&#10;&#10;The file as it was is kept here: %2</source>
+        <extracomment>%1: the lines; %2: path of the copy</extracomment>
+        <translation>%1&#10;&#10;Die Datei, wie sie war, liegt hier: %2</translation>
+    </message>
     <!-- Errors that the desk reports -->
     <message id="Error &#10;">
         <source>Desk error

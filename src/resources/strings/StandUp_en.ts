@@ -157,6 +157,16 @@
         <source></source>
         <translation>Nothing is recorded until it can be used. Move what is in its place away, or allow the program to write there; it tries again by itself.</translation>
     </message>
+    <message id="SettingsDamaged">
+        <source></source>
+        <extracomment>%1: path</extracomment>
+        <translation>Some lines of the settings file cannot be read (%1). All other settings are kept.</translation>
+    </message>
+    <message id="SettingsDamagedReason">
+        <source></source>
+        <extracomment>%1: the lines; %2: path of the copy</extracomment>
+        <translation>%1&#10;&#10;The file as it was is kept here: %2</translation>
+    </message>
     <!-- Errors that the desk reports -->
     <message id="Error &#10;">
         <source></source>

@@ -157,6 +157,16 @@
         <source>Nothing is recorded until it can be used. Move what is in its place away, or allow the program to write there; it tries again by itself.</source>
         <translation>Hasta entonces no se registra nada. Mover lo que ocupa el lugar de la carpeta o permitir la escritura; el programa lo vuelve a intentar por sí solo.</translation>
     </message>
+    <message id="SettingsDamaged">
+        <source>Some lines of the settings file cannot be read (%1). All other settings are kept.</source>
+        <extracomment>%1: path</extracomment>
+        <translation>Algunas líneas del archivo de ajustes no se pueden leer (%1). Los demás ajustes se conservan.</translation>
+    </message>
+    <message id="SettingsDamagedReason">
+        <source>%1&#10;&#10;The file as it was is kept here: %2</source>
+        <extracomment>%1: the lines; %2: path of the copy</extracomment>
+        <translation>%1&#10;&#10;El archivo tal como estaba se conserva aquí: %2</translation>
+    </message>
     <!-- Errors that the desk reports -->
     <message id="Error &#10;">
         <source>Desk error

@@ -157,6 +157,16 @@
         <source>Nothing is recorded until it can be used. Move what is in its place away, or allow the program to write there; it tries again by itself.</source>
         <translation>Rien n’est enregistré jusque-là. Déplacer ce qui se trouve à sa place ou autoriser l’écriture ; le programme réessaie de lui-même.</translation>
     </message>
+    <message id="SettingsDamaged">
+        <source>Some lines of the settings file cannot be read (%1). All other settings are kept.</source>
+        <extracomment>%1: path</extracomment>
+        <translation>Certaines lignes du fichier de réglages sont illisibles (%1). Tous les autres réglages sont gardés.</translation>
+    </message>
+    <message id="SettingsDamagedReason">
+        <source>%1&#10;&#10;The file as it was is kept here: %2</source>
+        <extracomment>%1: the lines; %2: path of the copy</extracomment>
+        <translation>%1&#10;&#10;Le fichier tel qu’il était est gardé ici : %2</translation>
+    </message>
     <!-- Errors that the desk reports -->
     <message id="Error &#10;">
         <source>Desk error

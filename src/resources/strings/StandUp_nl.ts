@@ -157,6 +157,16 @@
         <source>Nothing is recorded until it can be used. Move what is in its place away, or allow the program to write there; it tries again by itself.</source>
         <translation>Tot dan wordt niets vastgelegd. Verplaats wat op de plek van de map staat of sta schrijven daar toe; het programma probeert het vanzelf opnieuw.</translation>
     </message>
+    <message id="SettingsDamaged">
+        <source>Some lines of the settings file cannot be read (%1). All other settings are kept.</source>
+        <extracomment>%1: path</extracomment>
+        <translation>Sommige regels van het instellingenbestand zijn onleesbaar (%1). Alle andere instellingen blijven bewaard.</translation>
+    </message>
+    <message id="SettingsDamagedReason">
+        <source>%1&#10;&#10;The file as it was is kept here: %2</source>
+        <extracomment>%1: the lines; %2: path of the copy</extracomment>
+        <translation>%1&#10;&#10;Het bestand zoals het was, staat hier: %2</translation>
+    </message>
     <!-- Errors that the desk reports -->
     <message id="Error &#10;">
         <source>Desk error
