@@ -38,31 +38,32 @@ const QString activityMode = QStringLiteral("ActivityMode");
 const QString version = QStringLiteral("Version");
 }
 
-constexpr int32_t kMostStandUpsPerHour = 60;
 constexpr double kSecondsPerDay = 86400;
 constexpr double kHighestRawHeight = 65535;
+/// The height field takes 2500, and inches are the larger unit: 0.1 mm.
+constexpr double kLargestOffset = 2500 * 254.0;
 
-/// What a setting can sensibly hold. Other numbers are used as they stand, but the log names them.
-const struct PlausibleRange {
+/// What a number setting may hold, and what counts where it holds anything else.
+const struct Setting {
     QString key;
     double least;
     double most;
-} kPlausibleRanges[] = {
-    {Key::averageWorkDayHours, 0.01, 24},
-    {Key::timeIdle, 0, kSecondsPerDay},
-    {Key::timeSnooze, 0, kSecondsPerDay},
-    {Key::timeNotificationDismiss, 0, kSecondsPerDay},
-    {Key::timeNotificationDismissOnAction, 0, kSecondsPerDay},
-    {Key::activityGoal, 0, 10000},
-    {Key::weightDefault, 0, 999},
-    {Key::weight, 0, 999},
-    {Key::devicePosition1, 0, kHighestRawHeight},
-    {Key::devicePosition2, 0, kHighestRawHeight},
-    {Key::devicePosition3, 0, kHighestRawHeight},
-    {Key::tablePositionOffset, -kHighestRawHeight, kHighestRawHeight},
-    {Key::numberOfStandUps, 1, kMostStandUpsPerHour},
-    {Key::numberOfStandUpsDefault, 1, kMostStandUpsPerHour},
-    {Key::activityMode, 0, 2},
+    std::optional<double> otherwise; ///< the information key of the same name, where none is given
+} kSettings[] = {
+    {Key::averageWorkDayHours, 0.01, 24, 8},
+    {Key::timeIdle, 1, kSecondsPerDay, 300},
+    {Key::timeSnooze, 1, kSecondsPerDay, 600},
+    {Key::timeNotificationDismiss, 1, kSecondsPerDay, 20},
+    {Key::timeNotificationDismissOnAction, 1, kSecondsPerDay, 5},
+    {Key::activityGoal, 0, 10000, 50},
+    {Key::weightDefault, 0, 999, 80},
+    {Key::weight, 0, 999, 80},
+    {Key::devicePosition1, 0, kHighestRawHeight, {}},
+    {Key::devicePosition2, 0, kHighestRawHeight, {}},
+    {Key::devicePosition3, 0, kHighestRawHeight, {}},
+    {Key::tablePositionOffset, -kLargestOffset, kLargestOffset, {}},
+    {Key::numberOfStandUps, 0, 6, 0}, // 0 stands for the default count.
+    {Key::numberOfStandUpsDefault, 1, 6, 1},
 };
 
 AppProperties* s_instance = nullptr;
@@ -97,44 +98,34 @@ QString shownValue(const QVariant& value)
     return text.simplified().left(kMostCharacters);
 }
 
-/// The stored value as a finite number, or nothing when it is none. A text is read as in the C locale
-/// whatever the user's: the settings file does not change with the language. Endless and overflowing numbers
-/// become the largest.
-std::optional<double> finiteNumber(const QVariant& value)
+/// The stored value as a number, or NaN when it is none. A text is read as in the C locale whatever the
+/// user's: the settings file does not change with the language.
+double numberIn(const QVariant& value)
 {
     bool isNumber = false;
     const double number = value.userType() == QMetaType::QString ? value.toString().toDouble(&isNumber)
                                                                  : value.toDouble(&isNumber);
-    if (std::isinf(number))
-        return std::copysign(std::numeric_limits<double>::max(), number);
-    return isNumber && !std::isnan(number) ? std::optional(number) : std::nullopt;
+    return isNumber ? number : std::numeric_limits<double>::quiet_NaN();
 }
 
-void reportImplausible(const QString& key, double number, const QVariant& value)
-{
-    const auto range = std::find_if(std::begin(kPlausibleRanges), std::end(kPlausibleRanges),
-        [&](const PlausibleRange& candidate) { return candidate.key == key; });
-    if (range == std::end(kPlausibleRanges) || (number >= range->least && number <= range->most))
-        return;
-    reportOnce(key,
-        QStringLiteral("The setting \"%1\" holds %2, which is not between %3 and %4.")
-            .arg(key, shownValue(value))
-            .arg(range->least)
-            .arg(range->most));
-}
-
+/// What the program goes by: the stored number, or another one where a damaged file or a slip of the hand
+/// left one that the setting cannot hold. A missing value is 0.
 double storedNumber(const QString& key, const QVariant& value)
 {
     if (!value.isValid())
         return 0;
-    const std::optional<double> number = finiteNumber(value);
-    if (number)
-        reportImplausible(key, *number, value);
-    else
-        reportOnce(key,
-            QStringLiteral("The setting \"%1\" holds \"%2\", which is not a number; it counts as 0.")
-                .arg(key, shownValue(value)));
-    return number.value_or(0);
+    const double number = numberIn(value);
+    const auto setting = std::find_if(std::begin(kSettings), std::end(kSettings),
+        [&](const Setting& candidate) { return candidate.key == key; });
+    const bool isLimited = setting != std::end(kSettings);
+    if (isLimited ? number >= setting->least && number <= setting->most : std::isfinite(number))
+        return number;
+    const double otherwise = isLimited ? setting->otherwise.value_or(Bundle::main().numberValue(key)) : 0;
+    reportOnce(key,
+        QStringLiteral("The setting \"%1\" cannot hold \"%2\"; %3 counts instead.")
+            .arg(key, shownValue(value))
+            .arg(otherwise));
+    return otherwise;
 }
 
 int32_t storedInt32(const QString& key)
@@ -501,8 +492,7 @@ void AppProperties::setNumberOfStandUps(int32_t numberOfStandUps)
 int32_t AppProperties::standUpsForDivision()
 {
     const int32_t stored = numberOfStandUps();
-    const int32_t count = stored >= 1 ? stored : saturated<int32_t>(numberOfStandUpsDefault());
-    return std::clamp(count, 1, kMostStandUpsPerHour);
+    return stored >= 1 ? stored : std::max(1, saturated<int32_t>(numberOfStandUpsDefault()));
 }
 
 Bundle& AppProperties::mainBundle()
@@ -534,12 +524,7 @@ QString AppProperties::getStringForKey(const QString& key)
 
 int64_t AppProperties::getIntegerForkey(const QString& key)
 {
-    const QVariant value = storedObject(key);
-    const double number = storedNumber(key, value);
-    // A double holds no more than 53 bits of a whole number.
-    bool isExact = false;
-    const int64_t exact = value.userType() == QMetaType::Double ? 0 : value.toLongLong(&isExact);
-    return isExact ? exact : saturated<int64_t>(number);
+    return saturated<int64_t>(storedNumber(key, storedObject(key)));
 }
 
 double AppProperties::getDoubleForKey(const QString& key)

@@ -14,10 +14,9 @@ class ZelvoController;
 
 /// The one place where the program keeps its settings, over UserDefaults::standard() and Bundle::main().
 /// Missing settings get their defaults when the instance is made; every write is flushed to disk at once.
-/// A stored value that is not a number where one belongs reads as 0; whole numbers saturate to the 32-bit
-/// range and endless ones to the largest number. Such a value, and one that its setting cannot sensibly hold
-/// (a negative time, no stand-ups), is named once in the log. Readers still get what is stored: sums of raw
-/// heights belong in 64 bits, and "data/Saturation.h" turns any number into an integer.
+/// A number that its setting cannot hold (no number at all, a negative time, seven stand-ups) is never handed
+/// out: the default counts instead, and the log names it once. Sums of raw heights belong in 64 bits, and
+/// "data/Saturation.h" turns any number into an integer.
 class AppProperties {
 public:
     static AppProperties& instance();
@@ -100,8 +99,7 @@ public:
     /// Stand-ups an hour as stored; may be 0 before set-up. Divide by standUpsForDivision() instead.
     [[nodiscard]] int32_t numberOfStandUps();
     void setNumberOfStandUps(int32_t numberOfStandUps);
-    /// numberOfStandUps(), or the default count where that is below 1 (and 1 where even the default is):
-    /// never 0, and at most one a minute.
+    /// numberOfStandUps(), or the default count where that is below 1, or 1 where even that is: never 0.
     [[nodiscard]] int32_t standUpsForDivision();
     [[nodiscard]] Bundle& mainBundle();
     void setMainBundle(Bundle* bundle) { m_mainBundle = bundle; }

