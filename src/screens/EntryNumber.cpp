@@ -13,7 +13,7 @@ QString leadingNumber(const QString& text, bool takesDecimals)
     bool hasPoint = false;
     const auto characters = text.trimmed().toUcs4();
     for (const char32_t character : characters) {
-        const int digit = QChar::digitValue(character);
+        const int digit = QChar::isDigit(character) ? QChar::digitValue(character) : -1; // "²" is none.
         const bool isPoint = character == U'.' && takesDecimals && !hasPoint;
         if (digit < 0 && !isPoint)
             break;

@@ -17,6 +17,8 @@
 #include "ui/TextUtilities.h"
 #include "ui_SetupView.h"
 
+#include <QAccessible>
+#include <QLabel>
 #include <QSignalBlocker>
 
 #include <algorithm>
@@ -35,6 +37,7 @@ constexpr int kUnitsPerMillimetre = 10; // Raw heights are in 0.1 mm.
 constexpr double kUnitsPerCentimetre = 100;
 constexpr double kRoomForUnit = 4; // Number and unit together stand in the middle of their circle.
 constexpr float kShortestStandUp = 0.5F;
+constexpr int kRefusalMargin = 6;
 
 AppProperties& properties()
 {
@@ -182,6 +185,7 @@ void SetupViewController::awakeFromNib()
     m_ui->labelVersion->setText(QStringLiteral("Ver: %1").arg(properties().bundleVersion()));
     updateGoalLabel();
     setAccessibleTexts();
+    setUpRefusal();
 }
 
 void SetupViewController::observe()
@@ -321,6 +325,56 @@ void SetupViewController::setUpEntryField(
         &field, &QLineEdit::editingFinished, m_view, [this, &field] { controlTextDidEndEditing(field); });
 }
 
+/// A line above everything else, so that the screen needs no room for it.
+void SetupViewController::setUpRefusal()
+{
+    m_refusal = new QLabel(m_ui->textFieldWeight->parentWidget());
+    m_refusal->setObjectName(QStringLiteral("labelRefusal"));
+    m_refusal->setFont(FontAndTextHandler::Roman15());
+    setLabelColor(*m_refusal, zelvoHoverColor());
+    m_refusal->setBackgroundRole(QPalette::Window);
+    m_refusal->setAutoFillBackground(true);
+    m_refusal->setMargin(kRefusalMargin);
+    m_refusal->hide();
+}
+
+bool SetupViewController::isAccepted(const QLineEdit& field)
+{
+    const auto& validator = dynamic_cast<const NumberEntryValidator&>(*field.validator());
+    const QString text = field.text();
+    const bool hasDigit = std::any_of(text.cbegin(), text.cend(), [](QChar c) { return !c.isPunct(); });
+    return hasDigit && validator.formatter().isPartialStringValid(text);
+}
+
+void SetupViewController::refuse(QLineEdit& field)
+{
+    const auto& formatter = dynamic_cast<const NumberEntryValidator&>(*field.validator()).formatter();
+    refill(field);
+    updateGoalLabel();
+    m_refusal->setText(
+        localized(QStringLiteral("EntryRefused"))
+            .arg(QString::number(formatter.minValue()), QString::number(formatter.maxValue())));
+    m_refusal->adjustSize();
+    const int rightmost = m_refusal->parentWidget()->width() - m_refusal->width();
+    m_refusal->move(std::min(field.x(), rightmost), field.geometry().bottom() + 1);
+    m_refusal->raise();
+    m_refusal->show();
+    QAccessibleEvent alert(m_refusal, QAccessible::Alert);
+    QAccessible::updateAccessibility(&alert);
+    field.setFocus();
+    field.selectAll();
+}
+
+void SetupViewController::refill(const QLineEdit& field)
+{
+    if (&field == m_ui->textFieldWeight)
+        setDefaultWeight();
+    else if (&field == m_ui->textFieldTableHeight)
+        setDefaultTableHeight();
+    else
+        setDefaultNumberOfStandUps();
+}
+
 void SetupViewController::buttonClosedClicked()
 {
     if (!m_view)
@@ -328,6 +382,12 @@ void SetupViewController::buttonClosedClicked()
     // A press by a screen reader takes the focus from no field, so editing may still be going on.
     controlTextDidEndEditing(*m_ui->textFieldWeight);
     controlTextDidEndEditing(*m_ui->textFieldStandUpNumber);
+    m_refusal->hide();
+    for (QLineEdit* field :
+        {m_ui->textFieldWeight, m_ui->textFieldTableHeight, m_ui->textFieldStandUpNumber}) {
+        if (!isAccepted(*field))
+            return refuse(*field);
+    }
     const int32_t mode = currentActivityMode();
     properties().setActivityMode(mode);
     properties().setActivityGoal(m_activityGoalManager.goalFromIndex(m_ui->slider->value(), mode));
@@ -395,6 +455,8 @@ void SetupViewController::goalCircleIndicatorViewClicked(GoalCircleView& circle)
 
 void SetupViewController::controlTextDidChange(const QLineEdit& field)
 {
+    if (m_view)
+        m_refusal->hide();
     if (m_view && (&field == m_ui->textFieldWeight || &field == m_ui->textFieldStandUpNumber))
         updateGoalLabel();
 }
@@ -403,12 +465,8 @@ void SetupViewController::controlTextDidEndEditing(const QLineEdit& field)
 {
     if (!m_view || (&field != m_ui->textFieldWeight && &field != m_ui->textFieldStandUpNumber))
         return;
-    if (field.text().isEmpty()) {
-        if (&field == m_ui->textFieldWeight)
-            setDefaultWeight();
-        else
-            setDefaultNumberOfStandUps();
-    }
+    if (field.text().isEmpty())
+        refill(field);
     updateGoalLabel();
 }
 
@@ -599,7 +657,10 @@ void SetupViewController::buttonMemoryClicked(HoverButton& button)
 {
     if (!m_view)
         return;
-    saveTablePositionOffset();
+    if (isAccepted(*m_ui->textFieldTableHeight))
+        saveTablePositionOffset();
+    else
+        refuse(*m_ui->textFieldTableHeight);
     if (!isDeskActive())
         return;
     removeMemoryView();

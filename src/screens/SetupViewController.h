@@ -17,6 +17,7 @@
 class BackgroundTextField;
 class HoverButton;
 class PositionListener;
+class QLabel;
 class QLineEdit;
 class QWidget;
 class Workspace;
@@ -90,6 +91,12 @@ private:
     void setTextColor();
     void setImages();
     void connectControls();
+    void setUpRefusal();
+    /// Whether Done may store what the field holds. Accessibility clients write past its validator.
+    [[nodiscard]] static bool isAccepted(const QLineEdit& field);
+    /// Puts the stored value back and says so beside the field.
+    void refuse(QLineEdit& field);
+    void refill(const QLineEdit& field);
     void setUpEntryField(BackgroundTextField& field, double minValue, double maxValue, bool acceptComma);
 
     void updateConnectionLabel();
@@ -129,5 +136,6 @@ private:
     std::vector<NotificationCenter::Observation> m_observations;
     std::vector<std::shared_ptr<PositionListener>> m_positionListeners;
     QPointer<QWidget> m_view;
+    QLabel* m_refusal = nullptr; ///< Belongs to the view.
     std::unique_ptr<Ui::SetupView> m_ui;
 };

@@ -16,6 +16,7 @@ public:
 
     /// Its limits and characters are set here.
     [[nodiscard]] DecimalFormatter& formatter() { return *m_formatter; }
+    [[nodiscard]] const DecimalFormatter& formatter() const { return *m_formatter; }
 
     [[nodiscard]] State validate(QString& input, int& cursorPosition) const override;
 

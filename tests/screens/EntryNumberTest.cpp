@@ -19,6 +19,7 @@ TEST(EntryNumber, isTheLeadingNumberInTheDigitsOfAnyScript)
         {QStringLiteral("-5"), 0, 0},
         {QStringLiteral("abc"), 0, 0},
         {QStringLiteral("5 kg"), 5, 5},
+        {QStringLiteral("7\u00B2\u00BD"), 7, 7},
         {QStringLiteral("1e3"), 1, 1},
         {QStringLiteral("\uFF17\uFF12.5"), 72, 72.5}, // Full width.
         {QStringLiteral("\u0667\u0662"), 72, 72}, // Arabic-Indic.

@@ -421,6 +421,11 @@
         <extracomment>%1: minutes in steps of a half</extracomment>
         <translation>Das sind %1 Min. im Stehen bei jedem Aufstehen.</translation>
     </message>
+    <message id="EntryRefused">
+        <source>This takes a number from %1 to %2. The earlier value is back.</source>
+        <extracomment>%1 and %2: least and greatest value that the field takes</extracomment>
+        <translation>Hier passt eine Zahl von %1 bis %2. Der vorige Wert ist wieder da.</translation>
+    </message>
     <message id="InfoLinkButton">
         <source>Watch the video</source>
         <translation>Video ansehen</translation>

@@ -420,6 +420,11 @@
         <extracomment>%1: minutes in steps of a half</extracomment>
         <translation>That is %1 min on your feet each time you stand up.</translation>
     </message>
+    <message id="EntryRefused">
+        <source></source>
+        <extracomment>%1 and %2: least and greatest value that the field takes</extracomment>
+        <translation>This takes a number from %1 to %2. The earlier value is back.</translation>
+    </message>
     <message id="InfoLinkButton">
         <source></source>
         <translation>Watch the video</translation>

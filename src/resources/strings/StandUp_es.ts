@@ -421,6 +421,11 @@
         <extracomment>%1: minutes in steps of a half</extracomment>
         <translation>Es decir, %1 min de pie cada vez.</translation>
     </message>
+    <message id="EntryRefused">
+        <source>This takes a number from %1 to %2. The earlier value is back.</source>
+        <extracomment>%1 and %2: least and greatest value that the field takes</extracomment>
+        <translation>Aquí cabe un número de %1 a %2. Vuelve el valor anterior.</translation>
+    </message>
     <message id="InfoLinkButton">
         <source>Watch the video</source>
         <translation>Ver el vídeo</translation>

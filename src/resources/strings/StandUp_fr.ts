@@ -421,6 +421,11 @@
         <extracomment>%1: minutes in steps of a half</extracomment>
         <translation>Soit %1 min debout à chaque fois.</translation>
     </message>
+    <message id="EntryRefused">
+        <source>This takes a number from %1 to %2. The earlier value is back.</source>
+        <extracomment>%1 and %2: least and greatest value that the field takes</extracomment>
+        <translation>Ce champ accepte un nombre de %1 à %2. La valeur précédente est revenue.</translation>
+    </message>
     <message id="InfoLinkButton">
         <source>Watch the video</source>
         <translation>Voir la vidéo</translation>

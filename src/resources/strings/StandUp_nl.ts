@@ -421,6 +421,11 @@
         <extracomment>%1: minutes in steps of a half</extracomment>
         <translation>Dat is %1 min staan per keer.</translation>
     </message>
+    <message id="EntryRefused">
+        <source>This takes a number from %1 to %2. The earlier value is back.</source>
+        <extracomment>%1 and %2: least and greatest value that the field takes</extracomment>
+        <translation>Hier past een getal van %1 tot %2. De vorige waarde staat er weer.</translation>
+    </message>
     <message id="InfoLinkButton">
         <source>Watch the video</source>
         <translation>Video bekijken</translation>
