@@ -60,8 +60,8 @@ private:
     std::shared_ptr<ManagedObjectContext> makeContext(int64_t records)
     {
         Error error;
-        const auto context =
-            std::make_shared<ManagedObjectContext>(PersistentStoreCoordinator::open(path(records), error));
+        const auto context = std::make_shared<ManagedObjectContext>(
+            PersistentStoreCoordinator::open({}, path(records), error));
         const int64_t workDays = int64_t(kYears) * kWorkDaysAYear;
         for (int64_t record = 0; record < records; ++record) {
             const int64_t workDay = record * workDays / records;
@@ -186,7 +186,7 @@ void BM_OpenStore(benchmark::State& state)
     sqlite3_close(connection);
     for (auto _ : state) {
         Error error;
-        if (!PersistentStoreCoordinator::open(copy, error))
+        if (!PersistentStoreCoordinator::open({}, copy, error))
             state.SkipWithError(qPrintable(error.localizedDescription));
     }
     QFile::remove(copy);

@@ -26,10 +26,20 @@ double parsedNumber(const QString& text)
 }
 }
 
-bool DecimalFormatter::getObjectValue(QString& objectValue, const QString& string) const
+bool DecimalFormatter::getObjectValue(QString& objectValue, const QString& forString, QString*) const
 {
-    objectValue = string;
+    objectValue = forString;
     return true;
+}
+
+std::nullopt_t DecimalFormatter::attributedStringForObjectValue(const QString&, const QVariantMap&) const
+{
+    return std::nullopt;
+}
+
+bool DecimalFormatter::isPartialStringValid(QString& partialString, int&, const QString&, int, QString*) const
+{
+    return isPartialStringValid(partialString);
 }
 
 bool DecimalFormatter::isPartialStringValid(const QString& partialString) const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QVariantMap>
 
 #include <limits>
 #include <optional>
@@ -19,11 +20,17 @@ public:
 
     [[nodiscard]] QString stringForObjectValue(const QString& objectValue) const { return objectValue; }
     /// Any text is a value. Always true; no error is ever described.
-    bool getObjectValue(QString& objectValue, const QString& string) const;
+    bool getObjectValue(QString& objectValue, const QString& forString, QString* errorDescription) const;
+    /// There is no form with attributes.
+    [[nodiscard]] std::nullopt_t attributedStringForObjectValue(
+        const QString& objectValue, const QVariantMap& withDefaultAttributes) const;
 
     /// Whether the text may stand in the field while it is being typed. It is read as a decimal number of the
     /// user's locale; one that is none counts as 0.
     [[nodiscard]] bool isPartialStringValid(const QString& partialString) const;
+    /// The same with what an input method tells; the text is never rewritten, no error is ever described.
+    [[nodiscard]] bool isPartialStringValid(QString& partialString, int& proposedSelectedRange,
+        const QString& originalString, int originalSelectedRange, QString* errorDescription) const;
 
 private:
     [[nodiscard]] bool isAllowed(char32_t character) const;

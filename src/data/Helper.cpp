@@ -1,13 +1,10 @@
 #include "data/Helper.h"
 
 #include "data/AppProperties.h"
+#include "data/FixedPoint.h"
 #include "platform/Bundle.h"
 
-#include <QLatin1String>
-
-#include <charconv>
 #include <cmath>
-#include <iterator>
 
 namespace {
 constexpr double kPoundsPerKilogram = 2.205;
@@ -20,16 +17,6 @@ constexpr double kInchesPerMillimetre = 0.0393700787;
 bool isMetric()
 {
     return AppProperties::instance().isMetric();
-}
-
-/// With a full stop whatever the locale, and an exact half rounded to the even digit: 74.5 gives "74". Qt
-/// would round it up.
-QString fixed(double value, int decimals)
-{
-    char text[400]; // The largest double has 309 digits before the point.
-    const auto end =
-        std::to_chars(std::begin(text), std::end(text), value, std::chars_format::fixed, decimals);
-    return QString(QLatin1String(text, end.ptr - text));
 }
 }
 

@@ -30,20 +30,6 @@ constexpr int kBusyTimeoutMilliseconds = 100;
 /// later is an error of the fetch or save that meets it.
 constexpr qint64 kAlwaysCheckedBytes = qint64(8) * 1024 * 1024;
 
-/// Two partial indexes serve the interval queries: usual periods are found by their start alone, the few
-/// others (the clock was set back, longer than a day) have an index of their own. Both hold all columns, so
-/// that a fetch never visits the table.
-constexpr const char* kCreateTable =
-    "CREATE TABLE IF NOT EXISTS Activity("
-    "id INTEGER PRIMARY KEY, startDate REAL NOT NULL, endDate REAL NOT NULL, "
-    "isStanding INTEGER NOT NULL, weight REAL)";
-constexpr const char* kCreateUsualIndex = "CREATE INDEX IF NOT EXISTS UsualActivity "
-                                          "ON Activity(startDate, endDate, isStanding, weight) "
-                                          "WHERE endDate - startDate BETWEEN 0 AND 86400";
-constexpr const char* kCreateOddIndex = "CREATE INDEX IF NOT EXISTS OddActivity "
-                                        "ON Activity(startDate, endDate, isStanding, weight) "
-                                        "WHERE (endDate - startDate BETWEEN 0 AND 86400) IS NOT TRUE";
-
 /// SQLite knows a full disk by that name only where it writes the store itself, not where it maps its memory.
 bool isDiskFull(int result, const QString& path)
 {
@@ -108,14 +94,15 @@ Error makeError(int result, const char* description, const QString& reason, cons
 }
 
 std::unique_ptr<PersistentStoreCoordinator> PersistentStoreCoordinator::open(
-    const QString& path, Error& error)
+    const ManagedObjectModel& model, const QString& path, Error& error)
 {
-    std::unique_ptr<PersistentStoreCoordinator> coordinator(new PersistentStoreCoordinator(path));
+    std::unique_ptr<PersistentStoreCoordinator> coordinator(new PersistentStoreCoordinator(model, path));
     return coordinator->reopen(error) ? std::move(coordinator) : nullptr;
 }
 
-PersistentStoreCoordinator::PersistentStoreCoordinator(QString path)
-    : m_path(std::move(path))
+PersistentStoreCoordinator::PersistentStoreCoordinator(const ManagedObjectModel& model, QString path)
+    : m_model(model)
+    , m_path(std::move(path))
 {
 }
 
@@ -235,12 +222,12 @@ int PersistentStoreCoordinator::identify()
     m_isNew = version == 0 && objects == 0;
     if (m_isNew)
         return SQLITE_OK;
-    if (version > kSchemaVersion)
+    if (version > m_model.version)
         return NewerStore;
     const SqlStatement columns(
         m_connection, "SELECT id, startDate, endDate, isStanding, weight FROM Activity");
-    return version == kSchemaVersion && tables == 1 && columns.prepareResult() == SQLITE_OK ? SQLITE_OK
-                                                                                            : ForeignStore;
+    return version == m_model.version && tables == 1 && columns.prepareResult() == SQLITE_OK ? SQLITE_OK
+                                                                                             : ForeignStore;
 }
 
 int PersistentStoreCoordinator::checkPages()
@@ -262,13 +249,13 @@ int PersistentStoreCoordinator::prepareForWriting()
     if (result == SQLITE_OK && m_isNew)
         result = execute("BEGIN IMMEDIATE");
     // The indexes are made again should somebody's tool have dropped them: the queries name them.
-    for (const char* sql : {kCreateTable, kCreateUsualIndex, kCreateOddIndex}) {
+    for (const char* sql : m_model.statements) {
         if (result == SQLITE_OK)
             result = execute(sql);
     }
     if (result == SQLITE_OK && m_isNew)
         result = execute(
-            QStringLiteral("PRAGMA user_version = %1; COMMIT").arg(kSchemaVersion).toLatin1().constData());
+            QStringLiteral("PRAGMA user_version = %1; COMMIT").arg(m_model.version).toLatin1().constData());
     if (result == SQLITE_OK)
         sqlite3_db_config(m_connection, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0, nullptr);
     return result;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "data/ManagedObjectModel.h"
 #include "platform/Dialogs.h"
 
 #include <QString>
@@ -12,16 +13,12 @@ struct sqlite3;
 /// Opens the store file (SQLite) and keeps its connection. A file that is damaged, foreign, of a newer
 /// version or not writable is left exactly as it is and gives an error; a missing or empty one becomes a new
 /// store. A lock beside the file keeps a second program from recording into it.
-///
-/// The store is one table, Activity(id, startDate, endDate, isStanding, weight): dates in seconds since
-/// 1970-01-01 UTC, weight in kg (NULL when undefined). A transaction that has been committed is on disk.
+/// A transaction that has been committed is on disk.
 class PersistentStoreCoordinator {
 public:
-    /// The layout's number, kept as the file's user_version.
-    static constexpr int kSchemaVersion = 1;
-
     /// Opens or makes the store at that path; null and the reason in `error` on failure.
-    static std::unique_ptr<PersistentStoreCoordinator> open(const QString& path, Error& error);
+    static std::unique_ptr<PersistentStoreCoordinator> open(
+        const ManagedObjectModel& model, const QString& path, Error& error);
 
     ~PersistentStoreCoordinator();
     PersistentStoreCoordinator(const PersistentStoreCoordinator&) = delete;
@@ -43,7 +40,7 @@ public:
     [[nodiscard]] Error errorForResult(int result) const;
 
 private:
-    explicit PersistentStoreCoordinator(QString path);
+    PersistentStoreCoordinator(const ManagedObjectModel& model, QString path);
 
     void close();
 
@@ -59,6 +56,7 @@ private:
     [[nodiscard]] int execute(const char* sql);
     [[nodiscard]] int queryInteger(const char* sql, int& value);
 
+    ManagedObjectModel m_model;
     QString m_path;
     sqlite3* m_connection = nullptr;
     int m_lock = -1; ///< A file that is locked as long as it is open.

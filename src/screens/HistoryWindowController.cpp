@@ -2,6 +2,7 @@
 
 #include "data/AppProperties.h"
 #include "data/ExportManager.h"
+#include "data/FixedPoint.h"
 #include "platform/Bundle.h"
 #include "ui/FontAndTextHandler.h"
 #include "ui/Palette.h"
@@ -249,8 +250,7 @@ void HistoryWindowController::exportToCSVFile()
     // chosen.
     m_startDate = Date::dateFromComponents(kFirstRecordedYear, 1, 1);
     const Totals sums = totals();
-    ExportManager::exportHistoryToCSV(
-        {QString::number(sums.minutes, 'f', 2), QString::number(sums.calories, 'f', 2),
-            QString::number(sums.stands), QString::number(sums.goals)},
+    ExportManager::exportHistoryToCSV({fixed(sums.minutes, 2), fixed(sums.calories, 2),
+                                          QString::number(sums.stands), QString::number(sums.goals)},
         m_dialogs);
 }

@@ -170,7 +170,8 @@ std::shared_ptr<PersistentStoreCoordinator> AppDelegate::persistentStoreCoordina
         return nullptr;
     Error error;
     const QString file = QStringLiteral("%1.storedata").arg(AppProperties::instance().bundleName());
-    m_persistentStoreCoordinator = PersistentStoreCoordinator::open(QDir(folder).filePath(file), error);
+    m_persistentStoreCoordinator =
+        PersistentStoreCoordinator::open(managedObjectModel(), QDir(folder).filePath(file), error);
     if (!m_persistentStoreCoordinator)
         m_dependencies.dialogs.presentError(error);
     return m_persistentStoreCoordinator;

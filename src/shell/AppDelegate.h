@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/ManagedObjectContextProvider.h"
+#include "data/ManagedObjectModel.h"
 #include "platform/Dialogs.h"
 #include "shell/MenuletController.h"
 #include "shell/MenuletView.h"
@@ -71,6 +72,8 @@ public:
     /// `org.zelvo.StandUp` in the user's data folder, made when missing; a failure shows when the store is
     /// opened.
     QString applicationFilesDirectory();
+    /// Compiled in, so that it is never missing.
+    [[nodiscard]] const ManagedObjectModel& managedObjectModel() const { return m_managedObjectModel; }
     /// The open store, or null after the error has been presented; the next call then tries again.
     std::shared_ptr<PersistentStoreCoordinator> persistentStoreCoordinator();
     /// The application's one context, or null as above.
@@ -111,6 +114,7 @@ private:
     QAction* m_statusMenuHistory = nullptr;
     QAction* m_statusMenuSettings = nullptr;
     QAction* m_statusMenuQuit = nullptr;
+    ManagedObjectModel m_managedObjectModel;
     std::shared_ptr<PersistentStoreCoordinator> m_persistentStoreCoordinator;
     std::shared_ptr<ManagedObjectContext> m_managedObjectContext;
     std::unique_ptr<MenuletController> m_menuletController;

@@ -10,7 +10,7 @@ NumberEntryValidator::NumberEntryValidator(QObject* parent)
 
 NumberEntryValidator::~NumberEntryValidator() = default;
 
-QValidator::State NumberEntryValidator::validate(QString& input, int&) const
+QValidator::State NumberEntryValidator::validate(QString& input, int& cursorPosition) const
 {
-    return m_formatter->isPartialStringValid(input) ? Acceptable : Invalid;
+    return m_formatter->isPartialStringValid(input, cursorPosition, {}, 0, nullptr) ? Acceptable : Invalid;
 }

@@ -87,7 +87,7 @@ TEST(DecimalFormatter, keepsEntriesToDigitsAndARange)
 TEST(DecimalFormatter, takesTheTextItselfForTheValue)
 {
     QString value;
-    EXPECT_TRUE(kWeight.getObjectValue(value, QStringLiteral("08x")));
+    EXPECT_TRUE(kWeight.getObjectValue(value, QStringLiteral("08x"), nullptr));
     EXPECT_EQ(value, QStringLiteral("08x"));
     EXPECT_EQ(kWeight.stringForObjectValue(QStringLiteral("08x")), QStringLiteral("08x"));
 }

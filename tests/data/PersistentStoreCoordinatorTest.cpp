@@ -89,7 +89,7 @@ protected:
     }
     std::unique_ptr<PersistentStoreCoordinator> open()
     {
-        return PersistentStoreCoordinator::open(path, error);
+        return PersistentStoreCoordinator::open({}, path, error);
     }
 
     TestPlatform platform;

@@ -44,7 +44,7 @@ void confirm(const Activity& activity)
     platform.runLoop.advance(1e6 * number);
     Error error;
     const auto context = std::make_shared<ManagedObjectContext>(
-        PersistentStoreCoordinator::open(QString::fromLocal8Bit(path), error));
+        PersistentStoreCoordinator::open({}, QString::fromLocal8Bit(path), error));
     ActivityPersister persister(context);
     for (int record = 0;; ++record) {
         const double weight = number * 1e6 + record;
@@ -99,7 +99,7 @@ public:
     {
         Error error;
         std::shared_ptr<PersistentStoreCoordinator> coordinator =
-            PersistentStoreCoordinator::open(QString::fromStdString(m_path), error);
+            PersistentStoreCoordinator::open({}, QString::fromStdString(m_path), error);
         if (!coordinator) {
             printf("The store does not open: %s\n", qPrintable(error.localizedDescription));
             return false;

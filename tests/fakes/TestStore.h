@@ -55,7 +55,7 @@ private:
     void open()
     {
         Error error;
-        coordinator = PersistentStoreCoordinator::open(path, error);
+        coordinator = PersistentStoreCoordinator::open({}, path, error);
         ASSERT_TRUE(coordinator) << qPrintable(error.localizedDescription);
         context = std::make_shared<ManagedObjectContext>(coordinator);
     }

@@ -60,7 +60,7 @@ public:
         properties.setNumberOfStandUps(2);
         Error error;
         m_coordinator = PersistentStoreCoordinator::open(
-            m_platform.folder.filePath(QStringLiteral("year.storedata")), error);
+            {}, m_platform.folder.filePath(QStringLiteral("year.storedata")), error);
         // What a save costs on a disk is not what is looked at here, and a year has a million of them.
         sqlite3_exec(m_coordinator->connection(), "PRAGMA synchronous = OFF", nullptr, nullptr, nullptr);
         m_context = std::make_shared<ManagedObjectContext>(m_coordinator);
