@@ -15,7 +15,7 @@ QByteArray contents(const QString& path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/// The value of a key in the group [Desktop Entry], in lower case; empty when it is missing.
+/// The value of a key in the group [Desktop Entry]; empty when it is missing.
 QByteArray valueOf(const QByteArray& key, const QByteArray& entry)
 {
     bool isInGroup = false;
@@ -26,7 +26,7 @@ QByteArray valueOf(const QByteArray& key, const QByteArray& entry)
         if (text.startsWith('['))
             isInGroup = text == "[Desktop Entry]";
         else if (isInGroup && split > 0 && text.left(split).trimmed() == key)
-            return text.mid(split + 1).trimmed().toLower();
+            return text.mid(split + 1).trimmed();
     }
     return {};
 }
@@ -48,6 +48,14 @@ QString quotedArgument(QString text)
         text.replace(QLatin1Char(special), QStringLiteral("\\") + QLatin1Char(special));
     return QLatin1Char('"') + text.replace(QLatin1Char('%'), QLatin1String("%%")) + QLatin1Char('"');
 }
+
+/// Whether the user has written a command of their own; this class writes the executable alone.
+bool hasOwnCommand(const QByteArray& entry)
+{
+    const QByteArray command = valueOf("Exec", entry);
+    const QString executable = QString::fromUtf8(valueOf("TryExec", entry));
+    return !command.isEmpty() && command != stringValue(quotedArgument(executable)).toUtf8();
+}
 }
 
 AutostartLoginItems::AutostartLoginItems(const QString& configFolder)
@@ -63,7 +71,8 @@ QString AutostartLoginItems::defaultConfigFolder()
 bool AutostartLoginItems::insertItem(const QString& executablePath)
 {
     const QByteArray wanted = entry(executablePath);
-    if (isSwitchedOff() || contents(m_path) == wanted)
+    const QByteArray present = contents(m_path);
+    if (isSwitchedOff() || hasOwnCommand(present) || present == wanted)
         return true;
 
     QDir().mkpath(QFileInfo(m_path).absolutePath());
@@ -79,7 +88,8 @@ bool AutostartLoginItems::insertItem(const QString& executablePath)
 bool AutostartLoginItems::isSwitchedOff() const
 {
     const QByteArray present = contents(m_path);
-    return valueOf("Hidden", present) == "true" || valueOf("X-GNOME-Autostart-enabled", present) == "false";
+    return valueOf("Hidden", present).toLower() == "true"
+        || valueOf("X-GNOME-Autostart-enabled", present).toLower() == "false";
 }
 
 bool AutostartLoginItems::isStartUnwanted() const

@@ -11,7 +11,8 @@ public:
 
     static QString defaultConfigFolder();
 
-    /// Writes the entry when it is missing or differs. True also when the user has switched it off.
+    /// Writes the entry when it is missing or differs. True also when the user has switched it off or has
+    /// given it a command of their own, with options for instance: such an entry stays as it is.
     bool insertItem(const QString& executablePath) override;
 
     /// Whether the user has switched the entry off.

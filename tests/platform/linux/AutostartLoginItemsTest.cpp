@@ -58,6 +58,21 @@ TEST_F(AutostartLoginItemsTest, aMovedExecutableIsFollowed)
     EXPECT_EQ(read(), AutostartLoginItems::entry(m_program));
 }
 
+TEST_F(AutostartLoginItemsTest, aCommandOfTheUsersOwnIsKept)
+{
+    const QByteArray own =
+        AutostartLoginItems::entry(m_program).replace("standup\"\n", "standup\" --language de\n");
+    write(own);
+    ASSERT_TRUE(m_items.insertItem(m_program));
+    EXPECT_EQ(read(), own);
+    write("[Desktop Entry]\nExec=env A=1 zelvo-standup\n");
+    ASSERT_TRUE(m_items.insertItem(m_program));
+    EXPECT_EQ(read(), "[Desktop Entry]\nExec=env A=1 zelvo-standup\n");
+    write("[Desktop Entry]\nName=x\n"); // No command at all starts nothing.
+    ASSERT_TRUE(m_items.insertItem(m_program));
+    EXPECT_EQ(read(), AutostartLoginItems::entry(m_program));
+}
+
 TEST_F(AutostartLoginItemsTest, onlyWhatTheUserSwitchedOffIsLeftAlone)
 {
     const struct TestCase {
