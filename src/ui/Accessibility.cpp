@@ -2,10 +2,12 @@
 
 #include "ui/ClickableLabel.h"
 #include "ui/HoverLink.h"
+#include "ui/HyperLinkTextField.h"
 #include "ui/MouseEventButton.h"
 
 #include <QAccessible>
 #include <QAccessibleWidget>
+#include <QTextDocumentFragment>
 
 namespace {
 /// What a control that is pressed tells: its text as its name, unless it was given another, and one action.
@@ -90,12 +92,31 @@ private:
     [[nodiscard]] ClickableLabel& label() const { return *static_cast<ClickableLabel*>(object()); }
 };
 
+/// Text that comes unasked.
+class NotificationInterface final : public QAccessibleWidget {
+public:
+    explicit NotificationInterface(HyperLinkTextField* label)
+        : QAccessibleWidget(label, QAccessible::Notification)
+    {
+    }
+
+    [[nodiscard]] QString text(QAccessible::Text kind) const override
+    {
+        if (kind != QAccessible::Name)
+            return QAccessibleWidget::text(kind);
+        return QTextDocumentFragment::fromHtml(static_cast<HyperLinkTextField*>(object())->text())
+            .toPlainText();
+    }
+};
+
 QAccessibleInterface* controlInterface(const QString&, QObject* object)
 {
     if (auto* button = qobject_cast<Button*>(object))
         return new ButtonInterface(button); // Owned by Qt's cache of interfaces.
     if (auto* label = qobject_cast<ClickableLabel*>(object))
         return new TabInterface(label);
+    if (auto* label = qobject_cast<HyperLinkTextField*>(object))
+        return new NotificationInterface(label);
     return nullptr;
 }
 }

@@ -25,7 +25,8 @@ void HyperLinkTextField::setText(const QString& text)
     setFocusPolicy(text.contains(QLatin1String("<a href")) ? Qt::StrongFocus : Qt::NoFocus);
     if (text.isEmpty() || !QAccessible::isActive())
         return;
-    QAccessibleEvent event(this, QAccessible::Alert);
+    // A notification that appears is spoken; Qt hands no alert on.
+    QAccessibleEvent event(this, QAccessible::ObjectShow);
     QAccessible::updateAccessibility(&event);
 }
 

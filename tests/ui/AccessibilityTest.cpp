@@ -113,4 +113,5 @@ TEST_F(AccessibilityTest, aTextWithLinksIsReadWithoutItsMarkup)
     field.setText(
         hyperlinkFromString(QStringLiteral("E07: motor"), QUrl(QStringLiteral("https://zelvo.example"))));
     EXPECT_EQ(accessible(field).text(QAccessible::Name), QStringLiteral("E07: motor"));
+    EXPECT_EQ(accessible(field).role(), QAccessible::Notification);
 }
