@@ -268,9 +268,11 @@ void SetupViewController::setFont()
 
 void SetupViewController::setTextColor()
 {
-    const auto labels = m_view->findChildren<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
-    for (QLabel* label : labels)
-        setLabelColor(*label, zelvoTextColor());
+    for (const QWidget* part : {m_view.data(), m_ui->bodyContent}) {
+        const auto labels = part->findChildren<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
+        for (QLabel* label : labels)
+            setLabelColor(*label, zelvoTextColor());
+    }
     for (HoverButton* button :
         {m_ui->buttonDone, m_ui->buttonMemory1, m_ui->buttonMemory2, m_ui->buttonMemory3})
         button->setTextColor(zelvoTextColor());

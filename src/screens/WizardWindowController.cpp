@@ -3,7 +3,7 @@
 #include "data/AppProperties.h"
 #include "desk/ZelvoController.h"
 #include "platform/Bundle.h"
-#include "ui/PanelWindow.h"
+#include "screens/WizardWindow.h"
 #include "ui/WindowPlacement.h"
 #include "ui_WizardWindow.h"
 
@@ -14,12 +14,11 @@
 WizardWindowController::WizardWindowController(Workspace& workspace, std::function<void()> terminate)
     : m_workspace(workspace)
     , m_terminate(std::move(terminate))
-    , m_window(std::make_unique<PanelWindow>(Qt::Window | Qt::FramelessWindowHint))
+    , m_window(std::make_unique<WizardWindow>())
     , m_ui(std::make_unique<Ui::WizardWindow>())
 {
     m_ui->setupUi(m_window.get());
     m_window->setWindowTitle(Bundle::main().localizedString(QStringLiteral("Setup")));
-    m_window->setMovableByWindowBackground(true);
     m_window->onCloseRequested([this] { setupViewController().buttonCloseWithoutSavingClicked(); });
     showSetupView();
 }
@@ -30,10 +29,8 @@ void WizardWindowController::showWindow()
 {
     if (!setupViewController().isViewLoaded())
         showSetupView();
-    if (!m_window->isVisible()) {
-        m_window->adjustSize();
+    if (!m_window->isVisible())
         WindowPlacement::moveToCentre(*m_window);
-    }
     m_window->comeToFront();
 }
 

@@ -5,8 +5,8 @@
 #include <functional>
 #include <memory>
 
-class PanelWindow;
 class QWidget;
+class WizardWindow;
 class Workspace;
 
 namespace Ui {
@@ -44,7 +44,7 @@ private:
 
     Workspace& m_workspace;
     std::function<void()> m_terminate;
-    std::unique_ptr<PanelWindow> m_window;
+    std::unique_ptr<WizardWindow> m_window;
     std::unique_ptr<Ui::WizardWindow> m_ui;
     std::unique_ptr<SetupViewController> m_setupViewController;
 };

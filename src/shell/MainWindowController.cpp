@@ -15,11 +15,13 @@
 #include "ui/WindowPlacement.h"
 #include "ui_MainWindow.h"
 
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
 namespace {
 constexpr double kRefreshSeconds = 5.0;
+constexpr int kErrorHeight = 300;
 constexpr double kFullScale = 100.0;
 constexpr double kSecondsPerMinute = 60.0;
 constexpr int32_t kCalorieGoal = 1;
@@ -75,6 +77,10 @@ void MainWindowController::awakeFromNib()
 {
     m_window->onWillClose([this] { windowWillClose(); });
     m_window->onCloseRequested([this] { buttonCloseClicked(); });
+    m_window->onResized([this] { // Errors cover what scrolls, and never a button.
+        m_ui->errorArea->setFixedHeight(
+            std::min(kErrorHeight, m_ui->body->geometry().bottom() + 1 - m_ui->errorArea->y()));
+    });
     m_window->setMovableByWindowBackground(true);
     observe();
     for (MouseEventButton* button :
@@ -102,9 +108,10 @@ void MainWindowController::windowWillClose()
 void MainWindowController::observe()
 {
     NotificationCenter& center = NotificationCenter::defaultCenter();
-    for (const QString& name : {NotificationNames::kDeviceStateDidChange, NotificationNames::kNewSession})
-        m_observations.push_back(
-            center.addObserver(name, [this](const PostedNotification&) { updateData(); }));
+    m_observations.push_back(center.addObserver(NotificationNames::kDeviceStateDidChange,
+        [this](const PostedNotification&) { observerDeviceStateDidChange(); }));
+    m_observations.push_back(center.addObserver(
+        NotificationNames::kNewSession, [this](const PostedNotification&) { observerNewSession(); }));
     m_errorLine = std::make_unique<ErrorLine>(
         *m_ui->labelErrorText, *m_ui->errorArea, ErrorLine::WithoutUrl::PlainText);
     m_positionListener = std::make_shared<PositionListener>([this](int32_t) { setTabelHeight(); });

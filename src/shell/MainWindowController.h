@@ -44,6 +44,11 @@ public:
     /// Every opening adds a timer and only the last is kept and stopped; refreshing twice shows the same.
     void startUpdateDataTimer();
     void stopUpdateDataTimer();
+    void observerDeviceStateDidChange() { updateData(); }
+    void observerNewSession() { updateData(); }
+    /// Kept for whoever works the window from outside; the error line itself needs no such mark.
+    [[nodiscard]] bool errorRecievedUnderCountdown() const { return m_errorRecievedUnderCountdown; }
+    void setErrorRecievedUnderCountdown(bool received) { m_errorRecievedUnderCountdown = received; }
     void buttonCloseClicked();
     void buttonHistoryClicked();
     void buttonSettingsClicked();
@@ -88,6 +93,7 @@ private:
     std::unique_ptr<ErrorLine> m_errorLine;
     std::shared_ptr<PositionListener> m_positionListener;
     std::vector<NotificationCenter::Observation> m_observations;
+    bool m_errorRecievedUnderCountdown = false;
     TimerRef m_updateDateTimer;
     TimerScope m_timers;
 };

@@ -1,6 +1,7 @@
 #include "shell/StatusItem.h"
 
-#include <QCursor>
+#include "ui/WindowPlacement.h"
+
 #include <QMenu>
 
 namespace {
@@ -51,12 +52,12 @@ void StatusItem::appear()
 void StatusItem::popUpMenu()
 {
     if (m_menu && !m_menu->isVisible())
-        m_menu->popup(QCursor::pos());
+        m_menu->popup(WindowPlacement::pointer());
 }
 
 void StatusItem::activated(QSystemTrayIcon::ActivationReason reason)
 {
-    // Over D-Bus a right click never arrives here: the host draws the menu itself.
+    // Over D-Bus a right click arrives only from a host that does not draw the menu itself.
     if (reason == QSystemTrayIcon::Trigger && m_clicked)
         m_clicked();
     else if (reason == QSystemTrayIcon::Context && m_rightClicked)

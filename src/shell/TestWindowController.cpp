@@ -6,6 +6,7 @@
 #include "shell/Notification.h"
 #include "ui/Palette.h"
 #include "ui/PanelWindow.h"
+#include "ui/WindowPlacement.h"
 #include "ui_TestWindow.h"
 
 #include <QFontDatabase>
@@ -61,8 +62,10 @@ void TestWindowController::showWindow()
     invalidate(m_valuesTimer);
     m_valuesTimer =
         m_timers.schedule(kRefreshSeconds, RunLoop::Repeat::Yes, [this](Timer&) { updateValues(); });
-    if (!m_window->isVisible())
+    if (!m_window->isVisible()) {
+        WindowPlacement::moveToCentre(*m_window);
         m_window->unfocusControls();
+    }
     m_window->comeToFront();
 }
 

@@ -15,6 +15,11 @@
 
 #include <utility>
 
+namespace {
+/// What a window manager puts around a window is not known before it is shown.
+constexpr QSize kWidestFrame(16, 48);
+}
+
 PanelWindow::PanelWindow(Qt::WindowFlags flags)
     : QWidget(nullptr, flags)
 {
@@ -32,6 +37,16 @@ void PanelWindow::comeToFront()
     show();
     raise();
     activateWindow();
+}
+
+void PanelWindow::fitInto(QSize available)
+{
+    if (m_formSize.isEmpty())
+        m_formSize = size();
+    if (windowFlags().testFlag(Qt::FramelessWindowHint))
+        setFixedSize(m_formSize.boundedTo(available)); // Tiling desktops let windows of one size float.
+    else
+        resize(m_formSize.boundedTo(available - kWidestFrame));
 }
 
 void PanelWindow::unfocusControls()

@@ -24,6 +24,8 @@ public:
     /// Shows the window to a user who asked for it: not minimised, on the current workspace, in front,
     /// active.
     void comeToFront();
+    /// As large as its form asks for, or as there is room for.
+    void fitInto(QSize available);
     /// Leaves no control with the keyboard focus, so that no key presses one by accident; Tab goes to the
     /// first.
     void unfocusControls();
@@ -50,6 +52,7 @@ private:
     /// Calls back once the events of this moment have been dealt with, if the window lives then.
     void soon(std::function<void()> callback);
 
+    QSize m_formSize;
     bool m_movable = false;
     std::optional<QPoint> m_pressedAt; ///< where the background was pressed, until it is dragged
     bool m_showsWithoutKeyboard = false;

@@ -1,28 +1,29 @@
 #include "ui/WindowPlacement.h"
 
+#include "ui/PanelWindow.h"
+#include "ui/WindowSystem.h"
+
 #include <QCursor>
 #include <QGuiApplication>
 #include <QScreen>
-#include <QWidget>
 
 #include <algorithm>
 
 namespace {
 constexpr int kMargin = 12;
 
-QRect availableScreenAtPointer()
+const QScreen& screenOfPointer()
 {
-    const QScreen* screen = QGuiApplication::screenAt(QCursor::pos());
-    if (!screen)
-        screen = QGuiApplication::primaryScreen();
-    return screen ? screen->availableGeometry() : QRect();
+    const QScreen* const screen = QGuiApplication::screenAt(WindowPlacement::pointer());
+    return screen ? *screen : *QGuiApplication::primaryScreen();
 }
 
-QPoint centred(const QRect& area, QSize window)
+/// The area in which the window stays: less a margin, as far as there is room for one.
+QRect roomFor(QSize window, const QRect& availableScreen)
 {
-    QRect frame(QPoint(), window);
-    frame.moveCenter(area.center());
-    return frame.topLeft();
+    const QSize spare =
+        ((availableScreen.size() - window) / 2).expandedTo({0, 0}).boundedTo({kMargin, kMargin});
+    return availableScreen.adjusted(spare.width(), spare.height(), -spare.width(), -spare.height());
 }
 
 int within(int value, int least, int most)
@@ -30,23 +31,32 @@ int within(int value, int least, int most)
     return std::max(
         least, std::min(value, most)); // A window larger than the screen keeps its upper left corner.
 }
+
+QPoint within(const QRect& area, QSize window, QPoint place)
+{
+    return {within(place.x(), area.left(), area.right() + 1 - window.width()),
+        within(place.y(), area.top(), area.bottom() + 1 - window.height())};
+}
 }
 
 QPoint WindowPlacement::nearPointer(QPoint pointer, const QRect& availableScreen, QSize window)
 {
-    const QRect area = availableScreen.adjusted(kMargin, kMargin, -kMargin, -kMargin);
-    const int right = area.right() + 1 - window.width();
-    const int bottom = area.bottom() + 1 - window.height();
+    const QRect area = roomFor(window, availableScreen);
     const bool isUpperHalf = pointer.y() < availableScreen.center().y();
-    return {within(pointer.x() - window.width() / 2, area.left(), right),
-        isUpperHalf ? area.top() : std::max(area.top(), bottom)};
+    return within(area, window, {pointer.x() - window.width() / 2, isUpperHalf ? area.top() : area.bottom()});
 }
 
 QPoint WindowPlacement::inCorner(const QRect& availableScreen, QSize window, Qt::LayoutDirection direction)
 {
-    const QRect area = availableScreen.adjusted(kMargin, kMargin, -kMargin, -kMargin);
-    const int right = std::max(area.left(), area.right() + 1 - window.width());
-    return {direction == Qt::RightToLeft ? area.left() : right, area.top()};
+    const QRect area = roomFor(window, availableScreen);
+    return within(area, window, direction == Qt::RightToLeft ? area.topLeft() : area.topRight());
+}
+
+QPoint WindowPlacement::centred(const QRect& availableScreen, QSize window)
+{
+    QRect frame(QPoint(), window);
+    frame.moveCenter(availableScreen.center());
+    return within(availableScreen, window, frame.topLeft());
 }
 
 QPoint WindowPlacement::inSight(const QRect& window, const QList<QRect>& availableScreens)
@@ -58,27 +68,53 @@ QPoint WindowPlacement::inSight(const QRect& window, const QList<QRect>& availab
     return centred(availableScreens.front(), window.size());
 }
 
-void WindowPlacement::moveNearPointer(QWidget& window)
+QPoint WindowPlacement::trayCorner(
+    const QRect& screen, const QRect& availableScreen, Qt::LayoutDirection direction)
 {
-    window.move(nearPointer(QCursor::pos(), availableScreenAtPointer(), window.size()));
+    const QMargins panels(availableScreen.left() - screen.left(), availableScreen.top() - screen.top(),
+        screen.right() - availableScreen.right(), screen.bottom() - availableScreen.bottom());
+    const bool isUpright = std::max(panels.left(), panels.right()) > std::max(panels.top(), panels.bottom());
+    const bool isLeft = isUpright ? panels.left() > panels.right() : direction == Qt::RightToLeft;
+    const bool isBottom = isUpright || panels.bottom() > panels.top();
+    return {isLeft ? screen.left() : screen.right(), isBottom ? screen.bottom() : screen.top()};
 }
 
-void WindowPlacement::moveIntoCorner(QWidget& window)
+QPoint WindowPlacement::pointer()
 {
-    window.move(inCorner(availableScreenAtPointer(), window.size(), window.layoutDirection()));
+    if (WindowSystem::isPointerKnown())
+        return QCursor::pos();
+    const QScreen& screen = *QGuiApplication::primaryScreen();
+    return trayCorner(screen.geometry(), screen.availableGeometry(), QGuiApplication::layoutDirection());
 }
 
-void WindowPlacement::moveToCentre(QWidget& window)
+void WindowPlacement::moveNearPointer(PanelWindow& window)
 {
-    window.move(centred(availableScreenAtPointer(), window.size()));
+    const QRect area = screenOfPointer().availableGeometry();
+    window.fitInto(area.size());
+    window.move(nearPointer(pointer(), area, window.size()));
 }
 
-void WindowPlacement::moveIntoSight(QWidget& window)
+void WindowPlacement::moveIntoCorner(PanelWindow& window)
+{
+    const QRect area = screenOfPointer().availableGeometry();
+    window.fitInto(area.size());
+    window.move(inCorner(area, window.size(), window.layoutDirection()));
+}
+
+void WindowPlacement::moveToCentre(PanelWindow& window)
+{
+    const QRect area = screenOfPointer().availableGeometry();
+    window.fitInto(area.size());
+    window.move(centred(area, window.size()));
+}
+
+void WindowPlacement::moveIntoSight(PanelWindow& window)
 {
     QList<QRect> screens;
     for (const QScreen* screen : QGuiApplication::screens())
         screens.append(screen->availableGeometry());
-    const QPoint place = inSight(window.geometry(), screens);
-    if (place != window.geometry().topLeft())
-        window.move(place);
+    if (inSight(window.geometry(), screens) == window.geometry().topLeft())
+        return;
+    window.fitInto(screens.front().size());
+    window.move(centred(screens.front(), window.size()));
 }

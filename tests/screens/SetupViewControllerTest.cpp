@@ -34,7 +34,7 @@ protected:
         window.onCloseRequested([this] { screen.buttonCloseWithoutSavingClicked(); });
         layout.setContentsMargins(0, 0, 0, 0);
         layout.addWidget(screen.view());
-        window.adjustSize();
+        window.setFixedSize(640, 680);
         show(window);
         platform.defaults.writes.clear();
     }

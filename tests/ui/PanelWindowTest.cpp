@@ -1,10 +1,14 @@
 #include "ui/PanelWindow.h"
 
 #include "fakes/ControlTest.h"
+#include "ui/HorizontalRuleView.h"
 #include "ui/HoverButton.h"
 #include "ui/Palette.h"
+#include "ui/ScrollingBody.h"
 
+#include <QScrollBar>
 #include <QTest>
+#include <QVBoxLayout>
 #include <QWindow>
 
 namespace {
@@ -114,4 +118,73 @@ TEST_F(PanelWindowTest, keepsItsColoursOnADarkDesktop)
     EXPECT_EQ(child.palette().color(QPalette::Window), zelvoBackgroundColor());
     EXPECT_EQ(child.palette().color(QPalette::WindowText), zelvoTextColor());
     QApplication::setPalette(before);
+}
+
+TEST_F(PanelWindowTest, comesToTheFrontAlsoWhenMinimised)
+{
+    for (const bool isShown : {true, false}) {
+        window.showMinimized();
+        window.setVisible(isShown);
+        window.comeToFront();
+        EXPECT_TRUE(window.isVisible());
+        EXPECT_FALSE(window.isMinimized());
+    }
+}
+
+TEST_F(PanelWindowTest, isAsLargeAsItsFormWhereThereIsRoom)
+{
+    PanelWindow framed;
+    framed.resize(200, 120);
+    const struct {
+        QSize available;
+        QSize expected;
+        QSize expectedFramed; ///< with room for what the window manager adds
+    } kTestCases[] = {
+        {{800, 480}, {200, 120}, {200, 120}},
+        {{800, 90}, {200, 90}, {200, 42}},
+        {{150, 480}, {150, 120}, {134, 120}},
+        {{250, 150}, {200, 120}, {200, 102}},
+    };
+    for (const auto& row : kTestCases) {
+        window.fitInto(row.available);
+        framed.fitInto(row.available);
+        EXPECT_EQ(window.size(), row.expected);
+        EXPECT_EQ(window.minimumSize(), row.expected) << "of one size";
+        EXPECT_EQ(framed.size(), row.expectedFramed);
+    }
+}
+
+TEST_F(PanelWindowTest, aBodyScrollsOnlyWhereItDoesNotFit)
+{
+    QVBoxLayout frame(&window);
+    frame.setContentsMargins(0, 0, 0, 0);
+    ScrollingBody body;
+    auto* const content = new QWidget;
+    QVBoxLayout rows(content);
+    for (int i = 0; i < 4; ++i) {
+        auto* const row = new HoverButton;
+        row->setFixedHeight(60);
+        row->setFocusPolicy(Qt::StrongFocus);
+        rows.addWidget(row);
+    }
+    body.setWidget(content);
+    frame.addWidget(&body);
+    window.setFixedSize(window.sizeHint());
+    show(window);
+    const auto rules = body.findChildren<HorizontalRuleView*>();
+    const auto shownRules = [&] { return QList<bool> {rules[0]->isVisible(), rules[1]->isVisible()}; };
+    EXPECT_EQ(content->height(), body.height());
+    EXPECT_EQ(content->width(), body.width());
+    EXPECT_FALSE(body.verticalScrollBar()->isVisible());
+    EXPECT_EQ(shownRules(), (QList<bool> {false, false}));
+
+    window.setFixedSize(window.width(), 130);
+    QApplication::processEvents();
+    EXPECT_TRUE(body.verticalScrollBar()->isVisible());
+    EXPECT_EQ(content->width(), body.width()) << "the bar moves nothing aside";
+    EXPECT_EQ(shownRules(), (QList<bool> {false, true}));
+    QWidget* const last = rows.itemAt(3)->widget();
+    last->setFocus(Qt::TabFocusReason);
+    EXPECT_TRUE(body.rect().contains(QRect(last->mapTo(&body, QPoint()), last->size())));
+    EXPECT_EQ(shownRules(), (QList<bool> {true, false}));
 }

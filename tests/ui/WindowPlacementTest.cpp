@@ -1,10 +1,13 @@
 #include "ui/WindowPlacement.h"
 
 #include "fakes/ControlTest.h"
+#include "ui/PanelWindow.h"
 
 #include <QCursor>
 
 namespace {
+using WindowPlacementTest = ControlTest;
+
 constexpr QRect kScreen(0, 30, 1000, 700); // Below a panel at the top.
 constexpr QRect kSecond(1000, 0, 800, 600);
 constexpr QSize kWindow(300, 400);
@@ -25,7 +28,7 @@ TEST(WindowPlacement, aWindowOpensBesideThePointerAtTheNearerEdge)
         EXPECT_EQ(WindowPlacement::nearPointer(testCase.pointer, kScreen, kWindow), testCase.expected)
             << testCase.pointer.x();
     // A window that is larger than the screen keeps the corner that has its title.
-    EXPECT_EQ(WindowPlacement::nearPointer({500, 740}, kScreen, {2000, 2000}), QPoint(12, 42));
+    EXPECT_EQ(WindowPlacement::nearPointer({500, 740}, kScreen, {2000, 2000}), kScreen.topLeft());
 }
 
 TEST(WindowPlacement, theCornerIsWhereALineOfTextEnds)
@@ -33,7 +36,48 @@ TEST(WindowPlacement, theCornerIsWhereALineOfTextEnds)
     EXPECT_EQ(WindowPlacement::inCorner(kScreen, kWindow, Qt::LeftToRight), QPoint(688, 42));
     EXPECT_EQ(WindowPlacement::inCorner(kScreen, kWindow, Qt::RightToLeft), QPoint(12, 42));
     EXPECT_EQ(WindowPlacement::inCorner(kSecond, kWindow, Qt::LeftToRight), QPoint(1488, 12));
-    EXPECT_EQ(WindowPlacement::inCorner(kScreen, {2000, 2000}, Qt::LeftToRight), QPoint(12, 42));
+    EXPECT_EQ(WindowPlacement::inCorner(kScreen, {2000, 2000}, Qt::LeftToRight), kScreen.topLeft());
+}
+
+TEST(WindowPlacement, theMarginGivesWayBeforeTheWindowLeavesTheScreen)
+{
+    const struct {
+        QSize window;
+        QPoint centred;
+        QPoint nearPointer; ///< which is at the bottom right
+    } kTestCases[] = {
+        {{400, 676}, {300, 42}, {588, 42}}, // Just room for the margin of 12.
+        {{400, 690}, {300, 35}, {588, 35}},
+        {{400, 700}, {300, 30}, {588, 30}},
+        {{1200, 900}, {0, 30}, {0, 30}},
+    };
+    for (const auto& testCase : kTestCases) {
+        SCOPED_TRACE(testCase.window.height());
+        EXPECT_EQ(WindowPlacement::centred(kScreen, testCase.window), testCase.centred);
+        EXPECT_EQ(WindowPlacement::nearPointer({999, 729}, kScreen, testCase.window), testCase.nearPointer);
+    }
+}
+
+TEST(WindowPlacement, theTrayIsWhereThePanelEnds)
+{
+    constexpr QRect kWhole(100, 50, 1000, 700);
+    const struct {
+        QMargins panels;
+        QPoint leftToRight;
+        QPoint rightToLeft;
+    } kTestCases[] = {
+        {{}, {1099, 50}, {100, 50}},
+        {{0, 27, 0, 0}, {1099, 50}, {100, 50}},
+        {{0, 20, 0, 40}, {1099, 749}, {100, 749}},
+        {{60, 27, 0, 0}, {100, 749}, {100, 749}},
+        {{10, 0, 50, 30}, {1099, 749}, {1099, 749}},
+    };
+    for (const auto& row : kTestCases) {
+        SCOPED_TRACE(testing::Message() << row.panels.left() << ' ' << row.panels.bottom());
+        const QRect available = kWhole - row.panels;
+        EXPECT_EQ(WindowPlacement::trayCorner(kWhole, available, Qt::LeftToRight), row.leftToRight);
+        EXPECT_EQ(WindowPlacement::trayCorner(kWhole, available, Qt::RightToLeft), row.rightToLeft);
+    }
 }
 
 TEST(WindowPlacement, aWindowWhoseScreenIsGoneComesBack)
@@ -46,9 +90,9 @@ TEST(WindowPlacement, aWindowWhoseScreenIsGoneComesBack)
     EXPECT_EQ(WindowPlacement::inSight(onSecond, {}), onSecond.topLeft());
 }
 
-TEST(WindowPlacement, windowsGoToTheScreenWithThePointer)
+TEST_F(WindowPlacementTest, windowsGoToTheScreenWithThePointer)
 {
-    QWidget window;
+    PanelWindow window;
     window.resize(300, 200);
     const QRect screen = window.screen()->availableGeometry();
     QCursor::setPos(screen.bottomRight());
@@ -58,4 +102,12 @@ TEST(WindowPlacement, windowsGoToTheScreenWithThePointer)
     EXPECT_EQ(window.geometry().topRight(), screen.topRight() + QPoint(-12, 12));
     WindowPlacement::moveToCentre(window);
     EXPECT_LE((window.geometry().center() - screen.center()).manhattanLength(), 2);
+
+    // Under Wayland the pointer is not asked: it stands where it once left a window.
+    for (const char* const sign : {"WAYLAND_DISPLAY", "XDG_SESSION_TYPE"}) {
+        qputenv(sign, "wayland");
+        WindowPlacement::moveNearPointer(window);
+        qunsetenv(sign);
+        EXPECT_EQ(window.geometry().topRight(), screen.topRight() + QPoint(-12, 12));
+    }
 }
