@@ -22,6 +22,7 @@ protected:
     static constexpr uint16_t kDown = 0x7FFF;
     static constexpr uint16_t kStop = 0x8001;
     static constexpr uint16_t kSitting = 900;
+    static constexpr QPoint kAway {790, 590};
 
     using Commands = std::vector<uint16_t>;
 
@@ -44,6 +45,10 @@ protected:
         world.reset();
         world.emplace();
         world->completeSetup();
+    }
+    void set(const char* key, double value)
+    {
+        world->platform.defaults.values[QString::fromLatin1(key)] = value;
     }
     /// Settings as of a program whose information lacks a key; to be called after start().
     void dropInformation(const char* key)
@@ -69,7 +74,6 @@ protected:
         world->platform.runLoop.advance(seconds);
         QApplication::processEvents();
     }
-
     QWidget& openMainWindow()
     {
         menulet().menuletClicked();
@@ -108,11 +112,6 @@ protected:
         QApplication::setActiveWindow(&window);
         in(window, control).setFocus(Qt::TabFocusReason);
     }
-    static void movePointer(QPoint position)
-    {
-        QCursor::setPos(position);
-        QApplication::processEvents();
-    }
 
     /// The commands that an adapter has been sent since the last call.
     static Commands commands(FakeHidDevice& adapter)
@@ -126,12 +125,6 @@ protected:
         return sent;
     }
     Commands commands() { return commands(*desk); }
-    /// The last of them, or 0.
-    uint16_t lastCommand()
-    {
-        const Commands sent = commands();
-        return sent.empty() ? uint16_t(0) : sent.back();
-    }
     /// What holding a button for 0.5 s sends: a stop to begin with, then the command every 0.2 s.
     static Commands heldFor(uint16_t command) { return {kStop, command, command}; }
 
@@ -144,7 +137,6 @@ protected:
         NotificationCenter::defaultCenter().post(NotificationNames::kErrorCodeRemoved);
     }
 
-    static constexpr QPoint kAway {790, 590};
     std::optional<ShellWorld> world {std::in_place};
     std::shared_ptr<FakeHidDevice> desk;
 
