@@ -12,6 +12,7 @@
 #include <functional>
 #include <gtest/gtest.h>
 #include <memory>
+#include <mutex>
 #include <sys/file.h>
 #include <sys/inotify.h>
 #include <sys/stat.h>
@@ -37,7 +38,18 @@ public:
     [[nodiscard]] double now() const override { return m_loop.now() * kHurry; }
     [[nodiscard]] double monotonicNow() const override { return m_loop.monotonicNow() * kHurry; }
     [[nodiscard]] double bootTimeNow() const override { return m_loop.bootTimeNow() * kHurry; }
-    void performSoon(std::function<void()> callable) override { m_loop.performSoon(std::move(callable)); }
+    /// What is handed over passes a lock here, because the thread sanitizer does not see those within Qt.
+    void performSoon(std::function<void()> callable) override
+    {
+        std::function<void()> handedOver = [this, callable = std::move(callable)] {
+            m_handOver.lock();
+            m_handOver.unlock();
+            callable();
+        };
+        m_handOver.lock();
+        m_handOver.unlock();
+        m_loop.performSoon(std::move(handedOver));
+    }
 
 protected:
     TimerRef platformScheduleTimer(
@@ -49,6 +61,7 @@ protected:
 
 private:
     QtRunLoop m_loop;
+    std::mutex m_handOver;
 };
 
 double secondsOf(const std::function<void()>& action)
