@@ -31,6 +31,12 @@ if(ZELVO_SANITIZE)
     add_link_options(-fsanitize=${ZELVO_SANITIZE})
 endif()
 
+option(ZELVO_COVERAGE "Count which lines the tests reach" OFF)
+if(ZELVO_COVERAGE)
+    add_compile_options(--coverage -fprofile-update=atomic)
+    add_link_options(--coverage)
+endif()
+
 # zelvo_library(NAME sources...): one static library for one source folder.
 # Includes are written from the source root, so that each line shows which folder it reaches into.
 # Targets with Q_OBJECT classes or Designer forms switch AUTOMOC and AUTOUIC on themselves; the others build without.
