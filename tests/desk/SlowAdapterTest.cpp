@@ -138,9 +138,28 @@ TEST_F(WireTest, AnAdapterThatIsLateEachTimeComesAliveAndIsPolled)
     EXPECT_EQ(device->position(), 3000);
     simulation.desk().setHeight(3100);
     simulation.desk().setUnnamedError(true);
-    advanceTo(5.5);
-    EXPECT_EQ(device->position(), 3100);
+    advanceTo(4.3);
+    EXPECT_EQ(device->position(), 3100) << "taken up when it comes, not at the next poll";
     EXPECT_TRUE(device->errorRecieved());
+}
+
+TEST_F(WireTest, AStopIsTheNextFreeTransfer)
+{
+    simulation.adapter().setLatency(0.2);
+    for (int i = 0; i < 20; ++i) {
+        device->moveUp();
+        platform.runLoop.advance(0.9 + 0.01 * i);
+        wire.clear();
+        const double release = time();
+        device->stop();
+        platform.runLoop.advance(1.5);
+        wire.removeIf([&](const QString& line) { // What had begun before.
+            return line == QStringLiteral("r") || line.section(u'+', 0, 0).toDouble() < release + 0.001;
+        });
+        ASSERT_EQ(wire.size(), 1) << wire.join(u' ').toStdString();
+        EXPECT_TRUE(wire[0].endsWith(QStringLiteral("stop")));
+        EXPECT_LT(wire[0].section(u'+', 0, 0).toDouble() - release, 0.21);
+    }
 }
 
 TEST_F(WireTest, AStopWithinTheStartOfAMovementEndsIt)

@@ -679,6 +679,20 @@ TEST_F(SetupViewControllerTest, theDeskStopsWhenTheScreenGoesWhileUpIsHeld)
     }
 }
 
+TEST_F(SetupViewControllerTest, lettingGoInTheEditorStopsNoDeskButTheOneThatWasHeld)
+{
+    plug();
+    open();
+    openEditor(1);
+    QTest::mousePress(&find("buttonUp"), Qt::LeftButton);
+    hid.unplug(adapter);
+    adapter = std::make_shared<FakeHidDevice>();
+    adapter->setCommunicating(true);
+    plug();
+    QTest::mouseRelease(&find("buttonUp"), Qt::LeftButton);
+    EXPECT_TRUE(adapter->written.empty());
+}
+
 TEST_F(SetupViewControllerTest, theDeskStopsWhenTheScreenIsDestroyedWhileDownIsHeld)
 {
     plug();

@@ -123,6 +123,21 @@ TEST_F(SimulatedHidManagerTest, takesTheTimeItIsToldTo)
     EXPECT_EQ(platform.runLoop.pendingTimerCount(), 0u);
 }
 
+TEST_F(SimulatedHidManagerTest, sendsAStopInPlaceOfAMovementThatGrewOld)
+{
+    const HidDeviceRef device = attach();
+    for (const auto& [askedAfter, expected] :
+        {std::pair(0.24, "write 05 00,write 05 01"), {0.26, "write 05 00,write 05 00"}}) {
+        wire.clear();
+        manager->adapter().setLatency(0.5);
+        EXPECT_EQ(device->setFeatureReport(kUp), 0);
+        platform.runLoop.advance(askedAfter);
+        EXPECT_EQ(device->setFeatureReport(kUp), 0);
+        platform.runLoop.advance(3);
+        EXPECT_EQ(wire.join(u','), QString::fromLatin1(expected));
+    }
+}
+
 TEST_F(SimulatedHidManagerTest, losesAnAdapterAndFindsItAgain)
 {
     const struct {
