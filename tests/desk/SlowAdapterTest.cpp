@@ -187,14 +187,15 @@ TEST_F(WireTest, AStopWithinTheStartOfAMovementEndsIt)
 TEST_F(WireTest, AReleaseThatWaitsBehindAStandstillComesBeforeTheNextMovement)
 {
     const struct {
-        double
-            standstill; ///< from 0.45 s on; the button is let go at its beginning, a key 20 ms after its end
+        double standstill; ///< from 0.45 s on
+        double toldAfter; ///< it; a key's release is told apart from a repetition first
         const char* expected;
     } kTestCases[] = {
-        {0.04, "0.10 stop r r 0.30 up r 0.50 up r 0.51 stop r"},
-        {0.14, "r 0.10 stop r 0.30 up r 0.59 up r 0.61 stop r"},
-        {0.16, "r 0.10 stop r 0.30 up r 0.63 stop r"},
-        {0.34, "r 0.10 stop r 0.30 up r 0.81 stop r"},
+        {0.04, 0.02, "0.10 stop r r 0.30 up r 0.50 up r 0.51 stop r r"},
+        {0.14, 0.02, "0.10 stop r 0.30 up r r 0.59 up r 0.61 stop r"},
+        {0.16, 0.02, "0.10 stop r 0.30 up r r 0.63 stop r"},
+        {0.34, 0.02, "0.10 stop r 0.30 up r r 0.81 stop r"},
+        {0.34, 0.42, "0.10 stop r 0.30 up r r 0.99 up r 1.19 up r 1.21 stop r"}, // Held on.
     };
     double start = 0;
     for (const auto& test : kTestCases) {
@@ -207,8 +208,8 @@ TEST_F(WireTest, AReleaseThatWaitsBehindAStandstillComesBeforeTheNextMovement)
         at(0.1, [&] { device->moveUp(); });
         advanceTo(0.45);
         platform.runLoop.jump(test.standstill);
-        at(0.45 + test.standstill + 0.02, [&] { device->stop(); });
-        advanceTo(0.9);
+        at(0.45 + test.standstill + test.toldAfter, [&] { device->stop(); });
+        advanceTo(1.25);
         origin = 0;
         EXPECT_EQ(wire.join(u' '), QString::fromLatin1(test.expected));
     }
