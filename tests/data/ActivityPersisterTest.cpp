@@ -1,32 +1,38 @@
 #include "data/ActivityPersister.h"
 
 #include "data/AppProperties.h"
-#include "data/CalorieCalculator.h"
 #include "fakes/TestStore.h"
 
+#include <algorithm>
 #include <cmath>
 #include <random>
+#include <set>
 #include <sqlite3.h>
 
 namespace {
 constexpr double kDayStart = TestPlatform::kStart - 8 * Date::kHour; ///< 2024-03-15 00:00 UTC
 constexpr double kHour = Date::kHour;
+constexpr double kWeight = 67.5; ///< 67.5 * 2.205 * 0.0054 kcal a minute
 
 class ActivityPersisterTest : public testing::Test {
 protected:
     ActivityPersisterTest()
     {
         AppProperties::resetInstance();
-        AppProperties::instance().setWeight(80);
-        AppProperties::instance().setActivityGoal(100);
+        AppProperties::instance().setWeight(kWeight);
+        AppProperties::instance().setActivityGoal(100); // 124.42 minutes
     }
     ~ActivityPersisterTest() override { AppProperties::resetInstance(); }
 
-    /// A saved record, in hours of the day.
+    /// A record in hours of the day, saved with the next save.
     void record(double startHour, double endHour, bool isStanding)
     {
-        ASSERT_TRUE(persister.createWithStartDate(
-            Date(kDayStart + startHour * kHour), Date(kDayStart + endHour * kHour), isStanding, 80));
+        store.insert(kDayStart + startHour * kHour, kDayStart + endHour * kHour, isStanding, 99);
+    }
+    [[nodiscard]] std::vector<double> minutes(Date day)
+    {
+        return {persister.minutesActiveOnDay(day), persister.minutesActiveOnDay(day, true),
+            persister.minutesActiveOnDay(day, false)};
     }
 
     TestPlatform platform;
@@ -34,52 +40,27 @@ protected:
     ActivityPersister persister {store.context};
     const Date today {kDayStart + 12 * kHour};
 };
-
-/// What is written to the log while it lives.
-class LogCapture {
-public:
-    LogCapture() { testing::internal::CaptureStderr(); }
-    ~LogCapture() { text(); }
-    const std::string& text()
-    {
-        if (m_capturing)
-            m_text = testing::internal::GetCapturedStderr();
-        m_capturing = false;
-        return m_text;
-    }
-
-private:
-    bool m_capturing = true;
-    std::string m_text;
-};
 }
 
-TEST_F(ActivityPersisterTest, opensARecordNowWithTheUsersWeight)
+TEST_F(ActivityPersisterTest, opensARecordNowAndPulsesItInFixedWords)
 {
-    LogCapture log;
+    testing::internal::CaptureStderr();
     const ActivityRef activity = persister.createIsStanding(true);
     ASSERT_TRUE(activity);
-    EXPECT_NE(log.text().find("Creating new activity. startDate: 2024-03-15T08:00:00.000Z, endDate: "
-                              "2024-03-15T08:00:00.000Z, isStanding: 1, weight: 80.000000\n"),
-        std::string::npos)
-        << log.text();
+    platform.runLoop.advance(15);
+    EXPECT_TRUE(activity->pulse());
+    const QString log = QString::fromStdString(testing::internal::GetCapturedStderr());
+    for (const char* const line :
+        {"Creating new activity. startDate: 2024-03-15T08:00:00.000Z, endDate: 2024-03-15T08:00:00.000Z, "
+         "isStanding: 1, weight: 67.500000\n",
+            "Activity pulse\n"})
+        EXPECT_TRUE(log.contains(QLatin1String(line))) << qPrintable(log);
     store.reopen();
     const ActivityRef stored = store.all().at(0);
     EXPECT_EQ(stored->startDate(), Date(TestPlatform::kStart));
-    EXPECT_EQ(stored->endDate(), stored->startDate());
+    EXPECT_EQ(stored->endDate(), Date(TestPlatform::kStart + 15));
     EXPECT_TRUE(stored->isStanding());
-    EXPECT_EQ(stored->weight(), 80);
-}
-
-TEST_F(ActivityPersisterTest, aPulseMovesTheEndToNowAndSavesIt)
-{
-    const ActivityRef activity = persister.createIsStanding(false);
-    platform.runLoop.advance(15);
-    LogCapture log;
-    EXPECT_TRUE(activity->pulse());
-    EXPECT_NE(log.text().find("Activity pulse\n"), std::string::npos);
-    store.reopen();
-    EXPECT_EQ(store.all().at(0)->endDate(), Date(TestPlatform::kStart + 15));
+    EXPECT_EQ(stored->weight(), kWeight);
 }
 
 TEST_F(ActivityPersisterTest, whatCannotBeSavedIsLoggedAndGoesOutLater)
@@ -88,11 +69,15 @@ TEST_F(ActivityPersisterTest, whatCannotBeSavedIsLoggedAndGoesOutLater)
     sqlite3* connection = store.coordinator->connection();
     ASSERT_EQ(sqlite3_exec(connection, "PRAGMA query_only = 1", nullptr, nullptr, nullptr), SQLITE_OK);
     platform.runLoop.advance(15);
-    LogCapture log;
+    testing::internal::CaptureStderr();
     EXPECT_FALSE(activity->pulse());
+    EXPECT_FALSE(persister.unsavedActivity());
     EXPECT_FALSE(persister.createIsStanding(false));
-    EXPECT_NE(log.text().find("Couldn't save pulse: StoreNotWritable"), std::string::npos) << log.text();
-    EXPECT_NE(log.text().find("Couldn't save: StoreNotWritable"), std::string::npos);
+    EXPECT_FALSE(persister.createWithStartDate(Date(std::nan("")), today, true, 80)) << "no date, no record";
+    EXPECT_FALSE(persister.unsavedActivity());
+    const QString log = QString::fromStdString(testing::internal::GetCapturedStderr());
+    EXPECT_TRUE(log.contains(QStringLiteral("Couldn't save pulse: StoreNotWritable"))) << qPrintable(log);
+    EXPECT_TRUE(log.contains(QStringLiteral("Couldn't save: StoreNotWritable")));
     EXPECT_EQ(persister.count(), 2U) << "the inserted record stays in the context";
     ASSERT_EQ(sqlite3_exec(connection, "PRAGMA query_only = 0", nullptr, nullptr, nullptr), SQLITE_OK);
     EXPECT_TRUE(persister.save());
@@ -101,39 +86,25 @@ TEST_F(ActivityPersisterTest, whatCannotBeSavedIsLoggedAndGoesOutLater)
     EXPECT_EQ(store.all().at(0)->endDate(), Date(TestPlatform::kStart + 15));
 }
 
-TEST_F(ActivityPersisterTest, aFetchThatFailsIsLoggedAndSumsUpToNothing)
+TEST_F(ActivityPersisterTest, withoutAContextOrTableEverythingIsNothing)
 {
+    std::shared_ptr<ManagedObjectContext> context;
+    ActivityPersister asking(ManagedObjectContextProvider([&] { return context; }));
     record(9, 10, true);
-    ASSERT_EQ(sqlite3_exec(store.coordinator->connection(), "DROP TABLE Activity", nullptr, nullptr, nullptr),
-        SQLITE_OK);
-    LogCapture log;
-    EXPECT_FALSE(persister.activitiesOnDay(today));
-    EXPECT_EQ(persister.minutesActiveOnDay(today), 0);
-    EXPECT_EQ(persister.caloriesBurnedOnDay(today), 0);
-    EXPECT_TRUE(std::isnan(persister.percentStandingOnDay(today)));
-    EXPECT_EQ(persister.count(), 0U);
-    EXPECT_NE(log.text().find("Couldn't save: "), std::string::npos);
-}
-
-TEST_F(ActivityPersisterTest, withoutAContextNothingIsMadeOrFound)
-{
-    ActivityPersister orphan {std::shared_ptr<ManagedObjectContext>()};
-    const LogCapture log;
-    EXPECT_FALSE(orphan.createIsStanding(true));
-    EXPECT_FALSE(orphan.save());
-    EXPECT_EQ(orphan.count(), 0U);
-    EXPECT_FALSE(orphan.activitiesOnDay(today));
-    EXPECT_EQ(orphan.minutesActiveOnDay(today, true), 0);
-    EXPECT_EQ(orphan.caloriesBurnedOnDay(today), 0);
-    EXPECT_TRUE(std::isnan(orphan.percentStandingOnDay(today)));
-}
-
-TEST_F(ActivityPersisterTest, aRecordWithoutARealDateIsNotMade)
-{
-    const LogCapture log;
-    EXPECT_FALSE(persister.createWithStartDate(Date(std::nan("")), today, true, 80));
-    EXPECT_FALSE(persister.createWithStartDate(today, Date(HUGE_VAL), true, 80));
-    EXPECT_EQ(persister.count(), 0U);
+    for (const bool hasContext : {false, true}) {
+        testing::internal::CaptureStderr();
+        EXPECT_FALSE(asking.activitiesOnDay(today));
+        EXPECT_EQ(asking.minutesActiveOnDay(today), 0);
+        EXPECT_TRUE(std::isnan(asking.percentStandingOnDay(today)));
+        EXPECT_EQ(asking.count(), 0U);
+        EXPECT_FALSE(asking.createIsStanding(true));
+        EXPECT_NE(testing::internal::GetCapturedStderr().find("Couldn't save: "), std::string::npos);
+        if (!hasContext) {
+            context = store.context;
+            EXPECT_EQ(asking.count(), 1U);
+            sqlite3_exec(store.coordinator->connection(), "DROP TABLE Activity", nullptr, nullptr, nullptr);
+        }
+    }
 }
 
 TEST_F(ActivityPersisterTest, aDayCountsWhatLiesInItAndWhatReachesIntoIt)
@@ -143,85 +114,114 @@ TEST_F(ActivityPersisterTest, aDayCountsWhatLiesInItAndWhatReachesIntoIt)
     record(10, 12, false);
     record(12, 12, true);
     record(22, 24, true); // ends exactly at midnight: in neither day
-    EXPECT_EQ(persister.minutesActiveOnDay(today), 60 + 60 + 120);
-    EXPECT_EQ(persister.minutesActiveOnDay(today.dateByAddingDays(-1)), 60);
-    EXPECT_EQ(persister.minutesActiveOnDay(today.dateByAddingDays(1)), 0);
-    EXPECT_EQ(persister.minutesActiveOnDay(today, true), 120);
-    EXPECT_EQ(persister.minutesActiveOnDay(today, false), 60 + 120)
+    record(48, 72, true); // but a whole day is
+    EXPECT_EQ(minutes(today), (std::vector<double> {60 + 60 + 120, 120, 60 + 120}))
         << "standing over midnight counts as sitting too";
+    EXPECT_EQ(minutes(today.dateByAddingDays(-1)), (std::vector<double> {60, 60, 60}));
+    EXPECT_EQ(minutes(today.dateByAddingDays(1)), (std::vector<double> {0, 0, 0}));
+    EXPECT_EQ(minutes(today.dateByAddingDays(2)), (std::vector<double> {1440, 1440, 1440}));
     EXPECT_EQ(persister.activitiesOnDay(today)->size(), 4U);
     EXPECT_EQ(persister.activitiesOnDay(today, false)->size(), 2U);
     EXPECT_DOUBLE_EQ(persister.percentStandingOnDay(today), 50);
-    EXPECT_DOUBLE_EQ(
-        persister.caloriesBurnedOnDay(today), CalorieCalculator::caloriesBurnedInMinutes(120, 80));
-}
-
-TEST_F(ActivityPersisterTest, aPeriodOfExactlyOneDayIsReturned)
-{
-    record(0, 24, true);
-    EXPECT_EQ(persister.minutesActiveOnDay(today), 24 * 60);
-}
-
-TEST_F(ActivityPersisterTest, anEmptyDayHasNoShareOfStanding)
-{
-    EXPECT_TRUE(std::isnan(persister.percentStandingOnDay(today)));
-    EXPECT_EQ(persister.minutesActiveOnDay(today), 0);
+    EXPECT_DOUBLE_EQ(persister.caloriesBurnedOnDay(today), 120 * (67.5 * 2.205) * 0.0054);
 }
 
 TEST_F(ActivityPersisterTest, countsTheDaysOnWhichTheGoalWasMet)
 {
-    // 100 kcal are 105 minutes at 80 kg.
-    record(9, 11, true);
-    record(24 + 9, 24 + 10, true);
-    record(48 + 9, 48 + 9 + 2, true);
-    EXPECT_TRUE(persister.goalMetOnDay(today));
-    EXPECT_FALSE(persister.goalMetOnDay(today.dateByAddingDays(1)));
-    EXPECT_EQ(persister.goalsMetFromDay(today, today.dateByAddingDays(2)), 2);
-    EXPECT_EQ(persister.goalsMetFromDay(today, today), 1);
-    EXPECT_EQ(persister.goalsMetFromDay(today.dateByAddingDays(1), today.dateByAddingDays(1)), 0);
-    EXPECT_EQ(persister.goalsMetFromDay(today, today.dateByAddingDays(-1)), 0);
-    AppProperties::instance().setWeight(40);
-    EXPECT_EQ(persister.goalsMetFromDay(today, today.dateByAddingDays(2)), 0) << "the weight of today counts";
+    const struct {
+        int firstDay;
+        int lastDay;
+        int32_t goalsMet;
+    } kCases[] = {{0, 2, 2}, {0, 0, 1}, {1, 1, 0}, {2, 2, 1}, {0, -1, 0}, {-30, 30, 2}};
+    record(9, 9 + 124.43 / 60, true);
+    record(24 + 9, 24 + 9 + 124.41 / 60, true);
+    record(48 + 9, 48 + 10, true);
+    record(48 + 20, 48 + 22, true);
+    for (const auto& row : kCases)
+        EXPECT_EQ(persister.goalsMetFromDay(
+                      today.dateByAddingDays(row.firstDay), today.dateByAddingDays(row.lastDay)),
+            row.goalsMet)
+            << row.firstDay << " to " << row.lastDay;
+    AppProperties::instance().setWeight(67.6);
+    EXPECT_EQ(persister.goalsMetFromDay(today, today.dateByAddingDays(2)), 3) << "the weight of today counts";
 }
 
-/// The totals read no objects, and yet are to the last bit what the objects of a fetch add up to.
-TEST_F(ActivityPersisterTest, totalsEqualTheSumsOverFetchedRecords)
+/// Random records, stored, changed since and not stored yet, whose edges often coincide with those of the
+/// intervals asked for. Fetches and totals are what plain arithmetic over the list gives.
+TEST_F(ActivityPersisterTest, fetchesAndTotalsAreThoseOfPlainArithmetic)
 {
-    std::mt19937 engine(3);
-    const auto hours = [&](double low, double high) {
-        return std::uniform_real_distribution<>(low, high)(engine);
+    struct Record {
+        double start;
+        double end;
+        bool isStanding;
     };
+    std::mt19937 engine(20130101);
+    const auto pick = [&](int low, int high) { return std::uniform_int_distribution<>(low, high)(engine); };
+    const auto gridPoint = [&] { return kDayStart + 900.0 * pick(0, 6 * 96) + (pick(0, 3) ? 0 : 0.5); };
+    const auto randomRecord = [&] {
+        const double lengths[] = {0, 900.0 * pick(1, 12), 85500, 86400, 86400.001, 900.0 * pick(96, 300),
+            -900, -900.0 * pick(1, 300)};
+        const double start = gridPoint();
+        return Record {start, start + lengths[pick(0, 7)], pick(0, 1) == 1};
+    };
+    std::vector<Record> records; // A record's weight is its number in this list.
+    std::vector<ActivityRef> objects;
     Error error;
-    for (int i = 0; i < 300; ++i) {
-        const double start = kDayStart + hours(-48, 48) * kHour;
-        store.insert(start, start + hours(-1, 4) * kHour, engine() % 2 == 0);
-        if (i == 200) {
+    for (int i = 0; i < 600; ++i) {
+        const Record record = randomRecord();
+        objects.push_back(store.insert(record.start, record.end, record.isStanding, double(i)));
+        records.push_back(record);
+        if (i == 449) {
             ASSERT_TRUE(store.context->save(error));
         }
     }
-    for (int round = 0; round < 50; ++round) {
-        const Date from(kDayStart + hours(-48, 48) * kHour);
-        const Date to = from.dateByAddingSeconds(hours(0, 48) * kHour);
+    for (size_t i = 0; i < 150; ++i) {
+        records[i] = randomRecord();
+        objects[i]->setStartDate(Date(records[i].start));
+        objects[i]->setEndDate(Date(records[i].end));
+        objects[i]->setIsStanding(records[i].isStanding);
+    }
+    for (int round = 0; round < 400; ++round) {
+        const double from = gridPoint();
+        const double to = round % 3 ? from + 900 * pick(0, 96) : gridPoint();
+        const int posture = round % 4; // 0 and 1: sitting and standing, else any
+        std::set<double> expected;
         double minutes = 0;
         double standingMinutes = 0;
-        double seconds = 0;
-        double standingSeconds = 0;
-        const auto activities = persister.activitiesFromDate(from, to);
-        for (const ActivityRef& activity : *activities) {
-            const double clipped = ActivityPersister::activityTimeForActivity(*activity, from, to);
-            minutes += clipped / 60;
-            seconds += clipped;
-            standingMinutes += activity->isStanding() ? clipped / 60 : 0;
-            standingSeconds += activity->isStanding() ? clipped : 0;
+        for (size_t i = 0; i < records.size(); ++i) {
+            const auto& [start, end, isStanding] = records[i];
+            const bool hasPosture = posture > 1 || isStanding == (posture == 1);
+            if (!(hasPosture && start >= from && end < to) && !(start <= from && end >= from)
+                && !(start < to && end > to))
+                continue;
+            const double clipped = (std::min(end, to) - std::max(start, from)) / 60;
+            expected.insert(double(i));
+            minutes += clipped;
+            standingMinutes += isStanding ? clipped : 0;
         }
-        EXPECT_EQ(persister.minutesActiveFromDate(from, to), minutes);
-        EXPECT_EQ(persister.caloriesBurnedFromDate(from, to),
-            CalorieCalculator::caloriesBurnedInMinutes(standingMinutes, 80));
-        EXPECT_EQ(persister.percentStandingFromDate(from, to), standingSeconds / seconds * 100);
-        double posture = 0;
-        const auto standing = persister.activitiesFromDate(from, to, true);
-        for (const ActivityRef& activity : *standing)
-            posture += ActivityPersister::activityTimeForActivity(*activity, from, to) / 60;
-        EXPECT_EQ(persister.minutesActiveFromDate(from, to, true), posture);
+        const Date fromDate(from);
+        const Date toDate(to);
+        const auto fetched = posture > 1 ? persister.activitiesFromDate(fromDate, toDate)
+                                         : persister.activitiesFromDate(fromDate, toDate, posture == 1);
+        ASSERT_TRUE(fetched);
+        std::set<double> found;
+        double last = -HUGE_VAL;
+        for (const ActivityRef& activity : *fetched) {
+            EXPECT_TRUE(found.insert(activity->weight()).second) << "no record comes twice";
+            EXPECT_GE(activity->startDate().secondsSince1970(), last);
+            last = activity->startDate().secondsSince1970();
+        }
+        ASSERT_EQ(found, expected) << "round " << round;
+        if (posture <= 1) {
+            EXPECT_NEAR(persister.minutesActiveFromDate(fromDate, toDate, posture == 1), minutes, 1e-6);
+            continue;
+        }
+        EXPECT_NEAR(persister.minutesActiveFromDate(fromDate, toDate), minutes, 1e-6);
+        EXPECT_NEAR(persister.caloriesBurnedFromDate(fromDate, toDate),
+            standingMinutes * kWeight * 2.205 * 0.0054, 1e-6);
+        if (minutes != 0) {
+            EXPECT_NEAR(persister.percentStandingFromDate(fromDate, toDate), standingMinutes / minutes * 100,
+                1e-6 + std::abs(1e-3 / minutes));
+        }
     }
 }

@@ -100,19 +100,6 @@ TEST_F(AppPropertiesTest, leavesStoredValuesAlone)
     EXPECT_EQ(platform.defaults.writes.size(), kDefaultedKeys.size() - 2);
 }
 
-TEST_F(AppPropertiesTest, isMadeOnceUnderConcurrentFirstCalls)
-{
-    constexpr size_t kThreads = 8;
-    std::vector<AppProperties*> seen(kThreads);
-    std::vector<std::thread> threads;
-    for (size_t i = 0; i < kThreads; ++i)
-        threads.emplace_back([&seen, i] { seen[i] = &AppProperties::instance(); });
-    for (std::thread& thread : threads)
-        thread.join();
-    EXPECT_EQ(std::count(seen.begin(), seen.end(), &AppProperties::instance()), kThreads);
-    EXPECT_EQ(platform.defaults.writes, kDefaultedKeys);
-}
-
 TEST_F(AppPropertiesTest, clearsInOrderKeepsTheVersionAndTheCaches)
 {
     AppProperties& settings = properties();
@@ -250,52 +237,6 @@ TEST_F(AppPropertiesTest, completesAHalfDoneSetUp)
     EXPECT_FALSE(properties().isUserSetupCompleted()); // No default goal has ever been written.
 }
 
-TEST_F(AppPropertiesTest, runsWithoutInformationKeys)
-{
-    for (const QString& key : TestPlatform::defaultInformation().keys()) {
-        SCOPED_TRACE(qPrintable(key));
-        platform.defaults.values.clear();
-        testing::internal::CaptureStderr();
-        removeInformation(key.toLatin1().constData());
-        AppProperties& settings = properties();
-        for (int i = 0; i < 2; ++i) {
-            const QStringList texts {settings.bundleName(), settings.bundleVersion(),
-                settings.zelvoFontName(), settings.zelvoColor1()};
-            const QList<QUrl> urls {settings.errorUrl(), settings.infoUrl(), settings.videoUrl()};
-            EXPECT_EQ(texts.count(QString()) + urls.count(QUrl()),
-                key.contains(QStringLiteral("Pos")) || key == QStringLiteral("ActivityModeDefault") ? 0 : 1);
-            EXPECT_EQ(settings.activityModeDefault() == 0, key == QStringLiteral("ActivityModeDefault"));
-        }
-        const std::string log = testing::internal::GetCapturedStderr();
-        EXPECT_EQ(QString::fromStdString(log).count(QStringLiteral("\"%1\" is missing").arg(key)), 1) << log;
-    }
-    removeInformation("DevicePosition1");
-    platform.defaults.values.clear();
-    EXPECT_TRUE(properties().hasDevicePosition1());
-    EXPECT_EQ(properties().devicePosition1(), 0);
-}
-
-TEST_F(AppPropertiesTest, readsNumbersOfTheBundle)
-{
-    const struct {
-        QJsonValue information;
-        int32_t position;
-    } kTestCases[] = {
-        {650.9, 650},
-        {-1.5, -1},
-        {QStringLiteral("650"), 650},
-        {QStringLiteral("high"), 0},
-        {1e300, kLargestInt32},
-        {true, 0},
-    };
-    for (const auto& [information, position] : kTestCases) {
-        platform.defaults.values.clear();
-        setInformation("DevicePosition3", information);
-        EXPECT_EQ(properties().devicePosition3(), position);
-        EXPECT_TRUE(properties().hasDevicePosition3());
-    }
-}
-
 TEST_F(AppPropertiesTest, readsAddressesOfTheBundle)
 {
     const struct {
@@ -427,22 +368,6 @@ TEST_F(AppPropertiesTest, storesEveryKindOfValue)
     }
 }
 
-TEST_F(AppPropertiesTest, doesNothingWithoutAStore)
-{
-    UserDefaults::setStandard(nullptr);
-    AppProperties& settings = properties();
-    settings.setVersion(QStringLiteral("1"));
-    settings.clearProperties();
-    EXPECT_TRUE(std::isnan(settings.timeIdle()));
-    EXPECT_TRUE(std::isnan(AppProperties::getDoubleForKey(QStringLiteral("Weight"))));
-    EXPECT_EQ(AppProperties::getIntegerForkey(QStringLiteral("Weight")), 0);
-    EXPECT_TRUE(AppProperties::getStringForKey(QStringLiteral("Weight")).isNull());
-    EXPECT_FALSE(settings.hasDevicePosition1());
-    EXPECT_FALSE(settings.isUserSetupCompleted());
-    EXPECT_EQ(settings.standUpsForDivision(), 1);
-    EXPECT_TRUE(platform.defaults.writes.isEmpty());
-}
-
 TEST_F(AppPropertiesTest, takesItsUnitsFromTheLocaleAlone)
 {
     const struct {
@@ -455,22 +380,4 @@ TEST_F(AppPropertiesTest, takesItsUnitsFromTheLocaleAlone)
         properties().setIsMetric(!isMetric);
         EXPECT_EQ(properties().isMetric(), isMetric);
     }
-}
-
-TEST_F(AppPropertiesTest, makesTheHubOnce)
-{
-    int made = 0;
-    AppProperties& settings = properties();
-    settings.startZelvoController();
-    EXPECT_EQ(settings.zelvoController(), nullptr);
-    settings.setZelvoControllerFactory([&made] {
-        ++made;
-        return std::make_shared<ZelvoController>();
-    });
-    settings.startZelvoController();
-    const auto hub = settings.zelvoController();
-    settings.startZelvoController();
-    EXPECT_NE(hub, nullptr);
-    EXPECT_EQ(settings.zelvoController(), hub);
-    EXPECT_EQ(made, 1);
 }

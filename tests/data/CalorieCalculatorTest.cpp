@@ -33,17 +33,9 @@ TEST_F(CalorieCalculatorTest, spreadsADaysCaloriesOverItsHours)
         QVariant workDayHours;
         int32_t minutesPerHour;
     } kTestCases[] = {
-        {100, 80, 8.0, 14},
-        {250, 50, 8.0, 53},
-        {250, 40, 8.0, 60}, // would be 66
-        {100, 80, 4.0, 27},
-        {100, 80, QStringLiteral("4"), 27},
-        {0, 80, 8.0, 0},
-        {100, 0, 8.0, 60}, // endless
-        {0, 0, 8.0, 0},
-        {1e300, 1e-300, 8.0, 60},
-        {kNan, 80, 8.0, 0},
-        {100, -80, 8.0, 0},
+        {100, 80, 8.0, 14}, {250, 50, 8.0, 53}, {250, 40, 8.0, 60}, // would be 66
+        {100, 80, 4.0, 27}, {100, 80, QStringLiteral("4"), 27}, {0, 80, 8.0, 0}, {100, 0, 8.0, 60}, // endless
+        {0, 0, 8.0, 0}, {1e300, 1e-300, 8.0, 60}, {kNan, 80, 8.0, 0}, {100, -80, 8.0, 0},
         {100, 80, 25.0, 14}, // No day is that long: the default counts.
     };
     for (const auto& [calories, weight, workDayHours, minutesPerHour] : kTestCases) {

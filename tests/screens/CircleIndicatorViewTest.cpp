@@ -30,24 +30,6 @@ double filledShareOfBand(const QImage& image, double side)
 }
 }
 
-TEST_F(CircleIndicatorViewTest, theSmallerSideDecidesTheSizeClass)
-{
-    const struct {
-        QSize size;
-        bool isLarge;
-    } kTestCases[] = {{{105, 105}, false}, {{106, 106}, true}, {{200, 100}, false}, {{106, 300}, true}};
-    CircleIndicatorView view;
-    for (const auto& testCase : kTestCases) {
-        view.resize(testCase.size);
-        show(view);
-        EXPECT_EQ(view.isLarge(), testCase.isLarge);
-        EXPECT_EQ(view.textFieldValue()->font(),
-            testCase.isLarge ? FontAndTextHandler::Roman42() : FontAndTextHandler::Roman30());
-        EXPECT_EQ(view.textFieldTitle()->font(),
-            testCase.isLarge ? FontAndTextHandler::Light15() : FontAndTextHandler::Light10());
-    }
-}
-
 TEST_F(CircleIndicatorViewTest, textsAreUpperCaseAndNothingLeavesThemAlone)
 {
     CircleIndicatorView view;
@@ -88,18 +70,6 @@ TEST_F(CircleIndicatorViewTest, theLabelsStandWhereTheRulesPutThem)
         EXPECT_NEAR(value.center().y(), testCase.middle, 0.5);
         EXPECT_EQ(title.top(), value.bottom() + testCase.margin);
     }
-}
-
-TEST_F(CircleIndicatorViewTest, aTextTooWideForTheCircleEndsInAnEllipsis)
-{
-    CircleIndicatorView view;
-    view.resize(100, 100);
-    show(view);
-    view.setTitle(QStringLiteral("An extraordinarily long caption"));
-    EXPECT_TRUE(view.textFieldTitle()->text().endsWith(QChar(0x2026)));
-    EXPECT_TRUE(view.rect().contains(view.textFieldTitle()->geometry()));
-    view.resize(400, 400);
-    EXPECT_EQ(view.textFieldTitle()->text(), QStringLiteral("AN EXTRAORDINARILY LONG CAPTION"));
 }
 
 TEST_F(CircleIndicatorViewTest, theBandIsFilledByThePercentageAtEveryScaleAndSize)

@@ -73,26 +73,6 @@ TEST_F(GoalCircleViewTest, theStateChoosesThePictureAndActiveWinsOverHover)
     EXPECT_EQ(shown(), picture("GoalCircle"));
 }
 
-TEST_F(GoalCircleViewTest, theLabelsAreCentredInTheirFontsAndInUpperCase)
-{
-    m_circle.setValue(QStringLiteral("200"));
-    m_circle.setTitle(QStringLiteral("Mins"));
-    EXPECT_EQ(m_circle.textFieldTitle()->text(), QStringLiteral("MINS"));
-    EXPECT_EQ(m_circle.textFieldValue()->font(), FontAndTextHandler::Roman18());
-    EXPECT_EQ(m_circle.textFieldTitle()->font(), FontAndTextHandler::Light7());
-    EXPECT_EQ(m_circle.textFieldValue()->palette().color(QPalette::WindowText), zelvoTextColor());
-    const QRectF value(m_circle.textFieldValue()->geometry());
-    const QRectF title(m_circle.textFieldTitle()->geometry());
-    EXPECT_NEAR(value.center().y(), 30, 0.5);
-    EXPECT_NEAR(value.center().x(), 30, 0.5);
-    EXPECT_NEAR(title.center().x(), 30, 0.5);
-    EXPECT_EQ(title.top(), value.bottom());
-    m_circle.setVerticalOffset(5);
-    EXPECT_NEAR(QRectF(m_circle.textFieldValue()->geometry()).center().y(), 25, 0.5);
-    m_circle.setTitle(std::nullopt);
-    EXPECT_EQ(m_circle.textFieldTitle()->text(), QStringLiteral("MINS"));
-}
-
 TEST_F(GoalCircleViewTest, aClickFirstEndsTextEditingAndSelectsNothingItself)
 {
     QStringList order;
@@ -105,20 +85,6 @@ TEST_F(GoalCircleViewTest, aClickFirstEndsTextEditingAndSelectsNothingItself)
     EXPECT_EQ(m_window.focusWidget(), nullptr);
     EXPECT_EQ(m_recorder.clicked, std::vector<GoalCircleView*> {&m_circle});
     EXPECT_FALSE(m_circle.active());
-}
-
-TEST_F(GoalCircleViewTest, itsLabelsLetTheMouseThrough)
-{
-    m_circle.setValue(QStringLiteral("200"));
-    EXPECT_EQ(m_window.childAt(50, 50), &m_circle);
-}
-
-TEST_F(GoalCircleViewTest, onlyTheLeftButtonClicks)
-{
-    QTest::mouseClick(&m_circle, Qt::RightButton);
-    EXPECT_TRUE(m_recorder.clicked.empty());
-    m_circle.setDelegate(nullptr);
-    QTest::mouseClick(&m_circle, Qt::LeftButton);
 }
 
 TEST_F(GoalCircleViewTest, theKeyboardReachesItMarksItAndSelects)

@@ -52,23 +52,3 @@ TEST_F(MemoryViewControllerTest, releasesAHeldButtonWhenItEnds)
     editor.reset();
     EXPECT_EQ(recorder.heard, QStringList({"down pressed", "down released"}));
 }
-
-TEST_F(MemoryViewControllerTest, outlivesTheWidgetItWasPutInto)
-{
-    auto place = std::make_unique<QWidget>();
-    editor->view()->setParent(place.get());
-    place.reset();
-    EXPECT_FALSE(editor->view());
-}
-
-TEST_F(MemoryViewControllerTest, isWhiteBehindTextAndButtons)
-{
-    const QImage image = grab(*editor->view());
-    const QStringList names {"textfieldSetFavHeight", "buttonUp", "buttonDown", "buttonDone"};
-    for (const QString& name : names) {
-        auto* const control = editor->view()->findChild<QWidget*>(name);
-        ASSERT_TRUE(control) << qPrintable(name);
-        const QPoint besideText = control->mapTo(editor->view(), QPoint(3, control->height() / 2));
-        EXPECT_EQ(colorAt(image, besideText), QColor(Qt::white)) << qPrintable(name);
-    }
-}

@@ -48,16 +48,6 @@ TEST(ProgressPie, theShareOfTheMiddleLineIsThePercentageAndItGrowsClockwiseFromT
     }
 }
 
-TEST(ProgressPie, aQuarterLiesBetweenTwelveAndThree)
-{
-    for (const double scale : kScales) {
-        const QImage image = pie({120, 120}, 25, scale);
-        EXPECT_GT(coverage(image, {60, 60}, 30, 45), 0.99);
-        for (const double angle : {135.0, 225.0, 315.0})
-            EXPECT_LT(coverage(image, {60, 60}, 30, angle), 0.01);
-    }
-}
-
 TEST(ProgressPie, theSmallerSideInWholeNumbersGivesCentreAndRadius)
 {
     const struct {

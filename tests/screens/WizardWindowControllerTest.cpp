@@ -101,14 +101,6 @@ TEST_F(WizardWindowControllerTest, doneStartsAPeriodWhereNoneRuns)
     EXPECT_TRUE(hub().scheduleManager()->isScheduled());
 }
 
-TEST_F(WizardWindowControllerTest, worksBeforeThereIsAHub)
-{
-    properties().setZelvoController(nullptr);
-    open();
-    click("buttonDone");
-    EXPECT_TRUE(properties().isUserSetupCompleted());
-}
-
 TEST_F(WizardWindowControllerTest, holdsOneScreenHoweverOftenItIsShown)
 {
     open();
@@ -130,27 +122,4 @@ TEST_F(WizardWindowControllerTest, holdsOneScreenHoweverOftenItIsShown)
     wizard->showWindow(); // Shown without a screen, it brings one.
     EXPECT_EQ(screens(), 1);
     EXPECT_EQ(find("SetupView").size(), wizard->window().size());
-}
-
-TEST_F(WizardWindowControllerTest, opensReadyForTheKeyboardAndFitsASmallScreen)
-{
-    open();
-    ASSERT_TRUE(QApplication::focusWidget());
-    EXPECT_EQ(QApplication::focusWidget()->objectName().toStdString(), "textFieldWeight");
-    EXPECT_LE(wizard->window().height(), 700);
-    EXPECT_EQ(wizard->window().windowTitle(), QStringLiteral("Setup"));
-}
-
-TEST_F(WizardWindowControllerTest, theDeskStopsWhenTheWindowEndsWhileAButtonIsHeld)
-{
-    plug();
-    open();
-    click("buttonMemory1");
-    QTest::mousePress(&find("buttonUp"), Qt::LeftButton);
-    EXPECT_EQ(heldMovement(), kUp);
-    wizard.reset();
-    EXPECT_EQ(lastMovement(), kStop);
-    const auto written = adapter->written.size();
-    platform.runLoop.advance(5);
-    EXPECT_EQ(adapter->written.size(), written);
 }
