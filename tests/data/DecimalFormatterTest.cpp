@@ -15,7 +15,6 @@ DecimalFormatter formatter(double minValue, double maxValue, bool acceptComma)
 }
 
 const DecimalFormatter kWeight = formatter(0, 999, false);
-const DecimalFormatter kMetricHeight = formatter(0, 2500, false);
 const DecimalFormatter kAmericanHeight = formatter(0, 2500, true);
 const DecimalFormatter kStandUps = formatter(1, 6, false);
 const DecimalFormatter kUnlimited = formatter(0, 0, false);
@@ -31,35 +30,18 @@ TEST(DecimalFormatter, keepsEntriesToDigitsAndARange)
         bool isValid;
     } kTestCases[] = {
         {"de_DE", kWeight, QStringLiteral(""), true},
-        {"de_DE", kStandUps, QStringLiteral(""), true},
-        {"de_DE", kWeight, QStringLiteral("0"), true},
-        {"de_DE", kWeight, QStringLiteral("100"), true},
         {"de_DE", kWeight, QStringLiteral("999"), true},
         {"de_DE", kWeight, QStringLiteral("1000"), false},
-        {"de_DE", kWeight, QStringLiteral("0000000999"), true},
         {"de_DE", kWeight, QString(400, QLatin1Char('9')), false},
-        {"de_DE", kWeight, QString(400, QLatin1Char('0')), true},
         {"de_DE", kWeight, QStringLiteral("-5"), false},
-        {"de_DE", kWeight, QStringLiteral("+5"), false},
-        {"de_DE", kWeight, QStringLiteral("8e1"), false},
-        {"de_DE", kWeight, QStringLiteral("80 "), false},
-        {"de_DE", kWeight, QStringLiteral("eighty"), false},
         {"de_DE", kWeight, QStringLiteral("72.5"), false},
         {"de_DE", kWeight, QStringLiteral("72,5"), false},
         {"de_DE", kWeight, QStringLiteral("½"), false},
         {"de_DE", kWeight, QStringLiteral("５"), true}, // full-width
-        {"de_DE", kWeight, QStringLiteral("１０００"), false},
         {"de_DE", kWeight, QStringLiteral("٨٠"), true}, // Arabic
         {"ar_EG", kWeight, QStringLiteral("٨٠"), true},
-        {"ar_EG", kWeight, QStringLiteral("80"), true},
-        {"de_DE", kWeight, QStringLiteral("٣٣٣٣"), false},
         {"de_DE", kWeight, QStringLiteral("𝟖𝟎"), true}, // beyond 16 bits
-        {"de_DE", kWeight, QStringLiteral("\xD835"), false}, // half of one
-        {"de_DE", kMetricHeight, QStringLiteral("2500"), true},
-        {"de_DE", kMetricHeight, QStringLiteral("2501"), false},
         {"en_US", kAmericanHeight, QStringLiteral("72.5"), true},
-        {"en_US", kAmericanHeight, QStringLiteral("72."), true},
-        {"en_US", kAmericanHeight, QStringLiteral(".5"), true},
         {"en_US", kAmericanHeight, QStringLiteral("."), true}, // no number yet: counts as 0
         {"en_US", kAmericanHeight, QStringLiteral("72.5.1"), true},
         {"en_US", kAmericanHeight, QStringLiteral("72,5"), false},
@@ -68,13 +50,10 @@ TEST(DecimalFormatter, keepsEntriesToDigitsAndARange)
         {"en_US", kAmericanHeight, QStringLiteral("２５"), false}, // the ten digits alone beside the point
         {"en_US", kStandUps, QStringLiteral("0"), false},
         {"en_US", kStandUps, QStringLiteral("1"), true},
-        {"en_US", kStandUps, QStringLiteral("6"), true},
         {"en_US", kStandUps, QStringLiteral("7"), false},
         {"en_US", formatter(1, 6, true), QStringLiteral("1.2.3"), false}, // counts as 0
         {"en_US", kUnlimited, QStringLiteral("123456789012345678901234567890"), true},
-        {"en_US", kUntouched, QStringLiteral("123456789012345678901234567890"), true},
         {"en_US", kUntouched, QString(400, QLatin1Char('9')), false},
-        {"C", kWeight, QStringLiteral("80"), true},
     };
     TestPlatform platform;
     for (const auto& [locale, field, text, isValid] : kTestCases) {
@@ -87,7 +66,9 @@ TEST(DecimalFormatter, keepsEntriesToDigitsAndARange)
 TEST(DecimalFormatter, takesTheTextItselfForTheValue)
 {
     QString value;
-    EXPECT_TRUE(kWeight.getObjectValue(value, QStringLiteral("08x"), nullptr));
+    QString error;
+    EXPECT_TRUE(kWeight.getObjectValue(value, QStringLiteral("08x"), &error));
     EXPECT_EQ(value, QStringLiteral("08x"));
-    EXPECT_EQ(kWeight.stringForObjectValue(QStringLiteral("08x")), QStringLiteral("08x"));
+    EXPECT_TRUE(error.isNull());
+    EXPECT_EQ(kWeight.stringForObjectValue(value), QStringLiteral("08x"));
 }

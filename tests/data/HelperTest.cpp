@@ -28,7 +28,6 @@ TEST_F(HelperTest, convertsByFactorsThatAreRoundedApart)
         const char* unit;
     } kTestCases[] = {
         {"de_DE", 80, 176.4, 100, 10, "Centimeter"},
-        {"en_GB", 80, 176.4, 100, 10, "Centimeter"},
         {"en_US", 176.4, 80.0856, 39.3701, 25.4, "Inches"},
     };
     for (const auto& row : kTestCases) {
@@ -54,9 +53,7 @@ TEST_F(HelperTest, formatsTableHeights)
         {735, "74", "28.9"}, // in both directions.
         {745.1, "75", "29.3"},
         {745.001, "74", "29.3"}, // 74.5001 cm is rounded to 74.500 before.
-        {1200, "120", "47.2"},
         {0, "0", "0.0"},
-        {-0.0, "0", "0.0"},
         {-10, "0", "0.0"},
         {std::nan(""), "0", "0.0"},
         {65535, "6554", "2580.1"},
@@ -68,6 +65,4 @@ TEST_F(HelperTest, formatsTableHeights)
         useLocale("en_US");
         EXPECT_EQ(Helper::formattedTableHeight(millimetres).toStdString(), american);
     }
-    EXPECT_EQ(Helper::formattedTableHeight(1e308).size(), 309);
-    EXPECT_EQ(Helper::formattedTableHeight(INFINITY), QStringLiteral("inf"));
 }

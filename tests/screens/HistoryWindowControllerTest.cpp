@@ -180,9 +180,8 @@ TEST_F(HistoryWindowControllerTest, theExportCoversEverythingAndLeavesTheNumbers
     click("exportToExcelLabel");
     QFile file(*dialogs.savePanelAnswer);
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QByteArray written = file.readAll();
-    EXPECT_TRUE(written.contains("50.00; ")) << written.constData();
-    EXPECT_TRUE(written.contains("2; 2; ")) << written.constData();
+    EXPECT_EQ(file.readAll(),
+        "Standing Minutes;Calories burned;Standing session count;Goals met;\n50.00; 47.63; 2; 2; ");
     EXPECT_EQ(text("historyHeadTitle1"), QStringLiteral("20"));
     EXPECT_EQ(controller->startDate(), Date::dateFromComponents(2013, 1, 1));
 
@@ -190,10 +189,6 @@ TEST_F(HistoryWindowControllerTest, theExportCoversEverythingAndLeavesTheNumbers
     controller->updateData();
     EXPECT_EQ(text("historyHeadTitle1"), QStringLiteral("50"));
     click("buttonDay");
-    EXPECT_EQ(text("historyHeadTitle1"), QStringLiteral("20"));
-
-    dialogs.savePanelAnswer.reset();
-    click("exportToExcelLabel"); // Cancelled: nothing more happens.
     EXPECT_EQ(text("historyHeadTitle1"), QStringLiteral("20"));
 }
 
@@ -212,7 +207,6 @@ TEST_F(HistoryWindowControllerTest, numbersShareTheLargestSizeAtWhichEachFits)
     } kTestCases[] = {
         {{200, 80}, kNothing, 44, 44},
         {{200, 80}, {"1", "1", "1", QString(200, u'8')}, 9, 9}, // Fits at no size.
-        {{1, 80}, kNothing, 9, 9},
         {{200, 30}, kNothing, 20, 23}, // The height decides.
         {{100, 80}, {"8", "88888888", "8", "8"}, 19, 23},
     };
