@@ -1,8 +1,6 @@
 #include "screens/GoalCircleView.h"
 
 #include "fakes/ControlTest.h"
-#include "ui/FontAndTextHandler.h"
-#include "ui/Palette.h"
 #include "ui/Picture.h"
 
 #include <QAccessible>
@@ -85,19 +83,6 @@ TEST_F(GoalCircleViewTest, aClickFirstEndsTextEditingAndSelectsNothingItself)
     EXPECT_EQ(m_window.focusWidget(), nullptr);
     EXPECT_EQ(m_recorder.clicked, std::vector<GoalCircleView*> {&m_circle});
     EXPECT_FALSE(m_circle.active());
-}
-
-TEST_F(GoalCircleViewTest, theKeyboardReachesItMarksItAndSelects)
-{
-    m_field.setFocus();
-    const QImage plain = grab(m_circle);
-    QTest::keyClick(&m_field, Qt::Key_Tab);
-    ASSERT_TRUE(m_circle.hasFocus());
-    EXPECT_NE(grab(m_circle), plain);
-    QTest::keyClick(&m_circle, Qt::Key_Space);
-    QTest::keyClick(&m_circle, Qt::Key_Return);
-    EXPECT_EQ(m_recorder.clicked.size(), 2U);
-    EXPECT_TRUE(m_circle.hasFocus());
 }
 
 TEST_F(GoalCircleViewTest, screenReadersMeetARadioButton)

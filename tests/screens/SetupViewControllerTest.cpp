@@ -407,16 +407,6 @@ TEST_F(SetupViewControllerTest, anEmptiedFieldIsRefilledExceptTheHeight)
     EXPECT_EQ(properties().weight(), 80);
 }
 
-TEST_F(SetupViewControllerTest, aPressOnTheBackgroundEndsEditing)
-{
-    open();
-    type(weight(), QString());
-    ASSERT_TRUE(weight().hasFocus());
-    QTest::mouseClick(screen.view(), Qt::LeftButton, Qt::NoModifier, {4, 300});
-    EXPECT_FALSE(weight().hasFocus());
-    EXPECT_EQ(weight().text(), QStringLiteral("80"));
-}
-
 TEST_F(SetupViewControllerTest, theHeightFieldFollowsTheDesk)
 {
     plug();
@@ -535,23 +525,4 @@ TEST_F(SetupViewControllerTest, theDeskStopsWhenTheScreenIsDestroyedWhileDownIsH
     EXPECT_EQ(heldMovement(), kDown);
     other.reset();
     EXPECT_EQ(lastMovement(), kStop);
-}
-
-TEST_F(SetupViewControllerTest, aDeskThatVanishesUnderTheEditorLosesNothing)
-{
-    plug();
-    open();
-    openEditor(1);
-    HoverButton& up = find<HoverButton>("buttonUp");
-    QTest::mousePress(&up, Qt::LeftButton);
-    hid.unplug(adapter);
-    const auto written = adapter->written.size();
-    platform.runLoop.advance(5);
-    QTest::mouseRelease(&up, Qt::LeftButton);
-    QTest::mousePress(&up, Qt::LeftButton);
-    QTest::mouseRelease(&up, Qt::LeftButton);
-    EXPECT_EQ(adapter->written.size(), written);
-    click(in(find("MemoryView"), QStringLiteral("buttonDone")));
-    EXPECT_EQ(properties().devicePosition1(), 700); // As stored before.
-    EXPECT_FALSE(memoryButton(1).isHidden());
 }

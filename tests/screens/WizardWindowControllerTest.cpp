@@ -26,11 +26,6 @@ protected:
     }
     QWidget& find(const char* name) const { return in(wizard->window(), QString::fromLatin1(name)); }
     void click(const char* name) const { QTest::mouseClick(&find(name), Qt::LeftButton); }
-    [[nodiscard]] qsizetype screens() const
-    {
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        return wizard->window().findChildren<QWidget*>(QStringLiteral("SetupView")).size();
-    }
 
     int terminations = 0;
     std::optional<WizardWindowController> wizard;
@@ -99,27 +94,4 @@ TEST_F(WizardWindowControllerTest, doneStartsAPeriodWhereNoneRuns)
     click("buttonDone");
     ASSERT_TRUE(hub().activity());
     EXPECT_TRUE(hub().scheduleManager()->isScheduled());
-}
-
-TEST_F(WizardWindowControllerTest, holdsOneScreenHoweverOftenItIsShown)
-{
-    open();
-    EXPECT_EQ(screens(), 1);
-    QWidget* const first = wizard->setupViewController().view();
-    wizard->showSetupView();
-    EXPECT_EQ(screens(), 1);
-    click("buttonDone");
-    wizard->showWindow();
-    wizard->showSetupView();
-    EXPECT_EQ(wizard->setupViewController().view(), first); // As it was left.
-
-    click("buttonCloseWithoutSaving");
-    wizard->showSetupView(); // Before the old one is gone.
-    wizard->showWindow();
-    EXPECT_EQ(screens(), 1);
-    EXPECT_TRUE(find("SetupView").isVisible());
-    click("buttonCloseWithoutSaving");
-    wizard->showWindow(); // Shown without a screen, it brings one.
-    EXPECT_EQ(screens(), 1);
-    EXPECT_EQ(find("SetupView").size(), wizard->window().size());
 }
