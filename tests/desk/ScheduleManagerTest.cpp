@@ -60,6 +60,7 @@ TEST_F(ScheduleManagerTest, SplitsTheHourByGoalAndStandUps)
         {"a share that is no whole second", 2, 7.31, 6, kStanding, 73.1},
         {"more than an hour is an hour", 2, 75, 1, kStanding, 3600},
         {"nothing left to sit", 2, 75, 1, kSitting, kNone},
+        {"next to nothing to stand", 2, 0.01, 1, kStanding, 0.6},
         {"nothing to stand", 2, 0, 1, kStanding, kNone},
         {"nothing to stand, all to sit", 2, 0, 3, kSitting, 1200},
         {"calories, standing", 1, 100, 1, kStanding, calorieMinutes * 60},
@@ -137,8 +138,8 @@ TEST_F(ScheduleManagerTest, SnoozesSkipsAndStartsAgain)
         schedule.cancelPeriodForPosition(kSitting);
         EXPECT_DOUBLE_EQ(schedule.currentScheduleInterval(), 3600) << standUps;
     }
-    setPlan(2, 15, 3);
+    setPlan(2, 30, 3);
     schedule.stopScheduleTimer();
     schedule.restartScheduleTimer();
-    EXPECT_DOUBLE_EQ(schedule.currentScheduleInterval(), 900) << "a stopped timer still knows its position";
+    EXPECT_DOUBLE_EQ(schedule.currentScheduleInterval(), 600) << "a stopped timer still knows its position";
 }

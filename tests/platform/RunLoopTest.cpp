@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QEventLoop>
 
+#include <ctime>
 #include <gtest/gtest.h>
 #include <limits>
 #include <optional>
@@ -184,6 +185,12 @@ TEST_F(QtRunLoopTest, aCoarseSecondIsASecondFromItsStart)
     ASSERT_TRUE(runUntil([&] { return lasted.size() == 3; }));
     for (const double seconds : lasted)
         EXPECT_GE(seconds, 0.94);
+}
+
+TEST_F(QtRunLoopTest, readsTheSystemsClocks)
+{
+    EXPECT_NEAR(m_loop->now(), double(std::time(nullptr)), 2);
+    EXPECT_GE(m_loop->bootTimeNow(), m_loop->monotonicNow() - 0.01);
 }
 
 TEST_F(QtRunLoopTest, veryLongIntervalsNeitherFireNorOverflow)

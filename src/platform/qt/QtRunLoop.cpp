@@ -33,7 +33,6 @@ public:
         , m_remaining(seconds)
     {
         m_timer.setTimerType(timerType(precision));
-        m_timer.setSingleShot(true);
         QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { legEnded(); });
     }
 

@@ -99,12 +99,13 @@ protected:
     void SetUp() override
     {
         ASSERT_TRUE(m_system.isRunning() && m_session.isRunning());
+        m_logind.emplace(m_system.connect());
         m_workspace.emplace(m_system.connect(), m_session.connect());
         m_workspace->onScreensDidSleep([this] { m_heard.append(QStringLiteral("dark")); });
         m_workspace->onWillSleep([this] { hearWithTheLockHeld("sleep"); });
         m_workspace->onWillShutDown([this] { hearWithTheLockHeld("shutdown"); });
         m_workspace->onDidWake([this] { m_heard.append(QStringLiteral("wake")); });
-        startLogind();
+        waitForTheLock();
     }
 
     void hearWithTheLockHeld(const char* what)
@@ -113,10 +114,8 @@ protected:
         EXPECT_TRUE(m_logind->isLockHeld()) << "the machine may not sleep before the record is safe";
     }
 
-    void startLogind()
+    void waitForTheLock()
     {
-        m_logind.reset();
-        m_logind.emplace(m_system.connect());
         ASSERT_TRUE(waitFor([&] { return m_logind->isLockHeld() && !m_logind->sessionAsked.isEmpty(); }));
         settle();
     }
@@ -200,7 +199,9 @@ TEST_F(DBusWorkspaceTest, tellsTheFirstEdgeOfWhatManyServicesSay)
         EXPECT_EQ(m_heard.join(QLatin1Char(' ')).toStdString(), heard) << said;
     }
     EXPECT_EQ(m_logind->inhibited.size(), 5) << "at the start and after what ended";
-    startLogind(); // A logind that starts again is heard, and asked for the lock anew.
+    m_logind.reset();
+    m_logind.emplace(m_system.connect());
+    waitForTheLock(); // A logind that starts again is heard, and asked for the lock anew.
     m_heard.clear();
     say(QStringLiteral("PrepareForSleep+"));
     EXPECT_EQ(m_heard, QStringList {QStringLiteral("sleep")});
