@@ -6,17 +6,8 @@
 #include <QPainter>
 #include <QSvgRenderer>
 
-#include <algorithm>
-
 namespace {
 using MenuletControllerTest = WindowTest;
-
-bool isReminderMade()
-{
-    const QWidgetList windows = QApplication::topLevelWidgets();
-    return std::any_of(windows.begin(), windows.end(),
-        [](const QWidget* window) { return window->objectName() == QStringLiteral("NotificationWindow"); });
-}
 }
 
 TEST_F(MenuletControllerTest, clicksFlipTheStateAndShowTheWindowOnceSetUp)
@@ -46,18 +37,6 @@ TEST_F(MenuletControllerTest, iconFollowsTheDeskWithoutAClick)
     world->hid.unplug(desk);
     EXPECT_FALSE(menulet().isDeviceConnected());
     EXPECT_EQ(world->app->statusItem().toolTip(), QStringLiteral("TrayTooltipDisconnected"));
-}
-
-TEST_F(MenuletControllerTest, openingTheMainWindowDismissesTheReminder)
-{
-    start();
-    menulet().dismissNotification();
-    EXPECT_FALSE(isReminderMade()) << "none is made only to be closed";
-    remind(1);
-    QWidget& window = openMainWindow();
-    pass(0.5);
-    EXPECT_FALSE(menulet().notificationWindow().isWindowVisible());
-    EXPECT_TRUE(window.isVisible());
 }
 
 TEST_F(MenuletControllerTest, aClosedWindowIsNotRefreshedAndIsFreshWhenItOpens)
