@@ -2,7 +2,6 @@
 
 import errno
 import os
-import shutil
 import struct
 import threading
 import time
@@ -18,7 +17,7 @@ SPEED = 380.0  # Tenths of a millimetre per second.
 LIFE_OF_A_REPORT = 0.5
 STATUS_SIZE = 64
 
-_BEDS = []  # One that is collected takes the environment of the next one with it.
+_BEDS = []  # Until the end: one that is collected takes the environment of the next one with it.
 
 
 class Machine:
@@ -71,7 +70,6 @@ class Machine:
             adapter.unplug()
         self.call(self._loop.quit)
         self._thread.join(10)
-        shutil.rmtree(self.root, ignore_errors=True)
 
 
 class Adapter:

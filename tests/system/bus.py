@@ -21,12 +21,6 @@ class Mock:
     def _mock(self, method, signature, *arguments):
         return call(self.connection, self.name, self.path, "org.freedesktop.DBus.Mock", method, signature, *arguments)
 
-    def add_method(self, name, takes, gives, code):
-        self._mock("AddMethod", "(sssss)", self.interface, name, takes, gives, code)
-
-    def add_property(self, name, value):
-        self._mock("AddProperty", "(ssv)", self.interface, name, value)
-
     def emit(self, signal_name, signature, *values):
         variants = [GLib.Variant(letter, value) for letter, value in zip(signature, values)]
         self._mock("EmitSignal", "(sssav)", self.interface, signal_name, signature, variants)

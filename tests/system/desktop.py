@@ -153,7 +153,8 @@ class Desktop:
     def _start_x(self, screen):
         read, write = os.pipe()
         command = ("Xvfb", "-displayfd", write, "-screen", 0, screen + "x24", "-nolisten", "tcp", "-noreset")
-        self._spawn(*command, pass_fds=(write,))
+        # Its idle time runs with the program's clock.
+        self._spawn(*command, pass_fds=(write,), env=self.env | self.bent())
         os.close(write)
         with os.fdopen(read) as number:
             self.env["DISPLAY"] = ":" + number.readline().strip()
@@ -185,18 +186,24 @@ class Desktop:
         """A service of python-dbusmock."""
         kind = {"SESSION": "--session", "SYSTEM": "--system"}[bus]
         what = ("--template", template) if template else (name, path, interface)
-        self._spawn("/usr/bin/python3", "-m", "dbusmock", kind, *what)
+        process = self._spawn("/usr/bin/python3", "-m", "dbusmock", kind, *what)
         connection = self.session if bus == "SESSION" else self.system
         wait_until(lambda: self.has_owner(connection, name), name)
-        return Mock(connection, name, path, interface)
+        mock = Mock(connection, name, path, interface)
+        mock.end = lambda: self._end(process)
+        return mock
 
     def add_tray(self):
         name = "org.kde.StatusNotifierWatcher"
-        self.tray = self.mock("SESSION", name, "/StatusNotifierWatcher", name)
-        self.tray.add_property("IsStatusNotifierHostRegistered", GLib.Variant("b", True))
-        self.tray.add_property("ProtocolVersion", GLib.Variant("i", 0))
-        self.tray.add_method("RegisterStatusNotifierItem", "s", "", "")
+        template = Path(__file__).with_name("tray_watcher.py")
+        self.tray = self.mock("SESSION", name, "/StatusNotifierWatcher", name, template)
         return self.tray
+
+    def add_logind(self):
+        manager = ("/org/freedesktop/login1", "org.freedesktop.login1.Manager")
+        logind = self.mock("SYSTEM", "org.freedesktop.login1", *manager, template="logind")
+        logind.inhibitors = lambda: call(self.system, logind.name, *manager, "ListInhibitors")[0]
+        return logind
 
     @staticmethod
     def has_owner(connection, name):
@@ -215,13 +222,16 @@ class Desktop:
 
     def start(self, *arguments, **env):
         """As a user starts it. With an adapter plugged in before, udev and hidraw are the emulated ones."""
-        preload = [os.environ["BENT_CLOCK_LIBRARY"]] + (["libumockdev-preload.so.0"] if self.machine else [])
-        env = self.env | {"BENT_CLOCK": str(self.clock.path), "LD_PRELOAD": ":".join(preload)} | env
+        env = self.env | self.bent(*(["libumockdev-preload.so.0"] if self.machine else [])) | env
         with open(self.home / "stderr", "ab") as stderr:
             process = self._spawn(PROGRAM, *arguments, env=env, stderr=stderr)
         program = Program(self, process)
         self.programs.append(program)
         return program
+
+    def bent(self, *libraries):
+        preload = ":".join([os.environ["BENT_CLOCK_LIBRARY"], *libraries])
+        return {"BENT_CLOCK": str(self.clock.path), "LD_PRELOAD": preload}
 
     def log(self):
         file = self.folder / "StandUp.log"
@@ -299,6 +309,16 @@ class Desktop:
         self.root.send_event(request, event_mask=mask)
         self.x.sync()
 
+    def editor(self):
+        """Another program's window, with the keyboard."""
+        values = {"event_mask": X.KeyPressMask, "background_pixel": self.x.screen().white_pixel}
+        depth = self.x.screen().root_depth
+        window = self.root.create_window(300, 300, 200, 100, 0, depth, X.InputOutput, X.CopyFromParent, **values)
+        window.map()
+        self.x.sync()
+        wait_until(lambda: self.is_active(window), "the editor")
+        return window
+
     def minimise(self, window):
         self.tell(window, "WM_CHANGE_STATE", 3)
         wait_until(lambda: self.is_minimised(window), "minimised")
@@ -355,8 +375,11 @@ class Program:
         return self.desktop.window("Zelvo StandUp")
 
     def tray_item(self):
-        calls = wait_until(lambda: self.desktop.tray.calls("RegisterStatusNotifierItem"), "tray icon")
-        return calls[-1][1][0]
+        def item():
+            names = [arguments[0] for _, arguments in self.desktop.tray.calls("RegisterStatusNotifierItem")]
+            return next((name for name in names if self.desktop.has_owner(self.desktop.session, name)), None)
+
+        return wait_until(item, "tray icon")
 
     def click_tray(self, x=0, y=0):
         item = ("/StatusNotifierItem", "org.kde.StatusNotifierItem")

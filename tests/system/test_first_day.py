@@ -28,8 +28,7 @@ def test_first_start_to_first_periods(desktop):
     desktop.clock.run(10)
     wait_until(lambda: desktop.records()[0][1] - first[0] > 20, "a pulse")
     adapter.put(4000)  # By the desk's own handset.
-    sitting, standing = wait_until(lambda: desktop.records()[1:] and desktop.records(), "a second period")
-    assert (sitting[1], standing[2]) == (standing[0], STANDING)
+    wait_until(lambda: [period[2] for period in desktop.records()] == [SITTING, STANDING], "a second period")
     adapter.put(900)
     wait_until(lambda: len(desktop.records()) == 3, "a third period")
     desktop.clock.run(1)
