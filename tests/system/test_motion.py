@@ -1,0 +1,190 @@
+"""A desk moves while a button is held and at no other time, however the hold ends. Told by the log of the wire."""
+
+import errno
+import signal
+import time
+
+import pytest
+from adapter import DOWN, STOP, UP
+from waiting import wait_until
+
+GRACE = 0.3  # No movement report later than that after a release.
+
+
+class Desk:
+    """The main window over an adapter, and a finger on one of its buttons."""
+
+    def __init__(self, desktop, **settings):
+        self.desktop = desktop
+        desktop.settings(DevicePosition1=700, DevicePosition2=4100, DevicePosition3=5200, **settings)
+        desktop.add_tray()
+        self.adapter = desktop.plug(height=2000)
+        self.program = desktop.start()
+        wait_until(desktop.records, "a first record")
+        self.program.click_tray()
+        self.window = desktop.window("Zelvo StandUp")
+        self.panel = self.program.window_with("Up")
+
+    def hold(self, name="Up", value=UP, panel=None):
+        self.desktop.move_pointer(*(panel or self.panel).find(name).middle)
+        self.desktop.button(True)
+        self.moves(value)
+
+    def moves(self, value=UP):
+        since = time.monotonic()
+        wait_until(lambda: self.adapter.values(since).count(value) >= 2, f"movement {value}")
+
+    def release(self):
+        return self.desktop.button(False)
+
+    def stands(self, let_go, grace=GRACE):
+        """A stop came after it was let go, and no movement report later than the grace."""
+        settled = lambda: self.adapter.values()[-1] == STOP and time.monotonic() > let_go + grace + 0.7  # noqa: E731
+        wait_until(settled, "a stop at last")
+        assert set(self.adapter.values(let_go + grace)) <= {STOP, "init"}
+
+
+@pytest.fixture
+def desk(desktop):
+    return Desk(desktop)
+
+
+def press_other_button(desk):
+    desk.desktop.button(True, 3)
+    let_go = desk.release()
+    desk.desktop.button(False, 3)
+    return let_go
+
+
+def go_away(desk):
+    desk.desktop.move_pointer(5, 5)
+    return desk.release()
+
+
+def freeze(desk):
+    desk.program.signal(signal.SIGSTOP)
+    let_go = desk.release()
+    wait_until(lambda: time.monotonic() > let_go + 1.5)
+    desk.program.signal(signal.SIGCONT)
+    return let_go
+
+
+def after(act):
+    def let_go(desk):
+        act(desk)
+        return time.monotonic()
+
+    return let_go
+
+
+WAYS_TO_LET_GO = {
+    "on the button": Desk.release,
+    "outside the window": go_away,
+    "after another button": press_other_button,
+    "while the program is frozen": freeze,
+    "by minimising the window": after(lambda desk: desk.desktop.minimise(desk.window)),
+    "by closing the window": after(lambda desk: desk.desktop.tell(desk.window, "_NET_CLOSE_WINDOW")),
+    "by the close key": after(lambda desk: desk.desktop.key("Escape")),
+    "by hiding the window": after(lambda desk: desk.program.click_tray()),
+    "by going to another workspace": after(lambda desk: desk.desktop.switch_workspace(1)),
+    "by another window": after(lambda desk: desk.program.choose("History")),
+}
+
+
+@pytest.mark.parametrize("way", WAYS_TO_LET_GO)
+def test_let_go(desk, way):
+    desk.hold()
+    desk.stands(WAYS_TO_LET_GO[way](desk))
+
+
+@pytest.mark.parametrize("key", ["space", "Return"])
+def test_a_held_key_moves_until_it_is_let_go(desk, key):
+    desk.panel.find("Down").focus()
+    desk.desktop.key(key, True)  # The server repeats it from now on.
+    desk.moves(DOWN)
+    desk.moves(DOWN)
+    desk.stands(desk.desktop.key(key, False))
+
+
+@pytest.mark.parametrize("key", ["space", "Return"])
+def test_a_key_let_go_while_the_program_is_frozen(desk, key):
+    desk.panel.find("Down").focus()
+    desk.desktop.key(key, True)
+    desk.moves(DOWN)
+    desk.moves(DOWN)
+    desk.program.signal(signal.SIGSTOP)
+    let_go = desk.desktop.key(key, False)
+    wait_until(lambda: time.monotonic() > let_go + 1.5)
+    desk.program.signal(signal.SIGCONT)
+    desk.stands(let_go)
+
+
+def test_each_button_does_what_it_says(desk):
+    for name, value in {"Up": UP, "Down": DOWN, "Sit": 700, "Stand": 4100, "Position 3": 5200}.items():
+        desk.hold(name, value)
+        desk.stands(desk.release())
+    desk.desktop.key("Escape")
+    desk.program.choose("Settings…")
+    panel = desk.program.window_with("Setup")
+    panel.find("Position 3").press()
+    for name, value in {"Up": UP, "Down": DOWN}.items():
+        desk.hold(name, value, panel)
+        desk.stands(desk.release())
+    next(node for node in panel.all("Done") if node != panel.find("Done")).press()
+    wait_until(lambda: desk.desktop.setting("DevicePosition3") == str(round(desk.adapter.height)), "stored height")
+
+
+def test_unplugged_in_the_middle_of_a_movement(desk):
+    desk.hold()
+    desk.adapter.unplug()
+    desk.panel.hears("Please connect your desk")
+    other = desk.desktop.plug(height=2000)
+    wait_until(lambda: other.reads, "the new adapter")
+    desk.release()
+    wait_until(lambda: len(other.reads) > 3, "more of it")
+    assert other.values()[:2] == ["init", STOP] and set(other.values()) == {"init", STOP}
+
+
+@pytest.mark.parametrize("seconds,carried_out", [(0.3, True), (1, False), (2, True), (6, False)])
+def test_a_transfer_that_stalls_under_a_held_button(desk, seconds, carried_out):
+    desk.hold()
+    desk.adapter.silent = True
+    wait_until(lambda: desk.adapter.hanging, "a transfer that hangs")
+    let_go = desk.release()
+    wait_until(lambda: time.monotonic() > let_go + seconds, seconds=seconds + 1)
+    written = len(desk.adapter.wire)
+    # What hung may be a movement that was under way when the user let go. The next report is a stop.
+    if carried_out:
+        desk.adapter.carry_out()
+    else:
+        desk.adapter.answer()
+    answered = time.monotonic()
+    desk.stands(answered)
+    reports = [value for _, value in desk.adapter.wire[written:]]
+    assert [value for value in reports if value != "init"][carried_out and reports[0] == UP] == STOP
+
+
+def test_a_slow_adapter_is_no_dead_one(desk):
+    desk.adapter.delay = 0.3
+    desk.hold()
+    let_go = desk.release()
+    desk.stands(let_go, grace=0.7)  # One may be under way, and one transfer more takes as long.
+    assert [standing for *_, standing in desk.desktop.records()] == [0]
+    desk.panel.hears("Current session")
+
+
+def test_a_stop_that_is_refused_is_said_again(desk):
+    desk.hold()
+    reads, writes = len(desk.adapter.reads), len(desk.adapter.wire)
+    desk.adapter.refuse_next_stop = errno.EPIPE
+    let_go = desk.release()
+    desk.stands(let_go)
+    assert not desk.adapter.refuse_next_stop and len(desk.adapter.reads) > reads and len(desk.adapter.wire) > writes
+
+
+def test_a_second_adapter_takes_no_movement_over(desk):
+    desk.hold()
+    second = desk.desktop.plug(height=900)
+    wait_until(lambda: second.values()[:2] == ["init", STOP], "the second adapter")
+    desk.stands(desk.release())
+    assert set(second.values()) == {"init", STOP}
