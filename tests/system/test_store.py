@@ -1,0 +1,179 @@
+"""The record of a life: full disks, a store that goes or is damaged, a second program on it."""
+
+import contextlib
+import os
+import re
+import signal
+import sqlite3
+import subprocess
+
+import pytest
+from waiting import holds_for, wait_until
+
+PULSE = 15.0
+RATE = 20
+
+
+def has_little_room(folder):
+    """A disk of its own for the folder: 1 MB of memory."""
+    command = ["mount", "-t", "tmpfs", "-o", "size=1m", "tmpfs", str(folder)]
+    if os.geteuid() != 0 or subprocess.run(command, stderr=subprocess.DEVNULL).returncode != 0:
+        pytest.skip("a disk of its own for the data folder needs the right to mount one")
+
+
+@pytest.fixture
+def small_disk(desktop):
+    desktop.settings()
+    desktop.folder.mkdir()
+    has_little_room(desktop.folder)
+    yield Disk(desktop.folder)
+    for program in desktop.programs:
+        desktop._end(program.process)
+    subprocess.run(["umount", "--lazy", str(desktop.folder)], check=True)
+
+
+class Disk:
+    def __init__(self, folder):
+        self.ballast = folder / "ballast"
+
+    def fill(self):
+        with contextlib.suppress(OSError), open(self.ballast, "ab", buffering=0) as file:
+            while True:
+                file.write(bytes(512))
+
+    def make_room(self):
+        self.ballast.unlink()
+
+
+def panel(program):
+    """The text of the error panel, which is then dismissed."""
+    found = program.window_with("OK")
+    words = " ".join(found.says())
+    found.find("OK").press()
+    return words
+
+
+def test_a_disk_that_is_full_at_the_start(desktop, small_disk):
+    small_disk.fill()
+    desktop.add_tray()
+    program = desktop.start("--simulate")
+    began = desktop.clock.now()
+    assert "no space left" in panel(program)
+    wait_until(lambda: not desktop.windows(), "the panel closed")
+    program.choose("History")
+    program.window_with("Year")
+    small_disk.make_room()
+    desktop.clock.run(RATE)
+    start, end, _ = wait_until(desktop.records, "a record as soon as there is room")[-1]
+    wait_until(lambda: desktop.records()[-1][1] > end, "a pulse")
+    assert began - 1 < start < desktop.clock.now()
+    desktop.clock.run(1)
+    program.quit()
+
+
+def test_a_disk_that_fills_while_recording(desktop, small_disk):
+    desktop.add_tray()
+    program = desktop.start("--simulate")
+    start = wait_until(desktop.records, "a first record")[0][0]
+    small_disk.fill()
+    desktop.clock.run(RATE)
+    assert "no space left" in panel(program)
+    saved = desktop.records()[0][1]
+    ticks = desktop.clock.now() + 3 * PULSE
+    wait_until(lambda: desktop.clock.now() > ticks)
+    assert not desktop.windows(), "said once"
+    small_disk.make_room()
+    wait_until(lambda: desktop.records()[0][1] > saved + 2 * PULSE, "the period saved")
+    desktop.clock.run(1)
+    program.quit()
+    (begin, end, _), *others = desktop.records()
+    assert begin == start and end == pytest.approx(desktop.clock.now(), abs=4) and not others
+
+
+def test_ending_on_a_full_disk(desktop, small_disk):
+    program = desktop.start("--simulate")
+    wait_until(desktop.records, "a first record")
+    small_disk.fill()
+    desktop.clock.run(RATE)
+    program.window_with("OK")
+    desktop.clock.run(1)
+    program.signal(signal.SIGTERM)  # Asks what to do about changes that cannot be saved.
+    if not program.ends_within(2):
+        program.signal(signal.SIGTERM)
+        assert program.ends_within(3)
+
+
+def test_a_store_that_is_deleted_is_begun_anew(desktop):
+    desktop.settings()
+    program = desktop.start("--simulate")
+    start = wait_until(desktop.records, "a first record")[0][0]
+    for file in desktop.folder.glob("StandUp.storedata*"):
+        file.unlink()
+    desktop.clock.run(RATE)
+    records = wait_until(desktop.records, "a new store")
+    assert records[0][0] == pytest.approx(start, abs=1)
+    desktop.clock.run(1)
+    assert program.window_with("OK").says()
+    program.quit()
+    assert desktop.records()[0][1] == pytest.approx(desktop.clock.now(), abs=4)
+
+
+def test_a_damaged_store_is_left_alone_and_named(desktop):
+    desktop.settings()
+    desktop.folder.mkdir()
+    desktop.store.write_bytes(b"This is no database. " * 400)
+    before = desktop.store.read_bytes()
+    desktop.add_tray()
+    program = desktop.start("--simulate")
+    assert "StandUp.storedata" in panel(program)
+    program.click_tray()
+    while len(desktop.windows()) > 1:
+        panel(program)
+    program.window_with("Up").hears("Current session")
+    program.quit()
+    assert desktop.store.read_bytes() == before
+    desktop.store.unlink()
+    desktop.start("--simulate")
+    wait_until(desktop.records, "a record in a new store")
+
+
+def test_two_programs_do_not_share_a_store(desktop):
+    desktop.settings()
+    first = desktop.start("--simulate")
+    wait_until(desktop.records, "a first record")
+    (desktop.home / "other").mkdir(mode=0o700)
+    second = desktop.start("--simulate", XDG_RUNTIME_DIR=str(desktop.home / "other"))
+    assert "Another program" in panel(second)
+    desktop.clock.run(RATE)
+    first_end = desktop.records()[0][1]
+    wait_until(lambda: desktop.records()[0][1] > first_end + PULSE, "the first one's pulses")
+    assert len(desktop.records()) == 1
+    desktop.clock.run(1)
+    first.quit()
+    desktop.clock.run(RATE)
+    wait_until(lambda: len(desktop.records()) == 2, "the second one's record")
+
+
+def test_a_folder_that_is_a_file(desktop):
+    desktop.settings()
+    desktop.folder.write_text("mine")
+    program = desktop.start("--simulate")
+    assert "found a file" in panel(program)
+    program.signal(signal.SIGINT)
+    assert program.ends_within(3) and desktop.folder.read_text() == "mine"
+
+
+def test_an_older_record_is_carried_on(desktop):
+    desktop.settings()
+    program = desktop.start("--simulate")
+    wait_until(desktop.records, "a first record")
+    program.quit()
+    rows = [(1e9 + day * 86400, 1e9 + day * 86400 + 600, day % 2) for day in range(400)]
+    desktop.plant(rows)
+    desktop.start("--simulate")
+    wait_until(lambda: len(desktop.records()) == 402, "a further record")
+    assert desktop.records()[:400] == rows
+    with contextlib.closing(sqlite3.connect(desktop.store)) as store:
+        assert store.execute("PRAGMA quick_check").fetchall() == [("ok",)]
+    holds_for(0.3, lambda: len(desktop.records()) == 402, "no further one")
+    assert not re.search("Couldn't", desktop.log())
