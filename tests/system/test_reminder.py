@@ -124,4 +124,5 @@ def test_calories_are_counted_for_the_weight(desktop):
     # 250 kcal a day at 60 kg are 44 minutes an hour; 7 at a time burn 5 kcal.
     worker = Worker(desktop, ActivityMode=1, ActivityGoal=250, Weight=60)
     window = worker.is_reminded_after((60 - 44) * 60 / 6)
-    assert {"5", "Calories", "Stand for 7 min to burn 5 kcal."} <= {words.replace("\xa0", " ") for words in window.says()}
+    said = {words.replace("\xa0", " ") for words in window.says()}
+    assert {"5", "Calories", "Stand for 7 min to burn 5 kcal."} <= said
