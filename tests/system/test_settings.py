@@ -1,0 +1,164 @@
+"""Settings as the user enters them, in their units, and as somebody else has left them in the file."""
+
+import pytest
+from screenreader import FOCUSED
+from waiting import wait_until
+
+FIELDS = {"weight": "My weight", "height": "Desk height now", "stand-ups": "Stand-ups"}
+UNITS = {
+    # Language: (units, what the fields show, what is typed, what is stored of it)
+    "en_GB": (("kg", "cm"), ("66", "74"), ("82", "80"), (82, 8000 - 900)),
+    "en_US": (("lb", "in"), ("145", "29.1"), ("180", "30"), (180 * 0.454, 30 * 254 - 900)),
+}
+
+
+class Setup:
+    def __init__(self, desktop, plugged=True, language="en_GB", **settings):
+        self.desktop = desktop
+        desktop.settings(**({"Weight": 66, "TablePositionOffset": 6500, "NumberOfStandUps": 3} | settings))
+        desktop.add_tray()
+        desktop.env["LC_ALL"] = desktop.env["LANG"] = f"{language}.UTF-8"
+        self.adapter = desktop.plug() if plugged else None
+        self.program = desktop.start()
+        wait_until(desktop.records, "a first record")
+        self.open()
+
+    def open(self):
+        self.program.choose("Settings…")
+        self.panel = self.program.window_with("Setup")
+
+    def field(self, name):
+        return self.panel.find(FIELDS[name], "text")
+
+    def enter(self, name, text):
+        """With the keyboard."""
+        wait_until(lambda: self.desktop.is_active(self.desktop.window("Setup")), "the window in front")
+        self.field(name).focus()
+        wait_until(lambda: self.field(name).has(FOCUSED), "focus")
+        for key in ("End", *["BackSpace"] * 6):
+            self.desktop.key(key)
+        self.desktop.type(text)
+        wait_until(lambda: self.field(name).text == text, f"{text} in the field")
+
+    def done(self):
+        self.panel.find("Done").press()
+        wait_until(lambda: "Setup" not in self.desktop.windows(), "the window closed")
+
+    def stored(self, key):
+        return float(self.desktop.setting(key))
+
+
+@pytest.mark.parametrize("language", UNITS)
+def test_settings_in_two_systems_of_units(desktop, language):
+    (weight_unit, height_unit), shown, typed, stored = UNITS[language]
+    setup = Setup(desktop, language=language)
+    assert {weight_unit, height_unit} <= set(setup.panel.says())
+    assert (setup.field("weight").text, setup.field("height").text) == shown
+    for name, text in zip(("weight", "height", "stand-ups"), (*typed, "4")):
+        setup.enter(name, text)
+    setup.panel.find("30 minutes").press()
+    setup.panel.hears("7.5")
+    setup.done()
+    assert setup.stored("Weight") == pytest.approx(stored[0])
+    assert setup.stored("TablePositionOffset") == stored[1]
+    assert (setup.stored("ActivityGoal"), setup.stored("NumberOfStandUps")) == (30, 4)
+    setup.program.click_tray()
+    main = setup.program.window_with("Up")
+    main.hears({"en_GB": "80 cm", "en_US": "30.0 in"}[language])
+
+    setup.open()
+    setup.panel.find("Calories", "page tab").press()
+    setup.panel.find("200 Calories").press()
+    setup.done()
+    assert (setup.stored("ActivityMode"), setup.stored("ActivityGoal")) == (1, 200)
+    setup.open()
+    setup.enter("weight", "50")
+    setup.panel.find("Close without saving").press()
+    assert setup.stored("Weight") == pytest.approx(stored[0])
+
+
+@pytest.mark.parametrize(
+    "field,key,texts",
+    [("weight", "Weight", ["12345", "-3", "abc"]), ("stand-ups", "NumberOfStandUps", ["9", "2147483647", "0"])]
+    + [("height", "TablePositionOffset", ["9999", "-650", ""])],
+)
+def test_what_goes_round_the_keyboard_is_checked_all_the_same(desktop, field, key, texts):
+    setup = Setup(desktop)
+    was = {name: setup.stored(name) for name in ("Weight", "NumberOfStandUps", "TablePositionOffset")}
+    good = setup.field(field).text
+    for text in texts:
+        setup.field(field).set_text(text)
+        setup.panel.find("Done").press()
+        wait_until(lambda: setup.field(field).text == good, f"{good} again in place of {text!r}")
+        assert setup.desktop.windows(), "it says so and stays"
+        assert setup.stored(key) == was[key]
+    setup.done()
+    assert {name: setup.stored(name) for name in was} == pytest.approx(was)
+
+
+def test_the_keyboard_alone_is_enough(desktop):
+    setup = Setup(desktop)
+
+    def focus():
+        return next((node.name for node in setup.panel.walk() if node.has(FOCUSED)), None)
+
+    def tab_to(name):
+        for _ in range(40):
+            before = focus()
+            desktop.key("Tab")
+            wait_until(lambda: focus() not in (None, before), "the focus moved")
+            if focus() == name:
+                return
+        raise AssertionError(f"no way to {name}")
+
+    for name in ("My weight", "Stand-ups", "Time", "Done", "Close without saving", "Calories"):
+        tab_to(name)
+    desktop.key("space")
+    setup.panel.find("150 Calories")
+    tab_to("Goal")
+    for key in ("Home", "Right"):
+        desktop.key(key)
+    tab_to("Done")
+    desktop.key("space")
+    wait_until(lambda: not desktop.windows(), "the window closed")
+    assert (setup.stored("ActivityMode"), setup.stored("ActivityGoal")) == (1, 100)
+    setup.open()
+    desktop.key("Escape")
+    wait_until(lambda: not desktop.windows(), "the window closed")
+
+
+@pytest.mark.parametrize(
+    "junk", [b"\xef\xbb\xbf", b"# A comment\n", b"Name=Ren\xe9\n"], ids=["byte order mark", "comment", "Latin-1 letter"]
+)
+def test_a_settings_file_edited_by_hand_keeps_what_can_be_read(desktop, junk):
+    desktop.settings(Weight=None, Version=None)
+    text = desktop.config.read_bytes().rstrip(b"\n") + b"\nDevicePosition1=1234\nWeight=66"  # No final line end.
+    comment_first = junk.startswith(b"\xef")
+    desktop.config.write_bytes(junk + text if comment_first else text.replace(b"\n", b"\n" + junk, 1))
+    program = desktop.start("--simulate")
+    wait_until(desktop.records, "a first record")
+    program.quit()
+    assert (desktop.setting("DevicePosition1"), desktop.setting("Weight")) == ("1234", "66")
+
+
+def test_settings_that_cannot_be_read_are_named_on_the_screen(desktop):
+    desktop.settings(DevicePosition1="1234", Weight="66")
+    with open(desktop.config, "ab") as file:
+        file.write(b"no setting at all\n[broken\n")
+    program = desktop.start("--simulate")
+    wait_until(lambda: desktop.windows(), "a panel")
+    copies = [path.name for path in desktop.config.parent.iterdir() if path.name not in (desktop.config.name,)]
+    copies = [name for name in copies if not name.endswith(".lock")]
+    assert copies
+    program.ear.hears(copies[0])
+    assert (desktop.setting("DevicePosition1"), desktop.setting("Weight")) == ("1234", "66")
+
+
+@pytest.mark.parametrize("version,dismiss", [("1.0.2", "45"), ("1.0.1", "45"), ("1.0.0", "20"), (None, "20")])
+def test_only_an_upgrade_resets_the_dismissal_time(desktop, version, dismiss):
+    desktop.settings(Version=version, TimeNotificationDismiss=45)
+    program = desktop.start("--simulate")
+    wait_until(desktop.records, "a first record")
+    program.quit()
+    assert desktop.setting("TimeNotificationDismiss") == dismiss
+    assert desktop.setting("Version") == max(version or "", "1.0.1")
