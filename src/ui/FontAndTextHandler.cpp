@@ -37,36 +37,37 @@ const QFont& bold()
 }
 }
 
-#define ZELVO_FACE(function, face, size)                                                                     \
-    QFont FontAndTextHandler::function()                                                                     \
+// The size is said once: a function is named after its face and its size.
+#define ZELVO_FACE(name, face, size)                                                                         \
+    QFont FontAndTextHandler::name##size()                                                                   \
     {                                                                                                        \
         QFont font = face();                                                                                 \
         font.setPixelSize(size);                                                                             \
         return font;                                                                                         \
     }
 
-ZELVO_FACE(Light7, light, 7)
-ZELVO_FACE(Light10, light, 10)
-ZELVO_FACE(Light11, light, 11)
-ZELVO_FACE(Light12, light, 12)
-ZELVO_FACE(Light14, light, 14)
-ZELVO_FACE(Light15, light, 15)
-ZELVO_FACE(Light16, light, 16)
-ZELVO_FACE(Light18, light, 18)
-ZELVO_FACE(Roman12, roman, 12)
-ZELVO_FACE(Roman14, roman, 14)
-ZELVO_FACE(Roman15, roman, 15)
-ZELVO_FACE(Roman18, roman, 18)
-ZELVO_FACE(Roman20, roman, 20)
-ZELVO_FACE(Roman22, roman, 22)
-ZELVO_FACE(Roman23, roman, 23)
-ZELVO_FACE(Roman30, roman, 30)
-ZELVO_FACE(Roman38, roman, 38)
-ZELVO_FACE(Roman40, roman, 40)
-ZELVO_FACE(Roman42, roman, 42)
-ZELVO_FACE(Roman48, roman, 48)
-ZELVO_FACE(Bold15, bold, 15)
-ZELVO_FACE(Bold22, bold, 22)
-ZELVO_FACE(Bold80, bold, 80)
+ZELVO_FACE(Light, light, 7)
+ZELVO_FACE(Light, light, 10)
+ZELVO_FACE(Light, light, 11)
+ZELVO_FACE(Light, light, 12)
+ZELVO_FACE(Light, light, 14)
+ZELVO_FACE(Light, light, 15)
+ZELVO_FACE(Light, light, 16)
+ZELVO_FACE(Light, light, 18)
+ZELVO_FACE(Roman, roman, 12)
+ZELVO_FACE(Roman, roman, 14)
+ZELVO_FACE(Roman, roman, 15)
+ZELVO_FACE(Roman, roman, 18)
+ZELVO_FACE(Roman, roman, 20)
+ZELVO_FACE(Roman, roman, 22)
+ZELVO_FACE(Roman, roman, 23)
+ZELVO_FACE(Roman, roman, 30)
+ZELVO_FACE(Roman, roman, 38)
+ZELVO_FACE(Roman, roman, 40)
+ZELVO_FACE(Roman, roman, 42)
+ZELVO_FACE(Roman, roman, 48)
+ZELVO_FACE(Bold, bold, 15)
+ZELVO_FACE(Bold, bold, 22)
+ZELVO_FACE(Bold, bold, 80)
 
 #undef ZELVO_FACE
