@@ -31,12 +31,15 @@ protected:
         QApplication::processEvents();
     }
 
-    /// What stands on a screen of that scale. The background is white where the widget draws none.
+    /// What nothing paints, so that what a test sees was painted.
+    static constexpr QColor kGround {255, 0, 255};
+
+    /// What stands on a screen of that scale; the ground where the widget paints nothing.
     static QImage grab(QWidget& widget, double scale = 1)
     {
         QImage image((QSizeF(widget.size()) * scale).toSize(), QImage::Format_RGB32);
         image.setDevicePixelRatio(scale);
-        image.fill(Qt::white);
+        image.fill(kGround);
         widget.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
         return image;
     }
@@ -45,6 +48,18 @@ protected:
     static QColor colorAt(const QImage& image, const QPointF& point)
     {
         return image.pixelColor((point * image.devicePixelRatio()).toPoint());
+    }
+
+    /// The rectangle around all pixels of which the condition holds.
+    template <typename Condition>
+    static QRect boxOf(const QImage& image, Condition holds)
+    {
+        QRect box;
+        for (int y = 0; y < image.height(); ++y)
+            for (int x = 0; x < image.width(); ++x)
+                if (holds(image.pixelColor(x, y)))
+                    box |= QRect(x, y, 1, 1);
+        return box;
     }
 
     static void enter(QWidget& widget)
@@ -58,6 +73,26 @@ protected:
     {
         QEvent event(QEvent::Leave);
         QApplication::sendEvent(&widget, &event);
+    }
+
+    /// How a control looks plain, with the focus that a click brought, that the keyboard brought, and that
+    /// came back with its window: only the keyboard's is marked.
+    static void expectMarkOfKeyboardFocus(QWidget& control)
+    {
+        show(control);
+        control.clearFocus();
+        const QImage plain = grab(control);
+        control.setFocus(Qt::MouseFocusReason);
+        EXPECT_EQ(grab(control), plain);
+        control.clearFocus();
+        control.setFocus(Qt::TabFocusReason);
+        const QImage marked = grab(control);
+        const QColor ring = QColor(0x00, 0x70, 0x7A);
+        EXPECT_EQ(boxOf(marked, [&](const QColor& pixel) { return pixel == ring; }), control.rect());
+        QApplication::setActiveWindow(nullptr);
+        EXPECT_EQ(grab(control), plain);
+        QApplication::setActiveWindow(&control);
+        EXPECT_EQ(grab(control), marked);
     }
 
     TestPlatform platform;

@@ -44,7 +44,7 @@ protected:
     static QImage picture(const char* name)
     {
         QImage image(60, 60, QImage::Format_RGB32);
-        image.fill(Qt::white);
+        image.fill(kGround);
         QPainter painter(&image);
         Picture(QString::fromLatin1(name)).draw(painter, QRectF(0, 0, 60, 60));
         return image;

@@ -7,84 +7,66 @@
 #include <QTest>
 
 namespace {
-struct Recorder final : ClickableLabelDelegate {
-    std::vector<ClickableLabel*> clicked;
-    void clickableLabelClicked(ClickableLabel& label) override { clicked.push_back(&label); }
-};
-
-class ClickableLabelTest : public ControlTest {
+class ClickableLabelTest : public ControlTest, public ClickableLabelDelegate {
 protected:
     ClickableLabelTest()
     {
         m_label.setText(QStringLiteral("Calories"));
-        m_label.setDelegateClick(&m_recorder);
+        m_label.setDelegateClick(this);
         m_label.resize(160, 40);
     }
+    void clickableLabelClicked(ClickableLabel& label) override
+    {
+        EXPECT_EQ(&label, &m_label);
+        ++m_clicks;
+    }
 
-    Recorder m_recorder;
     ClickableLabel m_label;
+    int m_clicks = 0;
 };
-}
 
-TEST_F(ClickableLabelTest, theStateDecidesFontAndColour)
+TEST_F(ClickableLabelTest, theStateDecidesFontAndColourAndTheSizeAllowsForBoth)
 {
-    m_label.setActive(true);
-    EXPECT_TRUE(m_label.active());
-    EXPECT_EQ(m_label.font(), FontAndTextHandler::Bold22());
-    EXPECT_EQ(m_label.palette().color(QPalette::WindowText), zelvoHoverColor());
-    m_label.toggleActive();
-    EXPECT_FALSE(m_label.active());
-    EXPECT_EQ(m_label.font(), FontAndTextHandler::Roman22());
-    EXPECT_EQ(m_label.palette().color(QPalette::WindowText), zelvoTextColor());
-    EXPECT_EQ(m_label.alignment(), Qt::AlignCenter);
-    EXPECT_EQ(m_label.text(), QStringLiteral("Calories"));
-}
-
-TEST_F(ClickableLabelTest, theFirstTextIsKept)
-{
+    const QSize size = m_label.sizeHint();
+    for (const bool active : {true, false}) {
+        enter(m_label);
+        EXPECT_TRUE(m_label.font().underline());
+        m_label.toggleActive();
+        EXPECT_EQ(m_label.active(), active);
+        EXPECT_EQ(m_label.font(), active ? FontAndTextHandler::Bold22() : FontAndTextHandler::Roman22());
+        const QColor color = active ? zelvoHoverColor() : zelvoTextColor();
+        const QRect text = boxOf(grab(m_label), [&](const QColor& pixel) { return pixel == color; });
+        EXPECT_NEAR(text.center().x(), 80, 2);
+        EXPECT_LE(text.width(), size.width() - 12);
+        EXPECT_GT(text.width(), 70);
+        enter(m_label);
+        leave(m_label);
+        EXPECT_FALSE(m_label.font().underline());
+    }
+    EXPECT_EQ(m_label.sizeHint(), size);
+    EXPECT_LT(m_label.minimumSizeHint().width(), size.width() * 2 / 3);
     m_label.setText(QStringLiteral("Kalorien"));
     EXPECT_EQ(m_label.originalAttribuedString(), QStringLiteral("Calories"));
-}
-
-TEST_F(ClickableLabelTest, theMouseUnderlinesAndAChangeOfStateTakesTheLineAway)
-{
-    m_label.setActive(false);
-    enter(m_label);
-    EXPECT_TRUE(m_label.font().underline());
-    leave(m_label);
-    EXPECT_FALSE(m_label.font().underline());
-    enter(m_label);
-    m_label.setActive(true);
-    EXPECT_FALSE(m_label.font().underline());
 }
 
 TEST_F(ClickableLabelTest, clicksAndKeysAreReportedAndChangeNothing)
 {
     QTest::mouseClick(&m_label, Qt::LeftButton);
-    EXPECT_EQ(m_recorder.clicked.size(), 1U);
-    QTest::keyClick(&m_label, Qt::Key_Space);
-    QTest::keyClick(&m_label, Qt::Key_Return);
-    EXPECT_EQ(m_recorder.clicked.size(), 3U);
-    EXPECT_EQ(m_recorder.clicked.front(), &m_label);
-    EXPECT_FALSE(m_label.active());
-}
-
-TEST_F(ClickableLabelTest, otherButtonsAndReleasesElsewhereAreNoClicks)
-{
+    for (const auto key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter})
+        QTest::keyClick(&m_label, key);
+    EXPECT_EQ(m_clicks, 4);
+    QTest::keyClick(&m_label, Qt::Key_A);
     QTest::mouseClick(&m_label, Qt::RightButton);
     QTest::mousePress(&m_label, Qt::LeftButton);
     QTest::mouseRelease(&m_label, Qt::LeftButton, Qt::NoModifier, QPoint(300, 10));
-    EXPECT_TRUE(m_recorder.clicked.empty());
+    EXPECT_EQ(m_clicks, 4);
+    EXPECT_FALSE(m_label.active());
     m_label.setDelegateClick(nullptr);
     QTest::mouseClick(&m_label, Qt::LeftButton);
 }
 
-TEST_F(ClickableLabelTest, aChangeOfStateDoesNotChangeTheSizeWanted)
+TEST_F(ClickableLabelTest, onlyTheKeyboardsFocusIsMarked)
 {
-    m_label.setText(QStringLiteral("Minutes of standing in each hour"));
-    m_label.setActive(false);
-    const QSize inactive = m_label.sizeHint();
-    m_label.setActive(true);
-    EXPECT_EQ(m_label.sizeHint(), inactive);
-    EXPECT_GE(inactive.width(), QFontMetrics(FontAndTextHandler::Bold22()).horizontalAdvance(m_label.text()));
+    expectMarkOfKeyboardFocus(m_label);
+}
 }

@@ -17,7 +17,7 @@ protected:
                 QStringLiteral("E07: motor \n"), QUrl(QStringLiteral("https://zelvo.example/7")))
             + hyperlinkFromString(
                 QStringLiteral("E12: cable \n"), QUrl(QStringLiteral("https://zelvo.example/12"))));
-        m_field.setOpener([this](const QUrl& url) { m_opened.push_back(url.toString()); });
+        m_field.setOpener([this](const QUrl& url) { m_opened.push_back(url.path()); });
         m_field.resize(300, 120);
         m_before.move(0, 130);
         show(m_window);
@@ -35,48 +35,32 @@ protected:
     HyperLinkTextField m_field {&m_window};
     QStringList m_opened;
 };
-}
 
-TEST_F(HyperLinkTextFieldTest, aClickOpensTheLinkUnderItAndNothingElse)
+TEST_F(HyperLinkTextFieldTest, theMouseOpensTheLinkUnderItAndNothingElse)
 {
-    QTest::mouseClick(&m_field, Qt::LeftButton, Qt::NoModifier, inLine(0));
-    QTest::mouseClick(&m_field, Qt::LeftButton, Qt::NoModifier, QPoint(290, inLine(1).y()));
-    EXPECT_TRUE(m_opened.isEmpty());
-    QTest::mouseClick(&m_field, Qt::LeftButton, Qt::NoModifier, inLine(2));
+    for (const QPoint point : {inLine(0), QPoint(290, inLine(1).y()), inLine(2), inLine(1)}) {
+        QTest::mouseMove(&m_field, point);
+        const auto opened = m_opened.size();
+        QTest::mouseClick(&m_field, Qt::LeftButton, Qt::NoModifier, point);
+        EXPECT_EQ(m_field.cursor().shape() == Qt::PointingHandCursor, m_opened.size() > opened);
+    }
+    EXPECT_EQ(m_opened, QStringList({QStringLiteral("/12"), QStringLiteral("/7")}));
+    m_field.setOpener({});
     QTest::mouseClick(&m_field, Qt::LeftButton, Qt::NoModifier, inLine(1));
-    EXPECT_EQ(m_opened,
-        QStringList({QStringLiteral("https://zelvo.example/12"), QStringLiteral("https://zelvo.example/7")}));
 }
 
-TEST_F(HyperLinkTextFieldTest, theHandShowsOverLinksOnly)
-{
-    QTest::mouseMove(&m_field, inLine(0));
-    EXPECT_NE(m_field.cursor().shape(), Qt::PointingHandCursor);
-    QTest::mouseMove(&m_field, inLine(1));
-    EXPECT_EQ(m_field.cursor().shape(), Qt::PointingHandCursor);
-    QTest::mouseMove(&m_field, inLine(0));
-    EXPECT_NE(m_field.cursor().shape(), Qt::PointingHandCursor);
-}
-
-TEST_F(HyperLinkTextFieldTest, theKeyboardReachesEachLink)
+TEST_F(HyperLinkTextFieldTest, theKeyboardReachesEachLinkAndPassesByATextWithoutLinks)
 {
     m_before.setFocus();
     for (int i = 0; i < 2; ++i) {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-        EXPECT_TRUE(m_field.hasFocus());
         QTest::keyClick(&m_field, Qt::Key_Return);
     }
     QTest::keyClick(&m_field, Qt::Key_Tab);
     EXPECT_TRUE(m_before.hasFocus());
-    EXPECT_EQ(m_opened,
-        QStringList({QStringLiteral("https://zelvo.example/7"), QStringLiteral("https://zelvo.example/12")}));
-}
-
-TEST_F(HyperLinkTextFieldTest, tabPassesByATextWithoutLinks)
-{
-    EXPECT_EQ(m_field.focusPolicy(), Qt::StrongFocus);
+    EXPECT_EQ(m_opened, QStringList({QStringLiteral("/7"), QStringLiteral("/12")}));
     m_field.setText(QStringLiteral("E07: motor"));
-    EXPECT_EQ(m_field.focusPolicy(), Qt::NoFocus);
-    m_field.setOpener({});
-    QTest::mouseClick(&m_field, Qt::LeftButton, Qt::NoModifier, inLine(0));
+    QTest::keyClick(&m_before, Qt::Key_Tab);
+    EXPECT_FALSE(m_field.hasFocus());
+}
 }

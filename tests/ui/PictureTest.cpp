@@ -6,91 +6,72 @@
 #include <QPainter>
 
 namespace {
-using PictureTest = ControlTest;
-
-QImage canvas(QSize size, double scale)
-{
-    QImage image((QSizeF(size) * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(scale);
-    image.fill(Qt::transparent);
-    return image;
-}
-}
+class PictureTest : public ControlTest {
+protected:
+    using Draw = std::function<void(QPainter& painter, const Picture& picture)>;
+    static QImage drawn(const char* name, QSize size, double scale, const Draw& draw)
+    {
+        QImage image((QSizeF(size) * scale).toSize(), QImage::Format_ARGB32_Premultiplied);
+        image.setDevicePixelRatio(scale);
+        image.fill(Qt::transparent);
+        QPainter painter(&image);
+        draw(painter, Picture(QString::fromLatin1(name)));
+        return image;
+    }
+};
 
 TEST_F(PictureTest, anUnknownNameIsANullPictureThatDrawsNothing)
 {
-    const Picture picture(QStringLiteral("NoSuchPicture"));
-    EXPECT_TRUE(picture.isNull());
-    QImage image = canvas({10, 10}, 1);
-    const QImage before = image;
-    QPainter painter(&image);
-    picture.draw(painter, QRectF(0, 0, 10, 10));
-    picture.drawTinted(painter, QRectF(0, 0, 10, 10), Qt::red);
-    picture.drawStretched(painter, QRectF(0, 0, 10, 10), QMargins(1, 1, 1, 1));
-    painter.end();
-    EXPECT_EQ(image, before);
+    const QImage image = drawn("NoSuchPicture", {10, 10}, 1, [](QPainter& painter, const Picture& picture) {
+        EXPECT_TRUE(picture.isNull());
+        picture.draw(painter, QRectF(0, 0, 10, 10));
+        picture.drawTinted(painter, QRectF(0, 0, 10, 10), Qt::red);
+        picture.drawStretched(painter, QRectF(0, 0, 10, 10), QMargins(1, 1, 1, 1));
+    });
+    EXPECT_TRUE(boxOf(image, [](const QColor& pixel) { return pixel.alpha() > 0; }).isEmpty());
 }
 
-TEST_F(PictureTest, edgesStayOneDevicePixelSharpAtEveryScale)
+TEST_F(PictureTest, itIsSharpAndInItsPlaceAtEveryScaleAndKeepsItsCornersWhenStretched)
 {
-    const Picture field(QStringLiteral("SetupTextField")); // One rectangle from edge to edge.
+    const QMargins margins(6, 6, 6, 6);
     for (const double scale : {1.0, 1.25, 1.5, 2.0}) {
         SCOPED_TRACE(scale);
-        QImage image = canvas({120, 40}, scale);
-        QPainter painter(&image);
-        field.draw(painter, QRectF(8, 4, 96, 32));
-        painter.end();
-        const int row = image.height() / 2;
-        int soft = 0;
-        for (int x = 0; x < image.width(); ++x) {
-            const int alpha = image.pixelColor(x, row).alpha();
-            soft += alpha > 0 && alpha < 255;
-        }
-        EXPECT_LE(soft, 2);
-        EXPECT_EQ(image.pixelColor(int(7 * scale) - 1, row).alpha(), 0);
-        EXPECT_EQ(image.pixelColor(int(9 * scale), row).alpha(), 255);
-    }
-}
+        // One rectangle from edge to edge, with round corners.
+        const QImage natural = drawn("SetupTextField", {120, 40}, scale,
+            [](QPainter& painter, const Picture& field) { field.draw(painter, QRectF(8, 4, 96, 32)); });
+        const auto isSolid = [](const QColor& pixel) { return pixel.alpha() == 255; };
+        const QRectF box = boxOf(natural, isSolid);
+        EXPECT_NEAR(box.left(), 8 * scale, 1);
+        EXPECT_NEAR(box.top(), 4 * scale, 1);
+        EXPECT_NEAR(box.width(), 96 * scale, 2);
+        EXPECT_NEAR(box.height(), 32 * scale, 2);
 
-TEST_F(PictureTest, stretchingKeepsTheCornersAtEveryScale)
-{
-    const Picture field(QStringLiteral("SetupTextField"));
-    for (const double scale : {1.0, 1.25, 1.5, 2.0}) {
-        SCOPED_TRACE(scale);
-        QImage natural = canvas({96, 32}, scale);
-        QPainter naturalPainter(&natural);
-        field.draw(naturalPainter, QRectF(0, 0, 96, 32));
-        naturalPainter.end();
-        QImage stretched = canvas({300, 60}, scale);
-        QPainter stretchedPainter(&stretched);
-        field.drawStretched(stretchedPainter, QRectF(0, 0, 300, 60), QMargins(6, 6, 6, 6));
-        stretchedPainter.end();
-        const QRect corner(QPoint(), QSizeF(6 * scale, 6 * scale).toSize());
-        EXPECT_EQ(stretched.copy(corner), natural.copy(corner));
-        EXPECT_EQ(stretched.pixelColor(stretched.rect().center()).alpha(), 255);
+        const QImage corner =
+            drawn("SetupTextField", {96, 32}, scale, [](QPainter& painter, const Picture& field) {
+                field.draw(painter, QRectF(QPointF(), field.size()));
+            });
+        const QImage stretched =
+            drawn("SetupTextField", {300, 60}, scale, [&](QPainter& painter, const Picture& field) {
+                field.drawStretched(painter, QRectF(0, 0, 300, 60), margins);
+            });
+        const QRect part(QPoint(), QSizeF(6 * scale, 6 * scale).toSize());
+        EXPECT_EQ(stretched.copy(part), corner.copy(part));
+        EXPECT_EQ(boxOf(stretched, isSolid).size(), stretched.size());
+        EXPECT_TRUE(isSolid(stretched.pixelColor(stretched.rect().center())));
     }
 }
 
 TEST_F(PictureTest, aTintedPictureHasTheSameShapeInOneColour)
 {
-    QImage plain = canvas({24, 24}, 2);
-    QImage tinted = canvas({24, 24}, 2);
-    const Picture picture(QStringLiteral("ButtonUp"));
-    QPainter plainPainter(&plain);
-    picture.draw(plainPainter, QRectF(0, 0, 24, 24));
-    plainPainter.end();
-    QPainter tintedPainter(&tinted);
-    picture.drawTinted(tintedPainter, QRectF(0, 0, 24, 24), Qt::red);
-    tintedPainter.end();
-    int drawn = 0;
-    for (int y = 0; y < tinted.height(); ++y) {
-        for (int x = 0; x < tinted.width(); ++x) {
-            EXPECT_EQ(tinted.pixelColor(x, y).alpha(), plain.pixelColor(x, y).alpha());
-            if (tinted.pixelColor(x, y).alpha() == 255) {
-                ++drawn;
-                EXPECT_EQ(tinted.pixelColor(x, y), QColor(Qt::red));
-            }
-        }
-    }
-    EXPECT_GT(drawn, 50);
+    const QRectF all(0, 0, 24, 24);
+    const QImage plain = drawn("ButtonUp", {24, 24}, 2,
+        [&](QPainter& painter, const Picture& picture) { picture.draw(painter, all); });
+    const QImage tinted = drawn("ButtonUp", {24, 24}, 2,
+        [&](QPainter& painter, const Picture& picture) { picture.drawTinted(painter, all, Qt::red); });
+    EXPECT_EQ(tinted.convertToFormat(QImage::Format_Alpha8), plain.convertToFormat(QImage::Format_Alpha8));
+    const auto isRed = [](const QColor& pixel) { return pixel == QColor(Qt::red); };
+    const auto isGrey = [](const QColor& pixel) { return pixel == QColor(0x61, 0x61, 0x61); };
+    EXPECT_EQ(boxOf(tinted, isRed), boxOf(plain, isGrey));
+    EXPECT_GT(boxOf(tinted, isRed).width(), 10);
+}
 }

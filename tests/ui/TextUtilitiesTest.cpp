@@ -4,19 +4,17 @@
 #include "ui/FontAndTextHandler.h"
 #include "ui/Palette.h"
 
+#include <QFontMetricsF>
 #include <QLabel>
 #include <QTextBlock>
 #include <QTextDocument>
-#include <QTextFragment>
 
 namespace {
 using TextUtilitiesTest = ControlTest;
-}
 
 TEST_F(TextUtilitiesTest, reversedTurnsTheUnitsRound)
 {
     EXPECT_EQ(reversed(QString()), QString());
-    EXPECT_EQ(reversed(QStringLiteral("a")), QStringLiteral("a"));
     EXPECT_EQ(reversed(QStringLiteral("desk 12")), QStringLiteral("21 ksed"));
     const QString pair = QString::fromUcs4(U"\U0001F600");
     EXPECT_EQ(reversed(pair), QString(pair[1]) + pair[0]);
@@ -25,7 +23,7 @@ TEST_F(TextUtilitiesTest, reversedTurnsTheUnitsRound)
 TEST_F(TextUtilitiesTest, aHyperlinkCarriesAddressColourFontAndUnderline)
 {
     QTextDocument document;
-    const QString shown = QStringLiteral("E07: <b> & \"hot\"");
+    const QString shown = QStringLiteral("E07: <b> & \"hot\" \n");
     const QUrl url(QStringLiteral("https://zelvo.example/?a=1&b=\"2\""));
     document.setHtml(hyperlinkFromString(shown, url));
     EXPECT_EQ(document.toPlainText(), shown);
@@ -37,21 +35,14 @@ TEST_F(TextUtilitiesTest, aHyperlinkCarriesAddressColourFontAndUnderline)
     EXPECT_EQ(format.font().weight(), QFont::Light);
 }
 
-TEST_F(TextUtilitiesTest, richTextKeepsLineBreaksAndShowsMarkup)
-{
-    QTextDocument document;
-    document.setHtml(richTextFromString(QStringLiteral("Error \n<i>x</i>")));
-    EXPECT_EQ(document.toPlainText(), QStringLiteral("Error \n<i>x</i>"));
-}
-
 TEST_F(TextUtilitiesTest, onlyWrappingLabelsTakeTheBundlesTypefaceAndKeepTheirSize)
 {
     QWidget form;
-    QLabel wrapping(&form);
-    wrapping.setWordWrap(true);
-    QLabel single(&form);
     QFont font(QStringLiteral("Something Else"));
     font.setPixelSize(17);
+    QLabel wrapping(&form);
+    QLabel single(&form);
+    wrapping.setWordWrap(true);
     wrapping.setFont(font);
     single.setFont(font);
     applyTypefaceToWrappingLabels(form);
@@ -60,17 +51,16 @@ TEST_F(TextUtilitiesTest, onlyWrappingLabelsTakeTheBundlesTypefaceAndKeepTheirSi
     EXPECT_EQ(single.font().family(), QStringLiteral("Something Else"));
 }
 
-TEST(TextUtilitiesWithoutTypeface, labelsKeepTheirFont)
+TEST_F(TextUtilitiesTest, eachFaceHasItsWeightAndLightIsNotTheCondensedOne)
 {
-    QJsonObject information = TestPlatform::defaultInformation();
-    information.remove(QStringLiteral("ZelvoFontName"));
-    const TestPlatform platform(information);
-    AppProperties::resetInstance();
-    QWidget form;
-    QLabel wrapping(&form);
-    wrapping.setWordWrap(true);
-    wrapping.setFont(QFont(QStringLiteral("Something Else")));
-    applyTypefaceToWrappingLabels(form);
-    EXPECT_EQ(wrapping.font().family(), QStringLiteral("Something Else"));
-    AppProperties::resetInstance();
+    const auto width = [](QFont font) {
+        font.setPixelSize(200);
+        return QFontMetricsF(font).horizontalAdvance(QStringLiteral("Hamburgefonstiv 0123456789"));
+    };
+    const double roman = width(FontAndTextHandler::Roman18());
+    EXPECT_GT(width(FontAndTextHandler::Light18()), 0.93 * roman);
+    EXPECT_LT(width(FontAndTextHandler::Light18()), roman);
+    EXPECT_GT(width(FontAndTextHandler::Bold15()), 1.02 * roman);
+    EXPECT_EQ(FontAndTextHandler::Bold80().pixelSize(), 80);
+}
 }

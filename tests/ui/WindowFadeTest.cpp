@@ -8,52 +8,42 @@ protected:
     [[nodiscard]] double opacityAfter(double seconds)
     {
         platform.runLoop.advance(seconds);
-        return window.windowOpacity();
+        return m_window.windowOpacity();
     }
 
-    QWidget window;
-    WindowFade fade {window};
+    static constexpr double kStep = 0.07; // A frame, as a share of the fade.
+    QWidget m_window;
+    WindowFade m_fade {m_window};
 };
-constexpr double kStep = 0.07; // A frame, as a share of the fade.
-}
 
-TEST_F(WindowFadeTest, comesOutOfNothingInFourTenthsOfASecond)
+TEST_F(WindowFadeTest, comesAndGoesInFourTenthsOfASecondAndTheLastOneHolds)
 {
-    fade.fadeIn();
-    EXPECT_TRUE(window.isVisible());
-    EXPECT_EQ(window.windowOpacity(), 0);
+    m_fade.fadeOut(); // Of a hidden window: nothing.
+    EXPECT_EQ(platform.runLoop.pendingTimerCount(), 0U);
+    m_fade.fadeIn();
+    EXPECT_TRUE(m_window.isVisible());
+    EXPECT_EQ(m_window.windowOpacity(), 0);
     EXPECT_NEAR(opacityAfter(0.1), 0.25, kStep);
     EXPECT_NEAR(opacityAfter(0.2), 0.75, kStep);
     EXPECT_EQ(opacityAfter(0.1), 1);
-    EXPECT_EQ(platform.runLoop.pendingTimerCount(), 0u);
-}
+    EXPECT_EQ(platform.runLoop.pendingTimerCount(), 0U);
+    EXPECT_FALSE(m_fade.isFadingOut());
 
-TEST_F(WindowFadeTest, goesAndIsOpaqueForTheNextTime)
-{
-    fade.fadeIn();
-    platform.runLoop.advance(1);
-    EXPECT_FALSE(fade.isFadingOut());
-    fade.fadeOut();
-    EXPECT_TRUE(fade.isFadingOut());
+    m_fade.fadeOut();
+    EXPECT_TRUE(m_fade.isFadingOut());
     EXPECT_NEAR(opacityAfter(0.3), 0.25, kStep);
-    EXPECT_TRUE(window.isVisible());
-    EXPECT_EQ(opacityAfter(0.1), 1);
-    EXPECT_FALSE(window.isVisible());
-    EXPECT_FALSE(fade.isFadingOut());
-    EXPECT_EQ(platform.runLoop.pendingTimerCount(), 0u);
+    EXPECT_TRUE(m_window.isVisible());
+    EXPECT_EQ(opacityAfter(0.1), 1); // For the next time.
+    EXPECT_FALSE(m_window.isVisible());
+    EXPECT_FALSE(m_fade.isFadingOut());
+    EXPECT_EQ(platform.runLoop.pendingTimerCount(), 0U);
 
-    fade.fadeOut(); // Of a hidden window: nothing.
-    EXPECT_EQ(platform.runLoop.pendingTimerCount(), 0u);
-}
-
-TEST_F(WindowFadeTest, aFadeEndsTheOneThatRuns)
-{
-    fade.fadeIn();
+    m_fade.fadeIn();
     platform.runLoop.advance(1);
-    fade.fadeOut();
+    m_fade.fadeOut();
     platform.runLoop.advance(0.2);
-    fade.fadeIn();
-    platform.runLoop.advance(1);
-    EXPECT_TRUE(window.isVisible());
-    EXPECT_EQ(window.windowOpacity(), 1);
+    m_fade.fadeIn(); // Ends the one that runs.
+    EXPECT_EQ(opacityAfter(1), 1);
+    EXPECT_TRUE(m_window.isVisible());
+}
 }
