@@ -178,6 +178,9 @@ TEST_F(QtUserDefaultsTest, whateverCanBeReadIsKeptAndTheRestIsNamed)
         EXPECT_FALSE(next.damage());
         EXPECT_EQ(next.object(QStringLiteral("DevicePosition1")).toInt(), 6512);
         EXPECT_EQ(next.object(QStringLiteral("Weight")).toDouble(), 70.5);
+        if (test.bytes.contains("caf")) {
+            EXPECT_EQ(next.object(QStringLiteral("Name")), QStringLiteral("café"));
+        }
 
         ASSERT_EQ(defaults.damage().has_value(), test.unreadable != nullptr);
         const QString copy = m_path + QStringLiteral(".damaged-%1").arg(copies + 1);

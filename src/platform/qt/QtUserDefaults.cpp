@@ -45,10 +45,11 @@ QMap<QString, QVariant> allValues(const QSettings& settings)
     return values;
 }
 
-/// Editors of other systems write in Latin-1.
+/// Without a byte order mark. Editors of other systems write in Latin-1.
 QString decoded(const QByteArray& line)
 {
-    QStringDecoder decoder(QStringDecoder::Utf8);
+    QStringDecoder decoder(
+        QStringDecoder::Utf8, QStringDecoder::Flag::Stateless); // Half a letter is an error.
     const QString text = decoder(line);
     return decoder.hasError() ? QString::fromLatin1(line) : text;
 }
@@ -88,8 +89,6 @@ struct Lines {
 Lines sorted(QByteArray bytes)
 {
     Lines lines;
-    if (bytes.startsWith("\xef\xbb\xbf"))
-        bytes.remove(0, 3);
     if (bytes.endsWith('\n'))
         bytes.chop(1);
     for (const QByteArray& bytesOfLine : bytes.split('\n')) {
