@@ -179,6 +179,22 @@ TEST_F(SimulatedHidManagerTest, losesAnAdapterAndFindsItAgain)
     }
 }
 
+TEST_F(SimulatedHidManagerTest, forgetsAnAdapterThatIsUnpluggedWhileItIsLost)
+{
+    const HidDeviceRef device = attach();
+    manager->adapter().setStalled(true);
+    EXPECT_EQ(height(*device), -EINPROGRESS);
+    platform.runLoop.advance(7);
+    EXPECT_EQ(removed, std::vector {device});
+    wire.clear();
+    manager->unplug();
+    EXPECT_EQ(platform.runLoop.pendingTimerCount(), 0u);
+    manager->adapter().setStalled(false);
+    platform.runLoop.advance(7);
+    EXPECT_EQ(removed.size(), 1u) << "its leaving is told once";
+    EXPECT_TRUE(wire.isEmpty());
+}
+
 TEST_F(SimulatedHidManagerTest, pluggingIsAnnouncedAsWhatCameOfIt)
 {
     const HidDeviceRef first = attach();
