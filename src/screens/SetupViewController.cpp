@@ -37,7 +37,7 @@ constexpr int kUnitsPerMillimetre = 10; // Raw heights are in 0.1 mm.
 constexpr double kUnitsPerCentimetre = 100;
 constexpr double kRoomForUnit = 4; // Number and unit together stand in the middle of their circle.
 constexpr float kShortestStandUp = 0.5F;
-constexpr int kRefusalMargin = 6;
+constexpr int kRefusalMargin = 2;
 
 AppProperties& properties()
 {
@@ -332,7 +332,7 @@ void SetupViewController::setUpRefusal()
 {
     m_refusal = new QLabel(m_ui->textFieldWeight->parentWidget());
     m_refusal->setObjectName(QStringLiteral("labelRefusal"));
-    m_refusal->setFont(FontAndTextHandler::Roman15());
+    m_refusal->setFont(FontAndTextHandler::Roman12()); // Fits between the fields and the tabs.
     setLabelColor(*m_refusal, zelvoHoverColor());
     m_refusal->setBackgroundRole(QPalette::Window);
     m_refusal->setAutoFillBackground(true);
@@ -357,7 +357,8 @@ void SetupViewController::refuse(QLineEdit& field)
         localized(QStringLiteral("EntryRefused"))
             .arg(QString::number(formatter.minValue()), QString::number(formatter.maxValue())));
     m_refusal->adjustSize();
-    const int rightmost = m_refusal->parentWidget()->width() - m_refusal->width();
+    const int rightmost =
+        m_refusal->parentWidget()->width() - m_ui->textFieldWeight->x() - m_refusal->width();
     m_refusal->move(std::min(field.x(), rightmost), field.geometry().bottom() + 1);
     m_refusal->raise();
     m_refusal->show();
