@@ -296,20 +296,6 @@ TEST_F(AppPropertiesTest, givesACountThatMayDivide)
     }
 }
 
-TEST_F(AppPropertiesTest, takesItsUnitsFromTheLocaleAlone)
-{
-    const struct {
-        const char* locale;
-        bool isMetric;
-    } kTestCases[] = {{"de_DE", true}, {"en_US", false}, {"en_GB", true}, {"es_US", false}, {"C", true}};
-    for (const auto& [locale, isMetric] : kTestCases) {
-        SCOPED_TRACE(locale);
-        platform.bundle.testLocale = QLocale(QString::fromLatin1(locale));
-        properties().setIsMetric(!isMetric);
-        EXPECT_EQ(properties().isMetric(), isMetric);
-    }
-}
-
 TEST_F(AppPropertiesTest, readsTheBundleAndTheOddKeys)
 {
     store("ActivityGoalDefault", QStringLiteral("75"));

@@ -164,12 +164,6 @@ TEST_F(QtDialogsTest, anAlertAnswersTheButton)
     }
 }
 
-TEST_F(QtDialogsTest, anAlertWithoutButtonsCanBeLeft)
-{
-    userMeets<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
-    EXPECT_EQ(m_dialogs.runAlert(QStringLiteral("Message"), {}, {}), Dialogs::kFirstButton);
-}
-
 TEST_F(QtDialogsTest, aDialogMayGoWithItsWindow)
 {
     auto* const window = new QWidget;
@@ -233,14 +227,4 @@ TEST_F(QtDialogsTest, cancellingAnswersNothing)
     EXPECT_EQ(m_dialogs.runSavePanel(QStringLiteral("Export.csv")), std::nullopt);
 }
 
-TEST_F(QtDialogsTest, aProposedNameIsAName)
-{
-    QDir(documents()).removeRecursively();
-    userMeets<QFileDialog>([](QFileDialog& dialog) {
-        QTest::keyClick(dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit")), Qt::Key_Return);
-    });
-    EXPECT_EQ(m_dialogs.runSavePanel(QStringLiteral("15/03/2024.csv")),
-        QDir::homePath() + QStringLiteral("/15-03-2024.csv"))
-        << "without a documents folder the home folder serves";
-}
 }

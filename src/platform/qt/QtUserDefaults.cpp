@@ -206,7 +206,7 @@ bool QtUserDefaults::mend()
         return true;
     const QByteArray bytes = file.readAll();
     const Lines lines = sorted(bytes);
-    if (bytes.isEmpty() || lines.readable == bytes)
+    if (lines.readable == bytes)
         return true;
     int number = 1;
     const auto copyName = [&] { return QStringLiteral("%1.damaged-%2").arg(m_path).arg(number); };
