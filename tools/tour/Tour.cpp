@@ -218,11 +218,11 @@ void Tour::sleepAndWake()
     m_world.workspace.screensSleep();
     m_world.observe();
     m_world.pass(5);
+    m_world.workspace.willSleep();
+    m_world.observe();
+    check(!hub().activity(), QStringLiteral("falling asleep closes the period"));
     m_world.runLoop.sleepMachine(10 * kMinute);
-    m_world.observe();
     m_world.workspace.wake();
-    m_world.observe();
-    check(!hub().activity(), QStringLiteral("waking closes the period"));
     m_world.events.leave();
     m_world.pass(310);
     m_world.events.comeBack();

@@ -34,6 +34,7 @@ public:
     bool openUrl(const QUrl& url) override;
     void screensSleep() const { m_screensDidSleep(); }
     void wake() const { m_didWake(); }
+    void willSleep() const { m_willSleep(); }
     QList<QUrl> opened;
 };
 
