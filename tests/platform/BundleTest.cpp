@@ -5,7 +5,7 @@
 #include <gtest/gtest.h>
 
 namespace {
-TEST(Bundle, readsNumbersFromNumbersAndTexts)
+TEST(BundleTest, readsNumbersFromNumbersAndTexts)
 {
     const struct TestCase {
         const char* name;
@@ -31,7 +31,7 @@ TEST(Bundle, readsNumbersFromNumbersAndTexts)
     }
 }
 
-TEST(Bundle, tellsAMissingTextFromAnEmptyOne)
+TEST(BundleTest, tellsAMissingTextFromAnEmptyOne)
 {
     const Bundle bundle(
         QJsonObject {{QStringLiteral("InfoUrl"), QString()}, {QStringLiteral("Null"), QJsonValue()}});
@@ -40,9 +40,31 @@ TEST(Bundle, tellsAMissingTextFromAnEmptyOne)
     EXPECT_EQ(bundle.stringValue(QStringLiteral("Missing")), std::nullopt);
 }
 
-TEST(Bundle, aKeyWithoutATextAnswersItself)
+TEST(BundleTest, theEnvironmentNamesTheCalendarUnlessALanguageWasChosen)
 {
-    const Bundle bundle(QJsonObject {});
-    EXPECT_EQ(bundle.localizedString(QStringLiteral("NoSuchKey")), QStringLiteral("NoSuchKey"));
+    struct Chosen final : Bundle {
+        Chosen()
+            : Bundle(QJsonObject())
+        {
+        }
+        [[nodiscard]] QLocale locale() const override { return QLocale(QStringLiteral("nl_BE")); }
+    };
+    const struct {
+        const char* all;
+        const char* time;
+        const char* lang;
+        const char* name;
+    } kTestCases[] = {{"th_TH", "fa_IR", "de_AT", "th_TH"}, {"", "fa_IR", "de_AT", "fa_IR"},
+        {"", "", "de_AT", "de_AT"}, {"", "", "", "C"}};
+    const QByteArray kept = qgetenv("LC_ALL");
+    for (const auto& testCase : kTestCases) {
+        qputenv("LC_ALL", testCase.all);
+        qputenv("LC_TIME", testCase.time);
+        qputenv("LANG", testCase.lang);
+        EXPECT_EQ(Bundle(QJsonObject()).calendarLocaleName(), QLatin1String(testCase.name));
+        EXPECT_EQ(Chosen().calendarLocaleName(), QStringLiteral("nl_BE"));
+    }
+    qputenv("LC_ALL", kept);
+    EXPECT_EQ(Chosen().localizedString(QStringLiteral("NoSuchKey")), QStringLiteral("NoSuchKey"));
 }
 }

@@ -1,6 +1,8 @@
 #include "platform/Log.h"
 
+#include <QDateTime>
 #include <QFile>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 #include <fcntl.h>
@@ -41,7 +43,8 @@ protected:
 TEST_F(LogTest, earlyLinesAreRepeatedIntoTheFileAndLaterOnesAppended)
 {
     EXPECT_EQ(inOwnProcess([&] {
-        Log::line(QStringLiteral("early"));
+        for (int i = 0; i < 101; ++i) // One more than is kept.
+            Log::line(QStringLiteral("early"));
         return Log::redirectToFile(m_path) ? 0 : 1;
     }),
         0);
@@ -55,11 +58,19 @@ TEST_F(LogTest, earlyLinesAreRepeatedIntoTheFileAndLaterOnesAppended)
     }),
         0);
     const QByteArrayList lines = linesOf(m_path);
-    ASSERT_EQ(lines.size(), 4);
-    EXPECT_TRUE(lines[0].endsWith("] early"));
-    EXPECT_TRUE(lines[1].endsWith("] second start é"));
-    EXPECT_TRUE(lines[2].endsWith("] later"));
-    EXPECT_EQ(lines[3], "from a library");
+    ASSERT_EQ(lines.size(), 103);
+    EXPECT_TRUE(lines[99].endsWith("] early"));
+    EXPECT_TRUE(lines[100].endsWith("] second start é"));
+    EXPECT_TRUE(lines[101].endsWith("] later"));
+    EXPECT_EQ(lines[102], "from a library");
+    // The moment, as the user's clock shows it, and the process.
+    static const QRegularExpression kHead(
+        QStringLiteral(R"(^\d{4}-\d\d-\d\d \d\d:\d\d:\d\d\.\d{3} StandUp\[\d+\] later$)"));
+    EXPECT_TRUE(kHead.match(QString::fromUtf8(lines[101])).hasMatch()) << lines[101].constData();
+    EXPECT_LT(QDateTime::fromString(QString::fromUtf8(lines[101].left(23)), Qt::ISODateWithMs)
+                  .msecsTo(QDateTime::currentDateTime()),
+        60000);
+    EXPECT_EQ(QFile::permissions(m_path) & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
 }
 
 TEST_F(LogTest, aFileThatCannotBeOpenedLeavesStandardErrorAsItWas)

@@ -9,9 +9,17 @@ const QString kNews = QStringLiteral("news");
 
 class NotificationCenterTest : public testing::Test {
 protected:
-    NotificationCenter::Observation observe(char mark, const QString& name = kNews)
+    using Observation = NotificationCenter::Observation;
+    Observation observe(char mark, const QString& name = kNews)
     {
         return m_center.addObserver(name, [this, mark](const PostedNotification&) { m_heard += mark; });
+    }
+    /// What is heard of one more post.
+    std::string heard()
+    {
+        m_heard.clear();
+        m_center.post(kNews);
+        return m_heard;
     }
 
     NotificationCenter m_center;
@@ -20,58 +28,46 @@ protected:
 
 TEST_F(NotificationCenterTest, deliversInTheOrderOfRegistrationToTheNameAlone)
 {
-    const auto a = observe('a');
-    const auto other = observe('x', QStringLiteral("other"));
-    const auto b = observe('b');
-    m_center.post(kNews);
-    EXPECT_EQ(m_heard, "ab");
-}
-
-TEST_F(NotificationCenterTest, passesObjectAndUserInfo)
-{
     const auto object = std::make_shared<int>(7);
     std::optional<PostedNotification> received;
-    const auto observation =
-        m_center.addObserver(kNews, [&](const PostedNotification& posted) { received = posted; });
+    const auto a = observe('a');
+    const auto other = observe('x', QStringLiteral("other"));
+    const auto b = m_center.addObserver(kNews, [&](const PostedNotification& posted) {
+        m_heard += 'b';
+        received = posted;
+    });
     m_center.post(kNews, object, {{QStringLiteral("E01"), QStringLiteral("Overload")}});
-    ASSERT_TRUE(received);
+    EXPECT_EQ(m_heard, "ab");
+    EXPECT_EQ(received->name, kNews);
     EXPECT_EQ(received->object, object);
     EXPECT_EQ(received->userInfo.value(QStringLiteral("E01")), QStringLiteral("Overload"));
 }
 
-TEST_F(NotificationCenterTest, anObserverThatLeavesDuringADeliveryHearsNothingMore)
+TEST_F(NotificationCenterTest, anObserverThatLeavesHearsNothingMoreAndIsLetGo)
 {
-    std::optional<NotificationCenter::Observation> second;
-    const auto first = m_center.addObserver(kNews, [&](const PostedNotification&) { second.reset(); });
-    second = observe('2');
-    const auto third = observe('3');
-    m_center.post(kNews);
-    EXPECT_EQ(m_heard, "3");
-}
-
-TEST_F(NotificationCenterTest, anObserverMayEndItself)
-{
-    NotificationCenter::Observation self;
+    Observation self;
+    std::optional<Observation> second;
     auto witness = std::make_shared<int>(0);
-    self = m_center.addObserver(kNews, [&self, witness](const PostedNotification&) {
+    self = m_center.addObserver(kNews, [&self, &second, witness](const PostedNotification&) {
         self = {};
+        second.reset();
         ++*witness;
     });
-    m_center.post(kNews);
-    m_center.post(kNews);
+    second = observe('2');
+    const auto third = observe('3');
+    EXPECT_EQ(heard(), "3");
+    EXPECT_EQ(heard(), "3");
     EXPECT_EQ(*witness, 1);
-    EXPECT_EQ(witness.use_count(), 1) << "what an ended observer had captured is let go";
+    EXPECT_EQ(witness.use_count(), 1);
 }
 
 TEST_F(NotificationCenterTest, anObserverThatJoinsDuringADeliveryHearsOnlyLaterNews)
 {
-    std::vector<NotificationCenter::Observation> joined;
+    std::vector<Observation> joined;
     const auto first =
         m_center.addObserver(kNews, [&](const PostedNotification&) { joined.push_back(observe('j')); });
-    m_center.post(kNews);
-    EXPECT_EQ(m_heard, "");
-    m_center.post(kNews);
-    EXPECT_EQ(m_heard, "j");
+    EXPECT_EQ(heard(), "");
+    EXPECT_EQ(heard(), "j");
 }
 
 TEST_F(NotificationCenterTest, newsPostedWithinADeliveryReachEveryObserver)
@@ -83,30 +79,17 @@ TEST_F(NotificationCenterTest, newsPostedWithinADeliveryReachEveryObserver)
             m_center.post(kNews);
     });
     const auto second = observe('2');
-    m_center.post(kNews);
-    EXPECT_EQ(m_heard, "1122");
+    EXPECT_EQ(heard(), "1122");
 }
 
-TEST_F(NotificationCenterTest, anObservationMovesWithItsOwner)
+TEST_F(NotificationCenterTest, anObservationMovesWithItsOwnerAndMayOutliveTheCenter)
 {
-    NotificationCenter::Observation moved;
-    {
-        NotificationCenter::Observation original = observe('a');
-        moved = std::move(original);
-    }
-    m_center.post(kNews);
-    EXPECT_EQ(m_heard, "a");
+    Observation original = observe('a');
+    Observation moved = std::move(original);
+    EXPECT_EQ(heard(), "a");
     moved = observe('b'); // The first one ends here.
-    m_center.post(kNews);
-    EXPECT_EQ(m_heard, "ab");
-}
-
-TEST(NotificationCenterLife, anObservationMayOutliveTheCenter)
-{
-    NotificationCenter::Observation observation;
-    {
-        NotificationCenter center;
-        observation = center.addObserver(kNews, [](const PostedNotification&) {});
-    }
+    EXPECT_EQ(heard(), "b");
+    moved = NotificationCenter().addObserver(kNews, [](const PostedNotification&) {});
+    EXPECT_EQ(heard(), "");
 }
 }
