@@ -35,11 +35,12 @@ void ErrorLine::hide()
 void ErrorLine::observerErrorRecieved(const PostedNotification& posted)
 {
     invalidate(m_updateErrorTimer);
+    // First the text: a screen reader is told once, of a label that appears or of one that says something
+    // new.
+    m_label.setText(text(posted.userInfo));
     m_label.show();
     m_area.show();
     m_area.raise();
-    // A shown label announces a text that is new; the desk repeats the same one each second.
-    m_label.setText(text(posted.userInfo));
 }
 
 void ErrorLine::observerRemoveErrorRecieved()

@@ -23,7 +23,7 @@ void HyperLinkTextField::setText(const QString& text)
         return;
     QLabel::setText(text);
     setFocusPolicy(text.contains(QLatin1String("<a href")) ? Qt::StrongFocus : Qt::NoFocus);
-    if (text.isEmpty() || !QAccessible::isActive())
+    if (text.isEmpty() || !isVisible() || !QAccessible::isActive())
         return;
     // A notification that appears is spoken; Qt hands no alert on.
     QAccessibleEvent event(this, QAccessible::ObjectShow);
