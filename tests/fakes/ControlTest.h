@@ -89,6 +89,10 @@ protected:
         const QImage marked = grab(control);
         const QColor ring = QColor(0x00, 0x70, 0x7A);
         EXPECT_EQ(boxOf(marked, [&](const QColor& pixel) { return pixel == ring; }), control.rect());
+        // Two pixels, and a light line within, to be seen on any ground.
+        EXPECT_EQ(marked.pixelColor(1, control.height() / 2), ring);
+        EXPECT_GT(marked.pixelColor(2, control.height() / 2).green(), 200);
+        EXPECT_NE(marked.pixelColor(3, control.height() / 2), ring);
         QApplication::setActiveWindow(nullptr);
         EXPECT_EQ(grab(control), plain);
         QApplication::setActiveWindow(&control);
