@@ -8,6 +8,7 @@ import sqlite3
 import subprocess
 
 import pytest
+from screenreader import ignoring_what_goes
 from waiting import holds_for, wait_until
 
 PULSE = 15.0
@@ -45,10 +46,15 @@ class Disk:
         self.ballast.unlink()
 
 
-def panel(program):
-    """The text of the error panel, which is then dismissed."""
-    found = program.window_with("OK")
-    words = " ".join(found.says())
+def panel(program, expected=""):
+    """The text of the error panel that says what is expected; it is then dismissed."""
+
+    def words_and_panel():
+        found = program.window_with("OK")
+        words = " ".join(found.says())
+        return expected in words and (words, found)
+
+    words, found = wait_until(ignoring_what_goes(words_and_panel), f"a panel with {expected!r}")
     found.find("OK").press()
     return words
 
@@ -58,8 +64,9 @@ def test_a_disk_that_is_full_at_the_start(desktop, small_disk):
     desktop.add_tray()
     program = desktop.start("--simulate")
     began = desktop.clock.now()
-    assert "no space left" in panel(program)
-    wait_until(lambda: not desktop.windows(), "the panel closed")
+    panel(program, "no space left")
+    panel(program, "data file")  # The consequence follows its cause.
+    wait_until(lambda: not desktop.windows(), "the panels closed")
     program.choose("History")
     program.window_with("Year")
     small_disk.make_room()
