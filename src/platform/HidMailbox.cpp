@@ -22,10 +22,10 @@ void HidMailbox::put(Transfer transfer)
     Queue& queue = queueOf(transfer.direction);
     const auto older = std::find_if(
         queue.begin(), queue.end(), [&](const Transfer& other) { return keyOf(other) == keyOf(transfer); });
-    if (older != queue.end())
-        *older = std::move(transfer);
-    else
+    if (older == queue.end())
         queue.push_back(std::move(transfer));
+    else if (transfer.direction == Direction::Write)
+        *older = std::move(transfer); // A question that waits stays the same question, and grows older.
 }
 
 bool HidMailbox::isUnderWay(Direction direction, uint8_t reportId) const
@@ -62,7 +62,7 @@ const HidMailbox::Transfer* HidMailbox::begin(double now)
 {
     if (!hasNext())
         return nullptr;
-    Queue& queue = m_writes.empty() ? m_reads : m_writes;
+    Queue& queue = m_writes.empty() || hasStarvingRead(now) ? m_reads : m_writes;
     m_outstanding = std::move(queue.front());
     queue.erase(queue.begin());
     // Nobody may hold the button any more, and the stop before this movement may have given way to it.
@@ -166,6 +166,13 @@ HidMailbox::Key HidMailbox::keyOf(const Transfer& transfer)
 HidMailbox::Queue& HidMailbox::queueOf(Direction direction)
 {
     return direction == Direction::Write ? m_writes : m_reads;
+}
+
+bool HidMailbox::hasStarvingRead(double now) const
+{
+    const bool onlyMovementsWait = std::all_of(
+        m_writes.begin(), m_writes.end(), [this](const Transfer& transfer) { return isMovement(transfer); });
+    return onlyMovementsWait && !m_reads.empty() && now - m_reads.front().askedAt > kReadPatienceSeconds;
 }
 
 bool HidMailbox::isMovement(const Transfer& transfer) const

@@ -15,8 +15,10 @@
 /// run loop's monotonic seconds.
 ///
 /// One transfer is outstanding at most. Written reports wait in order, before reads, one for each report ID:
-/// a newer one takes the place of one that has not begun. A movement that has waited too long is not sent any
-/// more; the report that puts the adapter to rest goes out in its place, and never grows old.
+/// a newer one takes the place of one that has not begun. A read that has waited for a second goes before a
+/// movement, or a slow adapter's height would not be known while a button is held. A movement that has waited
+/// too long is not sent any more; the report that puts the adapter to rest goes out in its place, and never
+/// grows old.
 ///
 /// A transfer that failed is tried once more. When that fails too, or after five seconds without an answer,
 /// the adapter is lost: what waits is dropped, the report of rest is sent as soon as the wire is free, and
@@ -25,6 +27,7 @@ class HidMailbox {
 public:
     static constexpr double kPatienceSeconds = 5.0;
     static constexpr double kMovementLifeSeconds = 0.25;
+    static constexpr double kReadPatienceSeconds = 1.0;
 
     enum class Direction { Write, Read };
     struct Transfer {
@@ -76,6 +79,7 @@ private:
 
     [[nodiscard]] static Key keyOf(const Transfer& transfer);
     [[nodiscard]] Queue& queueOf(Direction direction);
+    [[nodiscard]] bool hasStarvingRead(double now) const;
     [[nodiscard]] bool isMovement(const Transfer& transfer) const;
     void put(Transfer transfer);
     [[nodiscard]] News endProbe(HidStatus status);

@@ -162,6 +162,14 @@ TEST_F(WireTest, AStopIsTheNextFreeTransfer)
     }
 }
 
+TEST_F(WireTest, ASlowAdaptersHeightIsKnownWhileAButtonIsHeld)
+{
+    simulation.adapter().setLatency(0.3);
+    at(0.1, [&] { device->moveUp(); });
+    advanceTo(7);
+    EXPECT_EQ(wire.join(u' ').count(QStringLiteral(" r")), 5) << wire.join(u' ').toStdString();
+}
+
 TEST_F(WireTest, AStopWithinTheStartOfAMovementEndsIt)
 {
     at(0.1, [&] {
