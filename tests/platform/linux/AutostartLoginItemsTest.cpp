@@ -9,126 +9,94 @@
 #include <gtest/gtest.h>
 
 namespace {
+const QString kProgram = QStringLiteral("/usr/bin/zelvo-standup");
+
 class AutostartLoginItemsTest : public testing::Test {
 protected:
     QTemporaryDir m_folder;
-    QString m_path = m_folder.filePath(QStringLiteral("autostart/org.zelvo.StandUp.desktop"));
+    QDir m_autostart {m_folder.filePath(QStringLiteral("autostart"))};
+    QFile m_file {m_autostart.filePath(QStringLiteral("org.zelvo.StandUp.desktop"))};
     AutostartLoginItems m_items {m_folder.path()};
-    const QString m_program = QStringLiteral("/usr/bin/zelvo-standup");
 
     void write(const QByteArray& bytes)
     {
-        QDir().mkpath(QFileInfo(m_path).absolutePath());
-        QFile file(m_path);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
+        m_autostart.mkpath(QStringLiteral("."));
+        ASSERT_TRUE(m_file.open(QIODevice::WriteOnly));
+        m_file.write(bytes);
+        // Long ago, to see whether it is written again.
+        m_file.flush();
+        m_file.setFileTime(QDateTime::fromSecsSinceEpoch(1'000'000'000), QFileDevice::FileModificationTime);
+        m_file.close();
     }
     QByteArray read()
     {
-        QFile file(m_path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+        const QByteArray bytes = m_file.open(QIODevice::ReadOnly) ? m_file.readAll() : QByteArray();
+        m_file.close();
+        return bytes;
     }
+    bool isAsWritten() { return QFileInfo(m_file).lastModified().toSecsSinceEpoch() == 1'000'000'000; }
 };
 
-TEST_F(AutostartLoginItemsTest, theSessionIsAskedToStartThisExecutable)
+TEST_F(AutostartLoginItemsTest, startThisExecutableUnlessTheUserWantsItOtherwise)
 {
-    ASSERT_TRUE(m_items.insertItem(m_program));
-    const QByteArray entry = read();
-    EXPECT_TRUE(entry.startsWith("[Desktop Entry]\nType=Application\n"));
-    EXPECT_TRUE(entry.contains("\nExec=\"/usr/bin/zelvo-standup\"\n"));
-    EXPECT_TRUE(entry.contains("\nTryExec=/usr/bin/zelvo-standup\n"));
-}
+    ASSERT_TRUE(m_items.insertItem(kProgram));
+    const QByteArray fresh = read();
+    EXPECT_EQ(fresh, AutostartLoginItems::entry(kProgram));
+    EXPECT_TRUE(fresh.startsWith("[Desktop Entry]\nType=Application\n"));
 
-TEST_F(AutostartLoginItemsTest, anEntryThatIsRightIsNotWrittenAgain)
-{
-    ASSERT_TRUE(m_items.insertItem(m_program));
-    const QDateTime longAgo = QDateTime::fromSecsSinceEpoch(1'000'000'000);
-    QFile file(m_path);
-    ASSERT_TRUE(
-        file.open(QIODevice::ReadWrite) && file.setFileTime(longAgo, QFileDevice::FileModificationTime));
-    file.close();
-    ASSERT_TRUE(m_items.insertItem(m_program));
-    EXPECT_EQ(QFileInfo(m_path).lastModified(), longAgo);
-}
-
-TEST_F(AutostartLoginItemsTest, aMovedExecutableIsFollowed)
-{
-    ASSERT_TRUE(m_items.insertItem(QStringLiteral("/old/zelvo-standup")));
-    ASSERT_TRUE(m_items.insertItem(m_program));
-    EXPECT_EQ(read(), AutostartLoginItems::entry(m_program));
-}
-
-TEST_F(AutostartLoginItemsTest, aCommandOfTheUsersOwnIsKept)
-{
-    const QByteArray own =
-        AutostartLoginItems::entry(m_program).replace("standup\"\n", "standup\" --language de\n");
-    write(own);
-    ASSERT_TRUE(m_items.insertItem(m_program));
-    EXPECT_EQ(read(), own);
-    write("[Desktop Entry]\nExec=env A=1 zelvo-standup\n");
-    ASSERT_TRUE(m_items.insertItem(m_program));
-    EXPECT_EQ(read(), "[Desktop Entry]\nExec=env A=1 zelvo-standup\n");
-    write("[Desktop Entry]\nName=x\n"); // No command at all starts nothing.
-    ASSERT_TRUE(m_items.insertItem(m_program));
-    EXPECT_EQ(read(), AutostartLoginItems::entry(m_program));
-}
-
-TEST_F(AutostartLoginItemsTest, onlyWhatTheUserSwitchedOffIsLeftAlone)
-{
-    const struct TestCase {
-        const char* entry;
+    const QByteArray own = QByteArray(fresh).replace("standup\"\n", "standup\" --language de\n");
+    const struct {
+        QByteArray entry;
         bool isSwitchedOff;
+        bool isKept;
     } kTestCases[] = {
-        {"[Desktop Entry]\nType=Application\nHidden=true\n", true},
-        {"[Desktop Entry]\r\nHidden = True\r\n", true},
-        {"[Desktop Entry]\nX-GNOME-Autostart-enabled=false\nExec=x\n", true},
-        {"# by hand\n\n[Desktop Entry]\nName=a\nHidden=true", true},
-        {"[Desktop Entry]\nHidden=false\nX-GNOME-Autostart-enabled=true\n", false},
-        {"[Desktop Entry]\nName=x\n[Desktop Action New]\nHidden=true\n", false},
-        {"#Hidden=true\n[Desktop Entry]\n#Hidden=true\n", false},
-        {"", false},
-        {"Hidden=true\n", false},
+        {fresh, false, true},
+        {own, false, true}, // A command of the user's own.
+        {"[Desktop Entry]\nExec=env A=1 zelvo-standup\n", false, true},
+        {"[Desktop Entry]\nType=Application\nHidden=true\n", true, true},
+        {"[Desktop Entry]\r\nHidden = True\r\n", true, true},
+        {"[Desktop Entry]\nX-GNOME-Autostart-enabled=false\nExec=x\n", true, true},
+        {"# by hand\n\n[Desktop Entry]\nName=a\nHidden=true", true, true},
+        {AutostartLoginItems::entry(QStringLiteral("/old/zelvo-standup")), false, false},
+        {"[Desktop Entry]\nHidden=false\nX-GNOME-Autostart-enabled=true\n", false, false},
+        {"[Desktop Entry]\nName=x\n[Desktop Action New]\nHidden=true\n", false, false},
+        {"#Hidden=true\n[Desktop Entry]\n#Hidden=true\n", false, false},
+        {"Hidden=true\n", false, false},
+        {"", false, false},
     };
-    for (const auto& test : kTestCases) {
-        SCOPED_TRACE(test.entry);
-        write(test.entry);
-        EXPECT_EQ(m_items.isSwitchedOff(), test.isSwitchedOff);
-        EXPECT_TRUE(m_items.insertItem(m_program));
-        EXPECT_EQ(
-            read(), test.isSwitchedOff ? QByteArray(test.entry) : AutostartLoginItems::entry(m_program));
-    }
-}
-
-TEST_F(AutostartLoginItemsTest, oddPathsAreQuoted)
-{
-    const struct TestCase {
-        QString path;
-        const char* exec;
-        const char* tryExec;
-    } kTestCases[] = {
-        {QStringLiteral("/opt/my programs/a"), R"("/opt/my programs/a")", "/opt/my programs/a"},
-        {QStringLiteral("/opt/100%/a"), R"("/opt/100%%/a")", "/opt/100%/a"},
-        {QStringLiteral("/opt/$HOME/`a`"), R"("/opt/\\$HOME/\\`a\\`")", "/opt/$HOME/`a`"},
-        {QStringLiteral("/opt/\"q\""), R"("/opt/\\"q\\"")", "/opt/\"q\""},
-        {QStringLiteral("/opt/a\\b"), R"("/opt/a\\\\b")", R"(/opt/a\\b)"},
-        {QStringLiteral("/opt/a\nb"), R"("/opt/a\nb")", R"(/opt/a\nb)"},
-        {QStringLiteral("/opt/%1%2/é"), R"("/opt/%%1%%2/é")", "/opt/%1%2/é"},
-    };
-    for (const auto& test : kTestCases) {
-        const QByteArray entry = AutostartLoginItems::entry(test.path);
+    for (const auto& [entry, isSwitchedOff, isKept] : kTestCases) {
         SCOPED_TRACE(entry.constData());
-        EXPECT_TRUE(entry.contains(QByteArray("\nExec=") + test.exec + "\n"));
-        EXPECT_TRUE(entry.contains(QByteArray("\nTryExec=") + test.tryExec + "\n"));
+        write(entry);
+        EXPECT_EQ(m_items.isSwitchedOff(), isSwitchedOff);
+        EXPECT_TRUE(m_items.insertItem(kProgram));
+        EXPECT_EQ(read(), isKept ? entry : fresh);
+        EXPECT_EQ(isAsWritten(), isKept);
     }
-}
 
-TEST_F(AutostartLoginItemsTest, aFolderThatCannotBeMadeIsSaidAndAnsweredFalse)
-{
-    QFile inTheWay(m_folder.filePath(QStringLiteral("autostart")));
+    m_autostart.removeRecursively();
+    QFile inTheWay(m_autostart.path());
     ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
     testing::internal::CaptureStderr();
-    EXPECT_FALSE(m_items.insertItem(m_program));
+    EXPECT_FALSE(m_items.insertItem(kProgram));
     EXPECT_NE(testing::internal::GetCapturedStderr().find("cannot be started at login"), std::string::npos);
+}
+
+TEST(AutostartEntry, quotesOddPaths)
+{
+    const char* const kTestCases[][3] = {
+        {"/usr/bin/zelvo-standup", R"("/usr/bin/zelvo-standup")", "/usr/bin/zelvo-standup"},
+        {"/opt/my programs/a", R"("/opt/my programs/a")", "/opt/my programs/a"},
+        {"/opt/$HOME/`a`", R"("/opt/\\$HOME/\\`a\\`")", "/opt/$HOME/`a`"},
+        {"/opt/\"q\"", R"("/opt/\\"q\\"")", "/opt/\"q\""},
+        {"/opt/a\\b", R"("/opt/a\\\\b")", R"(/opt/a\\b)"},
+        {"/opt/a\nb", R"("/opt/a\nb")", R"(/opt/a\nb)"},
+        {"/opt/%1%2/é", R"("/opt/%%1%%2/é")", "/opt/%1%2/é"},
+    };
+    for (const auto& [path, exec, tryExec] : kTestCases) {
+        const QByteArray entry = AutostartLoginItems::entry(QString::fromUtf8(path));
+        EXPECT_TRUE(entry.contains(QByteArray("\nExec=") + exec + "\n")) << entry.constData();
+        EXPECT_TRUE(entry.contains(QByteArray("\nTryExec=") + tryExec + "\n")) << entry.constData();
+    }
 }
 
 TEST(AutostartGroup, isToldByTheUnit)

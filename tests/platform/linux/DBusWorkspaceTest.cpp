@@ -2,7 +2,6 @@
 
 #include "TestBus.h"
 
-#include <QDBusContext>
 #include <QDBusObjectPath>
 #include <QDBusUnixFileDescriptor>
 #include <QStringList>
@@ -32,63 +31,35 @@ public:
     ~FakeLogind() override
     {
         m_bus.unregisterService(QStringLiteral("org.freedesktop.login1"));
-        closeLock();
+        close(m_lock);
     }
-
-    QStringList inhibited;
-
     /// True while the program has its end of the lock open.
     [[nodiscard]] bool isLockHeld() const
     {
         char byte = 0;
         return m_lock >= 0 && read(m_lock, &byte, 1) < 0;
     }
-    void settle() { TestBus::settle(m_bus); }
-    void say(const QString& signal, bool argument)
-    {
-        QDBusMessage message =
-            QDBusMessage::createSignal(kLogindPath, QStringLiteral("org.freedesktop.login1.Manager"), signal);
-        m_bus.send(message << argument);
-    }
-    void setLockedHint(bool isLocked)
-    {
-        QDBusMessage message = QDBusMessage::createSignal(kSessionPath,
-            QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("PropertiesChanged"));
-        message << QStringLiteral("org.freedesktop.login1.Session")
-                << QVariantMap {{QStringLiteral("LockedHint"), isLocked}} << QStringList();
-        m_bus.send(message);
-    }
+
+    QStringList asked;
 
 public Q_SLOTS:
     QDBusUnixFileDescriptor Inhibit(const QString& what, const QString&, const QString&, const QString& mode)
     {
-        inhibited.append(what + QLatin1Char(' ') + mode);
-        closeLock();
+        asked.append(what + u' ' + mode);
         int ends[2];
-        if (pipe2(ends, O_CLOEXEC | O_NONBLOCK) != 0)
-            return {};
-        m_lock = ends[0];
+        EXPECT_EQ(pipe2(ends, O_CLOEXEC | O_NONBLOCK), 0);
+        close(std::exchange(m_lock, ends[0]));
         QDBusUnixFileDescriptor descriptor(ends[1]); // Makes a copy of its own.
         close(ends[1]);
         return descriptor;
     }
     QDBusObjectPath GetSession(const QString& id)
     {
-        sessionAsked = id;
+        asked.append(id);
         return QDBusObjectPath(kSessionPath);
     }
 
-public:
-    QString sessionAsked;
-
 private:
-    void closeLock()
-    {
-        if (m_lock >= 0)
-            close(m_lock);
-        m_lock = -1;
-    }
-
     QDBusConnection m_bus;
     int m_lock = -1;
 };
@@ -96,15 +67,13 @@ private:
 namespace {
 class DBusWorkspaceTest : public testing::Test {
 protected:
-    void SetUp() override
+    DBusWorkspaceTest()
     {
-        ASSERT_TRUE(m_system.isRunning() && m_session.isRunning());
-        m_logind.emplace(m_system.connect());
-        m_workspace.emplace(m_system.connect(), m_session.connect());
-        m_workspace->onScreensDidSleep([this] { m_heard.append(QStringLiteral("dark")); });
-        m_workspace->onWillSleep([this] { hearWithTheLockHeld("sleep"); });
-        m_workspace->onWillShutDown([this] { hearWithTheLockHeld("shutdown"); });
-        m_workspace->onDidWake([this] { m_heard.append(QStringLiteral("wake")); });
+        m_logind.emplace(m_system);
+        m_workspace.onScreensDidSleep([this] { m_heard.append(QStringLiteral("dark")); });
+        m_workspace.onWillSleep([this] { hearWithTheLockHeld("sleep"); });
+        m_workspace.onWillShutDown([this] { hearWithTheLockHeld("shutdown"); });
+        m_workspace.onDidWake([this] { m_heard.append(QStringLiteral("wake")); });
         waitForTheLock();
     }
 
@@ -113,73 +82,75 @@ protected:
         m_heard.append(QString::fromLatin1(what));
         EXPECT_TRUE(m_logind->isLockHeld()) << "the machine may not sleep before the record is safe";
     }
-
     void waitForTheLock()
     {
-        ASSERT_TRUE(waitFor([&] { return m_logind->isLockHeld() && !m_logind->sessionAsked.isEmpty(); }));
+        EXPECT_TRUE(waitFor([&] { return m_logind->isLockHeld() && m_logind->asked.size() == 2; }));
         settle();
     }
-
-    /// A service says something, and it arrives. "+": dark, asleep or going down, "-": over.
-    void say(const QString& what)
-    {
-        const bool on = what.endsWith(QLatin1Char('+'));
-        const QString service = what.chopped(1);
-        const bool isAboutLock = service.startsWith(QStringLiteral("Prepare"));
-        if (service == QStringLiteral("power"))
-            powerSaveMode(on ? 3 : what == QStringLiteral("power?") ? -1 : 0);
-        else if (service == QStringLiteral("hint"))
-            m_logind->setLockedHint(on);
-        else if (isAboutLock)
-            m_logind->say(service, on);
-        else
-            screenSaver(service, on);
-        settle();
-        EXPECT_TRUE(waitFor([&] { return !isAboutLock || m_logind->isLockHeld() != on; }))
-            << qPrintable(what);
-    }
-
-    void screenSaver(const QString& desktop, bool isActive)
-    {
-        const bool isKde = desktop == QStringLiteral("kde"); // It uses the general name in two places.
-        const QString path =
-            isKde ? QStringLiteral("/ScreenSaver") : QStringLiteral("/org/%1/ScreenSaver").arg(desktop);
-        const QString interface =
-            QStringLiteral("org.%1.ScreenSaver").arg(isKde ? QStringLiteral("freedesktop") : desktop);
-        m_desktop.send(
-            QDBusMessage::createSignal(path, interface, QStringLiteral("ActiveChanged")) << isActive);
-    }
-    void powerSaveMode(int mode)
-    {
-        QDBusMessage message = QDBusMessage::createSignal(QStringLiteral("/org/gnome/Mutter/DisplayConfig"),
-            QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("PropertiesChanged"));
-        m_desktop.send(message << QStringLiteral("org.gnome.Mutter.DisplayConfig")
-                               << QVariantMap {{QStringLiteral("PowerSaveMode"), mode}} << QStringList());
-    }
-    /// Lets what was sent so far arrive.
+    /// What was sent so far arrives.
     void settle()
     {
-        TestBus::settle(m_desktop);
-        m_logind->settle();
+        TestBus::settle(m_session);
+        TestBus::settle(m_system);
         QThread::msleep(10);
         QCoreApplication::processEvents();
     }
 
-    TestBus m_system;
-    TestBus m_session;
-    QDBusConnection m_desktop = m_session.connect();
+    /// A service says something, and it arrives. "+": dark, asleep or going down, "-": over, "?": unknown.
+    void say(const QString& what)
+    {
+        const bool on = what.endsWith(u'+');
+        const QString service = what.chopped(1);
+        const bool isAboutLock = service.startsWith(QStringLiteral("Prepare"));
+        if (service == QStringLiteral("power"))
+            changeProperty(m_session, QStringLiteral("/org/gnome/Mutter/DisplayConfig"),
+                QStringLiteral("org.gnome.Mutter.DisplayConfig"), QStringLiteral("PowerSaveMode"),
+                on                        ? 3
+                    : what.endsWith(u'?') ? -1
+                                          : 0);
+        else if (service == QStringLiteral("hint"))
+            changeProperty(m_system, kSessionPath, QStringLiteral("org.freedesktop.login1.Session"),
+                QStringLiteral("LockedHint"), on);
+        else if (isAboutLock)
+            send(m_system, kLogindPath, QStringLiteral("org.freedesktop.login1.Manager"), service, {on});
+        else // KDE uses the general name in two places.
+            send(m_session,
+                service == QStringLiteral("kde") ? QStringLiteral("/ScreenSaver")
+                                                 : QStringLiteral("/org/%1/ScreenSaver").arg(service),
+                QStringLiteral("org.%1.ScreenSaver")
+                    .arg(service == QStringLiteral("kde") ? QStringLiteral("freedesktop") : service),
+                QStringLiteral("ActiveChanged"), {on});
+        settle();
+        EXPECT_TRUE(waitFor([&] { return !isAboutLock || m_logind->isLockHeld() != on; }))
+            << qPrintable(what);
+    }
+    static void changeProperty(const QDBusConnection& bus, const QString& path, const QString& interface,
+        const QString& property, const QVariant& value)
+    {
+        send(bus, path, QStringLiteral("org.freedesktop.DBus.Properties"),
+            QStringLiteral("PropertiesChanged"), {interface, QVariantMap {{property, value}}, QStringList()});
+    }
+    static void send(const QDBusConnection& bus, const QString& path, const QString& interface,
+        const QString& name, const QVariantList& arguments)
+    {
+        QDBusMessage message = QDBusMessage::createSignal(path, interface, name);
+        message.setArguments(arguments);
+        bus.send(message);
+    }
+
+    TestBus m_systemBus;
+    TestBus m_sessionBus;
+    QDBusConnection m_system = m_systemBus.connect();
+    QDBusConnection m_session = m_sessionBus.connect();
     std::optional<FakeLogind> m_logind;
-    std::optional<DBusWorkspace> m_workspace;
+    DBusWorkspace m_workspace {m_systemBus.connect(), m_sessionBus.connect()};
     QStringList m_heard;
 };
 
 TEST_F(DBusWorkspaceTest, tellsTheFirstEdgeOfWhatManyServicesSay)
 {
     // What is on at the end of a row is switched off before the next.
-    const struct {
-        const char* said;
-        const char* heard;
-    } kTestCases[] = {
+    const char* const kTestCases[][2] = {
         {"gnome+ gnome- gnome+ gnome-", "dark dark"}, // lock, unlock, lock
         {"hint+ hint- hint+ hint-", "dark dark"}, {"gnome+ gnome+ gnome- gnome- gnome+ gnome-", "dark dark"},
         {"gnome+ power+ power+ kde+ hint+ hint- kde- power- gnome-", "dark"},
@@ -194,25 +165,18 @@ TEST_F(DBusWorkspaceTest, tellsTheFirstEdgeOfWhatManyServicesSay)
     };
     for (const auto& [said, heard] : kTestCases) {
         m_heard.clear();
-        for (const QString& what : QString::fromLatin1(said).split(QLatin1Char(' ')))
+        for (const QString& what : QString::fromLatin1(said).split(u' '))
             say(what);
-        EXPECT_EQ(m_heard.join(QLatin1Char(' ')).toStdString(), heard) << said;
+        EXPECT_EQ(m_heard.join(u' ').toStdString(), heard) << said;
     }
-    EXPECT_EQ(m_logind->inhibited.size(), 5) << "at the start and after what ended";
+    EXPECT_EQ(m_logind->asked.size(), 6) << "for the session, and for the lock after what ended";
     m_logind.reset();
-    m_logind.emplace(m_system.connect());
+    m_logind.emplace(m_system);
     waitForTheLock(); // A logind that starts again is heard, and asked for the lock anew.
     m_heard.clear();
     say(QStringLiteral("PrepareForSleep+"));
     EXPECT_EQ(m_heard, QStringList {QStringLiteral("sleep")});
-    EXPECT_EQ(m_logind->inhibited, QStringList {QStringLiteral("sleep:shutdown delay")});
-}
-
-TEST(DBusWorkspaceWithoutBus, doesNothing)
-{
-    const QDBusConnection none(QStringLiteral("no such connection"));
-    DBusWorkspace workspace(none, none);
-    EXPECT_FALSE(workspace.openUrl(QUrl()));
+    EXPECT_EQ(m_logind->asked.join(u' '), QStringLiteral("sleep:shutdown delay auto"));
 }
 }
 

@@ -4,54 +4,39 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-class QtPlatformTest : public testing::Test {
-protected:
-    void SetUp() override
-    {
-        if (!XvfbServer::isInstalled())
-            GTEST_SKIP() << "Xvfb is not installed";
-        qunsetenv("QT_QPA_PLATFORM");
-    }
-    void TearDown() override { qputenv("QT_QPA_PLATFORM", m_previous); }
-
-    QByteArray m_previous = qgetenv("QT_QPA_PLATFORM");
-};
-
-TEST_F(QtPlatformTest, isX11WhereAServerAnswers)
+TEST(QtPlatform, isWhereAServerAnswersUnlessTheUserChose)
 {
+    if (!XvfbServer::isInstalled())
+        GTEST_SKIP() << "Xvfb is not installed";
+    const QByteArray before = qgetenv("QT_QPA_PLATFORM");
     XvfbServer server;
     ASSERT_TRUE(server.isRunning());
-    EXPECT_EQ(chooseQtPlatform(), QString());
-    EXPECT_EQ(qgetenv("QT_QPA_PLATFORM"), "xcb");
-}
-
-TEST_F(QtPlatformTest, isWaylandWhereNoX11ServerAnswers)
-{
-    XvfbServer server;
+    const QByteArray deadDisplay = qgetenv("DISPLAY");
+    const XvfbServer live;
+    const QByteArray display = qgetenv("DISPLAY");
     server.stop();
-    qputenv("WAYLAND_DISPLAY", "/dev/null"); // Something that exists.
-    EXPECT_EQ(chooseQtPlatform(), QString());
-    EXPECT_EQ(qgetenv("QT_QPA_PLATFORM"), "wayland");
+    const struct {
+        QByteArray chosen;
+        QByteArray x11;
+        QByteArray wayland; // "/dev/null" is something that exists.
+        QByteArray expected;
+        const char* reason;
+    } kTestCases[] = {
+        {"", display, "/dev/null", "xcb", ""},
+        {"", deadDisplay, "/dev/null", "wayland", ""},
+        {"", deadDisplay, "", "", "The display %1 does not answer."},
+        {"", "", "/dev/no such", "", "The display /dev/no such does not answer."},
+        {"", "", "", "", "There is no display: neither DISPLAY nor WAYLAND_DISPLAY is set."},
+        {"offscreen", display, "", "offscreen", ""},
+    };
+    for (const auto& [chosen, x11, wayland, expected, reason] : kTestCases) {
+        qputenv("QT_QPA_PLATFORM", chosen);
+        qputenv("DISPLAY", x11);
+        qputenv("WAYLAND_DISPLAY", wayland);
+        EXPECT_EQ(chooseQtPlatform(),
+            QString::fromLatin1(reason).replace(QStringLiteral("%1"), QString::fromLatin1(x11)));
+        EXPECT_EQ(qgetenv("QT_QPA_PLATFORM"), expected);
+    }
     qunsetenv("WAYLAND_DISPLAY");
-}
-
-TEST_F(QtPlatformTest, isRefusedWithAReasonWhereNothingAnswers)
-{
-    XvfbServer server;
-    server.stop();
-    const QString display = qEnvironmentVariable("DISPLAY");
-    EXPECT_EQ(chooseQtPlatform(), QStringLiteral("The display %1 does not answer.").arg(display));
-    EXPECT_TRUE(qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"));
-    qunsetenv("DISPLAY");
-    EXPECT_TRUE(chooseQtPlatform().startsWith(QStringLiteral("There is no display")));
-}
-
-TEST_F(QtPlatformTest, isTheUsersChoiceFirst)
-{
-    const XvfbServer server;
-    qputenv("QT_QPA_PLATFORM", QByteArrayLiteral("offscreen"));
-    EXPECT_EQ(chooseQtPlatform(), QString());
-    EXPECT_EQ(qgetenv("QT_QPA_PLATFORM"), "offscreen");
-}
+    qputenv("QT_QPA_PLATFORM", before);
 }

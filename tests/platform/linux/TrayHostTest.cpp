@@ -5,7 +5,10 @@
 #include "platform/linux/XcbConnection.h"
 #include "platform/simulated/VirtualRunLoop.h"
 
+#include <functional>
 #include <gtest/gtest.h>
+#include <map>
+#include <optional>
 
 namespace {
 const QString kName = QStringLiteral("org.kde.StatusNotifierWatcher");
@@ -81,155 +84,75 @@ private:
     XcbConnectionRef m_connection;
 };
 
-class TrayHostTest : public testing::Test {
-protected:
-    void SetUp() override
-    {
-        ASSERT_TRUE(m_bus.isRunning());
-        RunLoop::setMain(&m_runLoop);
-    }
-    void TearDown() override { RunLoop::setMain(nullptr); }
-
-    void look(TrayHost::X11Tray x11Tray = TrayHost::X11Tray::Ignored)
-    {
-        m_host.emplace(m_bus.connect(), x11Tray);
-        m_host->whenAvailable([this] {
-            EXPECT_TRUE(m_host->isAvailable());
-            ++m_found;
-        });
-        EXPECT_EQ(m_found, 0) << "never within the call";
-    }
-    bool isFound()
-    {
-        return waitFor([&] {
-            m_runLoop.advance(0);
-            return m_found == 1;
-        });
-    }
-    /// What is on its way arrives, and no tray is found in it.
-    bool isStillMissing()
-    {
-        for (int i = 0; i < 10; ++i) {
-            TestBus::settle(m_desktop);
-            QThread::msleep(5);
-            QCoreApplication::processEvents();
-            m_runLoop.advance(0);
+/// How often a tray has been found at each "?" of a story.
+QString found(const char* story)
+{
+    VirtualRunLoop runLoop;
+    RunLoop::setMain(&runLoop);
+    TestBus bus;
+    const QDBusConnection desktop = bus.connect();
+    std::optional<FakeWatcher> watcher;
+    std::optional<FakeXTray> xTray;
+    std::optional<TrayHost> host;
+    int count = 0;
+    const auto look = [&](const QDBusConnection& connection, TrayHost::X11Tray x11Tray) {
+        host.emplace(connection, x11Tray);
+        host->whenAvailable([&] { count += host->isAvailable() ? 1 : 100; });
+        EXPECT_EQ(count, 0) << "never within the call";
+    };
+    const std::map<QString, std::function<void()>> kDeeds {
+        {QStringLiteral("look"), [&] { look(bus.connect(), TrayHost::X11Tray::Ignored); }},
+        {QStringLiteral("lookX"), [&] { look(bus.connect(), TrayHost::X11Tray::Accepted); }},
+        {QStringLiteral("lookWithoutBus"),
+            [&] { look(QDBusConnection(QStringLiteral("none")), TrayHost::X11Tray::Accepted); }},
+        {QStringLiteral("watcher"), [&] { watcher.emplace(desktop, false); }},
+        {QStringLiteral("watcher+host"), [&] { watcher.emplace(desktop, true); }},
+        {QStringLiteral("host"), [&] { watcher->registerHost(); }},
+        {QStringLiteral("gone"), [&] { watcher.reset(); }},
+        {QStringLiteral("xtray"), [&] { xTray.emplace(); }},
+        {QStringLiteral("+4.9"), [&] { runLoop.advance(4.9); }},
+        {QStringLiteral("+0.2"), [&] { runLoop.advance(0.2); }},
+    };
+    QStringList answers;
+    for (const QString& step : QString::fromLatin1(story).split(u' ')) {
+        if (const auto deed = kDeeds.find(step); deed != kDeeds.end()) {
+            deed->second();
+            continue;
         }
-        return m_found == 0;
+        for (int i = 0; i < 20; ++i) { // What is on its way arrives.
+            TestBus::settle(desktop);
+            QThread::msleep(3);
+            QCoreApplication::processEvents();
+            runLoop.advance(0);
+        }
+        answers.append(QString::number(count));
     }
-
-    VirtualRunLoop m_runLoop;
-    TestBus m_bus;
-    QDBusConnection m_desktop = m_bus.connect();
-    std::optional<TrayHost> m_host;
-    int m_found = 0;
-};
-
-TEST_F(TrayHostTest, aHostThatIsThereIsFound)
-{
-    const FakeWatcher watcher(m_desktop, true);
-    look();
-    EXPECT_TRUE(isFound());
+    host.reset();
+    RunLoop::setMain(nullptr);
+    return answers.join(u' ');
 }
 
-TEST_F(TrayHostTest, aHostThatComesLaterIsFoundOnce)
+TEST(TrayHost, findsATrayOnceWheneverAndHoweverItComes)
 {
-    FakeWatcher watcher(m_desktop, false);
-    look();
-    EXPECT_TRUE(isStillMissing());
-    watcher.registerHost();
-    EXPECT_TRUE(isFound());
-    watcher.registerHost();
-    isStillMissing();
-    EXPECT_EQ(m_found, 1);
-}
-
-TEST_F(TrayHostTest, aWatcherThatComesLaterOrAgainIsAsked)
-{
-    look();
-    EXPECT_TRUE(isStillMissing());
-    {
-        const FakeWatcher withoutHost(m_desktop, false);
-        EXPECT_TRUE(isStillMissing());
-    }
-    const FakeWatcher withHost(m_desktop, true);
-    EXPECT_TRUE(isFound());
-}
-
-TEST_F(TrayHostTest, withoutABusNothingIsFoundAndNothingBreaks)
-{
-    m_host.emplace(QDBusConnection(QStringLiteral("no such connection")), TrayHost::X11Tray::Ignored);
-    m_host->whenAvailable([this] { ++m_found; });
-    m_runLoop.advance(3600);
-    EXPECT_EQ(m_found, 0);
-}
-
-class TrayHostOnX11Test : public TrayHostTest {
-protected:
-    void SetUp() override
-    {
-        if (!XvfbServer::isInstalled())
-            GTEST_SKIP() << "Xvfb is not installed";
-        TrayHostTest::SetUp();
-        m_server.emplace();
-        ASSERT_TRUE(m_server->isRunning());
-    }
-    std::optional<XvfbServer> m_server;
-};
-
-TEST_F(TrayHostOnX11Test, aTrayOfAnX11PanelServesWhereNoWatcherIs)
-{
-    const FakeXTray tray;
-    look(TrayHost::X11Tray::Accepted);
-    EXPECT_TRUE(isFound());
-}
-
-TEST_F(TrayHostOnX11Test, aTrayThatStartsLaterAnnouncesItself)
-{
-    look(TrayHost::X11Tray::Accepted);
-    EXPECT_TRUE(isStillMissing());
-    const FakeXTray tray;
-    EXPECT_TRUE(isFound());
-}
-
-TEST_F(TrayHostOnX11Test, isIgnoredOnOtherPlatforms)
-{
-    const FakeXTray tray;
-    look(TrayHost::X11Tray::Ignored);
-    EXPECT_TRUE(isStillMissing());
-}
-
-TEST_F(TrayHostOnX11Test, waitsAWhileForAHostOfTheWatcher)
-{
-    const FakeXTray tray;
-    const FakeWatcher withoutHost(m_desktop, false);
-    look(TrayHost::X11Tray::Accepted);
-    EXPECT_TRUE(isStillMissing());
-    m_runLoop.advance(4.9);
-    EXPECT_EQ(m_found, 0);
-    m_runLoop.advance(0.2);
-    EXPECT_EQ(m_found, 1);
-}
-
-TEST_F(TrayHostOnX11Test, aTrayThatComesWithinThatWhileDoesNotShortenIt)
-{
-    const FakeWatcher withoutHost(m_desktop, false);
-    look(TrayHost::X11Tray::Accepted);
-    EXPECT_TRUE(isStillMissing());
-    const FakeXTray tray;
-    EXPECT_TRUE(isStillMissing());
-    m_runLoop.advance(5);
-    EXPECT_EQ(m_found, 1);
-}
-
-TEST_F(TrayHostOnX11Test, aServerThatDiesIsSurvived)
-{
-    look(TrayHost::X11Tray::Accepted);
-    EXPECT_TRUE(isStillMissing());
-    m_server->stop();
-    EXPECT_TRUE(isStillMissing());
-    const FakeWatcher watcher(m_desktop, true);
-    EXPECT_TRUE(isFound());
+    if (!XvfbServer::isInstalled())
+        GTEST_SKIP() << "Xvfb is not installed";
+    const XvfbServer server;
+    ASSERT_TRUE(server.isRunning());
+    const char* const kTestCases[][2] = {
+        {"watcher+host look ?", "1"},
+        {"watcher look ? host ? host ?", "0 1 1"},
+        {"look ? watcher ? gone ? watcher+host ?", "0 0 0 1"},
+        // The tray of an X11 panel serves where no watcher is; where one is, its host has five seconds.
+        {"xtray lookX ?", "1"},
+        {"lookX ? xtray ?", "0 1"},
+        {"xtray look ?", "0"},
+        {"xtray lookWithoutBus ?", "1"},
+        {"xtray watcher lookX ? +4.9 ? +0.2 ?", "0 0 1"},
+        {"watcher lookX ? xtray ? +4.9 +0.2 ?", "0 0 1"},
+        {"xtray watcher lookX ? gone ?", "0 1"},
+    };
+    for (const auto& [story, expected] : kTestCases)
+        EXPECT_EQ(found(story).toStdString(), expected) << story;
 }
 }
 

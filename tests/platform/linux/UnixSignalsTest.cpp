@@ -5,68 +5,34 @@
 #include <gtest/gtest.h>
 #include <vector>
 
-namespace {
-/// A program started with nohup, or by a shell in the background, begins with ignored signals.
-class UnixSignalsTest : public testing::Test {
-protected:
-    UnixSignalsTest()
-    {
-        for (const int number : {SIGTERM, SIGINT, SIGHUP, SIGPIPE})
-            signal(number, SIG_DFL);
-    }
-};
-
-TEST_F(UnixSignalsTest, arriveOnTheMainLoopAndNotBefore)
+TEST(UnixSignals, arriveOnTheMainLoopWhereACallbackMayEndThem)
 {
     std::vector<int> heard;
-    const UnixSignals signals([&](int number) { heard.push_back(number); });
-    raise(SIGTERM);
-    raise(SIGHUP);
-    EXPECT_TRUE(heard.empty());
-    EXPECT_TRUE(waitFor([&] { return heard.size() == 2; }));
-    EXPECT_EQ(heard, (std::vector {SIGTERM, SIGHUP}));
-}
-
-TEST_F(UnixSignalsTest, aCallbackMayEndThem)
-{
+    signal(SIGTERM, SIG_DFL);
     std::unique_ptr<UnixSignals> signals;
-    int heard = 0;
-    signals = std::make_unique<UnixSignals>([&](int) {
-        ++heard;
-        signals.reset();
+    signals = std::make_unique<UnixSignals>([&](int number) {
+        heard.push_back(number);
+        if (number == SIGINT)
+            signals.reset();
     });
-    raise(SIGINT);
-    raise(SIGTERM);
+    for (const int number : {SIGTERM, SIGHUP, SIGINT, SIGTERM})
+        raise(number);
+    EXPECT_TRUE(heard.empty()) << "not before";
     EXPECT_TRUE(waitFor([&] { return !signals; }));
     QCoreApplication::processEvents();
-    EXPECT_EQ(heard, 1);
+    EXPECT_EQ(heard, (std::vector {SIGTERM, SIGHUP, SIGINT}));
+    EXPECT_EQ(signal(SIGTERM, SIG_DFL), SIG_DFL) << "the process is left as it was";
 }
 
-TEST_F(UnixSignalsTest, nohupIsRespectedButARequestToEndIsHeard)
+TEST(UnixSignals, respectNohupButHearARequestToEnd)
 {
-    const struct {
-        int number;
-        bool isHeard;
-    } kCases[] = {{SIGTERM, true}, {SIGINT, true}, {SIGHUP, false}, {SIGPIPE, false}};
-    for (const auto& row : kCases) {
-        signal(row.number, row.number == SIGPIPE ? SIG_DFL : SIG_IGN); // SIGPIPE is ignored in any case.
+    for (const auto& [number, isHeard] :
+        {std::pair(SIGTERM, true), {SIGINT, true}, {SIGHUP, false}, {SIGPIPE, false}}) {
+        signal(number, number == SIGPIPE ? SIG_DFL : SIG_IGN); // SIGPIPE is ignored in any case.
         int heard = 0;
-        const UnixSignals signals([&](int number) { heard = number; });
-        raise(row.number);
+        const UnixSignals signals([&](int arrived) { heard = arrived; });
+        raise(number);
         QCoreApplication::processEvents();
-        EXPECT_EQ(heard, row.isHeard ? row.number : 0);
+        EXPECT_EQ(heard, isHeard ? number : 0);
     }
-}
-
-TEST_F(UnixSignalsTest, leaveTheProcessAsItWas)
-{
-    struct sigaction before { };
-    struct sigaction after { };
-    sigaction(SIGTERM, nullptr, &before);
-    {
-        const UnixSignals signals([](int) {});
-    }
-    sigaction(SIGTERM, nullptr, &after);
-    EXPECT_EQ(before.sa_handler, after.sa_handler);
-}
 }
