@@ -102,33 +102,32 @@ protected:
         const bool on = what.endsWith(u'+');
         const QString service = what.chopped(1);
         const bool isAboutLock = service.startsWith(QStringLiteral("Prepare"));
-        if (service == QStringLiteral("power"))
+        if (service == QStringLiteral("power") || service == QStringLiteral("panel"))
             changeProperty(m_session, QStringLiteral("/org/gnome/Mutter/DisplayConfig"),
-                QStringLiteral("org.gnome.Mutter.DisplayConfig"), QStringLiteral("PowerSaveMode"),
-                on                        ? 3
-                    : what.endsWith(u'?') ? -1
-                                          : 0);
-        else if (service == QStringLiteral("hint"))
+                QStringLiteral("org.gnome.Mutter.DisplayConfig"),
+                service == QStringLiteral("power") ? "PowerSaveMode" : "PanelOrientationManaged",
+                what.endsWith(u'?') ? -1 : on * 3);
+        else if (service == QStringLiteral("LockedHint") || service == QStringLiteral("IdleHint"))
             changeProperty(m_system, kSessionPath, QStringLiteral("org.freedesktop.login1.Session"),
-                QStringLiteral("LockedHint"), on);
+                service.toLatin1().constData(), on);
         else if (isAboutLock)
             send(m_system, kLogindPath, QStringLiteral("org.freedesktop.login1.Manager"), service, {on});
-        else // KDE uses the general name in two places.
-            send(m_session,
-                service == QStringLiteral("kde") ? QStringLiteral("/ScreenSaver")
-                                                 : QStringLiteral("/org/%1/ScreenSaver").arg(service),
-                QStringLiteral("org.%1.ScreenSaver")
-                    .arg(service == QStringLiteral("kde") ? QStringLiteral("freedesktop") : service),
+        else if (service == QStringLiteral("kde")) // It uses the general name in two places.
+            send(m_session, QStringLiteral("/ScreenSaver"), QStringLiteral("org.freedesktop.ScreenSaver"),
                 QStringLiteral("ActiveChanged"), {on});
+        else
+            send(m_session, QStringLiteral("/org/%1/ScreenSaver").arg(service),
+                QStringLiteral("org.%1.ScreenSaver").arg(service), QStringLiteral("ActiveChanged"), {on});
         settle();
         EXPECT_TRUE(waitFor([&] { return !isAboutLock || m_logind->isLockHeld() != on; }))
             << qPrintable(what);
     }
     static void changeProperty(const QDBusConnection& bus, const QString& path, const QString& interface,
-        const QString& property, const QVariant& value)
+        const char* property, const QVariant& value)
     {
         send(bus, path, QStringLiteral("org.freedesktop.DBus.Properties"),
-            QStringLiteral("PropertiesChanged"), {interface, QVariantMap {{property, value}}, QStringList()});
+            QStringLiteral("PropertiesChanged"),
+            {interface, QVariantMap {{QString::fromLatin1(property), value}}, QStringList()});
     }
     static void send(const QDBusConnection& bus, const QString& path, const QString& interface,
         const QString& name, const QVariantList& arguments)
@@ -152,14 +151,17 @@ TEST_F(DBusWorkspaceTest, tellsTheFirstEdgeOfWhatManyServicesSay)
     // What is on at the end of a row is switched off before the next.
     const char* const kTestCases[][2] = {
         {"gnome+ gnome- gnome+ gnome-", "dark dark"}, // lock, unlock, lock
-        {"hint+ hint- hint+ hint-", "dark dark"}, {"gnome+ gnome+ gnome- gnome- gnome+ gnome-", "dark dark"},
-        {"gnome+ power+ power+ kde+ hint+ hint- kde- power- gnome-", "dark"},
+        {"LockedHint+ LockedHint- LockedHint+ LockedHint-", "dark dark"},
+        {"gnome+ gnome+ gnome- gnome- gnome+ gnome-", "dark dark"},
+        {"gnome+ power+ power+ kde+ LockedHint+ LockedHint- kde- power- gnome-", "dark"},
         {"gnome+ power+ power- gnome- power+ power-", "dark dark"},
         {"gnome+ kde+ kde- kde+ kde- gnome-", "dark dark"}, // a locker that is stuck
         {"power? power-", ""}, // no mode is known
+        {"power+ panel+ power+ power-", "dark"}, {"LockedHint+ IdleHint- LockedHint+ LockedHint-", "dark"},
         {"freedesktop+ freedesktop- cinnamon+ cinnamon- mate+ mate- xfce+ xfce-", "dark dark dark dark"},
         {"PrepareForSleep+ PrepareForSleep- PrepareForSleep+ PrepareForSleep-", "sleep wake sleep wake"},
-        {"hint+ PrepareForSleep+ PrepareForSleep- hint- hint+ hint-", "dark sleep wake dark"},
+        {"LockedHint+ PrepareForSleep+ PrepareForSleep- LockedHint- LockedHint+ LockedHint-",
+            "dark sleep wake dark"},
         {"PrepareForShutdown+ PrepareForShutdown-", "shutdown"}, // called off
         {"PrepareForSleep-", "wake"}, // of a sleep that was not announced
     };
