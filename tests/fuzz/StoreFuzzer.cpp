@@ -40,7 +40,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 
     Error error;
     const std::shared_ptr<PersistentStoreCoordinator> coordinator =
-        PersistentStoreCoordinator::open(path, error);
+        PersistentStoreCoordinator::open({}, path, error);
     if (!coordinator) {
         file.seek(0);
         demand(file.readAll() == bytes, "a store that cannot be opened is left as it is");
