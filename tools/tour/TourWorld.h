@@ -17,7 +17,6 @@
 
 #include <memory>
 
-
 /// A user at the keyboard, or away from it.
 class TourEventSource final : public EventSource {
 public:
