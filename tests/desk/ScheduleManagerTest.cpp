@@ -43,45 +43,38 @@ constexpr int kSitting = 2;
 
 TEST_F(ScheduleManagerTest, SplitsTheHourByGoalAndStandUps)
 {
-    constexpr double kNone = -1;
     const double calorieMinutes = CalorieCalculator::standingPerHourForDailyCalories(100, 67.5);
     ASSERT_GT(calorieMinutes, 0);
     ASSERT_LT(calorieMinutes, 60);
     const struct {
-        const char* what;
-        int mode;
+        int mode; // 1: calories, 2: minutes
         double goal;
         int standUps;
-        int position;
-        double seconds;
-    } cases[] = {
-        {"standing share", 2, 15, 2, kStanding, 450},
-        {"sitting share", 2, 15, 2, kSitting, 1350},
-        {"a share that is no whole second", 2, 7.31, 6, kStanding, 73.1},
-        {"more than an hour is an hour", 2, 75, 1, kStanding, 3600},
-        {"nothing left to sit", 2, 75, 1, kSitting, kNone},
-        {"next to nothing to stand", 2, 0.01, 1, kStanding, 0.6},
-        {"nothing to stand", 2, 0, 1, kStanding, kNone},
-        {"nothing to stand, all to sit", 2, 0, 3, kSitting, 1200},
-        {"calories, standing", 1, 100, 1, kStanding, calorieMinutes * 60},
-        {"calories, sitting", 1, 100, 1, kSitting, (60 - calorieMinutes) * 60},
-        {"an unknown mode plans no standing", 3, 15, 1, kStanding, kNone},
-        {"an unknown mode plans all sitting", 3, 15, 1, kSitting, 3600},
-        {"no position", 2, 15, 1, 0, kNone},
-        {"an unknown position", 2, 15, 1, 3, kNone},
-        {"no stand-ups count as the default of one", 2, 15, 0, kStanding, 900},
-        {"a negative count does too", 2, 15, -4, kSitting, 2700},
+        double standing; // seconds; 0: nothing is planned
+        double sitting;
+    } kTestCases[] = {
+        {2, 15, 2, 450, 1350},
+        {2, 7.31, 6, 73.1, 526.9}, // no whole second
+        {2, 75, 1, 3600, 0}, // more than an hour is an hour
+        {2, 0.01, 1, 0.6, 3599.4},
+        {2, 0, 3, 0, 1200},
+        {1, 100, 1, calorieMinutes * 60, (60 - calorieMinutes) * 60},
+        {3, 15, 1, 0, 3600}, // an unknown mode
+        {2, 15, 0, 900, 2700}, // no stand-ups count as the default of one
+        {2, 15, -4, 900, 2700},
     };
-    for (const auto& testCase : cases) {
-        setPlan(testCase.mode, testCase.goal, testCase.standUps);
-        ScheduleManager schedule(testCase.mode);
-        sessions = 0;
-        schedule.startScheduledTimerForPosition(testCase.position);
-        const bool expectTimer = testCase.seconds != kNone;
-        EXPECT_EQ(schedule.isScheduled(), expectTimer) << testCase.what;
-        EXPECT_EQ(sessions, expectTimer ? 1 : 0) << testCase.what;
-        EXPECT_NEAR(schedule.currentScheduleInterval(), expectTimer ? testCase.seconds : 0, 1e-5)
-            << testCase.what;
+    for (const auto& [mode, goal, standUps, standing, sitting] : kTestCases) {
+        SCOPED_TRACE(testing::Message() << mode << " " << goal << " " << standUps);
+        setPlan(mode, goal, standUps);
+        for (const auto& [position, seconds] :
+            {std::pair(kStanding, standing), {kSitting, sitting}, {0, 0.0}, {3, 0.0}}) {
+            ScheduleManager schedule(mode);
+            sessions = 0;
+            schedule.startScheduledTimerForPosition(position);
+            EXPECT_EQ(schedule.isScheduled(), seconds > 0);
+            EXPECT_EQ(sessions, seconds > 0 ? 1 : 0);
+            EXPECT_NEAR(schedule.currentScheduleInterval(), seconds, 1e-5);
+        }
     }
 }
 

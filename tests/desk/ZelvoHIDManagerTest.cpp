@@ -47,19 +47,10 @@ protected:
 };
 }
 
-TEST_F(ZelvoHIDManagerTest, MatchesTheManufacturerAlone)
+TEST_F(ZelvoHIDManagerTest, FollowsAnAdapterInAndOut)
 {
     EXPECT_EQ(hid.matching(),
         (HidManager::Matching {{QStringLiteral("Manufacturer"), QStringLiteral("Zelvo Ardenta A/S")}}));
-    FakeHidManager closed;
-    closed.openStatus = EACCES;
-    EXPECT_TRUE(logOf([&] {
-        const ZelvoHIDManager other(closed);
-    }).contains(QStringLiteral("IOHIDManagerOpen failed.")));
-}
-
-TEST_F(ZelvoHIDManagerTest, FollowsAnAdapterInAndOut)
-{
     EXPECT_TRUE(logOf([&] { hid.plug(first); })
                     .contains(QStringLiteral("\nDevice added: %1\nModel: Desk adapter\nDevice count: 1\n")
                                   .arg(address(first))));
@@ -76,7 +67,6 @@ TEST_F(ZelvoHIDManagerTest, FollowsAnAdapterInAndOut)
     EXPECT_EQ(removed, added);
     EXPECT_FALSE(removed[0]->isConnected());
     EXPECT_TRUE(manager->devices().empty());
-    EXPECT_FALSE(manager->isDeviceConneced());
     EXPECT_EQ(manager->connectedDevice(), nullptr);
     EXPECT_EQ(logOf([&] {
         ZelvoHIDDevice::Report report {5};
@@ -85,30 +75,35 @@ TEST_F(ZelvoHIDManagerTest, FollowsAnAdapterInAndOut)
     }),
         QString())
         << "a device that is gone is not even tried";
-
-    const std::weak_ptr watched = first;
-    first.reset();
-    added.clear();
-    removed.clear();
-    platform.runLoop.advance(1);
-    EXPECT_TRUE(watched.expired()) << "nothing holds the adapter";
-    EXPECT_EQ(platform.runLoop.pendingTimerCount(), 0u);
 }
 
-TEST_F(ZelvoHIDManagerTest, NamesWhatFailedAtArrival)
+TEST_F(ZelvoHIDManagerTest, NamesWhatFails)
 {
+    const auto expectLog = [](std::initializer_list<const char*> words, const std::function<void()>& action) {
+        const QString log = logOf(action);
+        for (const char* word : words)
+            EXPECT_TRUE(log.contains(QLatin1String(word))) << word;
+        EXPECT_FALSE(log.contains(QStringLiteral("Device added")));
+    };
+    FakeHidManager closed;
+    closed.openStatus = EACCES;
+    expectLog({"IOHIDManagerOpen failed.\n"}, [&] { const ZelvoHIDManager other(closed); });
     first->openStatus = EBUSY;
-    EXPECT_TRUE(logOf([&] { hid.plug(first); }).contains(QStringLiteral("Open failed\n")));
+    expectLog({"Open failed\n"}, [&] { hid.plug(first); });
     EXPECT_TRUE(added.empty());
     hid.unplug(first);
     EXPECT_TRUE(removed.empty());
 
     second->writeStatus = EPIPE;
-    const QString log = logOf([&] { hid.plug(second); });
-    EXPECT_TRUE(log.contains(QStringLiteral("IOHIDDeviceSetReport return value: 00000020\n")));
-    EXPECT_TRUE(log.contains(QStringLiteral("Could not init device\n")));
-    EXPECT_FALSE(log.contains(QStringLiteral("Device added")));
-    EXPECT_EQ(manager->devices().size(), 1u);
+    expectLog({"IOHIDDeviceSetReport return value: 00000020\n", "Could not init device\n"},
+        [&] { hid.plug(second); });
+    ASSERT_EQ(manager->devices().size(), 1u);
+    ZelvoHIDDevice::Report report {};
+    second->readStatus = ETIMEDOUT;
+    expectLog({"IOHIDDeviceGetReport return value: 0000006e\n"},
+        [&] { EXPECT_FALSE(ZelvoHIDManager::readBuffer(report, *added[0])); });
+    second->readStatus = EINPROGRESS;
+    EXPECT_EQ(logOf([&] { EXPECT_FALSE(ZelvoHIDManager::readBuffer(report, *added[0])); }), QString());
 }
 
 TEST_F(ZelvoHIDManagerTest, TransfersEightBytesOutAndSixtyFourIn)
@@ -122,30 +117,16 @@ TEST_F(ZelvoHIDManagerTest, TransfersEightBytesOutAndSixtyFourIn)
     first->status.fill(0x55);
     EXPECT_TRUE(ZelvoHIDManager::readBuffer(report, *added[0]));
     EXPECT_EQ(std::count(report.begin(), report.end(), 0x55), 63);
-
-    first->readStatus = ETIMEDOUT;
-    EXPECT_TRUE(logOf([&] {
-        EXPECT_FALSE(ZelvoHIDManager::readBuffer(report, *added[0]));
-    }).contains(QStringLiteral("IOHIDDeviceGetReport return value: 0000006e\n")));
-    first->readStatus = EINPROGRESS;
-    EXPECT_EQ(logOf([&] { EXPECT_FALSE(ZelvoHIDManager::readBuffer(report, *added[0])); }), QString());
 }
 
-TEST_F(ZelvoHIDManagerTest, LogsAProductStringOfAnyKindOnOneLine)
+TEST_F(ZelvoHIDManagerTest, LogsALongProductStringOnOneLine)
 {
-    const std::optional<QString> products[] = {
-        std::nullopt, QString(20000, u'x'), QStringLiteral("høj 机\n%s%n\nDevice count: 99")};
-    for (const auto& product : products) {
-        const auto adapter = makeAdapter();
-        adapter->strings.remove(QStringLiteral("Product"));
-        if (product)
-            adapter->strings.insert(QStringLiteral("Product"), *product);
-        const QString log = logOf([&] { hid.plug(adapter); });
-        EXPECT_EQ(added.back()->ownNode()->model, product.value_or(QString()).toStdString());
-        EXPECT_LT(log.size(), 400);
-        EXPECT_EQ(log.count(QStringLiteral("\nDevice count: ")), 1);
-        hid.unplug(adapter);
-    }
+    const QString product = QStringLiteral("høj 机\n%s%n\nDevice count: 99") + QString(20000, u'x');
+    first->strings.insert(QStringLiteral("Product"), product);
+    const QString log = logOf([&] { hid.plug(first); });
+    EXPECT_EQ(added.back()->ownNode()->model, product.toStdString());
+    EXPECT_LT(log.size(), 400);
+    EXPECT_EQ(log.count(QStringLiteral("\nDevice count: ")), 1);
 }
 
 TEST_F(ZelvoHIDManagerTest, ListsTheFirstAdapterAndBringsInTheNextWhenItLeaves)

@@ -1,18 +1,33 @@
-#include "desk/StatusReportChecks.h"
+#include "desk/ErrorCodeHandler.h"
+#include "desk/ZelvoHIDDevice.h"
+#include "desk/ZelvoHIDManager.h"
+#include "fakes/FakeHid.h"
+#include "fakes/TestPlatform.h"
+#include "fuzz/Demand.h"
 
 #include <algorithm>
-#include <cstdio>
-#include <cstdlib>
 
 /// The bytes are one status report, filled up with zeros, as a short answer of the adapter is.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
-    static StatusReportChecks checks;
-    StatusReportChecks::Report report {};
+    static TestPlatform platform;
+    static FakeHidManager hid;
+    static ZelvoHIDManager manager(hid);
+    static const auto adapter = std::make_shared<FakeHidDevice>();
+    if (manager.devices().empty())
+        hid.plug(adapter);
+    const auto device = manager.devices().back();
+
+    ZelvoHIDDevice::Report report {};
     std::copy_n(data, std::min(size, report.size()), report.begin());
-    if (const char* violation = checks.violation(report)) {
-        std::fprintf(stderr, "%s\n", violation);
-        std::abort();
-    }
+    adapter->status = report;
+    device->updateCommunicating();
+    device->readPosition();
+    demand(device->fetchPosition() == report[4] + 256 * report[5], "the height is bytes 4 and 5");
+    demand(device->isCommunicating() == ((report[2] & 1) != 0), "communication is bit 0 of the status word");
+    demand(device->errorRecieved() == ((report[3] & 0x02) != 0), "the error shown follows the flag");
+    demand(ErrorCodeHandler::setErrorCode(report).value_or(QMap<QString, QString>()).size() <= 6 + 3,
+        "six codes and the three kinds at most");
+    demand(adapter->written.size() == 2, "reading writes nothing");
     return 0;
 }
