@@ -1,0 +1,61 @@
+#pragma once
+
+#include <random>
+#include <string>
+#include <vector>
+
+/// What happens in one history, as plain data: who holds the script knows what must come of it.
+namespace storm {
+enum class Verb {
+    Wait,
+    Press, ///< a button of the main window or the reminder, held from here on
+    LetGo, ///< of that button, in one of the ways a hold can end
+    Open, ///< the main window, or close it
+    Plug,
+    Unplug,
+    Wire, ///< how transfers fare from here on; `value` is what a slow one takes
+    Error, ///< of the desk that is driven
+    Handset, ///< somebody moves the desk to `value` without the program
+    User, ///< leaves, comes back
+    Dark, ///< the screens go dark or are locked
+    Signal, ///< the machine announces a sleep or a wake; that it sleeps is another matter
+    Sleep, ///< for `value` seconds; `variant` is a sum of SleepWith
+    Clock, ///< the wall clock is set by `value` seconds
+    Set, ///< a setting to `value`
+    Answer, ///< to a reminder
+    Disk, ///< full, free
+    End, ///< of the process, and a new start
+    Freeze, ///< the process stands still for `value` seconds; a held button is let go half way
+};
+
+/// What goes with a sleep of the machine.
+enum SleepWith { Announced = 1, WakeTold = 2, DarkBefore = 4, UnpluggedInSleep = 8, ReplugBeforeWake = 16 };
+
+struct Step {
+    Verb verb;
+    int variant;
+    double value;
+    double seconds; ///< that pass after it
+};
+
+/// A setting by its key in the settings file.
+struct Setting {
+    const char* key;
+    double value;
+};
+
+struct Script {
+    double start; ///< of the wall clock, seconds since 1970-01-01 UTC
+    std::vector<double> settings; ///< values of settingKeys()
+    std::vector<Step> steps;
+};
+
+[[nodiscard]] const std::vector<const char*>& settingKeys();
+/// The variants of a verb by name; a verb without any has one.
+[[nodiscard]] const std::vector<const char*>& variantNames(Verb verb);
+
+[[nodiscard]] Script drawScript(std::mt19937_64& random, size_t steps);
+/// One line that parseScript() understands: settings, then "verb variant value +seconds" for each step.
+[[nodiscard]] std::string text(const Script& script);
+[[nodiscard]] Script parseScript(const std::string& text);
+}
