@@ -21,7 +21,7 @@ _BEDS = []  # Until the end: one that is collected takes the environment of the 
 
 
 class Machine:
-    """/sys and /dev of a machine of its own, and the thread that answers for its adapters."""
+    # /sys and /dev of a machine of its own, and the thread that answers for its adapters.
 
     def __init__(self):
         self.bed = UMockdev.Testbed.new()
@@ -39,7 +39,7 @@ class Machine:
         self._context.pop_thread_default()
 
     def call(self, function):
-        """Runs it on the adapters' thread and waits for it."""
+        # Runs it on the adapters' thread and waits for it.
         done = threading.Event()
 
         def invoke(*_):
@@ -73,7 +73,7 @@ class Machine:
 
 
 class Adapter:
-    """One adapter with its desk. What happens on the wire is in `wire`, with the time of its arrival."""
+    # One adapter with its desk. What happens on the wire is in `wire`, with the time of its arrival.
 
     def __init__(self, machine, number, height=900, maker="Zelvo Ardenta A/S", clock=time.monotonic):
         self.machine, self.clock = machine, clock
@@ -121,14 +121,14 @@ class Adapter:
         os.unlink(self.file)
 
     def answer(self):
-        """Ends a silence: what hung is answered as a real kernel does, with ETIMEDOUT."""
+        # Ends a silence: what hung is answered as a real kernel does, with ETIMEDOUT.
         self.silent = False
         held, self._held = self._held, []
         for client in held:
             client.complete(-1, errno.ETIMEDOUT)
 
     def carry_out(self):
-        """Ends a silence: what hung is carried out at last."""
+        # Ends a silence: what hung is carried out at last.
         self.silent = False
         held, self._held = self._held, []
         self.machine.call(lambda: [self._complete(client) for client in held])
@@ -197,7 +197,7 @@ class Adapter:
             return bytes(report)
 
     def put(self, height):
-        """The desk's own handset moves it."""
+        # The desk's own handset moves it.
         with self._lock:
             self._advance()
             self.height = float(height)

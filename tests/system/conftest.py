@@ -5,12 +5,14 @@ from desktop import Desktop
 
 @pytest.fixture
 def desktop(request):
-    """A private desktop for one scenario. `@pytest.mark.screen("800x480")` gives it another size."""
+    # A private desktop for one scenario. `@pytest.mark.screen("800x480")` gives it another size.
     screen = request.node.get_closest_marker("screen")
     found = Desktop(*(screen.args if screen else ()))
     yield found
     if request.node.report.failed:
         print(found.log()[-6000:])
+        print("Windows:", {title: found.frame(window) for title, window in found.windows().items()})
+        print("Time:", found.clock.now(), found.clock.rate)
         print((found.home / "stderr").read_text()[-3000:])
     found.close()
 

@@ -17,22 +17,23 @@ import gi
 
 gi.require_version("Gio", "2.0")
 from gi.repository import Gio, GLib  # noqa: E402
-from Xlib import X, XK, Xatom, display  # noqa: E402
+from Xlib import X, XK, display  # noqa: E402
 from Xlib.ext import xtest  # noqa: E402
+from Xlib.protocol import event  # noqa: E402
 
+from adapter import Machine  # noqa: E402
 from bus import Mock, call  # noqa: E402
 from screenreader import SHOWING, ignoring_what_goes, listen_to  # noqa: E402
 from waiting import DEADLINE, wait_until  # noqa: E402
 
-BIN = Path(os.environ["ZELVO_BIN"])
-PROGRAM = BIN / "zelvo-standup"
+PROGRAM = Path(os.environ["ZELVO_BIN"]) / "zelvo-standup"
 SET_UP = {"ActivityMode": 2, "ActivityGoal": 15, "NumberOfStandUps": 2, "Weight": 70, "Version": "1.0.1"}
 BUS_CONFIG = """<busconfig><type>session</type><listen>unix:path={}</listen><policy context="default">
 <allow send_destination="*" eavesdrop="true"/><allow eavesdrop="true"/><allow own="*"/></policy></busconfig>"""
 
 
 class Clock:
-    """The program's clocks, in a file that it maps."""
+    # The program's clocks, in a file that it maps.
 
     LAYOUT = struct.Struct("=Qddddd")
 
@@ -44,43 +45,50 @@ class Clock:
         self._turn = 0
         self._origin = self._virtual = time.monotonic()
         self.rate, self.ahead, self.slept = 1.0, 0.0, 0.0
-        self._write()
+        self.run(1)
 
-    def _write(self):
-        values = (self._origin, self._virtual, self.rate, self.ahead, self.slept)
+    @contextlib.contextmanager
+    def _writing(self):
+        # Who asks for the time meanwhile waits, so that it never runs backwards.
         self._memory[0:8] = struct.pack("=Q", self._turn + 1)
+        yield
+        values = (self._origin, self._virtual, self.rate, self.ahead, self.slept)
         self._memory[8:] = struct.pack("=ddddd", *values)
         self._turn += 2
         self._memory[0:8] = struct.pack("=Q", self._turn)
 
+    def _at(self, monotonic):
+        return self._virtual + (monotonic - self._origin) * self.rate
+
     def monotonic(self):
-        return self._virtual + (time.monotonic() - self._origin) * self.rate
+        return self._at(time.monotonic())
 
     def now(self):
-        """The wall clock, as the program reads it."""
+        # The wall clock, as the program reads it.
         return time.time() - time.monotonic() + self.monotonic() + self.ahead + self.slept
 
     def run(self, rate):
-        self._virtual, self._origin = self.monotonic(), time.monotonic()
-        self.rate = float(rate)
-        self._write()
+        with self._writing():
+            now = time.monotonic()
+            self._virtual, self._origin, self.rate = self._at(now), now, float(rate)
 
     def set_wall(self, by):
-        self.ahead += by
-        self._write()
+        with self._writing():
+            self.ahead += by
 
     def start_at(self, moment):
         self.set_wall(moment - self.now())
 
     def sleep(self, seconds):
-        """The machine slept."""
-        self.slept += seconds
-        self._write()
+        # The machine slept.
+        with self._writing():
+            self.slept += seconds
 
 
 class Desktop:
     def __init__(self, screen="1280x1024"):
         self._ends = contextlib.ExitStack()
+        self.programs, self.machine = [], None
         try:
             self._begin(screen)
         except BaseException:
@@ -91,14 +99,12 @@ class Desktop:
         self.screen = tuple(int(side) for side in screen.split("x"))
         self.home = Path(tempfile.mkdtemp(prefix="standup-"))
         self._ends.callback(shutil.rmtree, self.home, True)
-        for name in ("config", "data", "runtime", "documents"):
+        for name in ("config", "data", "runtime"):
             (self.home / name).mkdir(mode=0o700)
         self.config = self.home / "config/org.zelvo.StandUp/StandUp.conf"
         self.folder = self.home / "data/org.zelvo.StandUp"
         self.store = self.folder / "StandUp.storedata"
         self.clock = Clock(self.home / "clock")
-        self.programs = []
-        self.machine = None
         self.env = {k: v for k, v in os.environ.items() if k in ("PATH", "UBSAN_OPTIONS")}
         self.env |= {
             "ASAN_OPTIONS": "verify_asan_link_order=0",
@@ -114,26 +120,27 @@ class Desktop:
         }
         self.env["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
         self._start_x(screen)
-        self.session = self.connect(self.env["DBUS_SESSION_BUS_ADDRESS"])
-        self.system = self.connect(self.env["DBUS_SYSTEM_BUS_ADDRESS"])
+        self.session, self.system = (self.connect(self.env[f"DBUS_{bus}_BUS_ADDRESS"]) for bus in ("SESSION", "SYSTEM"))
         self._spawn("/usr/libexec/at-spi-bus-launcher", "--launch-immediately")
         wait_until(lambda: self.has_owner(self.session, "org.a11y.Bus"), "accessibility bus")
         address = call(self.session, "org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress")[0]
         self.accessibility = self.connect(address)
 
     def _spawn(self, *command, **options):
-        """A process that ends with the scenario, even when that is killed."""
+        # A process that ends with the scenario, even when that is killed.
         quiet = {"stdin": subprocess.DEVNULL, "stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL}
-        command = [*"setpriv --pdeathsig KILL --".split(), *(str(word) for word in command)]
+        command = [*"env --default-signal setpriv --pdeathsig TERM --".split(), *(str(word) for word in command)]
         process = subprocess.Popen(command, **({"env": self.env} | quiet | options))
         self._ends.callback(self._end, process)
         return process
 
     @staticmethod
     def _end(process):
-        if process.poll() is None:
-            process.send_signal(signal.SIGCONT)
-            process.kill()
+        process.terminate()  # So that it ends those that it started.
+        process.send_signal(signal.SIGCONT)
+        with contextlib.suppress(subprocess.TimeoutExpired):
+            process.wait(2)
+        process.kill()
         process.wait()
 
     def _bus(self, name):
@@ -165,45 +172,41 @@ class Desktop:
         wait_until(lambda: self.property(self.root, "_NET_SUPPORTING_WM_CHECK"), "window manager")
 
     def close(self):
-        if getattr(self, "machine", None):
-            # The program goes first: nobody may wait for an answer when the adapters go.
-            for program in self.programs:
-                self._end(program.process)
+        # The programs go first: nobody may wait for an answer when the adapters go.
+        for program in self.programs:
+            program.process.kill()
+            program.process.wait()
+        if self.machine:
             self.machine.close()
         self._ends.close()
 
     # The machine
 
     def plug(self, **settings):
-        from adapter import Machine
-
         if not self.machine:
             self.machine = Machine()
             self.env["UMOCKDEV_DIR"] = self.machine.root
         return self.machine.plug(clock=self.clock.monotonic, **settings)
 
-    def mock(self, bus, name, path, interface, template=None):
-        """A service of python-dbusmock."""
-        kind = {"SESSION": "--session", "SYSTEM": "--system"}[bus]
-        what = ("--template", template) if template else (name, path, interface)
-        process = self._spawn("/usr/bin/python3", "-m", "dbusmock", kind, *what)
-        connection = self.session if bus == "SESSION" else self.system
-        wait_until(lambda: self.has_owner(connection, name), name)
-        mock = Mock(connection, name, path, interface)
+    def mock(self, bus, kind, template, name, path, interface):
+        # A service of python-dbusmock.
+        process = self._spawn("/usr/bin/python3", "-m", "dbusmock", kind, "--template", template)
+        wait_until(lambda: self.has_owner(bus, name), name)
+        mock = Mock(bus, name, path, interface)
         mock.end = lambda: self._end(process)
         return mock
 
     def add_tray(self):
         name = "org.kde.StatusNotifierWatcher"
         template = Path(__file__).with_name("tray_watcher.py")
-        self.tray = self.mock("SESSION", name, "/StatusNotifierWatcher", name, template)
+        self.tray = self.mock(self.session, "--session", template, name, "/StatusNotifierWatcher", name)
         return self.tray
 
     def add_logind(self):
-        manager = ("/org/freedesktop/login1", "org.freedesktop.login1.Manager")
-        logind = self.mock("SYSTEM", "org.freedesktop.login1", *manager, template="logind")
-        logind.inhibitors = lambda: call(self.system, logind.name, *manager, "ListInhibitors")[0]
-        return logind
+        logind = ("org.freedesktop.login1", "/org/freedesktop/login1", "org.freedesktop.login1.Manager")
+        mock = self.mock(self.system, "--system", "logind", *logind)
+        mock.inhibitors = lambda: call(self.system, *logind, "ListInhibitors")[0]
+        return mock
 
     @staticmethod
     def has_owner(connection, name):
@@ -211,17 +214,17 @@ class Desktop:
 
     # The program
 
-    def settings(self, text=None, **values):
+    def settings(self, **values):
         self.config.parent.mkdir(exist_ok=True)
-        lines = [f"{key}={value}" for key, value in (SET_UP | values).items() if value is not None]
-        self.config.write_text(text or "[General]\n" + "\n".join(lines) + "\n")
+        lines = [f"{key}={value}\n" for key, value in (SET_UP | values).items() if value is not None]
+        self.config.write_text("[General]\n" + "".join(lines))
 
     def setting(self, key):
         found = re.search(rf"^{key}=(.*)$", self.config.read_text(), re.M) if self.config.exists() else None
         return found and found[1]
 
     def start(self, *arguments, **env):
-        """As a user starts it. With an adapter plugged in before, udev and hidraw are the emulated ones."""
+        # As a user starts it. With an adapter plugged in before, udev and hidraw are the emulated ones.
         env = self.env | self.bent(*(["libumockdev-preload.so.0"] if self.machine else [])) | env
         with open(self.home / "stderr", "ab") as stderr:
             process = self._spawn(PROGRAM, *arguments, env=env, stderr=stderr)
@@ -238,7 +241,7 @@ class Desktop:
         return file.read_text() if file.exists() else ""
 
     def records(self):
-        """(start, end, standing) of every stored period, by a reader of its own."""
+        # (start, end, standing) of every stored period, by a reader of its own.
         if not self.store.exists():
             return []
         with contextlib.closing(sqlite3.connect(f"file:{self.store}?mode=ro", uri=True)) as store:
@@ -248,7 +251,7 @@ class Desktop:
         return []
 
     def plant(self, rows):
-        """Writes (start, end, standing) into the store of a program that does not run."""
+        # Writes (start, end, standing) into the store of a program that does not run.
         with contextlib.closing(sqlite3.connect(self.store)) as store, store:
             statement = "INSERT INTO Activity (startDate, endDate, isStanding, weight) VALUES (?, ?, ?, 70)"
             store.executemany(statement, rows)
@@ -260,7 +263,7 @@ class Desktop:
         return found.value if found else None
 
     def windows(self):
-        """The managed windows by title."""
+        # The managed windows by title.
         found = {}
         for number in self.property(self.root, "_NET_CLIENT_LIST") or []:
             window = self.x.create_resource_object("window", number)
@@ -273,7 +276,7 @@ class Desktop:
         return wait_until(lambda: self.windows().get(title), f"window {title}")
 
     def frame(self, window):
-        """x, y, width, height on the screen."""
+        # x, y, width, height on the screen.
         size = window.get_geometry()
         corner = window.translate_coords(self.root, 0, 0)
         return -corner.x, -corner.y, size.width, size.height
@@ -283,7 +286,7 @@ class Desktop:
         return state is not None and state[0] == 3
 
     def is_visible(self, window):
-        """It is shown on the current workspace."""
+        # It is shown on the current workspace.
         on = self.property(window, "_NET_WM_DESKTOP")
         shown = window.get_attributes().map_state == X.IsViewable
         return shown and on is not None and on[0] in (self.workspace(), 0xFFFFFFFF)
@@ -300,9 +303,7 @@ class Desktop:
         return active is not None and active[0] == window.id
 
     def tell(self, window, message, *values):
-        """A request to the window manager."""
-        from Xlib.protocol import event
-
+        # A request to the window manager.
         data = (32, (list(values) + [0] * 5)[:5])
         mask = X.SubstructureRedirectMask | X.SubstructureNotifyMask
         request = event.ClientMessage(window=window, client_type=self.x.get_atom(message), data=data)
@@ -310,7 +311,7 @@ class Desktop:
         self.x.sync()
 
     def editor(self):
-        """Another program's window, with the keyboard."""
+        # Another program's window, with the keyboard.
         values = {"event_mask": X.KeyPressMask, "background_pixel": self.x.screen().white_pixel}
         depth = self.x.screen().root_depth
         window = self.root.create_window(300, 300, 200, 100, 0, depth, X.InputOutput, X.CopyFromParent, **values)
@@ -332,10 +333,10 @@ class Desktop:
         self.x.sync()
         return time.monotonic()
 
-    def click(self, x, y, number=1):
+    def click(self, x, y):
         self.move_pointer(x, y)
-        self.button(True, number)
-        self.button(False, number)
+        self.button(True)
+        self.button(False)
 
     def key(self, name, is_press=None):
         code = self.x.keysym_to_keycode(XK.string_to_keysym(name))
@@ -350,18 +351,18 @@ class Desktop:
 
 
 class Program:
-    """A started program, and what a screen reader finds in it."""
+    # A started program, and what a screen reader finds in it.
 
     def __init__(self, desktop, process):
         self.desktop, self.process = desktop, process
 
     @property
     def ear(self):
-        """The program as a screen reader finds it, once it has shown a window."""
+        # The program as a screen reader finds it, once it has shown a window.
         return listen_to(self)
 
     def window_with(self, *names):
-        """The accessible window that shows controls of these names."""
+        # The accessible window that shows controls of these names.
 
         def find():
             windows = [window for window in self.ear.children if window.has(SHOWING)]
@@ -370,7 +371,7 @@ class Program:
         return wait_until(ignoring_what_goes(find), f"a window with {names}")
 
     def show(self):
-        """A second start brings the first one's window to the front."""
+        # A second start brings the first one's window to the front.
         assert self.desktop.start().process.wait(DEADLINE) == 0
         return self.desktop.window("Zelvo StandUp")
 
@@ -381,12 +382,12 @@ class Program:
 
         return wait_until(item, "tray icon")
 
-    def click_tray(self, x=0, y=0):
+    def click_tray(self):
         item = ("/StatusNotifierItem", "org.kde.StatusNotifierItem")
-        call(self.desktop.session, self.tray_item(), *item, "Activate", "(ii)", x, y)
+        call(self.desktop.session, self.tray_item(), *item, "Activate", "(ii)", 0, 0)
 
     def menu(self):
-        """Label to (number, enabled) of the entries of the tray's menu."""
+        # Label to (number, enabled) of the entries of the tray's menu.
         menu = (self.desktop.session, self.tray_item(), "/MenuBar", "com.canonical.dbusmenu")
         call(*menu, "AboutToShow", "(i)", 0)  # As a tray does before it shows one.
         layout = call(*menu, "GetLayout", "(iias)", 0, -1, [])
@@ -397,14 +398,6 @@ class Program:
         number = self.menu()[label][0]
         event = (number, "clicked", GLib.Variant("s", ""), 0)
         call(self.desktop.session, self.tray_item(), "/MenuBar", "com.canonical.dbusmenu", "Event", "(isvu)", *event)
-
-    @property
-    def pid(self):
-        return self.process.pid
-
-    @property
-    def runs(self):
-        return self.process.poll() is None
 
     def signal(self, number):
         self.process.send_signal(number)

@@ -13,7 +13,7 @@ FOCUSED, SHOWING = 12, 25  # Of the states, by number.
 
 
 def ignoring_what_goes(look):
-    """A look at controls that may go while they are looked at: it finds nothing then."""
+    # A look at controls that may go while they are looked at: it finds nothing then.
 
     def careful():
         try:
@@ -74,10 +74,6 @@ class Node:
         return self._call("EditableText", "SetTextContents", "(s)", text)[0]
 
     @property
-    def value(self):
-        return self._get("Value", "CurrentValue")
-
-    @property
     def actions(self):
         return [action[0] for action in self._call("Action", "GetActions")[0]]
 
@@ -104,7 +100,7 @@ class Node:
         return wait_until(found, f"{role or 'control'} {name!r}")[0]
 
     def says(self):
-        """Everything in it that is showing, as a screen reader would read it out."""
+        # Everything in it that is showing, as a screen reader would read it out.
         return [node.name for node in self.walk() if node.has(SHOWING) and node.name]
 
     def hears(self, words, seconds=20.0):
@@ -113,13 +109,13 @@ class Node:
 
 
 def listen_to(program):
-    """The program's root in the tree of accessible things."""
+    # The program's root in the tree of accessible things.
     bus = program.desktop.accessibility
 
     def find():
         for node in Node(bus, "org.a11y.atspi.Registry", ROOT).children:
             dbus = ("org.freedesktop.DBus", "/", "org.freedesktop.DBus")
-            if call(bus, *dbus, "GetConnectionUnixProcessID", "(s)", node.owner) == (program.pid,):
+            if call(bus, *dbus, "GetConnectionUnixProcessID", "(s)", node.owner) == (program.process.pid,):
                 return node
         return None
 

@@ -12,7 +12,7 @@ GRACE = 0.3  # No movement report later than that after a release.
 
 
 class Desk:
-    """The main window over an adapter, and a finger on one of its buttons."""
+    # The main window over an adapter, and a finger on one of its buttons.
 
     def __init__(self, desktop, **settings):
         self.desktop = desktop
@@ -38,7 +38,7 @@ class Desk:
         return self.desktop.button(False)
 
     def stands(self, let_go, grace=GRACE):
-        """A stop came after it was let go, and no movement report later than the grace."""
+        # A stop came after it was let go, and no movement report later than the grace.
         settled = lambda: self.adapter.values()[-1] == STOP and time.monotonic() > let_go + grace + 0.7  # noqa: E731
         wait_until(settled, "a stop at last")
         assert set(self.adapter.values(let_go + grace)) <= {STOP, "init"}

@@ -11,7 +11,7 @@ RATE, SIMULATED_RATE = 30, 100
 
 
 class Worker:
-    """Somebody at a desk who waits for reminders."""
+    # Somebody at a desk who waits for reminders.
 
     def __init__(self, desktop, simulated=False, **settings):
         self.desktop, self.clock = desktop, desktop.clock
@@ -48,7 +48,7 @@ def worker(desktop):
 
 @pytest.fixture
 def standing_worker(desktop):
-    """The same times the other way round."""
+    # The same times the other way round.
     return Worker(desktop, ActivityGoal=12)
 
 

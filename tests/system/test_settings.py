@@ -31,7 +31,7 @@ class Setup:
         return self.panel.find(FIELDS[name], "text")
 
     def enter(self, name, text):
-        """With the keyboard."""
+        # With the keyboard.
         wait_until(lambda: self.desktop.is_active(self.desktop.window("Setup")), "the window in front")
         self.field(name).focus()
         wait_until(lambda: self.field(name).has(FOCUSED), "focus")

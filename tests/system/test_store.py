@@ -2,21 +2,19 @@
 
 import contextlib
 import os
-import re
 import signal
-import sqlite3
 import subprocess
 
 import pytest
 from screenreader import ignoring_what_goes
-from waiting import holds_for, wait_until
+from waiting import wait_until
 
 PULSE = 15.0
 RATE = 20
 
 
 def has_little_room(folder):
-    """A disk of its own for the folder: 1 MB of memory."""
+    # A disk of its own for the folder: 1 MB of memory.
     command = ["mount", "-t", "tmpfs", "-o", "size=1m", "tmpfs", str(folder)]
     if os.geteuid() != 0 or subprocess.run(command, stderr=subprocess.DEVNULL).returncode != 0:
         pytest.skip("a disk of its own for the data folder needs the right to mount one")
@@ -28,8 +26,6 @@ def small_disk(desktop):
     desktop.folder.mkdir()
     has_little_room(desktop.folder)
     yield Disk(desktop.folder)
-    for program in desktop.programs:
-        desktop._end(program.process)
     subprocess.run(["umount", "--lazy", str(desktop.folder)], check=True)
 
 
@@ -47,7 +43,7 @@ class Disk:
 
 
 def panel(program, expected=""):
-    """The text of the error panel that says what is expected; it is then dismissed."""
+    # The text of the error panel that says what is expected; it is then dismissed.
 
     def words_and_panel():
         found = program.window_with("OK")
@@ -168,19 +164,3 @@ def test_a_folder_that_is_a_file(desktop):
     assert "found a file" in panel(program)
     program.signal(signal.SIGINT)
     assert program.ends_within(3) and desktop.folder.read_text() == "mine"
-
-
-def test_an_older_record_is_carried_on(desktop):
-    desktop.settings()
-    program = desktop.start("--simulate")
-    wait_until(desktop.records, "a first record")
-    program.quit()
-    rows = [(1e9 + day * 86400, 1e9 + day * 86400 + 600, day % 2) for day in range(400)]
-    desktop.plant(rows)
-    desktop.start("--simulate")
-    wait_until(lambda: len(desktop.records()) == 402, "a further record")
-    assert desktop.records()[:400] == rows
-    with contextlib.closing(sqlite3.connect(desktop.store)) as store:
-        assert store.execute("PRAGMA quick_check").fetchall() == [("ok",)]
-    holds_for(0.3, lambda: len(desktop.records()) == 402, "no further one")
-    assert not re.search("Couldn't", desktop.log())

@@ -46,7 +46,7 @@ def test_a_second_start_ends_and_shows_the_first(desktop):
     wait_until(desktop.records, "a first record")
     window = first.show()
     wait_until(lambda: desktop.is_active(window), "the window in front")
-    assert first.runs and len(desktop.records()) == 1
+    assert first.process.poll() is None and len(desktop.records()) == 1
 
 
 def test_an_error_is_shown_and_goes_with_its_adapter(desktop):

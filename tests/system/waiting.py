@@ -6,7 +6,7 @@ DEADLINE = 20.0
 
 
 def wait_until(condition, what=None, seconds=DEADLINE):
-    """Waits for the condition and answers what it answered; never for a fixed time."""
+    # Waits for the condition and answers what it answered; never for a fixed time.
     end = time.monotonic() + seconds
     while True:
         answer = condition()
@@ -18,7 +18,7 @@ def wait_until(condition, what=None, seconds=DEADLINE):
 
 
 def holds_for(seconds, condition, what):
-    """The condition is true now and stays so."""
+    # The condition is true now and stays so.
     end = time.monotonic() + seconds
     while time.monotonic() < end:
         assert condition(), what
