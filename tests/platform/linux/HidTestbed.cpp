@@ -75,12 +75,11 @@ TestAdapter::TestAdapter(HidTestbed& testbed, int number, const Strings& strings
     const QByteArray hidrawName = m_node.mid(int(strlen("/dev/")));
     m_usbPath = take(umockdev_testbed_add_device(
         bed, "usb", usbName.constData(), nullptr, nullptr, "DEVTYPE", "usb_device", nullptr));
-    if (strings.manufacturer)
-        umockdev_testbed_set_attribute(
-            bed, m_usbPath.constData(), "manufacturer", (*strings.manufacturer + "\n").constData());
-    if (strings.product)
-        umockdev_testbed_set_attribute(
-            bed, m_usbPath.constData(), "product", (*strings.product + "\n").constData());
+    for (const auto& [name, value] :
+        {std::pair("manufacturer", strings.manufacturer), {"product", strings.product}}) {
+        if (value)
+            umockdev_testbed_set_attribute(bed, m_usbPath.constData(), name, (*value + "\n").constData());
+    }
     const QByteArray numbers = "240:" + QByteArray::number(number);
     m_hidrawPath = take(umockdev_testbed_add_device(bed, "hidraw", hidrawName.constData(),
         m_usbPath.constData(), "dev", numbers.constData(), nullptr, "DEVNAME", m_node.constData(), nullptr));

@@ -26,7 +26,6 @@ using Report = TestAdapter::Report;
 /// Far above what a busy machine adds to a call that does not wait.
 constexpr double kAtOnceSeconds = 0.2;
 constexpr uid_t kNobody = 65534;
-const Report kInit {3, 4, 0, 0xFB, 0, 0, 0, 0};
 const Report kUp {5, 0, 0x80, 0, 0x80, 0, 0x80, 0};
 const Report kStop {5, 1, 0x80, 1, 0x80, 1, 0x80, 1};
 
@@ -91,46 +90,30 @@ void settle()
     waitFor([] { return false; }, std::chrono::milliseconds(80));
 }
 
-/// Another program that wants the adapter for itself.
-class OtherHolder {
-public:
-    explicit OtherHolder(const QByteArray& file)
-        : m_file(open(file.constData(), O_RDWR | O_CLOEXEC))
-        , m_holds(flock(m_file, LOCK_EX | LOCK_NB) == 0)
-    {
-    }
-    ~OtherHolder() { close(m_file); }
-    OtherHolder(const OtherHolder&) = delete;
-    OtherHolder& operator=(const OtherHolder&) = delete;
-    [[nodiscard]] bool holds() const { return m_holds; }
-    void letGo() const { flock(m_file, LOCK_UN); }
-
-private:
-    int m_file;
-    bool m_holds;
-};
-
-bool isHeld(const QByteArray& file)
+/// Another program wants the adapter for itself; the caller closes what it got.
+int openAndLock(const QByteArray& path, bool& isOurs)
 {
-    return !OtherHolder(file).holds();
+    const int file = open(path.constData(), O_RDWR | O_CLOEXEC);
+    isOurs = flock(file, LOCK_EX | LOCK_NB) == 0;
+    return file;
 }
 
-/// The rights of an ordinary user for as long as it lives: root is never refused.
-class OrdinaryUser {
-public:
-    OrdinaryUser()
-    {
-        if (m_user == 0) {
-            EXPECT_EQ(seteuid(kNobody), 0);
-        }
-    }
-    ~OrdinaryUser() { EXPECT_EQ(seteuid(m_user), 0); }
-    OrdinaryUser(const OrdinaryUser&) = delete;
-    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
+bool isHeld(const QByteArray& path)
+{
+    bool isOurs = false;
+    close(openAndLock(path, isOurs));
+    return !isOurs;
+}
 
-private:
-    uid_t m_user = geteuid();
-};
+/// Acts with the rights of an ordinary user: root is never refused.
+template <typename Action>
+void asOrdinaryUser(const Action& action)
+{
+    const uid_t user = geteuid();
+    EXPECT_TRUE(user != 0 || seteuid(kNobody) == 0);
+    action();
+    EXPECT_EQ(seteuid(user), 0);
+}
 
 /// A user has few of them, and other programs take their share.
 bool hasInotify()
@@ -189,6 +172,16 @@ protected:
         m_buffer[0] = 4;
         return m_added.at(device)->getFeatureReport(m_buffer);
     }
+    /// The one line in the log is about the adapter that is announced and cannot be opened.
+    void expectRefusal(const char* words, const std::function<void()>& begin)
+    {
+        testing::internal::CaptureStderr();
+        begin();
+        EXPECT_TRUE(waitForAdded(1));
+        const std::string log = testing::internal::GetCapturedStderr();
+        EXPECT_NE(log.find(words), std::string::npos) << log;
+        EXPECT_EQ(std::count(log.begin(), log.end(), '\n'), 1);
+    }
     /// A write is never waited for to its end.
     void write(const Report& report) { EXPECT_EQ(m_added.at(0)->setFeatureReport(report), 0); }
 
@@ -202,7 +195,7 @@ protected:
 };
 }
 
-TEST_F(LinuxHid, announcesEachMatchingAdapterOnce)
+TEST_F(LinuxHid, announcesEachMatchingAdapterOnceAndFollowsItOutAndInAgain)
 {
     const auto first = m_testbed.plug();
     const auto stranger = m_testbed.plug({"Zelvo Ardenta", "Desk adapter"});
@@ -211,23 +204,39 @@ TEST_F(LinuxHid, announcesEachMatchingAdapterOnce)
     first->report("add");
     first->report("change");
     ASSERT_TRUE(waitForAdded(1));
-
     const auto second = m_testbed.plug({"Zelvo Ardenta A/S", "Hæve-/sænkebord \xff"});
     ASSERT_TRUE(waitForAdded(2));
     const auto third = m_testbed.plug({"Zelvo Ardenta A/S", std::nullopt});
     ASSERT_TRUE(waitForAdded(3));
     settle();
     EXPECT_EQ(m_manager->copyDevices(), m_added);
-    EXPECT_TRUE(isHeld(first->file()));
-    EXPECT_TRUE(isHeld(second->file()));
-    EXPECT_FALSE(isHeld(stranger->file()));
+    EXPECT_TRUE(isHeld(first->file()) && isHeld(second->file()) && !isHeld(stranger->file()));
     const QString product = QStringLiteral("Product");
     EXPECT_EQ(m_added[0]->stringProperty(product), QStringLiteral("Desk adapter"));
     EXPECT_EQ(m_added[1]->stringProperty(product), QStringLiteral("Hæve-/sænkebord \uFFFD"));
     EXPECT_EQ(m_added[2]->stringProperty(product), std::nullopt);
+
+    EXPECT_EQ(m_added[0]->openExclusively(), 0);
+    ASSERT_EQ(read(), 0);
+    first->report("remove");
+    ASSERT_TRUE(waitForRemoved(1));
+    EXPECT_EQ(m_removed[0], m_added[0]);
+    EXPECT_EQ(m_manager->copyDevices(), (std::vector {m_added[1], m_added[2]}));
+    EXPECT_EQ(read(), ENODEV);
+    EXPECT_EQ(m_added[0]->openExclusively(), ENODEV);
+    EXPECT_TRUE(waitFor([&] { return !isHeld(first->file()); })) << "the node stays open";
+    first->report("add");
+    ASSERT_TRUE(waitForAdded(4));
+    EXPECT_NE(m_added[3], m_added[0]);
+    EXPECT_EQ(read(3), 0);
+    const auto brief = m_testbed.plug();
+    brief->report("remove");
+    settle();
+    EXPECT_EQ(m_added.size(), 4U) << "it left before it was opened";
+    EXPECT_EQ(m_removed.size(), 1U);
 }
 
-TEST_F(LinuxHid, carriesReportsBothWays)
+TEST_F(LinuxHid, carriesReportsBothWaysAndAStopAsSoonAsTheAdapterIsFree)
 {
     const auto adapter = plugAndStart();
     write(kUp);
@@ -237,12 +246,7 @@ TEST_F(LinuxHid, carriesReportsBothWays)
     EXPECT_EQ(m_buffer[2], 6);
     EXPECT_EQ(m_buffer[3], 0xEE) << "a short answer leaves the rest";
     EXPECT_EQ(m_late, 0);
-}
 
-TEST_F(LinuxHid, sendsAStopAsSoonAsAnAdapterIsFree)
-{
-    const auto adapter = plugAndStart();
-    ASSERT_EQ(read(), 0);
     adapter->setSilent(true);
     EXPECT_LT(secondsOf([&] {
         write(kUp);
@@ -253,7 +257,7 @@ TEST_F(LinuxHid, sendsAStopAsSoonAsAnAdapterIsFree)
     ASSERT_TRUE(waitFor([&] { return adapter->isHolding(); }));
     adapter->setSilent(false);
     ASSERT_TRUE(waitFor([&] { return m_late > 0; }));
-    EXPECT_EQ(adapter->written(), std::vector<Report> {kStop}) << "what was held up has timed out";
+    EXPECT_EQ(adapter->written(), (std::vector<Report> {kUp, kStop})) << "what was held up has timed out";
     EXPECT_TRUE(m_removed.empty());
 }
 
@@ -284,32 +288,6 @@ TEST_F(LinuxHid, losesASilentAdapterAndFindsItAgain)
     EXPECT_EQ(read(), ENODEV);
 }
 
-TEST_F(LinuxHid, followsTheAdapterOutAndInAgain)
-{
-    const auto adapter = plugAndStart();
-    ASSERT_EQ(read(), 0);
-    adapter->report("add");
-    settle();
-    adapter->report("remove");
-    ASSERT_TRUE(waitForRemoved(1));
-    EXPECT_EQ(m_removed, m_added);
-    EXPECT_TRUE(m_manager->copyDevices().empty());
-    EXPECT_EQ(read(), ENODEV);
-    EXPECT_EQ(m_added[0]->openExclusively(), ENODEV);
-    EXPECT_TRUE(waitFor([&] { return !isHeld(adapter->file()); })) << "the node stays open";
-
-    adapter->report("add");
-    ASSERT_TRUE(waitForAdded(2));
-    EXPECT_NE(m_added[0], m_added[1]);
-    EXPECT_EQ(read(1), 0);
-
-    const auto brief = m_testbed.plug();
-    brief->report("remove");
-    settle();
-    EXPECT_EQ(m_added.size(), 2U) << "it left before it was opened";
-    EXPECT_EQ(m_removed.size(), 1U);
-}
-
 TEST_F(LinuxHid, triesAgainWhenAnotherProgramLetsGo)
 {
     if (!hasInotify())
@@ -318,24 +296,23 @@ TEST_F(LinuxHid, triesAgainWhenAnotherProgramLetsGo)
         SCOPED_TRACE(closes);
         m_added.clear();
         const auto adapter = m_testbed.plug();
-        auto other = std::make_unique<OtherHolder>(adapter->file());
-        testing::internal::CaptureStderr();
-        start();
-        ASSERT_TRUE(waitForAdded(1));
+        bool isTheirs = false;
+        const int other = openAndLock(adapter->file(), isTheirs);
+        ASSERT_TRUE(isTheirs);
+        expectRefusal("is in use by another program", [this] { start(); });
         settle();
-        const std::string log = testing::internal::GetCapturedStderr();
-        EXPECT_NE(log.find("is in use by another program"), std::string::npos);
-        EXPECT_EQ(std::count(log.begin(), log.end(), '\n'), 1);
         EXPECT_EQ(m_added[0]->openExclusively(), EBUSY);
         EXPECT_EQ(read(), EBUSY);
         // A closed file is told of at once, a lock that is given up is found after 30 hurried seconds.
         if (closes)
-            other.reset();
+            close(other);
         else
-            other->letGo();
+            flock(other, LOCK_UN);
         ASSERT_TRUE(
             waitFor([&] { return m_added.size() == 2; }, std::chrono::milliseconds(closes ? 500 : 5000)));
         EXPECT_EQ(m_added[1]->openExclusively(), 0);
+        if (!closes)
+            close(other);
     }
 }
 
@@ -344,33 +321,27 @@ TEST_F(LinuxHid, triesAgainWhenThePermissionsChange)
     if (!hasInotify())
         GTEST_SKIP() << "no inotify instance is left";
     const auto adapter = m_testbed.plug();
-    chmod(adapter->file().constData(), 0);
-    testing::internal::CaptureStderr();
-    {
-        const OrdinaryUser user;
-        start();
-        ASSERT_TRUE(waitForAdded(1));
-    }
-    const std::string log = testing::internal::GetCapturedStderr();
+    const char* const file = adapter->file().constData();
+    chmod(file, 0);
+    expectRefusal(
+        "put the rule file 70-zelvo-standup.rules into /etc/udev/rules.d and run \"sudo udevadm trigger "
+        "--subsystem-match=hidraw --action=change\"",
+        [this] {
+            asOrdinaryUser([this] {
+                start();
+                waitForAdded(1);
+            });
+        });
     EXPECT_EQ(m_added[0]->openExclusively(), EACCES);
-    EXPECT_NE(log.find("70-zelvo-standup.rules"), std::string::npos);
-    EXPECT_NE(log.find("udevadm trigger --subsystem-match=hidraw --action=change"), std::string::npos);
-    EXPECT_EQ(std::count(log.begin(), log.end(), '\n'), 1);
 
-    // Still not enough: no news.
-    chmod(adapter->file().constData(), 0040);
-    {
-        const OrdinaryUser user;
-        settle();
-    }
-    EXPECT_EQ(m_added.size(), 1U);
-
-    chmod(adapter->file().constData(), 0600);
+    chmod(file, 0040);
+    asOrdinaryUser(settle);
+    EXPECT_EQ(m_added.size(), 1U) << "still not enough";
+    chmod(file, 0600);
     ASSERT_TRUE(waitFor([&] { return m_added.size() == 2; }, std::chrono::milliseconds(300)));
     EXPECT_EQ(m_added[0], m_added[1]);
     EXPECT_EQ(read(), 0);
-
-    chmod(adapter->file().constData(), 0660);
+    chmod(file, 0660);
     settle();
     EXPECT_EQ(m_added.size(), 2U);
 }
