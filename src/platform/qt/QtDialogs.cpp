@@ -140,7 +140,6 @@ std::optional<QString> QtDialogs::runSavePanel(const QString& proposedFileName)
 
     Modal<QFileDialog> dialog;
     dialog->setAcceptMode(QFileDialog::AcceptSave);
-    dialog->setFileMode(QFileDialog::AnyFile);
     if (!suffix.isEmpty()) {
         dialog->setDefaultSuffix(suffix);
         dialog->setNameFilter(QStringLiteral("*.%1").arg(suffix));
