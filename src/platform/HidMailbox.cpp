@@ -35,14 +35,16 @@ bool HidMailbox::isUnderWay(Direction direction, uint8_t reportId) const
     return (m_outstanding && isIt(*m_outstanding)) || std::any_of(queue.begin(), queue.end(), isIt);
 }
 
-HidStatus HidMailbox::takeAnswer(std::span<uint8_t> report)
+HidStatus HidMailbox::takeAnswer(std::span<uint8_t> report, double now)
 {
     if (isUnderWay(Direction::Read, report[0]))
         m_late.insert(report[0]);
     const auto answer = m_answers.find(report[0]);
-    if (answer == m_answers.end())
+    // An adapter that was not asked for a while (another one was) may have been moved meanwhile.
+    if (answer == m_answers.end() || now - answer->second.askedAt > kPatienceSeconds)
         return EINPROGRESS;
-    std::copy_n(answer->second.begin(), std::min(answer->second.size(), report.size()), report.begin());
+    const std::vector<uint8_t>& bytes = answer->second.bytes;
+    std::copy_n(bytes.begin(), std::min(bytes.size(), report.size()), report.begin());
     return 0;
 }
 
@@ -84,12 +86,12 @@ HidMailbox::News HidMailbox::end(HidStatus status, std::vector<uint8_t> bytes)
     if (transfer.direction == Direction::Write)
         return {};
     const uint8_t reportId = transfer.bytes[0];
-    m_answers[reportId] = std::move(bytes);
+    m_answers[reportId] = {std::move(bytes), m_begunAt};
     if (!m_late.contains(reportId))
         return {};
     if (!isUnderWay(Direction::Read, reportId))
         m_late.erase(reportId);
-    return {News::Kind::LateAnswer, m_answers[reportId]};
+    return {News::Kind::LateAnswer, m_answers[reportId].bytes};
 }
 
 HidMailbox::News HidMailbox::endProbe(HidStatus status)

@@ -53,8 +53,8 @@ public:
     /// Whether such a transfer waits or is outstanding.
     [[nodiscard]] bool isUnderWay(Direction direction, uint8_t reportId) const;
     /// Copies the last answer into the buffer. An answer that is still under way is told of by end() later;
-    /// EINPROGRESS when there has been none before it either.
-    [[nodiscard]] HidStatus takeAnswer(std::span<uint8_t> report);
+    /// EINPROGRESS when there has been none before it either, or only one that nobody would believe any more.
+    [[nodiscard]] HidStatus takeAnswer(std::span<uint8_t> report, double now);
     /// Nothing but a report of rest that waits goes out from now on.
     void close();
 
@@ -74,6 +74,10 @@ public:
     [[nodiscard]] bool isLost() const { return m_isLost; }
 
 private:
+    struct Answer {
+        std::vector<uint8_t> bytes;
+        double askedAt; ///< when its transfer began
+    };
     using Key = std::pair<Direction, uint8_t>;
     using Queue = std::vector<Transfer>;
 
@@ -93,7 +97,7 @@ private:
     std::optional<Transfer> m_outstanding;
     double m_begunAt = 0;
     std::set<Key> m_failedOnce;
-    std::map<uint8_t, std::vector<uint8_t>> m_answers;
+    std::map<uint8_t, Answer> m_answers;
     std::map<uint8_t, size_t> m_readLengths; ///< of the reports ever read
     std::set<uint8_t> m_late; ///< reports whose reader went on without an answer
     bool m_isLost = false;

@@ -33,7 +33,7 @@ HidStatus MailboxHidDevice::platformGetFeatureReport(std::span<uint8_t> report)
     post([&](HidMailbox& mailbox) { mailbox.read(report, now()); });
     await(Direction::Read, report[0]);
     watch();
-    post([&](HidMailbox& mailbox) { status = mailbox.takeAnswer(report); });
+    post([&](HidMailbox& mailbox) { status = mailbox.takeAnswer(report, now()); });
     return status;
 }
 

@@ -249,6 +249,14 @@ TEST_F(WireTest, ALateAnswerOfAnotherAdapterSaysNothing)
     EXPECT_FALSE(manager.devices().at(1)->isCommunicating());
     advanceTo(2.7);
     EXPECT_TRUE(manager.devices().at(1)->isCommunicating());
+    simulation.desk(1).setHeight(4000);
+    advanceTo(9);
+    simulation.desk().setHeight(4100); // By hand, while nobody asks it.
+    heard.clear();
+    simulation.unplug(1);
+    advanceTo(13);
+    EXPECT_EQ(heard.join(u' '), QString()) << "an old answer is none";
+    EXPECT_EQ(device->position(), 4100);
 }
 
 TEST_F(WireTest, AHeldMoveToAHeightEndsThere)
