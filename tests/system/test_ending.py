@@ -17,8 +17,8 @@ WAYS = {
 
 @pytest.mark.parametrize("way", WAYS)
 def test_ends_at_once_with_everything_open_and_a_button_held(desktop, way):
-    # 20 min of sitting an hour, in 6 parts.
-    desktop.settings(ActivityGoal=40, NumberOfStandUps=6, TimeNotificationDismiss=86400)
+    # 6 min of sitting an hour, in 6 parts.
+    desktop.settings(ActivityGoal=54, NumberOfStandUps=6, TimeNotificationDismiss=86400)
     desktop.add_tray()
     adapter = desktop.plug()
     program = desktop.start()
@@ -26,7 +26,7 @@ def test_ends_at_once_with_everything_open_and_a_button_held(desktop, way):
         program.choose(entry)
         desktop.window(title)
     wait_until(desktop.records, "a first record")
-    desktop.clock.run(40)
+    desktop.clock.run(25)
     reminder = program.window_with("Snooze")
     desktop.clock.run(1)
     desktop.move_pointer(*reminder.find("Up").middle)

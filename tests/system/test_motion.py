@@ -39,7 +39,7 @@ class Desk:
 
     def stands(self, let_go, grace=GRACE):
         # A stop came after it was let go, and no movement report later than the grace.
-        settled = lambda: self.adapter.values()[-1] == STOP and time.monotonic() > let_go + grace + 0.7  # noqa: E731
+        settled = lambda: self.adapter.values()[-1] == STOP and time.monotonic() > let_go + grace + 0.4  # noqa: E731
         wait_until(settled, "a stop at last")
         assert set(self.adapter.values(let_go + grace)) <= {STOP, "init"}
 
