@@ -487,8 +487,17 @@ void Oracle::reminderShown(double now, const std::string& number, const std::str
     m_reminder = Reminder {now, now + setting("TimeNotificationDismiss")};
     if (isIdleFor(now, kIdlePoll + kLook))
         fail(now, "a reminder for an absent user");
-    (void)number;
-    (void)memory;
+    if (now < m_postureSince + kPoll + kLook + late(now) || isDisturbed(now, now))
+        return;
+    const bool standUp = m_posture == Sitting;
+    const int standUps = int(setting("NumberOfStandUps"));
+    const double hourly = interval(now, standUp ? Standing : Sitting) * standUps / 60;
+    int expected = int(hourly + kRounding) / standUps;
+    if (standUp && setting("ActivityMode") == 1)
+        expected = int(setting("Weight") * 2.205 * expected * 0.0054);
+    const bool isSame = m_settings.size() == 1; // The rates are those of the schedule's last start.
+    if (memory != (standUp ? "Memory2" : "Memory1") || (isSame && number != std::to_string(expected)))
+        fail(now, "the reminder says " + number + " " + memory + " for " + std::to_string(expected));
 }
 
 void Oracle::reminderAnswered(double now, const std::string& how)
