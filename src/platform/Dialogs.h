@@ -27,7 +27,8 @@ public:
     virtual bool presentError(const Error& error) = 0;
     /// What was presented is over: should it come again, it is news.
     virtual void forgetErrors() { }
-    /// Shows a modal alert; answers kFirstButton + index of the button pressed.
+    /// Shows a modal alert; answers kFirstButton + index of the button pressed, the last one's when it is
+    /// closed. There is one button at least.
     virtual int runAlert(
         const QString& messageText, const QString& informativeText, const QStringList& buttons) = 0;
     /// Asks where to save a file; nothing when the user cancelled.

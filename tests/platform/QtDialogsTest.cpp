@@ -39,20 +39,14 @@ protected:
         EXPECT_TRUE(QTest::qWaitFor([this] { return m_user.empty() && !QApplication::activeModalWidget(); }));
     }
     /// What the user does with the next modal dialog.
-    void user(std::function<void(QWidget&)> action) { m_user.push_back(std::move(action)); }
-
     template <typename Dialog>
     void userMeets(std::function<void(Dialog&)> action)
     {
-        user([action = std::move(action)](QWidget& widget) {
+        m_user.emplace_back([action = std::move(action)](QWidget& widget) {
             auto* const dialog = qobject_cast<Dialog*>(&widget);
             ASSERT_TRUE(dialog) << widget.metaObject()->className();
             action(*dialog);
         });
-    }
-    static void click(QMessageBox& box, QMessageBox::StandardButton button)
-    {
-        QTest::mouseClick(box.button(button), Qt::LeftButton);
     }
     static void saveAs(QFileDialog& dialog, const QString& name)
     {
@@ -64,11 +58,6 @@ protected:
         QTest::keyClick(edit, Qt::Key_Return);
     }
     [[nodiscard]] QString documents() const { return m_home.filePath(QStringLiteral("Documents")); }
-    void makeFile(const QString& name)
-    {
-        QFile file(documents() + QLatin1Char('/') + name);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    }
 
     QtDialogs m_dialogs;
 
@@ -136,32 +125,26 @@ TEST_F(QtDialogsTest, errorsThatComeTogetherAreShownOneAfterTheOther)
 
 TEST_F(QtDialogsTest, anAlertAnswersTheButton)
 {
-    const QStringList buttons {
-        QStringLiteral("Quit anyway"), QStringLiteral("Save & wait"), QStringLiteral("Cancel")};
-    const struct TestCase {
-        const char* name;
-        std::function<void(QMessageBox&)> action;
-        int answer;
-    } kTestCases[] = {
-        {"first", [](QMessageBox& box) { QTest::mouseClick(box.buttons().at(0), Qt::LeftButton); }, 0},
-        {"Return", [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); }, 0},
-        {"Escape", [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); }, 2},
-        {"closed", [](QMessageBox& box) { box.close(); }, 2},
-        {"ended from outside", [](QMessageBox& box) { box.done(0); }, 2},
-        {"second",
-            [](QMessageBox& box) {
-                for (QAbstractButton* const button : box.buttons()) {
-                    if (button->text() == QStringLiteral("Save && wait"))
-                        QTest::mouseClick(button, Qt::LeftButton);
-                }
-            },
+    const std::pair<std::function<void(QMessageBox&)>, int> kTestCases[] = {
+        {[](QMessageBox& box) { QTest::mouseClick(box.buttons().at(0), Qt::LeftButton); }, 0},
+        {[](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); }, 0},
+        {[](QMessageBox& box) {
+             for (QAbstractButton* const button : box.buttons()) {
+                 if (button->text() == QStringLiteral("Save && wait"))
+                     QTest::mouseClick(button, Qt::LeftButton);
+             }
+         },
             1},
+        {[](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); }, 2},
+        {[](QMessageBox& box) { box.close(); }, 2},
+        {[](QMessageBox& box) { box.done(0); }, 2},
     };
-    for (const auto& test : kTestCases) {
-        SCOPED_TRACE(test.name);
-        userMeets<QMessageBox>(test.action);
-        EXPECT_EQ(m_dialogs.runAlert(QStringLiteral("Message"), QStringLiteral("More"), buttons),
-            Dialogs::kFirstButton + test.answer);
+    for (const auto& [action, answer] : kTestCases) {
+        userMeets<QMessageBox>(action);
+        EXPECT_EQ(
+            m_dialogs.runAlert(QStringLiteral("Message"), QStringLiteral("More"),
+                {QStringLiteral("Quit & lose"), QStringLiteral("Save & wait"), QStringLiteral("Cancel")}),
+            Dialogs::kFirstButton + answer);
     }
 }
 
@@ -171,7 +154,7 @@ TEST_F(QtDialogsTest, aDialogMayGoWithItsWindow)
     window->show();
     window->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(window));
-    user([&](QWidget&) { delete window; });
+    userMeets<QWidget>([&](QWidget&) { delete window; });
     EXPECT_EQ(
         m_dialogs.runAlert(QStringLiteral("Message"), {}, {QStringLiteral("Yes"), QStringLiteral("No")}),
         Dialogs::kFirstButton + 1);
@@ -186,7 +169,10 @@ TEST_F(QtDialogsTest, aFileGoesIntoTheDocumentsFolderAndItsTypeStays)
         {"other.pdf", "other.pdf.csv"},
     };
     for (const auto& [typed, saved] : kTestCases) {
-        userMeets<QFileDialog>([&](QFileDialog& dialog) { saveAs(dialog, QString::fromUtf8(typed)); });
+        userMeets<QFileDialog>([&](QFileDialog& dialog) {
+            EXPECT_EQ(dialog.nameFilters(), QStringList {QStringLiteral("*.csv")});
+            saveAs(dialog, QString::fromUtf8(typed));
+        });
         EXPECT_EQ(m_dialogs.runSavePanel(QStringLiteral("Höhe 15/03/2024.csv")),
             documents() + u'/' + QString::fromUtf8(saved))
             << typed;
@@ -195,18 +181,19 @@ TEST_F(QtDialogsTest, aFileGoesIntoTheDocumentsFolderAndItsTypeStays)
 
 TEST_F(QtDialogsTest, anExistingFileIsReplacedOnlyWithConsent)
 {
-    makeFile(QStringLiteral("Export.csv"));
-    makeFile(QStringLiteral("a.pdf.csv"));
     for (const QString& name : {QStringLiteral("Export.csv"), QStringLiteral("a.pdf")}) {
-        SCOPED_TRACE(name.toStdString());
+        QFile file(QDir(documents()).filePath(name.startsWith(u'a') ? QStringLiteral("a.pdf.csv") : name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         const auto saveIt = [&](QFileDialog& dialog) { saveAs(dialog, name); };
         userMeets<QFileDialog>(saveIt);
-        userMeets<QMessageBox>([](QMessageBox& box) { click(box, QMessageBox::No); });
+        userMeets<QMessageBox>(
+            [](QMessageBox& box) { QTest::mouseClick(box.button(QMessageBox::No), Qt::LeftButton); });
         userMeets<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
         EXPECT_EQ(m_dialogs.runSavePanel(QStringLiteral("Export.csv")), std::nullopt);
 
         userMeets<QFileDialog>(saveIt);
-        userMeets<QMessageBox>([](QMessageBox& box) { click(box, QMessageBox::Yes); });
+        userMeets<QMessageBox>(
+            [](QMessageBox& box) { QTest::mouseClick(box.button(QMessageBox::Yes), Qt::LeftButton); });
         EXPECT_TRUE(m_dialogs.runSavePanel(QStringLiteral("Export.csv")));
     }
 }

@@ -110,7 +110,7 @@ void QtDialogs::showNextError()
 int QtDialogs::runAlert(
     const QString& messageText, const QString& informativeText, const QStringList& buttons)
 {
-    const int lastButton = kFirstButton + int(qMax(buttons.size(), qsizetype(1))) - 1;
+    const int lastButton = kFirstButton + int(buttons.size()) - 1;
     Modal<QMessageBox> box;
     box->setIcon(QMessageBox::Warning);
     box->setTextFormat(Qt::PlainText);
@@ -120,11 +120,9 @@ int QtDialogs::runAlert(
     for (const QString& text : buttons) {
         QString label = text;
         label.replace(QLatin1Char('&'), QLatin1String("&&"));
-        const bool isLast = added.size() + 1 == buttons.size() && !added.isEmpty();
+        const bool isLast = added.size() + 1 == buttons.size();
         added.append(box->addButton(label, isLast ? QMessageBox::RejectRole : QMessageBox::AcceptRole));
     }
-    if (added.isEmpty())
-        added.append(box->addButton(QMessageBox::Ok));
     box->setDefaultButton(qobject_cast<QPushButton*>(added.first()));
     int result = 0;
     if (!box.run(result) || !box->clickedButton())
@@ -140,10 +138,8 @@ std::optional<QString> QtDialogs::runSavePanel(const QString& proposedFileName)
 
     Modal<QFileDialog> dialog;
     dialog->setAcceptMode(QFileDialog::AcceptSave);
-    if (!suffix.isEmpty()) {
-        dialog->setDefaultSuffix(suffix);
+    if (!suffix.isEmpty())
         dialog->setNameFilter(QStringLiteral("*.%1").arg(suffix));
-    }
     dialog->setDirectory(documentsFolder());
     dialog->selectFile(proposed);
     int result = 0;
