@@ -16,8 +16,8 @@ constexpr double kStart = 1'700'000'000.0;
 
 class VirtualRunLoopTest : public testing::Test {
 protected:
-    void SetUp() override { RunLoop::setMain(&m_loop); }
-    void TearDown() override { RunLoop::setMain(nullptr); }
+    VirtualRunLoopTest() { RunLoop::setMain(&m_loop); }
+    ~VirtualRunLoopTest() override { RunLoop::setMain(nullptr); }
 
     /// Notes the seconds since the start and a name when the timer fires.
     TimerRef note(double seconds, const char* name, Repeat repeats = Repeat::No)
@@ -71,21 +71,6 @@ TEST_F(VirtualRunLoopTest, aCallbackMayScheduleCancelAndAdvance)
     EXPECT_EQ(m_fired, (Fired {{1, "at once"}, {1.5, "soon"}, {2.5, "ends itself"}, {4, "inside"}}));
     EXPECT_EQ(m_loop.now(), kStart + 6) << "time never goes back";
     EXPECT_EQ(m_loop.pendingTimerCount(), 0U);
-}
-
-TEST_F(VirtualRunLoopTest, clocksPartInSleepAndWhenTheWallClockIsSet)
-{
-    note(10, "timer");
-    m_loop.advance(4);
-    m_loop.sleepMachine(1000);
-    m_loop.setWallClock(kStart - 3600);
-    EXPECT_EQ(m_loop.now(), kStart - 3600);
-    EXPECT_EQ(m_loop.monotonicNow(), 4);
-    EXPECT_EQ(m_loop.bootTimeNow(), 1004);
-    m_loop.advance(6);
-    EXPECT_EQ(m_fired, (Fired {{-3594, "timer"}}));
-    m_loop.sleepMachine(50);
-    EXPECT_EQ(m_loop.now(), kStart - 3544);
 }
 
 TEST_F(VirtualRunLoopTest, oddIntervals)
