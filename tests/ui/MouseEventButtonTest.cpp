@@ -5,30 +5,28 @@
 #include <QDialog>
 #include <QLineEdit>
 #include <QMenu>
-#include <QSignalSpy>
-#include <QTest>
+#include <QShortcutEvent>
 
+#include <cctype>
 #include <functional>
+#include <map>
 #include <memory>
+#include <span>
+#include <utility>
 
 namespace {
+/// Writes down "v" and "^".
 struct Recorder final : MouseEventButtonDelegate {
-    int downs = 0;
-    int ups = 0;
-    std::function<void()> onDown;
-    std::function<void()> onUp;
+    std::string heard;
+    std::function<void()> then;
 
-    void mouseEventButtonMouseDown(MouseEventButton&) override
+    void mouseEventButtonMouseDown(MouseEventButton&) override { hear('v'); }
+    void mouseEventButtonMouseUp(MouseEventButton&) override { hear('^'); }
+    void hear(char what)
     {
-        ++downs;
-        if (onDown)
-            onDown();
-    }
-    void mouseEventButtonMouseUp(MouseEventButton&) override
-    {
-        ++ups;
-        if (onUp)
-            onUp();
+        heard += what;
+        if (then)
+            then();
     }
 };
 
@@ -36,325 +34,232 @@ struct Recorder final : MouseEventButtonDelegate {
 struct Stage {
     Recorder recorder;
     Recorder otherRecorder;
-    std::unique_ptr<QWidget> otherWindow = std::make_unique<QWidget>();
-    std::unique_ptr<QWidget> window = std::make_unique<QWidget>();
-    QWidget* panel = new QWidget(window.get());
+    QWidget otherWindow;
+    QWidget window;
+    QWidget* panel = new QWidget(&window);
     QPointer<MouseEventButton> button = new MouseEventButton(panel);
     QLineEdit* field = new QLineEdit(panel);
-    std::unique_ptr<QWidget> popup;
+    std::unique_ptr<QMenu> menu = std::make_unique<QMenu>();
+    Qt::MouseButtons pressed;
+    int key = 0;
 
     Stage()
     {
-        window->resize(300, 200);
+        window.resize(300, 200);
         panel->resize(300, 200);
         button->setGeometry(20, 20, 100, 40);
         field->setGeometry(20, 100, 100, 30);
         button->setText(QStringLiteral("Up"));
         button->setDelegate(&recorder);
-        otherWindow->show();
-        window->show();
-        QApplication::setActiveWindow(window.get());
+        menu->addAction(QStringLiteral("Quit"));
+        otherWindow.show();
+        window.show();
+        QApplication::setActiveWindow(&window);
         QApplication::processEvents();
+        button->setFocus();
+    }
+
+    void send(QEvent::Type type) { send(QEvent(type)); }
+    template <typename Event>
+    void send(Event event)
+    {
+        QApplication::sendEvent(button, &event);
+    }
+    void sendMouse(QWidget* receiver, QEvent::Type type, Qt::MouseButton which, QPointF at = {9, 9})
+    {
+        QMouseEvent event(type, at, receiver->mapToGlobal(at), which, pressed, Qt::NoModifier);
+        QApplication::sendEvent(receiver, &event);
+    }
+    void sendKey(QEvent::Type type, int which, Qt::KeyboardModifiers modifiers = {}, bool isRepeat = false,
+        quint64 time = 0)
+    {
+        key = which;
+        QKeyEvent event(type, which, modifiers, QString(), isRepeat);
+        event.setTimestamp(time);
+        QApplication::sendEvent(button, &event);
+    }
+    /// Buttons and keys: a capital goes down, the small letter up.
+    void act(char step)
+    {
+        static const std::map<char, Qt::MouseButton> kButtons {
+            {'l', Qt::LeftButton}, {'r', Qt::RightButton}, {'m', Qt::MiddleButton}, {'d', Qt::LeftButton}};
+        static const std::map<char, int> kKeys {{'s', Qt::Key_Space}, {'e', Qt::Key_Enter},
+            {'n', Qt::Key_Return}, {'a', Qt::Key_Alt}, {'t', Qt::Key_Tab}, {'x', Qt::Key_X}};
+        const char letter = char(std::tolower(step));
+        const bool isDown = letter != step;
+        if (const auto found = kButtons.find(letter); found != kButtons.end()) {
+            pressed.setFlag(found->second, isDown);
+            sendMouse(button,
+                !isDown           ? QEvent::MouseButtonRelease
+                    : step == 'D' ? QEvent::MouseButtonDblClick
+                                  : QEvent::MouseButtonPress,
+                found->second);
+        } else if (const auto name = kKeys.find(letter); name != kKeys.end()) {
+            sendKey(isDown ? QEvent::KeyPress : QEvent::KeyRelease, name->second);
+        } else if (step == '+') {
+            sendKey(QEvent::KeyRelease, key, {}, true);
+            sendKey(QEvent::KeyPress, key, {}, true);
+        } else if (step == '>') { // Dragged away.
+            sendMouse(button, QEvent::MouseMove, Qt::NoButton, {-50, 500});
+            send(QEvent::Leave);
+        } else if (step == '&') {
+            send(QShortcutEvent(QKeySequence(Qt::ALT | Qt::Key_U), 0));
+        } else if (step == '$') { // With the keys of a command.
+            for (const auto modifier : {Qt::ControlModifier, Qt::AltModifier, Qt::MetaModifier})
+                sendKey(QEvent::KeyPress, Qt::Key_Space, modifier);
+        } else if (step == '0') {
+            button->setEnabled(false);
+        } else {
+            pressed = {}; // Let go where the button could not see it.
+            if (step == 'o')
+                sendMouse(button, QEvent::MouseMove, Qt::NoButton);
+            else if (step == 'f')
+                sendMouse(field, QEvent::MouseButtonRelease, Qt::LeftButton);
+            else if (step == 'w')
+                QApplication::sendEvent(
+                    &otherWindow, std::make_unique<QEnterEvent>(QPointF(), QPointF(), QPointF()).get());
+        }
     }
 };
-
-void send(QObject* receiver, QEvent::Type type)
-{
-    QEvent event(type);
-    QApplication::sendEvent(receiver, &event);
-}
-
-void sendKey(QWidget* receiver, QEvent::Type type, int key, bool isAutoRepeat,
-    Qt::KeyboardModifiers modifiers = Qt::NoModifier, quint64 time = 0)
-{
-    QKeyEvent event(type, key, modifiers, QString(), isAutoRepeat);
-    event.setTimestamp(time);
-    QApplication::sendEvent(receiver, &event);
-}
-
-void sendMouse(QWidget* receiver, QEvent::Type type, Qt::MouseButton button, Qt::MouseButtons buttons)
-{
-    const QPointF center = receiver->rect().center();
-    QMouseEvent event(type, center, receiver->mapToGlobal(center), button, buttons, Qt::NoModifier);
-    QApplication::sendEvent(receiver, &event);
-}
-
-/// A reminder's buttons are held by the mouse without having the focus.
-enum class By { Mouse, MouseWithoutFocus, Key };
-
-const char* name(By by)
-{
-    return by == By::Key ? "key" : by == By::Mouse ? "mouse" : "mouse without focus";
-}
-
-void press(Stage& stage, By by)
-{
-    stage.button->setFocus();
-    if (by == By::MouseWithoutFocus)
-        stage.button->clearFocus();
-    if (by != By::Key)
-        sendMouse(stage.button, QEvent::MouseButtonPress, Qt::LeftButton, Qt::LeftButton);
-    else
-        sendKey(stage.button, QEvent::KeyPress, Qt::Key_Space, false);
-}
-
-void letGo(Stage& stage, By by)
-{
-    if (by != By::Key)
-        sendMouse(stage.button, QEvent::MouseButtonRelease, Qt::LeftButton, Qt::NoButton);
-    else
-        sendKey(stage.button, QEvent::KeyRelease, Qt::Key_Space, false);
-}
 
 using MouseEventButtonTest = ControlTest;
 }
 
-TEST_F(MouseEventButtonTest, whateverEndsTheHoldReportsMouseUpOnce)
+TEST_F(MouseEventButtonTest, eachStepReportsWhatItBeginsOrEnds)
+{
+    const struct {
+        const char* steps;
+        const char* heard; ///< a letter a step
+    } kTestCases[] = {
+        {"LlDl", "v^v^"},
+        {"RrMmLRrl", "....v..^"},
+        {"L>l", "v.^"},
+        {"Lol", "v^."},
+        {"Lfl", "v^."},
+        {"Lwl", "v^."},
+        {"SwoLls", "v....^"}, // One holder at a time.
+        {"LSsl", "v..^"},
+        {"S++s+", "v..^."}, // A late repeat starts nothing.
+        {"E++e", "v..^"},
+        {"N++n", "v..^"},
+        {"SAs", "v^."}, // Another key may take the keyboard away.
+        {"STs", "v^."},
+        {"SXs", "v^."},
+        {"SNns", "v^.."},
+        {"Sns", "v.^"},
+        {"ATX$&", "....."},
+        {"0SL", "..."},
+    };
+    for (const auto& row : kTestCases) {
+        Stage stage;
+        int clicks = 0;
+        QObject::connect(stage.button, &QPushButton::clicked, stage.button, [&] { ++clicks; });
+        QObject::connect(stage.button, &QPushButton::pressed, stage.button, [&] { ++clicks; });
+        std::string heard;
+        for (const char* step = row.steps; *step; ++step) {
+            stage.act(*step);
+            heard += std::exchange(stage.recorder.heard, {});
+            heard.resize(size_t(step - row.steps) + 1, '.');
+            EXPECT_EQ(stage.button->isDown(), stage.button->isHeld()) << "what a screen reader says";
+            EXPECT_EQ(stage.button->hasMouseTracking(), stage.button->isHeld()) << "to see a lost release";
+        }
+        EXPECT_EQ(heard, row.heard) << row.steps;
+        EXPECT_EQ(clicks, 0) << row.steps;
+    }
+}
+
+TEST_F(MouseEventButtonTest, whateverElseEndsTheHoldReportsItOnce)
 {
     const struct {
         const char* name;
         std::function<void(Stage&)> act;
-        bool isAboutFocus = false;
     } kTestCases[] = {
         {"button hidden", [](Stage& stage) { stage.button->hide(); }},
         {"button disabled", [](Stage& stage) { stage.button->setEnabled(false); }},
         {"button deleted", [](Stage& stage) { delete stage.button; }},
-        {"button moved into another window",
-            [](Stage& stage) { stage.button->setParent(stage.otherWindow.get()); }},
+        {"button moved away", [](Stage& stage) { stage.button->setParent(&stage.otherWindow); }},
         {"panel disabled", [](Stage& stage) { stage.panel->setEnabled(false); }},
-        {"window closed", [](Stage& stage) { stage.window->close(); }},
-        {"window minimised", [](Stage& stage) { stage.window->showMinimized(); }},
-        {"another window active",
-            [](Stage& stage) { QApplication::setActiveWindow(stage.otherWindow.get()); }},
-        {"focus moved", [](Stage& stage) { stage.field->setFocus(); }, true},
-        {"mouse grab lost", [](Stage& stage) { send(stage.button, QEvent::UngrabMouse); }},
-        {"keyboard grab lost", [](Stage& stage) { send(stage.button, QEvent::UngrabKeyboard); }},
-        {"touch cancelled", [](Stage& stage) { send(stage.button, QEvent::TouchCancel); }},
-        {"dialog in front",
-            [](Stage& stage) {
-                auto* dialog = new QDialog(stage.window.get());
-                dialog->open();
-                QApplication::processEvents();
-            }},
+        {"window closed", [](Stage& stage) { stage.window.close(); }},
+        {"window minimised", [](Stage& stage) { stage.window.showMinimized(); }},
+        {"another window", [](Stage& stage) { QApplication::setActiveWindow(&stage.otherWindow); }},
+        {"mouse grab lost", [](Stage& stage) { stage.send(QEvent::UngrabMouse); }},
+        {"keyboard grab lost", [](Stage& stage) { stage.send(QEvent::UngrabKeyboard); }},
+        {"touch cancelled", [](Stage& stage) { stage.send(QEvent::TouchCancel); }},
+        {"dialog in front", [](Stage& stage) { (new QDialog(&stage.window))->open(); }},
         {"menu opened",
             [](Stage& stage) {
-                auto menu = std::make_unique<QMenu>();
-                menu->addAction(QStringLiteral("Quit"));
-                menu->popup(QPoint(5, 5));
-                stage.popup = std::move(menu);
-                QApplication::processEvents();
+                stage.menu->popup({5, 5});
             }},
-        {"program told to quit", [](Stage&) { send(qApp, QEvent::Quit); }},
-        {"program left for another",
+        {"told to quit",
+            [](Stage&) { QApplication::sendEvent(qApp, std::make_unique<QEvent>(QEvent::Quit).get()); }},
+        {"left for another program",
             [](Stage&) {
                 QApplicationStateChangeEvent event(Qt::ApplicationInactive);
                 QApplication::sendEvent(qApp, &event);
             }},
         {"delegate replaced", [](Stage& stage) { stage.button->setDelegate(&stage.otherRecorder); }},
+        {"focus moved", [](Stage& stage) { stage.field->setFocus(); }}, // The last row.
     };
-    for (const By by : {By::Mouse, By::MouseWithoutFocus, By::Key}) {
-        for (const auto& testCase : kTestCases) {
-            if (testCase.isAboutFocus && by == By::MouseWithoutFocus)
-                continue;
-            SCOPED_TRACE(testing::Message() << testCase.name << ", " << name(by));
+    // A reminder's buttons are held by the mouse without having the focus.
+    for (const auto& [step, hasFocus] : {std::pair('L', true), {'L', false}, {'S', true}}) {
+        for (const auto& row : std::span(kTestCases).first(std::size(kTestCases) - (hasFocus ? 0 : 1))) {
+            SCOPED_TRACE(testing::Message() << row.name << ' ' << step << hasFocus);
             Stage stage;
-            press(stage, by);
-            ASSERT_EQ(stage.recorder.downs, 1);
-            ASSERT_EQ(stage.recorder.ups, 0);
-            testCase.act(stage);
-            EXPECT_EQ(stage.recorder.ups, 1);
-            if (stage.button) {
-                EXPECT_FALSE(stage.button->isHeld());
-                letGo(stage, by); // A release that comes after all says nothing new.
-                delete stage.button;
-            }
-            EXPECT_EQ(stage.recorder.downs, 1);
-            EXPECT_EQ(stage.recorder.ups, 1);
-            EXPECT_EQ(stage.otherRecorder.ups, 0);
+            if (!hasFocus)
+                stage.button->clearFocus();
+            stage.act(step);
+            row.act(stage);
+            QApplication::processEvents();
+            EXPECT_EQ(stage.recorder.heard, "v^");
+            if (stage.button)
+                stage.act(char(std::tolower(step))); // A release that comes after all says nothing new.
+            delete stage.button;
+            EXPECT_EQ(stage.recorder.heard + stage.otherRecorder.heard, "v^");
         }
-    }
-}
-
-TEST_F(MouseEventButtonTest, aMouseSeenWithoutItsButtonAnywhereEndsTheHold)
-{
-    const struct {
-        const char* name;
-        std::function<void(Stage&)> act;
-    } kTestCases[] = {
-        {"released over a field",
-            [](Stage& stage) {
-                sendMouse(stage.field, QEvent::MouseButtonRelease, Qt::LeftButton, Qt::NoButton);
-            }},
-        {"moved over the button",
-            [](Stage& stage) { sendMouse(stage.button, QEvent::MouseMove, Qt::NoButton, Qt::NoButton); }},
-        {"entered another window",
-            [](Stage& stage) {
-                QEnterEvent event(QPointF(1, 1), QPointF(1, 1), QPointF(1, 1));
-                QApplication::sendEvent(stage.otherWindow.get(), &event);
-            }},
-    };
-    for (const auto& testCase : kTestCases) {
-        SCOPED_TRACE(testCase.name);
-        Stage stage;
-        press(stage, By::Mouse);
-        testCase.act(stage);
-        EXPECT_EQ(stage.recorder.ups, 1);
-        letGo(stage, By::Mouse);
-        EXPECT_EQ(stage.recorder.ups, 1);
-    }
-}
-
-TEST_F(MouseEventButtonTest, pressAndReleaseAreReportedOnceEachAndNothingIsClicked)
-{
-    Stage stage;
-    QSignalSpy clicked(stage.button, &QPushButton::clicked);
-    QSignalSpy pressed(stage.button, &QPushButton::pressed);
-    for (const By by : {By::Mouse, By::Key}) {
-        const int before = stage.recorder.downs;
-        press(stage, by);
-        EXPECT_TRUE(stage.button->isHeld());
-        EXPECT_EQ(stage.recorder.ups, before);
-        letGo(stage, by);
-        EXPECT_EQ(stage.recorder.downs, before + 1);
-        EXPECT_EQ(stage.recorder.ups, before + 1);
-    }
-    press(stage, By::Mouse);
-    letGo(stage, By::Mouse);
-    sendMouse(stage.button, QEvent::MouseButtonDblClick, Qt::LeftButton, Qt::LeftButton);
-    letGo(stage, By::Mouse);
-    EXPECT_EQ(stage.recorder.downs, 4);
-    EXPECT_EQ(stage.recorder.ups, 4);
-    EXPECT_EQ(clicked.count() + pressed.count(), 0);
-}
-
-TEST_F(MouseEventButtonTest, theHoldGoesOnWhileThePointerIsDraggedAway)
-{
-    Stage stage;
-    press(stage, By::Mouse);
-    const QPointF away(-50, 500);
-    QMouseEvent move(QEvent::MouseMove, away, away, Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
-    QApplication::sendEvent(stage.button, &move);
-    leave(*stage.button);
-    EXPECT_TRUE(stage.button->isHeld());
-    EXPECT_EQ(stage.recorder.ups, 0);
-    letGo(stage, By::Mouse);
-    EXPECT_EQ(stage.recorder.ups, 1);
-}
-
-TEST_F(MouseEventButtonTest, onlyTheLeftButtonHolds)
-{
-    Stage stage;
-    for (const auto button : {Qt::RightButton, Qt::MiddleButton}) {
-        QTest::mousePress(stage.button, button);
-        QTest::mouseRelease(stage.button, button);
-    }
-    EXPECT_EQ(stage.recorder.downs, 0);
-    press(stage, By::Mouse);
-    sendMouse(stage.button, QEvent::MouseButtonPress, Qt::RightButton, Qt::LeftButton | Qt::RightButton);
-    sendMouse(stage.button, QEvent::MouseButtonRelease, Qt::RightButton, Qt::LeftButton);
-    EXPECT_EQ(stage.recorder.downs, 1);
-    EXPECT_EQ(stage.recorder.ups, 0);
-    letGo(stage, By::Mouse);
-    EXPECT_EQ(stage.recorder.ups, 1);
-}
-
-TEST_F(MouseEventButtonTest, spaceReturnAndEnterHoldWithoutAutoRepeat)
-{
-    for (const int key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
-        SCOPED_TRACE(key);
-        Stage stage;
-        sendKey(stage.button, QEvent::KeyPress, key, false);
-        for (int i = 0; i < 5; ++i) {
-            sendKey(stage.button, QEvent::KeyRelease, key, true);
-            sendKey(stage.button, QEvent::KeyPress, key, true);
-        }
-        EXPECT_EQ(stage.recorder.downs, 1);
-        EXPECT_EQ(stage.recorder.ups, 0);
-        sendKey(stage.button, QEvent::KeyRelease, key, false);
-        EXPECT_EQ(stage.recorder.ups, 1);
-        sendKey(stage.button, QEvent::KeyPress, key, true); // A late repeat starts nothing.
-        EXPECT_EQ(stage.recorder.downs, 1);
     }
 }
 
 TEST_F(MouseEventButtonTest, aKeyThatX11ReportsAsGoingUpAndDownHoldsUntilItStaysUp)
 {
     Stage stage;
-    const auto key = [&](QEvent::Type type, quint64 time) {
-        sendKey(stage.button, type, Qt::Key_Space, false, Qt::NoModifier, time);
+    const auto space = [&](QEvent::Type type, quint64 time) {
+        stage.sendKey(type, Qt::Key_Space, {}, false, time);
     };
-    key(QEvent::KeyPress, 1000);
+    space(QEvent::KeyPress, 1000);
     for (quint64 time = 1660; time < 2000; time += 40) {
         platform.runLoop.advance(0.04);
-        key(QEvent::KeyRelease, time);
+        space(QEvent::KeyRelease, time);
         platform.runLoop.advance(0.002);
-        key(QEvent::KeyPress, time);
+        space(QEvent::KeyPress, time);
     }
-    EXPECT_EQ(stage.recorder.downs, 1);
-    EXPECT_EQ(stage.recorder.ups, 0);
-    key(QEvent::KeyRelease, 2020);
-    EXPECT_EQ(stage.recorder.ups, 0);
+    space(QEvent::KeyRelease, 2020);
+    EXPECT_EQ(stage.recorder.heard, "v");
     platform.runLoop.advance(0.021);
-    EXPECT_EQ(stage.recorder.ups, 1);
+    EXPECT_EQ(stage.recorder.heard, "v^");
     EXPECT_EQ(platform.runLoop.pendingTimerCount(), 0U);
 
     // What ends the hold otherwise does so at once, and only once.
-    key(QEvent::KeyPress, 3000);
-    key(QEvent::KeyRelease, 3100);
+    space(QEvent::KeyPress, 3000);
+    space(QEvent::KeyRelease, 3100);
     stage.button->hide();
-    EXPECT_EQ(stage.recorder.ups, 2);
+    EXPECT_EQ(stage.recorder.heard, "v^v^");
     platform.runLoop.advance(1);
-    EXPECT_EQ(stage.recorder.ups, 2);
-}
-
-TEST_F(MouseEventButtonTest, keysThatBelongToOthersHoldNothing)
-{
-    Stage stage;
-    for (const auto modifier : {Qt::ControlModifier, Qt::AltModifier, Qt::MetaModifier})
-        sendKey(stage.button, QEvent::KeyPress, Qt::Key_Space, false, modifier);
-    sendKey(stage.button, QEvent::KeyPress, Qt::Key_A, false);
-    stage.button->setEnabled(false);
-    sendKey(stage.button, QEvent::KeyPress, Qt::Key_Space, false);
-    EXPECT_EQ(stage.recorder.downs, 0);
-}
-
-TEST_F(MouseEventButtonTest, anotherKeyEndsAHoldByKey)
-{
-    for (const int key : {int(Qt::Key_Alt), int(Qt::Key_Tab), int(Qt::Key_Escape), int(Qt::Key_Return)}) {
-        SCOPED_TRACE(key);
-        Stage stage;
-        press(stage, By::Key);
-        sendKey(stage.button, QEvent::KeyPress, key, false);
-        EXPECT_EQ(stage.recorder.ups, 1);
-        EXPECT_EQ(stage.recorder.downs, 1);
-    }
-}
-
-TEST_F(MouseEventButtonTest, oneHolderAtATime)
-{
-    Stage stage;
-    press(stage, By::Mouse);
-    press(stage, By::Key);
-    letGo(stage, By::Key);
-    EXPECT_TRUE(stage.button->isHeld());
-    letGo(stage, By::Mouse);
-    EXPECT_EQ(stage.recorder.downs, 1);
-    EXPECT_EQ(stage.recorder.ups, 1);
+    EXPECT_EQ(stage.recorder.heard, "v^v^");
 }
 
 TEST_F(MouseEventButtonTest, theDelegateMayDeleteTheButton)
 {
-    for (const By by : {By::Mouse, By::Key}) {
-        Stage deletesOnDown;
-        deletesOnDown.recorder.onDown = [&] { delete deletesOnDown.button; };
-        press(deletesOnDown, by);
-        EXPECT_EQ(deletesOnDown.recorder.ups, 1);
-
-        Stage deletesOnLoss;
-        deletesOnLoss.recorder.onUp = [&] { delete deletesOnLoss.button; };
-        press(deletesOnLoss, by);
-        deletesOnLoss.field->setFocus();
-        EXPECT_EQ(deletesOnLoss.recorder.ups, 1);
+    for (const char step : {'L', 'S'}) {
+        for (const char* deletedAt : {"v", "v^"}) {
+            Stage stage;
+            stage.recorder.then = [&] {
+                if (stage.recorder.heard == deletedAt)
+                    delete stage.button;
+            };
+            stage.act(step);
+            stage.field->setFocus();
+            EXPECT_EQ(stage.recorder.heard, "v^");
+        }
     }
 }
 
@@ -362,10 +267,9 @@ TEST_F(MouseEventButtonTest, itLooksPressedExactlyWhileItIsHeld)
 {
     Stage stage;
     stage.button->setBackgroundColor(Qt::white);
-    stage.button->setFocus();
     const QImage plain = grab(*stage.button);
-    press(stage, By::Key);
+    stage.act('S');
     EXPECT_LT(colorAt(grab(*stage.button), {8, 20}).lightness(), 250);
-    letGo(stage, By::Key);
+    stage.act('s');
     EXPECT_EQ(grab(*stage.button), plain);
 }
