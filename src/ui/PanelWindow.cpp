@@ -11,6 +11,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPointer>
+#include <QScreen>
 #include <QWindow>
 
 #include <utility>
@@ -24,9 +25,22 @@ PanelWindow::PanelWindow(Qt::WindowFlags flags)
     : QWidget(nullptr, flags)
 {
     applyWindowPalette(*this);
-    // The desktop may leave a window where its unplugged screen was.
-    connect(qGuiApp, &QGuiApplication::screenRemoved, this,
-        [this] { soon([this] { WindowPlacement::moveIntoSight(*this); }); });
+    // The desktop may leave a window where its unplugged screen was, or under a panel that has appeared. A
+    // window that changes screens is left alone: it is the user's hand that does it.
+    connect(qGuiApp, &QGuiApplication::screenRemoved, this, &PanelWindow::onScreensChanged);
+    connect(qGuiApp, &QGuiApplication::screenAdded, this, &PanelWindow::watch);
+    for (QScreen* screen : QGuiApplication::screens())
+        watch(screen);
+}
+
+void PanelWindow::watch(QScreen* screen)
+{
+    connect(screen, &QScreen::availableGeometryChanged, this, &PanelWindow::onScreensChanged);
+}
+
+void PanelWindow::onScreensChanged()
+{
+    soon([this] { WindowPlacement::moveIntoSight(*this); });
 }
 
 void PanelWindow::comeToFront()

@@ -6,7 +6,7 @@
 #include <optional>
 
 /// A window of the program: sets the palette that its fixed colours need, moves when its background is
-/// dragged, and treats Escape as its close button.
+/// dragged, comes back into sight when screens or panels change, and treats Escape as its close button.
 class PanelWindow : public QWidget {
     Q_OBJECT
 
@@ -48,6 +48,8 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
+    void watch(QScreen* screen);
+    void onScreensChanged();
     void requestClose();
     /// Calls back once the events of this moment have been dealt with, if the window lives then.
     void soon(std::function<void()> callback);

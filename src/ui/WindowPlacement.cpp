@@ -5,6 +5,7 @@
 
 #include <QCursor>
 #include <QGuiApplication>
+#include <QRegion>
 #include <QScreen>
 
 #include <algorithm>
@@ -59,13 +60,16 @@ QPoint WindowPlacement::centred(const QRect& availableScreen, QSize window)
     return within(availableScreen, window, frame.topLeft());
 }
 
-QPoint WindowPlacement::inSight(const QRect& window, const QList<QRect>& availableScreens)
+QRect WindowPlacement::screenInNeed(const QRect& window, const QList<QRect>& availableScreens)
 {
+    QRegion hidden(window);
+    for (const QRect& screen : availableScreens)
+        hidden -= screen;
+    if (hidden.isEmpty() || availableScreens.isEmpty())
+        return {};
     const auto showsMiddle = [&window](const QRect& screen) { return screen.contains(window.center()); };
-    if (availableScreens.isEmpty()
-        || std::any_of(availableScreens.begin(), availableScreens.end(), showsMiddle))
-        return window.topLeft();
-    return centred(availableScreens.front(), window.size());
+    const auto found = std::find_if(availableScreens.begin(), availableScreens.end(), showsMiddle);
+    return found == availableScreens.end() ? availableScreens.front() : *found;
 }
 
 QPoint WindowPlacement::trayCorner(
@@ -113,8 +117,13 @@ void WindowPlacement::moveIntoSight(PanelWindow& window)
     QList<QRect> screens;
     for (const QScreen* screen : QGuiApplication::screens())
         screens.append(screen->availableGeometry());
-    if (inSight(window.geometry(), screens) == window.geometry().topLeft())
+    const QRect before = window.frameGeometry();
+    const QRect screen = screenInNeed(before, screens);
+    if (screen.isEmpty())
         return;
-    window.fitInto(screens.front().size());
-    window.move(centred(screens.front(), window.size()));
+    const QSize frame = before.size() - window.size();
+    window.fitInto(screen.size());
+    const QSize after = window.size() + frame;
+    window.move(
+        screen.contains(before.center()) ? within(screen, after, before.topLeft()) : centred(screen, after));
 }

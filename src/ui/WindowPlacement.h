@@ -17,8 +17,9 @@ namespace WindowPlacement {
 [[nodiscard]] QPoint inCorner(const QRect& availableScreen, QSize window, Qt::LayoutDirection direction);
 /// In the middle.
 [[nodiscard]] QPoint centred(const QRect& availableScreen, QSize window);
-/// Where the window is while a good part of it is on a screen; otherwise the middle of the first screen.
-[[nodiscard]] QPoint inSight(const QRect& window, const QList<QRect>& availableScreens);
+/// The screen into which a window must be fetched of which a part is on no screen: the one that shows its
+/// middle, or else the first. Empty while it need not be.
+[[nodiscard]] QRect screenInNeed(const QRect& window, const QList<QRect>& availableScreens);
 /// The corner of the screen in which its tray is likely to be: where the panel that takes most room ends, or
 /// at the top where no panel shows.
 [[nodiscard]] QPoint trayCorner(
@@ -31,6 +32,6 @@ namespace WindowPlacement {
 void moveNearPointer(PanelWindow& window);
 void moveIntoCorner(PanelWindow& window);
 void moveToCentre(PanelWindow& window);
-/// Fetches a window back whose screen is gone.
+/// Fetches a window back whose screen is gone or has shrunk, smaller if need be.
 void moveIntoSight(PanelWindow& window);
 }

@@ -4,6 +4,7 @@
 #include "ui/PanelWindow.h"
 
 #include <QCursor>
+#include <QScreen>
 
 namespace {
 using WindowPlacementTest = ControlTest;
@@ -80,14 +81,48 @@ TEST(WindowPlacement, theTrayIsWhereThePanelEnds)
     }
 }
 
-TEST(WindowPlacement, aWindowWhoseScreenIsGoneComesBack)
+TEST(WindowPlacement, aWindowThatIsPartlyOffTheScreensNeedsOne)
 {
-    const QRect onSecond(QPoint(1488, 12), kWindow);
-    EXPECT_EQ(WindowPlacement::inSight(onSecond, {kScreen, kSecond}), onSecond.topLeft());
-    EXPECT_EQ(WindowPlacement::inSight(onSecond, {kScreen}), QPoint(350, 180));
-    const QRect partlyOff(QPoint(-100, 100), kWindow); // Dragged there by hand.
-    EXPECT_EQ(WindowPlacement::inSight(partlyOff, {kScreen}), partlyOff.topLeft());
-    EXPECT_EQ(WindowPlacement::inSight(onSecond, {}), onSecond.topLeft());
+    const struct {
+        QRect window;
+        QList<QRect> screens;
+        QRect expected;
+    } kTestCases[] = {
+        {{1488, 12, 300, 400}, {kScreen, kSecond}, {}},
+        {{1488, 12, 300, 400}, {kScreen}, kScreen},
+        {{1600, 12, 300, 400}, {kScreen, kSecond}, kSecond},
+        {{800, 30, 400, 500}, {kScreen, kSecond}, {}}, // On both of them.
+        {{800, 0, 300, 400}, {kScreen, kSecond}, kScreen}, // Under the panel of one.
+        {{1488, 12, 300, 400}, {}, {}},
+    };
+    for (const auto& row : kTestCases)
+        EXPECT_EQ(WindowPlacement::screenInNeed(row.window, row.screens), row.expected) << row.window.x();
+}
+
+TEST_F(WindowPlacementTest, aShownWindowIsFittedIntoAScreenThatChanges)
+{
+    QScreen* const screen = QGuiApplication::primaryScreen();
+    const QRect area = screen->availableGeometry();
+    const struct {
+        QRect window;
+        QRect expected;
+    } kTestCases[] = {
+        {{20, 30, 300, 200}, {20, 30, 300, 200}},
+        {{-40, 30, 300, 200}, {0, 30, 300, 200}},
+        {{area.width() - 160, area.height() - 120, 300, 200},
+            {area.width() - 300, area.height() - 200, 300, 200}},
+        {{3000, 30, 301, 201}, {(area.width() - 301) / 2, (area.height() - 201) / 2, 301, 201}},
+        {{40, 30, 300, area.height() + 100}, {40, 0, 300, area.height()}},
+    };
+    for (const auto& row : kTestCases) {
+        PanelWindow window(Qt::Window | Qt::FramelessWindowHint);
+        window.setGeometry(row.window);
+        show(window);
+        Q_EMIT screen->availableGeometryChanged(area);
+        EXPECT_EQ(window.geometry(), row.window);
+        platform.runLoop.advance(0);
+        EXPECT_EQ(window.geometry(), row.expected);
+    }
 }
 
 TEST_F(WindowPlacementTest, windowsGoToTheScreenWithThePointer)
