@@ -201,7 +201,6 @@ TEST_F(ZelvoHIDDeviceTest, ReadsZeroOnceAfterItsRemoval)
 
 TEST_F(ZelvoHIDDeviceTest, PostsEachErrorReportAndItsEndOnce)
 {
-    plugAndPoll();
     QStringList posted;
     auto& center = NotificationCenter::defaultCenter();
     const auto error =
@@ -218,6 +217,7 @@ TEST_F(ZelvoHIDDeviceTest, PostsEachErrorReportAndItsEndOnce)
             EXPECT_TRUE(device->errorRecieved()) << "changes after the post";
             posted.append(QStringLiteral("removed"));
         });
+    plugAndPoll();
     const struct {
         uint8_t flags;
         uint8_t listed;

@@ -1,9 +1,8 @@
 #include "platform/linux/LinuxHidManager.h"
 
 #include "HidTestbed.h"
+#include "TestBus.h"
 #include "platform/qt/QtRunLoop.h"
-
-#include <QCoreApplication>
 
 #include <array>
 #include <cerrno>
@@ -68,20 +67,6 @@ double secondsOf(const std::function<void()>& action)
     const auto start = Clock::now();
     action();
     return std::chrono::duration<double>(Clock::now() - start).count();
-}
-
-/// Runs the event loop until the condition holds; false when it does not come true.
-bool waitFor(
-    const std::function<bool()>& condition, std::chrono::milliseconds limit = std::chrono::seconds(5))
-{
-    const auto end = Clock::now() + limit;
-    while (!condition()) {
-        if (Clock::now() > end)
-            return false;
-        QCoreApplication::processEvents();
-        usleep(1000);
-    }
-    return true;
 }
 
 /// Lets everything that is under way arrive, to show that nothing does.

@@ -10,14 +10,14 @@
 #include <atomic>
 #include <chrono>
 #include <functional>
-#include <memory>
 #include <vector>
 
-/// Runs the event loop until the condition holds; false after five seconds. For what crosses a process or a
-/// bus.
-inline bool waitFor(const std::function<bool()>& condition)
+/// Runs the event loop until the condition holds; false when it does not within the limit. For what crosses a
+/// thread, a process or a bus.
+inline bool waitFor(
+    const std::function<bool()>& condition, std::chrono::milliseconds limit = std::chrono::seconds(5))
 {
-    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(5);
+    const auto end = std::chrono::steady_clock::now() + limit;
     while (!condition()) {
         if (std::chrono::steady_clock::now() > end)
             return false;
