@@ -68,11 +68,12 @@ TEST_F(SimulatedHidManagerTest, announcesWhatMatchesToWhoeverOpensIt)
     EXPECT_EQ(device->stringProperty(QStringLiteral("SerialNumber")), std::nullopt);
     EXPECT_EQ(manager->copyDevices(), arrived);
 
+    manager->plug(1);
     for (const QString& maker : {QStringLiteral("Zelvo Ardenta A/S"), QStringLiteral("Somebody else")}) {
         manager->setDeviceMatching({{QStringLiteral("Manufacturer"), maker}});
         ASSERT_EQ(manager->open(), 0);
         platform.runLoop.advance(1);
-        ASSERT_EQ(arrived.size(), 2u) << "a device of its own for the new user";
+        ASSERT_EQ(arrived.size(), 3u) << "devices of their own for the new user";
         EXPECT_EQ(arrived[1]->openExclusively(), maker.startsWith(u'Z') ? 0 : ENODEV);
     }
     EXPECT_EQ(height(*device), -ENODEV);
