@@ -75,29 +75,5 @@ protected:
         QApplication::sendEvent(&widget, &event);
     }
 
-    /// How a control looks plain, with the focus that a click brought, that the keyboard brought, and that
-    /// came back with its window: only the keyboard's is marked.
-    static void expectMarkOfKeyboardFocus(QWidget& control)
-    {
-        show(control);
-        control.clearFocus();
-        const QImage plain = grab(control);
-        control.setFocus(Qt::MouseFocusReason);
-        EXPECT_EQ(grab(control), plain);
-        control.clearFocus();
-        control.setFocus(Qt::TabFocusReason);
-        const QImage marked = grab(control);
-        const QColor ring = QColor(0x00, 0x70, 0x7A);
-        EXPECT_EQ(boxOf(marked, [&](const QColor& pixel) { return pixel == ring; }), control.rect());
-        // Two pixels, and a light line within, to be seen on any ground.
-        EXPECT_EQ(marked.pixelColor(1, control.height() / 2), ring);
-        EXPECT_GT(marked.pixelColor(2, control.height() / 2).green(), 200);
-        EXPECT_NE(marked.pixelColor(3, control.height() / 2), ring);
-        QApplication::setActiveWindow(nullptr);
-        EXPECT_EQ(grab(control), plain);
-        QApplication::setActiveWindow(&control);
-        EXPECT_EQ(grab(control), marked);
-    }
-
     TestPlatform platform;
 };

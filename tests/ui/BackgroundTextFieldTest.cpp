@@ -63,12 +63,6 @@ TEST_F(BackgroundTextFieldTest, theCaretBlinksBehindTheTextWhileTheFieldIsEdited
     EXPECT_EQ(platform.runLoop.pendingTimerCount(), 0U);
 }
 
-TEST_F(BackgroundTextFieldTest, onlyTheKeyboardsFocusIsMarked)
-{
-    m_field.setInsertionPointColor(Qt::transparent);
-    expectMarkOfKeyboardFocus(m_field);
-}
-
 TEST_F(BackgroundTextFieldTest, theFormatterRefusesKeystrokesAndPastes)
 {
     NumberEntryValidator validator;
