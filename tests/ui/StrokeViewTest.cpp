@@ -1,53 +1,46 @@
 #include "fakes/ControlTest.h"
 #include "ui/CardView.h"
 #include "ui/HorizontalRuleView.h"
-#include "ui/Palette.h"
 #include "ui/PictureView.h"
 #include "ui/TransparentView.h"
 #include "ui/VerticalRuleView.h"
 
-#include <QHBoxLayout>
-#include <QVBoxLayout>
-
 namespace {
 using StrokeViewTest = ControlTest;
 
-TEST_F(StrokeViewTest, aRuleIsOnePixelThickAcrossItsLayout)
+TEST_F(StrokeViewTest, eachViewPaintsItsOwnAndARuleIsAsThinAsItsLayoutLetsIt)
 {
-    EXPECT_TRUE(StrokeView().horizontal());
-    QWidget window;
-    QVBoxLayout column(&window);
-    column.setContentsMargins(0, 0, 0, 0);
-    QHBoxLayout row;
+    StrokeView turned; // Upright and back again.
+    turned.setHorizontal(false);
+    turned.setHorizontal(true);
     HorizontalRuleView horizontal;
     VerticalRuleView vertical;
-    column.addWidget(&horizontal);
-    row.addStretch();
-    row.addWidget(&vertical);
-    column.addLayout(&row, 1);
-    window.resize(200, 100);
-    show(window);
-    EXPECT_EQ(horizontal.size(), QSize(200, 1));
-    EXPECT_EQ(vertical.width(), 1);
-    EXPECT_GT(vertical.height(), 50);
-    EXPECT_EQ(grab(horizontal).pixelColor(100, 0), zelvoMainLineColor());
-    EXPECT_EQ(grab(vertical).pixelColor(0, 10), zelvoMainLineColor());
-}
-
-TEST_F(StrokeViewTest, aCardIsRoundAndATransparentViewIsNotThere)
-{
     CardView card;
     PictureView picture;
-    TransparentView nothing;
     picture.setPicture(Picture(QStringLiteral("SetupTextField")));
-    const auto painted = [&](QWidget& view) {
-        view.resize(40, 30);
-        return boxOf(grab(view), [](const QColor& pixel) { return pixel != kGround; });
-    };
-    EXPECT_EQ(painted(card), QRect(0, 0, 40, 30));
-    EXPECT_EQ(grab(card).pixelColor(0, 0), kGround);
-    EXPECT_EQ(grab(card).pixelColor(0, 15), zelvoHoverColor());
-    EXPECT_EQ(painted(picture), QRect(0, 0, 40, 30));
-    EXPECT_TRUE(painted(nothing).isEmpty());
+    TransparentView nothing;
+    const auto at = [](const QImage& image, QPoint point) { return image.pixelColor(point).name() + u' '; };
+    QStringList seen;
+    for (QWidget* const view :
+        std::initializer_list<QWidget*> {&turned, &horizontal, &vertical, &card, &picture, &nothing}) {
+        view->resize(40, 30);
+        const QImage image = grab(*view);
+        const QSizePolicy policy = view->sizePolicy();
+        seen << at(image, {0, 0}) + at(image, {2, 1}) + at(image, {0, 15}) + at(image, {39, 15})
+                + QStringLiteral("%1x%2 %3 %4")
+                      .arg(view->sizeHint().width())
+                      .arg(view->minimumSizeHint().height())
+                      .arg(policy.horizontalPolicy() == QSizePolicy::Fixed)
+                      .arg(policy.verticalPolicy() == QSizePolicy::Fixed);
+    }
+    EXPECT_EQ(seen,
+        (QStringList {
+            QStringLiteral("#b0b0b0 #b0b0b0 #b0b0b0 #b0b0b0 1x1 0 1"),
+            QStringLiteral("#b0b0b0 #b0b0b0 #b0b0b0 #b0b0b0 1x1 0 1"),
+            QStringLiteral("#b0b0b0 #b0b0b0 #b0b0b0 #b0b0b0 1x1 1 0"),
+            QStringLiteral("#ff00ff #40549b #00707a #00707a -1x-1 0 0"), // Round, and smooth at its corners.
+            QStringLiteral("#b42bc0 #4f646b #4f646b #4f646b -1x-1 0 0"),
+            QStringLiteral("#ff00ff #ff00ff #ff00ff #ff00ff -1x-1 0 0"),
+        }));
 }
 }

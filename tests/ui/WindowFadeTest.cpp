@@ -3,47 +3,37 @@
 #include "fakes/ControlTest.h"
 
 namespace {
-class WindowFadeTest : public ControlTest {
-protected:
-    [[nodiscard]] double opacityAfter(double seconds)
-    {
-        platform.runLoop.advance(seconds);
-        return m_window.windowOpacity();
-    }
-
-    static constexpr double kStep = 0.07; // A frame, as a share of the fade.
-    QWidget m_window;
-    WindowFade m_fade {m_window};
-};
+using WindowFadeTest = ControlTest;
 
 TEST_F(WindowFadeTest, comesAndGoesInFourTenthsOfASecondAndTheLastOneHolds)
 {
-    m_fade.fadeOut(); // Of a hidden window: nothing.
-    EXPECT_EQ(platform.runLoop.pendingTimerCount(), 0U);
-    m_fade.fadeIn();
-    EXPECT_TRUE(m_window.isVisible());
-    EXPECT_EQ(m_window.windowOpacity(), 0);
-    EXPECT_NEAR(opacityAfter(0.1), 0.25, kStep);
-    EXPECT_NEAR(opacityAfter(0.2), 0.75, kStep);
-    EXPECT_EQ(opacityAfter(0.1), 1);
-    EXPECT_EQ(platform.runLoop.pendingTimerCount(), 0U);
-    EXPECT_FALSE(m_fade.isFadingOut());
-
-    m_fade.fadeOut();
-    EXPECT_TRUE(m_fade.isFadingOut());
-    EXPECT_NEAR(opacityAfter(0.3), 0.25, kStep);
-    EXPECT_TRUE(m_window.isVisible());
-    EXPECT_EQ(opacityAfter(0.1), 1); // For the next time.
-    EXPECT_FALSE(m_window.isVisible());
-    EXPECT_FALSE(m_fade.isFadingOut());
-    EXPECT_EQ(platform.runLoop.pendingTimerCount(), 0U);
-
-    m_fade.fadeIn();
-    platform.runLoop.advance(1);
-    m_fade.fadeOut();
-    platform.runLoop.advance(0.2);
-    m_fade.fadeIn(); // Ends the one that runs.
-    EXPECT_EQ(opacityAfter(1), 1);
-    EXPECT_TRUE(m_window.isVisible());
+    QWidget window;
+    WindowFade fade(window);
+    const struct {
+        void (WindowFade::*act)(); ///< or nothing
+        double seconds;
+        int percent; ///< of opacity after that time, the nearest quarter
+        bool isVisible;
+        bool isFadingOut;
+        bool isMoving;
+    } kTestCases[] = {
+        {&WindowFade::fadeOut, 0, 100, false, false, false}, // Of a hidden window: nothing.
+        {&WindowFade::fadeIn, 0, 0, true, false, true}, {nullptr, 0.1, 25, true, false, true},
+        {nullptr, 0.2, 75, true, false, true}, {nullptr, 0.1, 100, true, false, false},
+        {&WindowFade::fadeOut, 0.3, 25, true, true, true},
+        {nullptr, 0.1, 100, false, false, false}, // For the next time.
+        {&WindowFade::fadeIn, 1, 100, true, false, false}, {&WindowFade::fadeOut, 0.2, 50, true, true, true},
+        {&WindowFade::fadeIn, 1, 100, true, false, false}, // Ends the one that runs.
+    };
+    for (const auto& row : kTestCases) {
+        SCOPED_TRACE(testing::Message() << "row " << &row - kTestCases);
+        if (row.act)
+            (fade.*row.act)();
+        platform.runLoop.advance(row.seconds);
+        EXPECT_EQ(std::lround(window.windowOpacity() * 4) * 25, row.percent);
+        EXPECT_EQ(window.isVisible(), row.isVisible);
+        EXPECT_EQ(fade.isFadingOut(), row.isFadingOut);
+        EXPECT_EQ(platform.runLoop.pendingTimerCount(), row.isMoving ? 1U : 0U);
+    }
 }
 }
