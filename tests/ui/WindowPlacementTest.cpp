@@ -14,48 +14,33 @@ constexpr QRect kSecond(1000, 0, 800, 600);
 constexpr QSize kWindow(300, 400);
 }
 
-TEST(WindowPlacement, aWindowOpensBesideThePointerAtTheNearerEdge)
-{
-    const struct {
-        QPoint pointer;
-        QPoint expected;
-    } kTestCases[] = {
-        {{500, 10}, {350, 42}}, // A tray at the top.
-        {{500, 740}, {350, 318}}, // At the bottom.
-        {{990, 10}, {688, 42}}, // In a corner the window stays on the screen.
-        {{0, 740}, {12, 318}},
-    };
-    for (const auto& testCase : kTestCases)
-        EXPECT_EQ(WindowPlacement::nearPointer(testCase.pointer, kScreen, kWindow), testCase.expected)
-            << testCase.pointer.x();
-    // A window that is larger than the screen keeps the corner that has its title.
-    EXPECT_EQ(WindowPlacement::nearPointer({500, 740}, kScreen, {2000, 2000}), kScreen.topLeft());
-}
-
-TEST(WindowPlacement, theCornerIsWhereALineOfTextEnds)
-{
-    EXPECT_EQ(WindowPlacement::inCorner(kScreen, kWindow, Qt::LeftToRight), QPoint(688, 42));
-    EXPECT_EQ(WindowPlacement::inCorner(kScreen, kWindow, Qt::RightToLeft), QPoint(12, 42));
-    EXPECT_EQ(WindowPlacement::inCorner(kSecond, kWindow, Qt::LeftToRight), QPoint(1488, 12));
-    EXPECT_EQ(WindowPlacement::inCorner(kScreen, {2000, 2000}, Qt::LeftToRight), kScreen.topLeft());
-}
-
 TEST(WindowPlacement, theMarginGivesWayBeforeTheWindowLeavesTheScreen)
 {
     const struct {
         QSize window;
+        QPoint pointer;
+        QPoint nearPointer; ///< at the nearer edge
         QPoint centred;
-        QPoint nearPointer; ///< which is at the bottom right
+        QPoint inCorner; ///< where a line of text ends
+        QPoint inOtherCorner;
     } kTestCases[] = {
-        {{400, 676}, {300, 42}, {588, 42}}, // Just room for the margin of 12.
-        {{400, 690}, {300, 35}, {588, 35}},
-        {{400, 700}, {300, 30}, {588, 30}},
-        {{1200, 900}, {0, 30}, {0, 30}},
+        {kWindow, {500, 10}, {350, 42}, {350, 180}, {688, 42}, {12, 42}}, // A tray at the top.
+        {kWindow, {500, 379}, {350, 318}, {350, 180}, {688, 42}, {12, 42}},
+        {kWindow, {990, 378}, {688, 42}, {350, 180}, {688, 42}, {12, 42}}, // It stays on the screen.
+        {kWindow, {0, 740}, {12, 318}, {350, 180}, {688, 42}, {12, 42}},
+        {{400, 676}, {999, 729}, {588, 42}, {300, 42}, {588, 42},
+            {12, 42}}, // Just room for the margin of 12.
+        {{400, 690}, {999, 729}, {588, 35}, {300, 35}, {588, 35}, {12, 35}},
+        {{988, 700}, {999, 729}, {6, 30}, {6, 30}, {6, 30}, {6, 30}},
+        {{1200, 900}, {500, 729}, {0, 30}, {0, 30}, {0, 30}, {0, 30}}, // The corner that has its title.
     };
-    for (const auto& testCase : kTestCases) {
-        SCOPED_TRACE(testCase.window.height());
-        EXPECT_EQ(WindowPlacement::centred(kScreen, testCase.window), testCase.centred);
-        EXPECT_EQ(WindowPlacement::nearPointer({999, 729}, kScreen, testCase.window), testCase.nearPointer);
+    for (const auto& row : kTestCases) {
+        EXPECT_EQ((QList<QPoint> {WindowPlacement::nearPointer(row.pointer, kScreen, row.window),
+                      WindowPlacement::centred(kScreen, row.window),
+                      WindowPlacement::inCorner(kScreen, row.window, Qt::LeftToRight),
+                      WindowPlacement::inCorner(kScreen, row.window, Qt::RightToLeft)}),
+            (QList<QPoint> {row.nearPointer, row.centred, row.inCorner, row.inOtherCorner}))
+            << "row " << &row - kTestCases;
     }
 }
 
