@@ -150,7 +150,6 @@ void NotificationWindowController::updateControls()
         m_ui->buttonMemory->setImage(isSit ? m_buttonMemoryIconSitImage : m_buttonMemoryIconStandImage);
         m_ui->buttonMemory->setAlternateImage(
             isSit ? m_buttonMemoryIconSitAlternateImage : m_buttonMemoryIconStandAlternateImage);
-        m_ui->buttonMemory->setTextColor(zelvoTextColor());
         if (m_notification->indicatorValue())
             m_ui->calRadialTitle->setText(*m_notification->indicatorValue());
         if (m_notification->indicatorTitle())
