@@ -5,11 +5,11 @@
 #include <QCursor>
 
 namespace {
+/// Writes down "+" and "-".
 struct Visits final : NotificationViewDelegate {
-    int entered = 0;
-    int exited = 0;
-    void notificationViewMouseEntered() override { ++entered; }
-    void notificationViewMouseExited() override { ++exited; }
+    std::string seen;
+    void notificationViewMouseEntered() override { seen += '+'; }
+    void notificationViewMouseExited() override { seen += '-'; }
 };
 
 using NotificationViewTest = ControlTest;
@@ -26,28 +26,24 @@ TEST_F(NotificationViewTest, eachVisitIsReportedOnceWhateverTheControlsInsideAdd
     other.resize(100, 80);
     view.setDelegate(&visits);
     other.setDelegate(&visits);
-    const auto expect = [&](int entered, int exited) {
-        EXPECT_EQ(visits.entered, entered);
-        EXPECT_EQ(visits.exited, exited);
-    };
     view.mouseEntered(kOutside);
-    expect(0, 0);
+    EXPECT_EQ(visits.seen, "");
     view.mouseEntered(kInside);
     view.mouseExited(kInside); // Onto a control inside, and back.
     view.mouseEntered(kInside);
     other.mouseEntered(kInside); // There is one pointer.
-    expect(1, 0);
+    EXPECT_EQ(visits.seen, "+");
     view.mouseExited(kOutside);
     view.mouseExited(kOutside);
-    expect(1, 1);
+    EXPECT_EQ(visits.seen, "+-");
 
     enter(view);
     QCursor::setPos(view.mapToGlobal(kInside.toPoint())); // Last seen inside, it has left all the same.
     leave(view);
-    expect(2, 2);
+    EXPECT_EQ(visits.seen, "+-+-");
     show(view);
     view.mouseEntered(kInside);
     view.hide(); // Under the pointer.
     view.mouseEntered(kInside);
-    expect(4, 2);
+    EXPECT_EQ(visits.seen, "+-+-++");
 }

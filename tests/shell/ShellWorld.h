@@ -19,8 +19,7 @@ public:
         app.reset();
         AppProperties::resetInstance();
     }
-    ShellWorld(const ShellWorld&) = delete;
-    ShellWorld& operator=(const ShellWorld&) = delete;
+    Q_DISABLE_COPY_MOVE(ShellWorld)
 
     /// Settings as a finished set-up leaves them: 71 kg, 18 standing minutes an hour in three stand-ups.
     void completeSetup()
@@ -41,6 +40,14 @@ public:
         hid.plug(desk);
         platform.runLoop.advance(1.5);
         return desk;
+    }
+
+    /// The program after a finished set-up, with a desk at which the user sits.
+    std::shared_ptr<FakeHidDevice> startWithDesk()
+    {
+        completeSetup();
+        app->applicationDidFinishLaunching();
+        return plugDesk(900);
     }
 
     [[nodiscard]] QString dataFolder() const
