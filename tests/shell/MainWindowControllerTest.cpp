@@ -18,6 +18,10 @@ protected:
             .createWithStartDate(
                 midnight, midnight.dateByAddingSeconds(minutes * 60), true, properties().weight());
     }
+    static void post(const QString& name, const QMap<QString, QString>& errors)
+    {
+        NotificationCenter::defaultCenter().post(name, {}, errors);
+    }
     /// Value, title and percentage.
     static QString shown(QWidget& window, const char* circle)
     {
@@ -68,7 +72,7 @@ TEST_F(MainWindowControllerTest, theSessionCircleFollowsTheSchedule)
     start();
     QWidget& window = openMainWindow();
     EXPECT_EQ(text(window, "labelStatus"), QStringLiteral("ConnectTable"));
-    desk = world->plugDesk(kSitting);
+    desk = world->plugDesk(900);
     EXPECT_EQ(text(window, "labelStatus"), QStringLiteral("CurrentSession")) << "at once";
     const double started = schedule().scheduleUpdatedDate()->secondsSince1970();
     pass(started + 1200 - world->platform.runLoop.now() + 4.9); // The last refresh is at most 5 s old.
@@ -126,6 +130,11 @@ TEST_F(MainWindowControllerTest, refreshesEveryFiveSecondsAndLeavesNoTimerBehind
     EXPECT_FALSE(menulet().mainWindow().updateDateTimer()->isValid());
     pass(6);
     EXPECT_EQ(world->platform.runLoop.pendingTimerCount(), timersBefore);
+    stood(72);
+    pass(60);
+    EXPECT_EQ(text(window, "labelPercent"), QStringLiteral("25")) << "a closed window is not refreshed";
+    openMainWindow();
+    EXPECT_EQ(text(window, "labelPercent"), QStringLiteral("75")) << "and is fresh when it opens";
 }
 
 TEST_F(MainWindowControllerTest, errorsAreLinksAndStayUntilFifteenSecondsAfterTheLast)
@@ -138,7 +147,8 @@ TEST_F(MainWindowControllerTest, errorsAreLinksAndStayUntilFifteenSecondsAfterTh
     for (const bool hasPage : {true, false}) {
         if (!hasPage)
             dropInformation("ErrorUrl");
-        postErrors({{QStringLiteral("E02"), QStringLiteral("Overload <up>")}, {QStringLiteral("E12"), {}}});
+        post(NotificationNames::kErrorCode,
+            {{QStringLiteral("E02"), QStringLiteral("Overload <up>")}, {QStringLiteral("E12"), {}}});
         EXPECT_EQ(WindowChecks::accessibleText(label, QAccessible::Name),
             QStringLiteral("Error \nE02: Overload <up> \nE12: \n"));
         EXPECT_EQ(
@@ -147,7 +157,7 @@ TEST_F(MainWindowControllerTest, errorsAreLinksAndStayUntilFifteenSecondsAfterTh
         QTest::keyClick(&label, Qt::Key_Return);
         pass(60); // The second error stops the countdown.
         EXPECT_TRUE(area.isVisible());
-        postErrorRemoved();
+        post(NotificationNames::kErrorCodeRemoved, {});
         pass(14.9);
         EXPECT_TRUE(area.isVisible());
     }
@@ -162,7 +172,8 @@ TEST_F(MainWindowControllerTest, manyErrorsCoverNoButton)
 {
     start();
     QWidget& window = openMainWindow();
-    postErrors({{QStringLiteral("E02"), QStringLiteral("A long story of a desk. ").repeated(400)}});
+    post(NotificationNames::kErrorCode,
+        {{QStringLiteral("E02"), QStringLiteral("A long story of a desk. ").repeated(400)}});
     for (const auto& [height, errors] : {std::pair {592, 300}, {400, 0}}) {
         window.setFixedSize(360, height);
         QApplication::processEvents();

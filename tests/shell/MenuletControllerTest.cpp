@@ -33,21 +33,6 @@ TEST_F(MenuletControllerTest, iconFollowsTheDeskWithoutAClick)
     expect(false, "TrayTooltipDisconnected");
 }
 
-TEST_F(MenuletControllerTest, aClosedWindowIsNotRefreshedAndIsFreshWhenItOpens)
-{
-    start();
-    QWidget& window = openMainWindow();
-    menulet().menuletClicked();
-    pass(5); // The timer that was left ends.
-    world->plugDesk(4000);
-    pass(7 * Date::kMinute);
-    const QString before = text(window, "labelPercent");
-    pass(8 * Date::kMinute);
-    EXPECT_EQ(text(window, "labelPercent"), before);
-    menulet().menuletClicked(); // 18 minutes an hour in 8 hours are 144 minutes a day.
-    EXPECT_EQ(text(window, "labelPercent"), QStringLiteral("10"));
-}
-
 TEST_F(MenuletControllerTest, theIconIsThePictureOfTheStateInset)
 {
     constexpr QSize kSize(44, 60);

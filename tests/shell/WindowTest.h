@@ -13,15 +13,14 @@
 
 #include <gtest/gtest.h>
 #include <optional>
+#include <utility>
 
 /// A test of windows in the running program, after a finished set-up. Controls are found by object name and
 /// worked by mouse and keys. Texts are their keys unless a test installs a language.
 class WindowTest : public testing::Test {
 protected:
     static constexpr uint16_t kUp = 0x8000;
-    static constexpr uint16_t kDown = 0x7FFF;
     static constexpr uint16_t kStop = 0x8001;
-    static constexpr uint16_t kSitting = 900;
     static constexpr QPoint kAway {790, 590};
 
     using Commands = std::vector<uint16_t>;
@@ -63,7 +62,7 @@ protected:
     void startWithDesk()
     {
         start();
-        desk = world->plugDesk(kSitting);
+        desk = world->plugDesk(900);
         desk->written.clear();
     }
     MenuletController& menulet() { return world->app->menuletController(); }
@@ -113,29 +112,18 @@ protected:
         in(window, control).setFocus(Qt::TabFocusReason);
     }
 
-    /// The commands that an adapter has been sent since the last call.
-    static Commands commands(FakeHidDevice& adapter)
+    /// The commands that the adapter has been sent since the last call.
+    Commands commands()
     {
         Commands sent;
-        for (const auto& report : adapter.written) {
+        for (const auto& report : std::exchange(desk->written, {})) {
             if (report[0] == 5)
                 sent.push_back(uint16_t(report[1] | report[2] << 8));
         }
-        adapter.written.clear();
         return sent;
     }
-    Commands commands() { return commands(*desk); }
     /// What holding a button for 0.5 s sends: a stop to begin with, then the command every 0.2 s.
     static Commands heldFor(uint16_t command) { return {kStop, command, command}; }
-
-    static void postErrors(const QMap<QString, QString>& errors)
-    {
-        NotificationCenter::defaultCenter().post(NotificationNames::kErrorCode, {}, errors);
-    }
-    static void postErrorRemoved()
-    {
-        NotificationCenter::defaultCenter().post(NotificationNames::kErrorCodeRemoved);
-    }
 
     std::optional<ShellWorld> world {std::in_place};
     std::shared_ptr<FakeHidDevice> desk;
