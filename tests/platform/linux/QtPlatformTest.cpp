@@ -6,11 +6,8 @@
 
 TEST(QtPlatform, isWhereAServerAnswersUnlessTheUserChose)
 {
-    if (!XvfbServer::isInstalled())
-        GTEST_SKIP() << "Xvfb is not installed";
     const QByteArray before = qgetenv("QT_QPA_PLATFORM");
     XvfbServer server;
-    ASSERT_TRUE(server.isRunning());
     const QByteArray deadDisplay = qgetenv("DISPLAY");
     const XvfbServer live;
     const QByteArray display = qgetenv("DISPLAY");

@@ -10,6 +10,7 @@
 #include <atomic>
 #include <chrono>
 #include <functional>
+#include <gtest/gtest.h>
 #include <vector>
 
 /// Runs the event loop until the condition holds; false when it does not within the limit. For what crosses a
@@ -35,8 +36,8 @@ public:
     {
         m_daemon.start(QStringLiteral("dbus-daemon"),
             {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address")});
-        if (m_daemon.waitForReadyRead(5000))
-            m_address = QString::fromUtf8(m_daemon.readLine()).trimmed();
+        EXPECT_TRUE(m_daemon.waitForReadyRead(5000)) << "dbus-daemon does not start";
+        m_address = QString::fromUtf8(m_daemon.readLine()).trimmed();
     }
     ~TestBus()
     {
@@ -48,7 +49,6 @@ public:
     TestBus(const TestBus&) = delete;
     TestBus& operator=(const TestBus&) = delete;
 
-    [[nodiscard]] bool isRunning() const { return !m_address.isEmpty(); }
     QDBusConnection connect()
     {
         static std::atomic<int> s_count = 0;

@@ -134,10 +134,7 @@ QString found(const char* story)
 
 TEST(TrayHost, findsATrayOnceWheneverAndHoweverItComes)
 {
-    if (!XvfbServer::isInstalled())
-        GTEST_SKIP() << "Xvfb is not installed";
     const XvfbServer server;
-    ASSERT_TRUE(server.isRunning());
     const char* const kTestCases[][2] = {
         {"watcher+host look ?", "1"},
         {"watcher look ? host ? host ?", "0 1 1"},

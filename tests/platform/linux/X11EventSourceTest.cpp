@@ -19,12 +19,9 @@ double idleAfter(double seconds, VirtualRunLoop& runLoop, EventSource& source)
 
 TEST(X11EventSource, countsSecondsFromTheLastInputUntilTheServerDies)
 {
-    if (!XvfbServer::isInstalled() || QStandardPaths::findExecutable(QStringLiteral("xdotool")).isEmpty())
-        GTEST_SKIP() << "Xvfb or xdotool is not installed";
     VirtualRunLoop runLoop;
     RunLoop::setMain(&runLoop);
     XvfbServer server;
-    ASSERT_TRUE(server.isRunning());
     const auto moveMouse = [] {
         EXPECT_EQ(QProcess::execute(QStringLiteral("xdotool"),
                       {QStringLiteral("mousemove_relative"), QStringLiteral("5"), QStringLiteral("5")}),

@@ -2,13 +2,12 @@
 
 #include <QByteArray>
 #include <QProcess>
-#include <QStandardPaths>
+
+#include <gtest/gtest.h>
 
 /// An X server without a screen of its own, for tests. DISPLAY names it while it lives.
 class XvfbServer {
 public:
-    static bool isInstalled() { return !QStandardPaths::findExecutable(QStringLiteral("Xvfb")).isEmpty(); }
-
     XvfbServer()
         : m_previousDisplay(qgetenv("DISPLAY"))
     {
@@ -16,9 +15,8 @@ public:
             {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
                 QStringLiteral("0"), QStringLiteral("320x200x24"), QStringLiteral("-nolisten"),
                 QStringLiteral("tcp"), QStringLiteral("-noreset")});
-        if (m_server.waitForReadyRead(10'000))
-            m_display = ':' + m_server.readLine().trimmed();
-        qputenv("DISPLAY", m_display);
+        EXPECT_TRUE(m_server.waitForReadyRead(10'000)) << "Xvfb does not start";
+        qputenv("DISPLAY", ':' + m_server.readLine().trimmed());
     }
     ~XvfbServer()
     {
@@ -31,7 +29,6 @@ public:
     XvfbServer(const XvfbServer&) = delete;
     XvfbServer& operator=(const XvfbServer&) = delete;
 
-    [[nodiscard]] bool isRunning() const { return !m_display.isEmpty(); }
     /// The server dies, and every connection to it.
     void stop()
     {
@@ -41,6 +38,5 @@ public:
 
 private:
     QProcess m_server;
-    QByteArray m_display;
     QByteArray m_previousDisplay;
 };
