@@ -90,9 +90,8 @@ protected:
     /// What was sent so far arrives.
     void settle()
     {
-        TestBus::settle(m_session);
-        TestBus::settle(m_system);
-        QThread::msleep(10);
+        for (const QDBusConnection& connection : {m_session, m_system, m_watchedSession, m_watchedSystem})
+            TestBus::settle(connection);
         QCoreApplication::processEvents();
     }
 
@@ -142,7 +141,9 @@ protected:
     QDBusConnection m_system = m_systemBus.connect();
     QDBusConnection m_session = m_sessionBus.connect();
     std::optional<FakeLogind> m_logind;
-    DBusWorkspace m_workspace {m_systemBus.connect(), m_sessionBus.connect()};
+    QDBusConnection m_watchedSystem = m_systemBus.connect();
+    QDBusConnection m_watchedSession = m_sessionBus.connect();
+    DBusWorkspace m_workspace {m_watchedSystem, m_watchedSession};
     QStringList m_heard;
 };
 
