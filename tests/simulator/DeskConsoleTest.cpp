@@ -64,6 +64,48 @@ TEST(DeskConsole, saysWhatTheDeskDoes)
             (Played {true, std::string("ok\n") + row.output, ""}));
 }
 
+TEST(DeskConsole, theDeskIsHeardAndObeysAsItsStateAllows)
+{
+    const std::string kErring = "04 00 01 02 34 12 0";
+    const std::string kNoKinds =
+        " 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 ";
+    const struct {
+        const char* spoil; ///< at the end of a ramp downwards
+        int height; ///< 0.21 s later: 2892 when it went on, 2939 when it stopped
+        std::string read; ///< at the height 0x1234
+        const char* write;
+        int after; ///< 4668 when it has obeyed
+    } kCases[] = {
+        {"", 2892, "04 00 01 00 34 12 00 00", "ok", 4668},
+        {"fault reads on", 2892, "failed", "ok", 4668},
+        {"fault writes on", 2892, "04 00 01 00 34 12 00 00", "failed", 4660},
+        {"fault silence on", 2892, "no answer", "no answer", 4660},
+        {"fault short 5", 2892, "04 00 01 00 34 00 00 00", "ok", 4668},
+        {"unplug", 2939, "unplugged", "unplugged", 4660},
+        {"unplug\nplug", 2939, "04 00 00 00 00 00 00 00", "ok", 4660}, // Its init report is forgotten.
+        {"desk off", 2939, "04 00 00 00 34 12 00 00", "ok", 4660},
+        {"error position-lost", 2939, kErring + "1 00", "ok", 4660},
+        {"error overload-up\nerror overload-down\nerror overload-up off", 2939, kErring + "8 00", "ok", 4660},
+        {"error E5\nerror E12\nerror E5\nerror E255", 2939, kErring + "0" + kNoKinds + "01 00 05 0C FF", "ok",
+            4660},
+        {"error unnamed", 2939, kErring + "0 00", "ok", 4660},
+    };
+    for (const auto& row : kCases) {
+        const Played played = play(std::string("set 03 04 00 FB 00 00 00 00\nheight 3000\n"
+                                               "set 05 FF 7F FF 7F FF 7F FF\nadvance 0.2\n")
+            + row.spoil
+            + "\nadvance 0.21\nheight\nheight 4660\nget 04\nset 05 00 80 00 80 00 80 00\n"
+              "plug\nneeds-init off\ndesk on\nerror clear\nfault reads off\nfault writes off\n"
+              "fault silence off\nfault short off\nadvance 0.1\nheight\nget 04\n");
+        EXPECT_EQ(played.errors, "");
+        const std::string expected = std::to_string(row.height) + '\n' + row.read + '\n' + row.write + '\n'
+            + std::to_string(row.after) + "\n04 00 01 00 " + (row.after == 4668 ? "3C" : "34")
+            + " 12 00 00\n";
+        EXPECT_TRUE(played.output.ends_with("\n" + expected)) << row.spoil << '\n'
+                                                              << played.output << expected;
+    }
+}
+
 TEST(DeskConsole, namesTheLineAndTheFaultOfBadInputAndGoesOn)
 {
     const std::pair<const char*, std::vector<const char*>> kCases[] = {

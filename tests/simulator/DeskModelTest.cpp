@@ -1,6 +1,5 @@
 #include "simulator/DeskModel.h"
 
-#include <array>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
@@ -8,7 +7,6 @@
 
 namespace {
 using Bytes = std::vector<uint8_t>;
-using Status = std::array<uint8_t, 64>;
 using Result = TransferResult;
 
 const Bytes kInit {0x03, 0x04, 0x00, 0xFB, 0x00, 0x00, 0x00, 0x00};
@@ -28,35 +26,13 @@ void send(DeskModel& desk, const Bytes& report)
     EXPECT_EQ(desk.setFeatureReport(report), Result::Ok);
 }
 
-/// A desk whose adapter is initialised, at a height, and which goes on moving after a second under a command.
-DeskModel deskAt(int height, const Bytes& command = {})
+/// A desk whose adapter is initialised, at a height.
+DeskModel deskAt(int height)
 {
     DeskModel desk;
     send(desk, kInit);
     desk.setHeight(height);
-    for (int tick = 0; tick < 5 && !command.empty(); ++tick) {
-        send(desk, command);
-        desk.advance(0.2);
-    }
     return desk;
-}
-
-/// What a read fills in of a buffer of AAs; none when it fails.
-Bytes answer(const DeskModel& desk, Result expected = Result::Ok)
-{
-    Bytes report(64, 0xAA);
-    report[0] = 0x04;
-    EXPECT_EQ(desk.getFeatureReport(report), expected);
-    while (report.size() > 1 && report.back() == 0xAA)
-        report.pop_back();
-    return report;
-}
-
-Bytes status(std::initializer_list<uint8_t> start)
-{
-    Bytes report(start);
-    report.resize(64);
-    return report;
 }
 }
 
@@ -170,6 +146,7 @@ TEST(DeskModel, senselessTimesDoNoHarm)
 TEST(DeskModel, keepsWithinGoodLimits)
 {
     DeskModel desk = deskAt(3000);
+    EXPECT_FALSE(desk.addErrorCode(0));
     for (const auto& [lower, upper] : {std::pair {-1, 100}, {100, 100}, {200, 100}, {1, 65536}})
         EXPECT_FALSE(desk.setLimits(lower, upper)) << lower << ' ' << upper;
     EXPECT_EQ(desk.upperLimit(), 6500);
@@ -206,80 +183,15 @@ TEST(DeskModel, takesReportsByTheirContent)
     EXPECT_EQ(deskAt(1000).getFeatureReport({}), Result::Refused);
 }
 
-TEST(DeskModel, isHeardAndObeysAsItsStateAllows)
+TEST(DeskModel, leavesWhatItsAnswerDoesNotReach)
 {
-    using Kind = DeskModel::ErrorKind;
-    using Model = DeskModel;
-    const Bytes kWell = status({0x04, 0x00, 0x01, 0x00, 0x34, 0x12});
-    const auto erring = [](uint8_t kinds, const Bytes& codes) {
-        Bytes report = status({0x04, 0x00, 0x01, 0x02, 0x34, 0x12, kinds});
-        report[32] = codes.empty() ? 0 : 1;
-        std::copy(codes.begin(), codes.end(), report.begin() + 34);
-        return report;
-    };
-    const struct {
-        const char* name;
-        bool stops; ///< a movement, and obeys no command
-        Result write;
-        Result read;
-        Bytes answer;
-        void (*spoil)(Model&);
-    } kTestCases[] = {
-        {"well", false, Result::Ok, Result::Ok, kWell, [](Model&) {}},
-        {"reads fail", false, Result::Ok, Result::Failed, {4},
-            [](Model& d) { d.faults().failingReads = true; }},
-        {"writes fail", false, Result::Failed, Result::Ok, kWell,
-            [](Model& d) { d.faults().failingWrites = true; }},
-        {"silent", false, Result::NoAnswer, Result::NoAnswer, {4},
-            [](Model& d) { d.faults().noAnswer = true; }},
-        {"empty", false, Result::Ok, Result::Ok, {4}, [](Model& d) { d.faults().answerLength = 0; }},
-        {"short", false, Result::Ok, Result::Ok, {4, 0, 1, 0, 0x34},
-            [](Model& d) { d.faults().answerLength = 5; }},
-        {"long", false, Result::Ok, Result::Ok, kWell, [](Model& d) { d.faults().answerLength = 100; }},
-        {"pulled", true, Result::Unplugged, Result::Unplugged, {4}, [](Model& d) { d.setPlugged(false); }},
-        {"plugged in anew, and the init report forgotten", true, Result::Ok, Result::Ok, status({4}),
-            [](Model& d) {
-                d.setPlugged(false);
-                d.setPlugged(true);
-            }},
-        {"off", true, Result::Ok, Result::Ok, status({4, 0, 0, 0, 0x34, 0x12}),
-            [](Model& d) { d.setDeskOn(false); }},
-        {"position lost", true, Result::Ok, Result::Ok, erring(0x01, {}),
-            [](Model& d) { d.setError(Kind::PositionLost, true); }},
-        {"overloads, one of them gone", true, Result::Ok, Result::Ok, erring(0x08, {}),
-            [](Model& d) {
-                d.setError(Kind::OverloadUp, true);
-                d.setError(Kind::OverloadDown, true);
-                d.setError(Kind::OverloadUp, false);
-            }},
-        {"codes, one of them twice and one too many", true, Result::Ok, Result::Ok,
-            erring(0, {5, 12, 255, 1, 2, 3}),
-            [](Model& d) {
-                EXPECT_FALSE(d.addErrorCode(0));
-                for (const uint8_t code : Bytes {5, 12, 5, 255, 1, 2, 3})
-                    EXPECT_TRUE(d.addErrorCode(code));
-                EXPECT_FALSE(d.addErrorCode(7));
-            }},
-        {"unnamed", true, Result::Ok, Result::Ok, erring(0, {}), [](Model& d) { d.setUnnamedError(true); }},
-    };
-    for (const auto& row : kTestCases) {
-        SCOPED_TRACE(row.name);
-        DeskModel desk = deskAt(3000, kDown);
-        row.spoil(desk);
-        EXPECT_EQ(desk.goal().has_value(), !row.stops);
-        desk.setHeight(0x1234);
-        EXPECT_EQ(answer(desk, row.read), row.answer);
-        EXPECT_EQ(desk.setFeatureReport(kUp), row.write);
-        const bool obeys = !row.stops && row.write == Result::Ok;
-        EXPECT_EQ(desk.goal().has_value(), obeys);
-        desk.faults() = {};
-        desk.setPlugged(true);
-        desk.setNeedsInit(false);
-        desk.setDeskOn(true);
-        desk.clearErrors();
-        desk.advance(0.1);
-        EXPECT_EQ(desk.isMoving(), obeys) << "no command since it was well";
-        desk.setHeight(0x1234);
-        EXPECT_EQ(answer(desk), kWell);
+    for (const size_t length : std::vector<size_t> {0, 5, 64, 100}) {
+        DeskModel desk = deskAt(0x1234);
+        desk.faults().answerLength = length;
+        Bytes buffer(64, 0xAA);
+        buffer[0] = 0x04;
+        EXPECT_EQ(desk.getFeatureReport(buffer), Result::Ok);
+        for (size_t i = 1; i < buffer.size(); ++i)
+            EXPECT_EQ(buffer[i] == 0xAA, i >= length) << length << ' ' << i;
     }
 }
