@@ -109,8 +109,16 @@ TEST_F(ButtonTest, eachStateHasItsLook)
     EXPECT_NE(grab(m_button), plain);
     m_button.removeUnderLineText();
     EXPECT_EQ(grab(m_button), plain);
-    m_button.setBackgroundColor(kTitle); // The title would not be read, and takes another colour.
-    EXPECT_GT(boxOf(grab(m_button), [](const QColor& pixel) { return pixel == Qt::white; }).width(), 20);
+    // What would not be read takes another colour, the picture with the title.
+    m_button.setBackgroundColor(kTitle);
+    m_button.setImage(Picture(QStringLiteral("ButtonUp")));
+    const auto light = [&] {
+        return boxOf(grab(m_button), [](const QColor& pixel) { return pixel == Qt::white; }).width();
+    };
+    const int both = light();
+    m_button.setImagePosition(Button::ImagePosition::Only);
+    EXPECT_GT(light(), 10);
+    EXPECT_GT(both, light() + 60);
     for (const auto& [title, color] :
         {std::pair(QString(), kTitle), std::pair(QStringLiteral("x"), QColor())}) {
         m_button.setText(title);

@@ -1,7 +1,6 @@
 #include "ui/HoverButton.h"
 
 #include "fakes/ControlTest.h"
-#include "ui/Palette.h"
 
 namespace {
 class HoverButtonTest : public ControlTest {
@@ -64,18 +63,5 @@ TEST_F(HoverButtonTest, whatIsSetUnderTheMouseIsWhatItsLeavingRestores)
     m_button.setAlternateBackgroundColor({});
     enter(m_button);
     EXPECT_EQ(seen(), QStringLiteral("NotificationButtonSitMemory #00707a #faf0e6"));
-}
-
-TEST_F(HoverButtonTest, titleAndPictureStayReadableOnABackgroundOfTheHoverColour)
-{
-    m_button.setAlternateBackgroundColor(zelvoHoverColor());
-    enter(m_button);
-    const auto light = [&] {
-        return boxOf(grab(m_button), [](const QColor& pixel) { return pixel == Qt::white; }).width();
-    };
-    const int both = light();
-    m_button.setImagePosition(Button::ImagePosition::Only);
-    EXPECT_GT(light(), 10);
-    EXPECT_GT(both, light() + 20);
 }
 }

@@ -59,10 +59,11 @@ TEST(WindowPlacement, theTrayIsWhereThePanelEnds)
         {{10, 0, 50, 30}, {1099, 749}, {1099, 749}},
     };
     for (const auto& row : kTestCases) {
-        SCOPED_TRACE(testing::Message() << row.panels.left() << ' ' << row.panels.bottom());
         const QRect available = kWhole - row.panels;
-        EXPECT_EQ(WindowPlacement::trayCorner(kWhole, available, Qt::LeftToRight), row.leftToRight);
-        EXPECT_EQ(WindowPlacement::trayCorner(kWhole, available, Qt::RightToLeft), row.rightToLeft);
+        EXPECT_EQ(WindowPlacement::trayCorner(kWhole, available, Qt::LeftToRight), row.leftToRight)
+            << &row - kTestCases;
+        EXPECT_EQ(WindowPlacement::trayCorner(kWhole, available, Qt::RightToLeft), row.rightToLeft)
+            << &row - kTestCases;
     }
 }
 
