@@ -6,12 +6,10 @@
 #include <algorithm>
 #include <cmath>
 #include <random>
-#include <set>
 #include <sqlite3.h>
 
 namespace {
 constexpr double kDayStart = TestPlatform::kStart - 8 * Date::kHour; ///< 2024-03-15 00:00 UTC
-constexpr double kHour = Date::kHour;
 constexpr double kWeight = 67.5; ///< 67.5 * 2.205 * 0.0054 kcal a minute
 
 class ActivityPersisterTest : public testing::Test {
@@ -27,63 +25,50 @@ protected:
     /// A record in hours of the day, saved with the next save.
     void record(double startHour, double endHour, bool isStanding)
     {
-        store.insert(kDayStart + startHour * kHour, kDayStart + endHour * kHour, isStanding, 99);
+        store.insert(kDayStart + startHour * Date::kHour, kDayStart + endHour * Date::kHour, isStanding, 99);
     }
-    [[nodiscard]] std::vector<double> minutes(Date day)
+    void execute(const char* sql)
     {
-        return {persister.minutesActiveOnDay(day), persister.minutesActiveOnDay(day, true),
-            persister.minutesActiveOnDay(day, false)};
+        EXPECT_EQ(sqlite3_exec(store.coordinator->connection(), sql, nullptr, nullptr, nullptr), SQLITE_OK);
     }
 
     TestPlatform platform;
     TestStore store {platform};
     ActivityPersister persister {store.context};
-    const Date today {kDayStart + 12 * kHour};
+    const Date today {kDayStart + 12 * Date::kHour};
 };
-}
-
-TEST_F(ActivityPersisterTest, opensARecordNowAndPulsesItInFixedWords)
-{
-    testing::internal::CaptureStderr();
-    const ActivityRef activity = persister.createIsStanding(true);
-    ASSERT_TRUE(activity);
-    platform.runLoop.advance(15);
-    EXPECT_TRUE(activity->pulse());
-    const QString log = QString::fromStdString(testing::internal::GetCapturedStderr());
-    for (const char* const line :
-        {"Creating new activity. startDate: 2024-03-15T08:00:00.000Z, endDate: 2024-03-15T08:00:00.000Z, "
-         "isStanding: 1, weight: 67.500000\n",
-            "Activity pulse\n"})
-        EXPECT_TRUE(log.contains(QLatin1String(line))) << qPrintable(log);
-    store.reopen();
-    const ActivityRef stored = store.all().at(0);
-    EXPECT_EQ(stored->startDate(), Date(TestPlatform::kStart));
-    EXPECT_EQ(stored->endDate(), Date(TestPlatform::kStart + 15));
-    EXPECT_TRUE(stored->isStanding());
-    EXPECT_EQ(stored->weight(), kWeight);
 }
 
 TEST_F(ActivityPersisterTest, whatCannotBeSavedIsLoggedAndGoesOutLater)
 {
-    const ActivityRef activity = persister.createIsStanding(true);
-    sqlite3* connection = store.coordinator->connection();
-    ASSERT_EQ(sqlite3_exec(connection, "PRAGMA query_only = 1", nullptr, nullptr, nullptr), SQLITE_OK);
-    platform.runLoop.advance(15);
     testing::internal::CaptureStderr();
+    const ActivityRef activity = persister.createIsStanding(true);
+    platform.runLoop.advance(15);
+    EXPECT_TRUE(activity->pulse());
+    execute("PRAGMA query_only = 1");
+    platform.runLoop.advance(15);
     EXPECT_FALSE(activity->pulse());
     EXPECT_FALSE(persister.unsavedActivity());
     EXPECT_FALSE(persister.createIsStanding(false));
+    EXPECT_TRUE(persister.unsavedActivity()) << "the inserted record stays in the context";
     EXPECT_FALSE(persister.createWithStartDate(Date(std::nan("")), today, true, 80)) << "no date, no record";
     EXPECT_FALSE(persister.unsavedActivity());
     const QString log = QString::fromStdString(testing::internal::GetCapturedStderr());
-    EXPECT_TRUE(log.contains(QStringLiteral("Couldn't save pulse: StoreNotWritable"))) << qPrintable(log);
-    EXPECT_TRUE(log.contains(QStringLiteral("Couldn't save: StoreNotWritable")));
-    EXPECT_EQ(persister.count(), 2U) << "the inserted record stays in the context";
-    ASSERT_EQ(sqlite3_exec(connection, "PRAGMA query_only = 0", nullptr, nullptr, nullptr), SQLITE_OK);
+    for (const char* const words :
+        {"Creating new activity. startDate: 2024-03-15T08:00:00.000Z, endDate: 2024-03-15T08:00:00.000Z, "
+         "isStanding: 1, weight: 67.500000\n",
+            "Activity pulse\n", "Couldn't save pulse: StoreNotWritable", "Couldn't save: StoreNotWritable"})
+        EXPECT_TRUE(log.contains(words)) << qPrintable(log);
+    EXPECT_EQ(persister.count(), 2U);
+    execute("PRAGMA query_only = 0");
     EXPECT_TRUE(persister.save());
     store.reopen();
-    EXPECT_EQ(store.all().size(), 2U);
-    EXPECT_EQ(store.all().at(0)->endDate(), Date(TestPlatform::kStart + 15));
+    ASSERT_EQ(store.all().size(), 2U);
+    const ActivityRef stored = store.all().at(0);
+    EXPECT_EQ(stored->startDate(), Date(TestPlatform::kStart));
+    EXPECT_EQ(stored->endDate(), Date(TestPlatform::kStart + 30));
+    EXPECT_TRUE(stored->isStanding());
+    EXPECT_EQ(stored->weight(), kWeight);
 }
 
 TEST_F(ActivityPersisterTest, withoutAContextOrTableEverythingIsNothing)
@@ -99,11 +84,11 @@ TEST_F(ActivityPersisterTest, withoutAContextOrTableEverythingIsNothing)
         EXPECT_EQ(asking.count(), 0U);
         EXPECT_FALSE(asking.createIsStanding(true));
         EXPECT_NE(testing::internal::GetCapturedStderr().find("Couldn't save: "), std::string::npos);
-        if (!hasContext) {
-            context = store.context;
-            EXPECT_EQ(asking.count(), 1U);
-            sqlite3_exec(store.coordinator->connection(), "DROP TABLE Activity", nullptr, nullptr, nullptr);
-        }
+        if (hasContext)
+            break;
+        context = store.context;
+        EXPECT_EQ(asking.count(), 1U);
+        execute("DROP TABLE Activity");
     }
 }
 
@@ -115,11 +100,16 @@ TEST_F(ActivityPersisterTest, aDayCountsWhatLiesInItAndWhatReachesIntoIt)
     record(12, 12, true);
     record(22, 24, true); // ends exactly at midnight: in neither day
     record(48, 72, true); // but a whole day is
-    EXPECT_EQ(minutes(today), (std::vector<double> {60 + 60 + 120, 120, 60 + 120}))
-        << "standing over midnight counts as sitting too";
-    EXPECT_EQ(minutes(today.dateByAddingDays(-1)), (std::vector<double> {60, 60, 60}));
-    EXPECT_EQ(minutes(today.dateByAddingDays(1)), (std::vector<double> {0, 0, 0}));
-    EXPECT_EQ(minutes(today.dateByAddingDays(2)), (std::vector<double> {1440, 1440, 1440}));
+    const double kMinutes[][4] = {{-1, 60, 60, 60},
+        {0, 240, 120, 180}, // Over midnight counts as sitting too.
+        {1, 0, 0, 0}, {2, 1440, 1440, 1440}};
+    for (const auto& [day, all, standing, sitting] : kMinutes) {
+        SCOPED_TRACE(day);
+        const Date date = today.dateByAddingDays(int(day));
+        EXPECT_EQ(persister.minutesActiveOnDay(date), all);
+        EXPECT_EQ(persister.minutesActiveOnDay(date, true), standing);
+        EXPECT_EQ(persister.minutesActiveOnDay(date, false), sitting);
+    }
     EXPECT_EQ(persister.activitiesOnDay(today)->size(), 4U);
     EXPECT_EQ(persister.activitiesOnDay(today, false)->size(), 2U);
     EXPECT_DOUBLE_EQ(persister.percentStandingOnDay(today), 50);
@@ -128,20 +118,15 @@ TEST_F(ActivityPersisterTest, aDayCountsWhatLiesInItAndWhatReachesIntoIt)
 
 TEST_F(ActivityPersisterTest, countsTheDaysOnWhichTheGoalWasMet)
 {
-    const struct {
-        int firstDay;
-        int lastDay;
-        int32_t goalsMet;
-    } kCases[] = {{0, 2, 2}, {0, 0, 1}, {1, 1, 0}, {2, 2, 1}, {0, -1, 0}, {-30, 30, 2}};
     record(9, 9 + 124.43 / 60, true);
     record(24 + 9, 24 + 9 + 124.41 / 60, true);
     record(48 + 9, 48 + 10, true);
     record(48 + 20, 48 + 22, true);
-    for (const auto& row : kCases)
-        EXPECT_EQ(persister.goalsMetFromDay(
-                      today.dateByAddingDays(row.firstDay), today.dateByAddingDays(row.lastDay)),
-            row.goalsMet)
-            << row.firstDay << " to " << row.lastDay;
+    const int kCases[][3] = {{0, 2, 2}, {0, 0, 1}, {1, 1, 0}, {2, 2, 1}, {0, -1, 0}, {-30, 30, 2}};
+    for (const auto& [first, last, goals] : kCases)
+        EXPECT_EQ(
+            persister.goalsMetFromDay(today.dateByAddingDays(first), today.dateByAddingDays(last)), goals)
+            << first << " to " << last;
     AppProperties::instance().setWeight(67.6);
     EXPECT_EQ(persister.goalsMetFromDay(today, today.dateByAddingDays(2)), 3) << "the weight of today counts";
 }
@@ -158,34 +143,33 @@ TEST_F(ActivityPersisterTest, fetchesAndTotalsAreThoseOfPlainArithmetic)
     std::mt19937 engine(20130101);
     const auto pick = [&](int low, int high) { return std::uniform_int_distribution<>(low, high)(engine); };
     const auto gridPoint = [&] { return kDayStart + 900.0 * pick(0, 6 * 96) + (pick(0, 3) ? 0 : 0.5); };
-    const auto randomRecord = [&] {
-        const double lengths[] = {0, 900.0 * pick(1, 12), 85500, 86400, 86400.001, 900.0 * pick(96, 300),
-            -900, -900.0 * pick(1, 300)};
-        const double start = gridPoint();
-        return Record {start, start + lengths[pick(0, 7)], pick(0, 1) == 1};
-    };
     std::vector<Record> records; // A record's weight is its number in this list.
     std::vector<ActivityRef> objects;
     Error error;
-    for (int i = 0; i < 600; ++i) {
-        const Record record = randomRecord();
-        objects.push_back(store.insert(record.start, record.end, record.isStanding, double(i)));
-        records.push_back(record);
+    for (size_t i = 0; i < 750; ++i) {
+        const double lengths[] = {0, 900.0 * pick(1, 12), 85500, 86400, 86400.001, 900.0 * pick(96, 300),
+            -900, -900.0 * pick(1, 300)};
+        const double start = gridPoint();
+        const Record random {start, start + lengths[pick(0, 7)], pick(0, 1) == 1};
+        if (i < 600) {
+            objects.push_back(store.insert(random.start, random.end, random.isStanding, double(i)));
+            records.push_back(random);
+        } else {
+            records[i - 600] = random;
+            objects[i - 600]->setStartDate(Date(random.start));
+            objects[i - 600]->setEndDate(Date(random.end));
+            objects[i - 600]->setIsStanding(random.isStanding);
+        }
         if (i == 449) {
             ASSERT_TRUE(store.context->save(error));
         }
     }
-    for (size_t i = 0; i < 150; ++i) {
-        records[i] = randomRecord();
-        objects[i]->setStartDate(Date(records[i].start));
-        objects[i]->setEndDate(Date(records[i].end));
-        objects[i]->setIsStanding(records[i].isStanding);
-    }
     for (int round = 0; round < 400; ++round) {
+        SCOPED_TRACE(round);
         const double from = gridPoint();
         const double to = round % 3 ? from + 900 * pick(0, 96) : gridPoint();
         const int posture = round % 4; // 0 and 1: sitting and standing, else any
-        std::set<double> expected;
+        std::vector<double> expected;
         double minutes = 0;
         double standingMinutes = 0;
         for (size_t i = 0; i < records.size(); ++i) {
@@ -195,32 +179,30 @@ TEST_F(ActivityPersisterTest, fetchesAndTotalsAreThoseOfPlainArithmetic)
                 && !(start < to && end > to))
                 continue;
             const double clipped = (std::min(end, to) - std::max(start, from)) / 60;
-            expected.insert(double(i));
+            expected.push_back(double(i));
             minutes += clipped;
             standingMinutes += isStanding ? clipped : 0;
         }
-        const Date fromDate(from);
-        const Date toDate(to);
-        const auto fetched = posture > 1 ? persister.activitiesFromDate(fromDate, toDate)
-                                         : persister.activitiesFromDate(fromDate, toDate, posture == 1);
+        const Date a(from);
+        const Date b(to);
+        const auto fetched = posture > 1 ? persister.activitiesFromDate(a, b)
+                                         : persister.activitiesFromDate(a, b, posture == 1);
+        EXPECT_NEAR(posture > 1 ? persister.minutesActiveFromDate(a, b)
+                                : persister.minutesActiveFromDate(a, b, posture == 1),
+            minutes, 1e-6);
         ASSERT_TRUE(fetched);
-        std::set<double> found;
-        double last = -HUGE_VAL;
-        for (const ActivityRef& activity : *fetched) {
-            EXPECT_TRUE(found.insert(activity->weight()).second) << "no record comes twice";
-            EXPECT_GE(activity->startDate().secondsSince1970(), last);
-            last = activity->startDate().secondsSince1970();
-        }
-        ASSERT_EQ(found, expected) << "round " << round;
-        if (posture <= 1) {
-            EXPECT_NEAR(persister.minutesActiveFromDate(fromDate, toDate, posture == 1), minutes, 1e-6);
+        EXPECT_TRUE(std::is_sorted(fetched->begin(), fetched->end(),
+            [](const auto& l, const auto& r) { return l->startDate().isEarlierThanDate(r->startDate()); }));
+        std::vector<double> found;
+        for (const ActivityRef& activity : *fetched)
+            found.push_back(activity->weight());
+        std::sort(found.begin(), found.end());
+        ASSERT_EQ(found, expected);
+        if (posture <= 1)
             continue;
-        }
-        EXPECT_NEAR(persister.minutesActiveFromDate(fromDate, toDate), minutes, 1e-6);
-        EXPECT_NEAR(persister.caloriesBurnedFromDate(fromDate, toDate),
-            standingMinutes * kWeight * 2.205 * 0.0054, 1e-6);
+        EXPECT_NEAR(persister.caloriesBurnedFromDate(a, b), standingMinutes * kWeight * 2.205 * 0.0054, 1e-6);
         if (minutes != 0) {
-            EXPECT_NEAR(persister.percentStandingFromDate(fromDate, toDate), standingMinutes / minutes * 100,
+            EXPECT_NEAR(persister.percentStandingFromDate(a, b), standingMinutes / minutes * 100,
                 1e-6 + std::abs(1e-3 / minutes));
         }
     }

@@ -5,244 +5,170 @@
 #include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
-#include <thread>
+#include <utility>
 
 class ZelvoController { };
 
 namespace {
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
-constexpr int32_t kLargestInt32 = std::numeric_limits<int32_t>::max();
+const QString kDefaulted = "AverageWorkDayHours TimeIdle TimeSnooze TimeNotificationDismiss "
+                           "TimeNotificationDismissOnAction ActivityGoal WeightDefault DevicePosition1 "
+                           "DevicePosition2 DevicePosition3 TablePositionOffset NumberOfStandupsdefault";
 
 class AppPropertiesTest : public testing::Test {
 protected:
     AppPropertiesTest() { AppProperties::resetInstance(); }
     ~AppPropertiesTest() override { AppProperties::resetInstance(); }
 
-    /// The settings as a new process would see them.
+    /// The settings as a new process would see them, after the first call.
     static AppProperties& properties() { return AppProperties::instance(); }
-    void store(const char* key, const QVariant& value)
-    {
-        platform.defaults.values.insert(QString::fromLatin1(key), value);
-    }
-    static double read(const char* key) { return AppProperties::getDoubleForKey(QString::fromLatin1(key)); }
-    [[nodiscard]] QVariant stored(const char* key) const
-    {
-        return platform.defaults.values.value(QString::fromLatin1(key));
-    }
-    void removeInformation(const char* key)
+    QVariant& stored(const QString& key) { return platform.defaults.values[key]; }
+    /// The keys written since the last call.
+    QString written() { return std::exchange(platform.defaults.writes, {}).join(' '); }
+    /// A new process of a program with another value under that information key; undefined: with none.
+    void inform(const QString& key, const QJsonValue& value)
     {
         QJsonObject information = TestPlatform::defaultInformation();
-        information.remove(QString::fromLatin1(key));
-        useInformation(information);
-    }
-    void setInformation(const char* key, const QJsonValue& value)
-    {
-        QJsonObject information = TestPlatform::defaultInformation();
-        information.insert(QString::fromLatin1(key), value);
-        useInformation(information);
-    }
-
-    TestPlatform platform;
-    std::unique_ptr<TestBundle> otherBundle;
-
-private:
-    void useInformation(const QJsonObject& information)
-    {
+        information.insert(key, value);
         otherBundle = std::make_unique<TestBundle>(information);
         Bundle::setMain(otherBundle.get());
         AppProperties::resetInstance();
     }
+
+    TestPlatform platform;
+    std::unique_ptr<TestBundle> otherBundle;
 };
-
-QStringList keys(std::initializer_list<const char*> names)
-{
-    QStringList list;
-    for (const char* name : names)
-        list.append(QString::fromLatin1(name));
-    return list;
-}
-
-const QStringList kDefaultedKeys =
-    keys({"AverageWorkDayHours", "TimeIdle", "TimeSnooze", "TimeNotificationDismiss",
-        "TimeNotificationDismissOnAction", "ActivityGoal", "WeightDefault", "DevicePosition1",
-        "DevicePosition2", "DevicePosition3", "TablePositionOffset", "NumberOfStandupsdefault"});
 }
 
 TEST_F(AppPropertiesTest, writesTheMissingDefaultsInOrderAndFlushesEach)
 {
-    AppProperties& settings = properties();
-    EXPECT_EQ(platform.defaults.writes, kDefaultedKeys);
-    EXPECT_EQ(platform.defaults.flushes, kDefaultedKeys.size());
-
-    EXPECT_EQ(settings.averageWorkDayHours(), 8);
-    EXPECT_EQ(settings.timeIdle(), 300);
-    EXPECT_EQ(settings.timeSnooze(), 600);
-    EXPECT_EQ(settings.timeNotificationDismiss(), 20);
-    EXPECT_EQ(settings.timeNotificationDismissOnAction(), 5);
-    EXPECT_EQ(settings.activityGoal(), 50);
-    EXPECT_EQ(settings.weightDefault(), 80);
-    EXPECT_EQ(settings.devicePosition1(), 700);
-    EXPECT_EQ(settings.devicePosition2(), 4300);
-    EXPECT_EQ(settings.devicePosition3(), 4700);
-    EXPECT_EQ(settings.tablePositionOffset(), 6200);
-    EXPECT_EQ(settings.numberOfStandUpsDefault(), 1);
-    EXPECT_EQ(settings.activitGoalDefault(), 0);
-    EXPECT_EQ(settings.weight(), 0);
-    EXPECT_FALSE(settings.isUserSetupCompleted());
-}
-
-TEST_F(AppPropertiesTest, leavesStoredValuesAlone)
-{
-    store("TimeIdle", 42.0);
-    store("DevicePosition2", 0); // A stored 0 is a value.
-    const AppProperties& settings = properties();
-    EXPECT_EQ(settings.timeIdle(), 42);
-    EXPECT_EQ(stored("DevicePosition2"), QVariant(0));
-    EXPECT_EQ(platform.defaults.writes.size(), kDefaultedKeys.size() - 2);
+    stored("TimeIdle") = 42.0;
+    stored("DevicePosition2") = 0; // A stored 0 is a value.
+    properties();
+    EXPECT_EQ(platform.defaults.flushes, 10);
+    EXPECT_EQ(written(), QString(kDefaulted).remove(" TimeIdle").remove(" DevicePosition2"));
+    const auto& values = platform.defaults.values;
+    QStringList texts;
+    for (const QString& key : kDefaulted.split(' '))
+        texts.append(values.value(key).toString());
+    EXPECT_EQ(texts.join(' '), "8 42 600 20 5 50 80 700 0 4700 6200 1");
+    EXPECT_FALSE(properties().isUserSetupCompleted());
+    platform.defaults.values.clear();
+    inform("DevicePosition3", QJsonValue::Undefined);
+    EXPECT_EQ(properties().devicePosition3(), 0);
+    EXPECT_TRUE(properties().hasDevicePosition3());
 }
 
 TEST_F(AppPropertiesTest, clearsInOrderKeepsTheVersionAndTheCaches)
 {
     AppProperties& settings = properties();
-    settings.setVersion(QStringLiteral("1.0"));
+    settings.setVersion("1.0");
     settings.setWeight(91);
-    settings.setActivityGoal(150);
     settings.setNumberOfStandUps(3);
-    platform.defaults.writes.clear();
-
+    written();
     settings.clearProperties();
-    EXPECT_EQ(platform.defaults.writes,
-        keys({"AverageWorkDayHours", "TimeIdle", "TimeSnooze", "TimeNotificationDismiss",
-            "TimeNotificationDismissOnAction", "WeightDefault", "TablePositionOffset",
-            "TablePositionOffsetDefault", "NumberOfStandUps", "NumberOfStandupsdefault", "DevicePosition1",
-            "DevicePosition2", "DevicePosition3", "Weight", "ActivityMode", "ActivityGoal"})
-            + kDefaultedKeys);
-    EXPECT_EQ(stored("Version"), QStringLiteral("1.0"));
-    EXPECT_FALSE(stored("Weight").isValid());
+    EXPECT_EQ(written(),
+        "AverageWorkDayHours TimeIdle TimeSnooze TimeNotificationDismiss TimeNotificationDismissOnAction "
+        "WeightDefault TablePositionOffset TablePositionOffsetDefault NumberOfStandUps "
+        "NumberOfStandupsdefault DevicePosition1 DevicePosition2 DevicePosition3 Weight ActivityMode "
+        "ActivityGoal "
+            + kDefaulted);
+    EXPECT_EQ(stored("Version"), "1.0");
     EXPECT_EQ(settings.weight(), 91);
-    EXPECT_EQ(settings.activityGoal(), 150);
     EXPECT_EQ(settings.numberOfStandUps(), 0); // Read again at each call.
 }
 
-TEST_F(AppPropertiesTest, writesOnlyWhatDiffersFromTheCache)
+/// What nothing has been read into is 0. A value is written when it differs from the cached one; a stored
+/// one that changes meanwhile is read again at each call or stays unknown until the cache is 0 once more.
+TEST_F(AppPropertiesTest, writesWhatDiffersFromTheCacheAndReadsSomeValuesAgain)
 {
-    AppProperties& settings = properties();
+    AppProperties& p = properties();
     const struct {
         const char* key;
         std::function<void(int)> set;
-    } kSetters[] = {
-        {"Weight", [&](int value) { settings.setWeight(value); }},
-        {"ActivityMode", [&](int value) { settings.setActivityMode(value); }},
-        {"ActivityGoal", [&](int value) { settings.setActivityGoal(value); }},
-        {"DevicePosition1", [&](int value) { settings.setDevicePosition1(value); }},
-        {"DevicePosition2", [&](int value) { settings.setDevicePosition2(value); }},
-        {"DevicePosition3", [&](int value) { settings.setDevicePosition3(value); }},
-        {"TablePositionOffset", [&](int value) { settings.setTablePositionOffset(value); }},
-        {"NumberOfStandUps", [&](int value) { settings.setNumberOfStandUps(value); }},
+        std::function<double()> get;
+        bool isReadAgain;
+    } kSettings[] = {
+        {"Weight", [&](int v) { p.setWeight(v); }, [&] { return p.weight(); }, false},
+        {"ActivityMode", [&](int v) { p.setActivityMode(v); }, [&] { return p.activityMode(); }, false},
+        {"ActivityGoal", [&](int v) { p.setActivityGoal(v); }, [&] { return p.activityGoal(); }, false},
+        {"DevicePosition1", [&](int v) { p.setDevicePosition1(v); }, [&] { return p.devicePosition1(); },
+            false},
+        {"DevicePosition2", [&](int v) { p.setDevicePosition2(v); }, [&] { return p.devicePosition2(); },
+            false},
+        {"DevicePosition3", [&](int v) { p.setDevicePosition3(v); }, [&] { return p.devicePosition3(); },
+            false},
+        {"TablePositionOffset", [&](int v) { p.setTablePositionOffset(v); },
+            [&] { return p.tablePositionOffset(); }, true},
+        {"NumberOfStandUps", [&](int v) { p.setNumberOfStandUps(v); }, [&] { return p.numberOfStandUps(); },
+            true},
     };
-    for (const auto& [key, set] : kSetters) {
+    written();
+    for (const auto& [key, set, get, isReadAgain] : kSettings) {
         SCOPED_TRACE(key);
-        platform.defaults.writes.clear();
-        const int flushes = platform.defaults.flushes;
-        set(0); // What nothing has been read into is 0.
-        EXPECT_TRUE(platform.defaults.writes.isEmpty());
-        set(2);
-        set(2);
-        EXPECT_EQ(platform.defaults.writes, keys({key}));
-        EXPECT_EQ(platform.defaults.flushes, flushes + 1);
-        EXPECT_EQ(stored(key).toInt(), 2);
+        for (const int value : {0, 2, 2})
+            set(value);
+        EXPECT_EQ(written(), key);
+        EXPECT_EQ(stored(key), 2);
+        stored(key) = 3;
+        EXPECT_EQ(get(), isReadAgain ? 3 : 2);
+        set(isReadAgain ? 3 : 2);
+        EXPECT_EQ(written(), "") << "what was read counts as known";
+        set(0);
+        stored(key) = 4;
+        EXPECT_EQ(get(), 4);
+        written();
     }
-}
-
-TEST_F(AppPropertiesTest, cachesSomeValuesAndReadsOthersAgain)
-{
-    AppProperties& settings = properties();
-    settings.setWeight(80);
-    settings.setDevicePosition1(100);
-    settings.setTablePositionOffset(100);
-    settings.setNumberOfStandUps(1);
-    for (const char* key : {"Weight", "DevicePosition1", "TablePositionOffset", "NumberOfStandUps"})
-        store(key, 5);
-    EXPECT_EQ(settings.weight(), 80);
-    EXPECT_EQ(settings.devicePosition1(), 100);
-    EXPECT_EQ(settings.tablePositionOffset(), 5);
-    EXPECT_EQ(settings.numberOfStandUps(), 5);
-
-    settings.setWeight(0); // 0 stands for "not loaded yet".
-    EXPECT_EQ(settings.weight(), 0);
-    store("Weight", 66);
-    EXPECT_EQ(settings.weight(), 66);
-
-    // Reading refreshed the cache, so the value read counts as known.
-    platform.defaults.writes.clear();
-    settings.setNumberOfStandUps(5);
-    EXPECT_TRUE(platform.defaults.writes.isEmpty());
 }
 
 TEST_F(AppPropertiesTest, comparesTheVersionByTheIdentityOfItsText)
 {
     AppProperties& settings = properties();
     EXPECT_TRUE(settings.version().isNull());
-    platform.defaults.writes.clear();
-    const QString version = QStringLiteral("1.0.1");
+    written();
+    const QString version = QString::fromLatin1("1.0.1");
     settings.setVersion(version);
     settings.setVersion(version);
-    EXPECT_EQ(platform.defaults.writes, keys({"Version"}));
-    const QString sameText = QString::fromLatin1("1.0.1");
-    settings.setVersion(sameText);
-    EXPECT_EQ(platform.defaults.writes, keys({"Version", "Version"}));
+    EXPECT_EQ(written(), "Version");
+    settings.setVersion(QString::fromLatin1("1.0.1"));
+    EXPECT_EQ(written(), "Version");
     settings.setVersion(QString());
     EXPECT_FALSE(stored("Version").isValid());
     EXPECT_TRUE(settings.version().isNull());
 }
 
-TEST_F(AppPropertiesTest, crossesTheNumbersOfTheActivityModes)
+TEST_F(AppPropertiesTest, crossesTheNumbersOfTheActivityModesAndCompletesAHalfDoneSetUp)
 {
     const struct {
         QJsonValue information;
         int32_t mode;
-    } kTestCases[] = {
-        {QStringLiteral("1"), 2},
-        {QStringLiteral("2"), 1},
-        {QStringLiteral("3"), 0},
-        {QStringLiteral(" 1"), 0},
-        {QStringLiteral(""), 0},
-        {QJsonValue::Null, 0},
-    };
-    for (const auto& [information, mode] : kTestCases) {
-        setInformation("ActivityModeDefault", information);
+    } kCases[] = {{"1", 2}, {"2", 1}, {"3", 0}, {" 1", 0}, {"", 0}, {QJsonValue::Undefined, 0}};
+    for (const auto& [information, mode] : kCases) {
         SCOPED_TRACE(qPrintable(information.toString()));
-        EXPECT_EQ(properties().activityModeDefault(), mode);
+        platform.defaults.values.clear();
+        inform("ActivityModeDefault", information);
         EXPECT_EQ(properties().activityMode(), mode);
         EXPECT_FALSE(stored("ActivityMode").isValid()); // The fallback stays in the cache.
+        EXPECT_FALSE(properties().isUserSetupCompleted());
+        stored("WeightDefault") = 77;
+        EXPECT_TRUE(properties().setDefaultUserValues());
+        EXPECT_EQ(stored("Weight"), 77.0);
+        EXPECT_EQ(properties().isUserSetupCompleted(), mode != 0);
+        stored("ActivityGoal") = 0.0;
+        AppProperties::resetInstance();
+        properties().setDefaultUserValues();
+        EXPECT_FALSE(properties().isUserSetupCompleted()) << "no default goal has ever been written";
+        stored("ActivityGoalDefault") = 75;
+        properties().setDefaultUserValues();
+        EXPECT_EQ(properties().activityGoal(), 75);
     }
-}
-
-TEST_F(AppPropertiesTest, completesAHalfDoneSetUp)
-{
-    removeInformation("ActivityModeDefault");
-    EXPECT_EQ(properties().activityMode(), 0);
-    properties().setWeight(75);
-    EXPECT_FALSE(properties().isUserSetupCompleted());
-
-    setInformation("ActivityModeDefault", QStringLiteral("1"));
-    store("Weight", 0.0);
-    EXPECT_FALSE(properties().isUserSetupCompleted());
-    EXPECT_TRUE(properties().setDefaultUserValues());
-    EXPECT_EQ(stored("Weight"), QVariant(80.0));
-    EXPECT_TRUE(properties().isUserSetupCompleted());
-
-    store("ActivityGoal", 0.0);
-    AppProperties::resetInstance();
-    EXPECT_TRUE(properties().setDefaultUserValues());
-    EXPECT_FALSE(properties().isUserSetupCompleted()); // No default goal has ever been written.
 }
 
 /// A stored value as somebody left it in the file, and what the program goes by.
 TEST_F(AppPropertiesTest, neverGoesByANumberThatASettingCannotHold)
 {
     const struct {
-        const char* key;
+        QString key;
         double least;
         double most;
         double otherwise;
@@ -253,30 +179,29 @@ TEST_F(AppPropertiesTest, neverGoesByANumberThatASettingCannotHold)
         {"DevicePosition2", 0, 65535, 4300}, {"DevicePosition3", 0, 65535, 4700},
         {"TablePositionOffset", -635000, 635000, 6200}, {"NumberOfStandUps", 0, 6, 0},
         {"NumberOfStandupsdefault", 1, 6, 1}};
-    properties();
     // The default locale has no say: a decimal comma would turn 0.5 into something else.
-    QLocale::setDefault(QLocale(QStringLiteral("de_DE")));
-    for (const auto& setting : kSettings) {
-        SCOPED_TRACE(setting.key);
+    QLocale::setDefault(QLocale("de_DE"));
+    for (const auto& [key, least, most, otherwise] : kSettings) {
+        SCOPED_TRACE(qPrintable(key));
         testing::internal::CaptureStderr();
-        for (const double held : {setting.least, setting.most}) {
-            store(setting.key, QString::number(held, 'g', 12));
-            EXPECT_EQ(read(setting.key), held);
+        for (const double held : {least, most}) {
+            stored(key) = QString::number(held, 'g', 12);
+            EXPECT_EQ(AppProperties::getDoubleForKey(key), held);
         }
         EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
         testing::internal::CaptureStderr();
-        for (const QVariant& value :
-            std::initializer_list<QVariant> {setting.least - 1, setting.most + 1, QStringLiteral("1e400"),
-                kInfinity, -kInfinity, std::nan(""), QStringLiteral("nan"), QStringLiteral("80 kg"),
-                keys({"80", "5"}), QString(4000, QLatin1Char('x')), QVariantMap {{QStringLiteral("a"), 1}}}) {
-            store(setting.key, value);
-            EXPECT_EQ(read(setting.key), setting.otherwise) << qPrintable(value.toString().left(20));
+        for (const QVariant& value : std::initializer_list<QVariant> {least - 1, most + 1, "1e400", kInfinity,
+                 -kInfinity, std::nan(""), "nan", "80 kg", QStringList {"80", "5"}, QString(4000, 'x'),
+                 QVariantMap {{"a", 1}}}) {
+            stored(key) = value;
+            EXPECT_EQ(AppProperties::getDoubleForKey(key), otherwise)
+                << qPrintable(value.toString().left(20));
         }
         const QString log = QString::fromStdString(testing::internal::GetCapturedStderr());
         EXPECT_EQ(log.count(u'\n'), 1) << "said once" << qPrintable(log);
-        EXPECT_TRUE(log.contains(QLatin1String(setting.key)));
-        platform.defaults.values.remove(QString::fromLatin1(setting.key));
-        EXPECT_EQ(read(setting.key), 0) << "what is missing";
+        EXPECT_TRUE(log.contains(key));
+        stored(key) = QVariant();
+        EXPECT_EQ(AppProperties::getDoubleForKey(key), 0) << "what is missing";
     }
     QLocale::setDefault(QLocale::system());
 }
@@ -287,29 +212,74 @@ TEST_F(AppPropertiesTest, givesACountThatMayDivide)
         QVariant count;
         QVariant defaultCount;
         int32_t divisor;
-    } kTestCases[] = {{4, 3, 4}, {QVariant(), 3, 3}, {0, 3.9, 3}, {0, QVariant(), 1}};
-    for (const auto& [count, defaultCount, divisor] : kTestCases) {
+    } kCases[] = {{4, 3, 4}, {QVariant(), 3, 3}, {0, 3.9, 3}, {0, QVariant(), 1}, {1, 3, 1}};
+    for (const auto& [count, defaultCount, divisor] : kCases) {
         properties();
-        store("NumberOfStandUps", count);
-        store("NumberOfStandupsdefault", defaultCount);
+        stored("NumberOfStandUps") = count;
+        stored("NumberOfStandupsdefault") = defaultCount;
         EXPECT_EQ(properties().standUpsForDivision(), divisor) << qPrintable(count.toString());
     }
 }
 
-TEST_F(AppPropertiesTest, readsTheBundleAndTheOddKeys)
+TEST_F(AppPropertiesTest, readsAddressesAndTheOddKeysAndMakesOneHub)
 {
-    store("ActivityGoalDefault", QStringLiteral("75"));
-    store("TablePositionOffsetDefault", 12.5);
-    store("DevicePositionOffset", QStringLiteral("-12.9"));
-    EXPECT_EQ(properties().activitGoalDefault(), 75);
+    stored("TablePositionOffsetDefault") = 12.5;
+    stored("DevicePositionOffset") = "-12.9";
     EXPECT_EQ(properties().tablePositionDefault(), 12.5);
     EXPECT_EQ(properties().devicePositionOffset(), -12);
-    for (const char* const url : {"https://zelvo.example/a?b=c", "", "http://[::1", "a b"}) {
-        setInformation("InfoUrl", QString::fromLatin1(url));
-        EXPECT_EQ(properties().infoUrl().isEmpty(), url[0] != 'h' || url[4] != 's') << url;
+    for (const QString url : {"https://zelvo.example/a?b=c", "", "http://[::1", "a b"}) {
+        inform("InfoUrl", url);
+        EXPECT_EQ(properties().infoUrl().toString(), url.startsWith("https") ? url : QString());
     }
-    platform.defaults.values.clear();
-    removeInformation("DevicePosition3");
-    EXPECT_EQ(properties().devicePosition3(), 0);
-    EXPECT_TRUE(properties().hasDevicePosition3());
+    properties().startZelvoController();
+    int made = 0;
+    properties().setZelvoControllerFactory([&made] { return ++made, std::make_shared<ZelvoController>(); });
+    for (int i = 0; i < 2; ++i)
+        properties().startZelvoController();
+    EXPECT_EQ(made, 1);
+    EXPECT_TRUE(properties().zelvoController());
+}
+
+TEST_F(AppPropertiesTest, everyKindOfValueHasAPrimitiveAndWithoutAStoreNoneDoesAnything)
+{
+    using P = AppProperties;
+    const QString k = "Key";
+    const struct {
+        std::function<void()> set;
+        std::function<QVariant()> get;
+        QVariant value;
+        QVariant nothing;
+    } kKinds[] = {
+        {[&] { P::setString("a;b", k); }, [&] { return P::getStringForKey(k); }, "a;b", QString()},
+        {[&] { P::setInteger(-7, k); }, [&] { return qlonglong(P::getIntegerForkey(k)); }, -7LL, 0LL},
+        {[&] { P::setDouble(2.5, k); }, [&] { return P::getDoubleForKey(k); }, 2.5, {}},
+        {[&] { P::setBool(true, k); }, [&] { return P::getBoolForKey(k); }, true, false},
+        {[&] {
+             P::setArray({1, "x"}, k);
+         },
+            [&] { return P::getArrayForKey(k); }, QVariantList {1, "x"}, QVariantList()},
+        {[&] {
+             P::setDict({{"a", 1}}, k);
+         },
+            [&] { return P::getDictForKey(k); }, QVariantMap {{"a", 1}}, QVariantMap()},
+        {[&] { P::removeValueForKey(k); }, [&] { return P::hasValueForKey(k); }, false, false},
+    };
+    for (const auto& [set, get, value, nothing] : kKinds) {
+        SCOPED_TRACE(value.typeName());
+        UserDefaults::setStandard(&platform.defaults);
+        const int flushes = platform.defaults.flushes;
+        set();
+        EXPECT_EQ(get(), value);
+        EXPECT_EQ(platform.defaults.flushes, flushes + 1);
+        UserDefaults::setStandard(nullptr);
+        set();
+        EXPECT_TRUE(nothing.isValid() ? get() == nothing : std::isnan(get().toDouble()));
+        EXPECT_EQ(platform.defaults.flushes, flushes + 1);
+    }
+    UserDefaults::setStandard(&platform.defaults);
+    for (const auto& [text, answer] :
+        {std::pair("true", true), {"false", false}, {"0", false}, {"2", true}}) {
+        stored(k) = text;
+        EXPECT_EQ(P::getBoolForKey(k), answer) << text;
+    }
 }

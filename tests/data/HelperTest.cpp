@@ -6,18 +6,7 @@
 #include <cmath>
 #include <gtest/gtest.h>
 
-namespace {
-class HelperTest : public testing::Test {
-protected:
-    HelperTest() { AppProperties::resetInstance(); }
-    ~HelperTest() override { AppProperties::resetInstance(); }
-    void useLocale(const char* name) { platform.bundle.testLocale = QLocale(QString::fromLatin1(name)); }
-
-    TestPlatform platform;
-};
-}
-
-TEST_F(HelperTest, convertsByFactorsThatAreRoundedApart)
+TEST(Helper, convertsByFactorsThatAreRoundedApart)
 {
     const struct {
         const char* locale;
@@ -26,43 +15,26 @@ TEST_F(HelperTest, convertsByFactorsThatAreRoundedApart)
         double inches; ///< of 100 cm
         double centimetres; ///< of 10 units
         const char* unit;
-    } kTestCases[] = {
-        {"de_DE", 80, 176.4, 100, 10, "Centimeter"},
-        {"en_US", 176.4, 80.0856, 39.3701, 25.4, "Inches"},
+        const char* heights; ///< of the millimetres below
+    } kCases[] = {
+        {"de_DE", 80, 176.4, 100, 10, "Centimeter", "73 74 74 75 74 0 0 0 6554"},
+        {"en_US", 176.4, 80.0856, 39.3701, 25.4, "Inches", "28.6 29.3 28.9 29.3 29.3 0.0 0.0 0.0 2580.1"},
     };
-    for (const auto& row : kTestCases) {
+    TestPlatform platform;
+    for (const auto& row : kCases) {
         SCOPED_TRACE(row.locale);
-        useLocale(row.locale);
+        platform.bundle.testLocale = QLocale(row.locale);
         EXPECT_DOUBLE_EQ(Helper::kiloToSystemUnit(80), row.pounds);
         EXPECT_DOUBLE_EQ(Helper::systemUnitToKilo(176.4), row.kilograms);
         EXPECT_DOUBLE_EQ(Helper::cmToSystemUnit(100), row.inches);
         EXPECT_DOUBLE_EQ(Helper::systemUnitToCm(10), row.centimetres);
-        EXPECT_EQ(Helper::TableHeightUnit().toStdString(), row.unit); // A key without a text answers itself.
+        EXPECT_EQ(Helper::TableHeightUnit(), row.unit); // A key without a text answers itself.
+        QStringList heights;
+        // An exact half goes to the even digit; 74.5001 cm is rounded to 74.500 before.
+        for (const double millimetres :
+            {726.0, 745.0, 735.0, 745.1, 745.001, 0.0, -10.0, std::nan(""), 65535.0})
+            heights.append(Helper::formattedTableHeight(millimetres));
+        EXPECT_EQ(heights.join(' '), row.heights);
     }
-}
-
-TEST_F(HelperTest, formatsTableHeights)
-{
-    const struct {
-        double millimetres;
-        const char* metric;
-        const char* american;
-    } kTestCases[] = {
-        {726, "73", "28.6"},
-        {745, "74", "29.3"}, // An exact half goes to the even digit,
-        {735, "74", "28.9"}, // in both directions.
-        {745.1, "75", "29.3"},
-        {745.001, "74", "29.3"}, // 74.5001 cm is rounded to 74.500 before.
-        {0, "0", "0.0"},
-        {-10, "0", "0.0"},
-        {std::nan(""), "0", "0.0"},
-        {65535, "6554", "2580.1"},
-    };
-    for (const auto& [millimetres, metric, american] : kTestCases) {
-        SCOPED_TRACE(millimetres);
-        useLocale("de_DE");
-        EXPECT_EQ(Helper::formattedTableHeight(millimetres).toStdString(), metric);
-        useLocale("en_US");
-        EXPECT_EQ(Helper::formattedTableHeight(millimetres).toStdString(), american);
-    }
+    AppProperties::resetInstance();
 }

@@ -1,5 +1,6 @@
 #include "data/PersistentStoreCoordinator.h"
 
+#include "data/SqlStatement.h"
 #include "fakes/TestStore.h"
 
 #include <QDir>
@@ -44,11 +45,11 @@ void executeOn(const QString& path, const char* sql)
 
 class PersistentStoreCoordinatorTest : public testing::Test {
 protected:
-    void SetUp() override
+    PersistentStoreCoordinatorTest()
     {
-        for (const char* const key : {"StoreDamaged", "StoreForeign", "StoreMissingBesideLog", "StoreTooNew"})
-            platform.bundle.texts.insert(
-                QString::fromLatin1(key), QString::fromLatin1(key) + QStringLiteral(": %1"));
+        for (const QString key : {"StoreDamaged", "StoreForeign", "StoreMissingBesideLog", "StoreTooNew",
+                 "StoreNotAFile", "StoreInUse"})
+            platform.bundle.texts.insert(key, key + ": %1");
     }
 
     /// A store of that many records, closed.
@@ -65,6 +66,14 @@ protected:
     {
         return PersistentStoreCoordinator::open({}, path, error);
     }
+    /// Opening fails with that text, which names the file, and advises what to do about it.
+    void expectRefusal(const QString& text)
+    {
+        EXPECT_FALSE(open());
+        EXPECT_EQ(error.localizedDescription, text + ": " + path);
+        EXPECT_TRUE(error.failureReason.startsWith("StoreAdvice"));
+        EXPECT_TRUE(error.failureReason.endsWith(" StoreNothingRecorded"));
+    }
 
     TestPlatform platform;
     const QString path = platform.folder.filePath(QStringLiteral("StandUp.storedata"));
@@ -72,49 +81,41 @@ protected:
 };
 }
 
-TEST_F(PersistentStoreCoordinatorTest, makesANewStoreOfNothing)
+TEST_F(PersistentStoreCoordinatorTest, makesANewStoreOfNothingWhoseCommitsAreOnDisk)
 {
-    for (const bool fileExists : {false, true}) {
-        if (fileExists)
-            write(path, {});
-        ASSERT_TRUE(open()) << qPrintable(error.localizedDescription);
+    for (int round = 0; round < 2; ++round) {
+        const auto coordinator = open();
+        ASSERT_TRUE(coordinator) << qPrintable(error.localizedDescription);
         EXPECT_EQ(QFile::permissions(path) & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
-        QFile::remove(path);
+        SqlStatement statement(coordinator->connection(),
+            "SELECT journal_mode = 'wal' AND synchronous = 2 FROM pragma_journal_mode, pragma_synchronous");
+        EXPECT_EQ(statement.step(), SQLITE_ROW);
+        EXPECT_EQ(statement.integer(0), 1);
+        for (const char* const file : {"", "-wal", "-shm"})
+            QFile::remove(path + file);
+        write(path, {}); // An empty file is a new store too.
     }
-}
-
-TEST_F(PersistentStoreCoordinatorTest, aCommitIsOnDiskWhenItReturns)
-{
-    const auto coordinator = open();
-    sqlite3_stmt* statement = nullptr;
-    sqlite3_prepare_v2(coordinator->connection(),
-        "SELECT journal_mode = 'wal' AND synchronous = 2 FROM pragma_journal_mode, pragma_synchronous", -1,
-        &statement, nullptr);
-    EXPECT_EQ(sqlite3_step(statement), SQLITE_ROW);
-    EXPECT_EQ(sqlite3_column_int(statement, 0), 1);
-    sqlite3_finalize(statement);
 }
 
 TEST_F(PersistentStoreCoordinatorTest, refusesWhatIsNoGoodStoreAndLeavesItAsItIs)
 {
-    const char* const kDamaged = "StoreDamaged";
-    const char* const kForeign = "StoreForeign";
-    const struct TestCase {
+    const struct {
         const char* name;
         std::function<void()> spoil;
-        const char* description;
-    } kTestCases[] = {
-        {"random bytes", [&] { write(path, randomBytes(9000)); }, kDamaged},
-        {"zeros", [&] { write(path, QByteArray(8192, '\0')); }, kDamaged},
-        {"cut in the first page", [&] { QFile::resize(path, 1000); }, kDamaged},
-        {"cut by a byte", [&] { QFile::resize(path, QFile(path).size() - 1); }, kDamaged},
-        {"pages overwritten", [&] { write(path, contents(path).left(4096) + randomBytes(40000)); }, kDamaged},
+        const char* text;
+    } kCases[] = {
+        {"random bytes", [&] { write(path, randomBytes(9000)); }, "StoreDamaged"},
+        {"zeros", [&] { write(path, QByteArray(8192, '\0')); }, "StoreDamaged"},
+        {"cut in the first page", [&] { QFile::resize(path, 1000); }, "StoreDamaged"},
+        {"cut by a byte", [&] { QFile::resize(path, QFile(path).size() - 1); }, "StoreDamaged"},
+        {"pages overwritten", [&] { write(path, contents(path).left(4096) + randomBytes(40000)); },
+            "StoreDamaged"},
         {"a page of zeros", [&] { write(path, contents(path).replace(8192, 4096, QByteArray(4096, '\0'))); },
-            kDamaged},
+            "StoreDamaged"},
         {"empty beside its log",
             [&] {
                 write(path, {});
-                write(path + QStringLiteral("-wal"), randomBytes(5000));
+                write(path + "-wal", randomBytes(5000));
             },
             "StoreMissingBesideLog"},
         {"a page of zeros beside its log",
@@ -122,69 +123,54 @@ TEST_F(PersistentStoreCoordinatorTest, refusesWhatIsNoGoodStoreAndLeavesItAsItIs
                 TestStore store(platform);
                 store.insert(0, 1, true);
                 EXPECT_TRUE(store.context->save(error));
-                const QByteArray log = contents(path + QStringLiteral("-wal"));
+                const QByteArray log = contents(path + "-wal");
                 store.close();
                 write(path, contents(path).replace(8192, 4096, QByteArray(4096, '\0')));
-                write(path + QStringLiteral("-wal"), log);
+                write(path + "-wal", log);
             },
-            kDamaged},
+            "StoreDamaged"},
         {"foreign tables",
             [&] { executeOn(path, "DROP TABLE Activity; PRAGMA user_version = 0; CREATE TABLE Other(a)"); },
-            kForeign},
-        {"no table", [&] { executeOn(path, "DROP TABLE Activity"); }, kForeign},
+            "StoreForeign"},
+        {"no table", [&] { executeOn(path, "DROP TABLE Activity"); }, "StoreForeign"},
         {"a column is missing",
             [&] {
                 executeOn(path,
                     "DROP INDEX UsualActivity; DROP INDEX OddActivity; ALTER TABLE Activity DROP COLUMN "
                     "weight");
             },
-            kForeign},
-        {"no version", [&] { executeOn(path, "PRAGMA user_version = 0"); }, kForeign},
+            "StoreForeign"},
+        {"no version", [&] { executeOn(path, "PRAGMA user_version = 0"); }, "StoreForeign"},
         {"a newer version", [&] { executeOn(path, "PRAGMA user_version = 2"); }, "StoreTooNew"},
     };
-    for (const TestCase& testCase : kTestCases) {
-        SCOPED_TRACE(testCase.name);
+    for (const auto& row : kCases) {
+        SCOPED_TRACE(row.name);
         makeStore(1000);
-        testCase.spoil();
+        row.spoil();
         const QByteArray before = contents(path);
-        const QByteArray logBefore = contents(path + QStringLiteral("-wal"));
-        EXPECT_FALSE(open());
-        EXPECT_TRUE(error.localizedDescription.contains(QLatin1String(testCase.description)))
-            << qPrintable(error.localizedDescription);
-        EXPECT_TRUE(error.localizedDescription.contains(path));
-        EXPECT_TRUE(error.failureReason.startsWith(QStringLiteral("StoreAdvice")));
-        EXPECT_TRUE(contents(path) == before);
-        EXPECT_TRUE(contents(path + QStringLiteral("-wal")) == logBefore);
+        const QByteArray logBefore = contents(path + "-wal");
+        expectRefusal(row.text);
+        EXPECT_TRUE(contents(path) == before && contents(path + "-wal") == logBefore);
         QFile::remove(path);
-        QFile::remove(path + QStringLiteral("-wal"));
+        QFile::remove(path + "-wal");
     }
-}
-
-TEST_F(PersistentStoreCoordinatorTest, refusesAPlaceThatIsNoFile)
-{
     ASSERT_TRUE(QDir().mkpath(path));
-    EXPECT_FALSE(open());
-    EXPECT_TRUE(error.localizedDescription.contains(QStringLiteral("StoreNotAFile")));
+    expectRefusal("StoreNotAFile");
 }
 
-TEST_F(PersistentStoreCoordinatorTest, doesNotWaitForAnotherProgramThatKeepsTheStore)
+/// Another program with the file, and another of this kind, which would end this one's periods in its own
+/// way.
+TEST_F(PersistentStoreCoordinatorTest, doesNotWaitForAnotherProgramThatHasTheStore)
 {
     makeStore(10);
-    sqlite3* other = nullptr;
-    sqlite3_open(qPrintable(path), &other);
-    ASSERT_EQ(
-        sqlite3_exec(other, "PRAGMA locking_mode = EXCLUSIVE; BEGIN IMMEDIATE", nullptr, nullptr, nullptr),
+    sqlite3* connection = nullptr;
+    sqlite3_open(qPrintable(path), &connection);
+    ASSERT_EQ(sqlite3_exec(
+                  connection, "PRAGMA locking_mode = EXCLUSIVE; BEGIN IMMEDIATE", nullptr, nullptr, nullptr),
         SQLITE_OK);
-    EXPECT_FALSE(open());
-    EXPECT_TRUE(error.localizedDescription.contains(QStringLiteral("StoreInUse")))
-        << qPrintable(error.localizedDescription);
-    sqlite3_close(other);
-    EXPECT_TRUE(open());
-}
+    expectRefusal("StoreInUse");
+    sqlite3_close(connection);
 
-/// Two programs over one store, each of which would end the other's periods in its own way.
-TEST_F(PersistentStoreCoordinatorTest, leavesTheStoreToTheProgramThatRecordsIntoIt)
-{
     int ready[2];
     ASSERT_EQ(pipe(ready), 0);
     const pid_t other = fork();
@@ -196,10 +182,7 @@ TEST_F(PersistentStoreCoordinatorTest, leavesTheStoreToTheProgramThatRecordsInto
     }
     char byte = 0;
     ASSERT_EQ(read(ready[0], &byte, 1), 1);
-    EXPECT_FALSE(open());
-    EXPECT_TRUE(error.localizedDescription.contains(QStringLiteral("StoreInUse")))
-        << qPrintable(error.localizedDescription);
-    EXPECT_TRUE(error.failureReason.endsWith(QStringLiteral(" StoreNothingRecorded")));
+    expectRefusal("StoreInUse");
     kill(other, SIGKILL);
     waitpid(other, nullptr, 0);
     EXPECT_TRUE(open());
