@@ -16,15 +16,13 @@ protected:
         show(wizard->window());
         platform.defaults.writes.clear();
     }
-    /// Settings as a user left them.
-    void completeSetup()
+    void type(const char* field, const char* text)
     {
-        store("Weight", 71.0);
-        store("ActivityMode", 2);
-        store("ActivityGoal", 20.0);
-        store("NumberOfStandUps", 2);
+        auto& edit = in<QLineEdit>(wizard->window(), field);
+        edit.selectAll();
+        QTest::keyClicks(&edit, text);
     }
-    QWidget& find(const char* name) const { return in(wizard->window(), QString::fromLatin1(name)); }
+    QWidget& find(const char* name) const { return in(wizard->window(), name); }
     void click(const char* name) const { QTest::mouseClick(&find(name), Qt::LeftButton); }
 
     int terminations = 0;
@@ -32,66 +30,43 @@ protected:
 };
 }
 
-TEST_F(WizardWindowControllerTest, leavingTheFirstRunEitherWayCompletesTheSetup)
+TEST_F(WizardWindowControllerTest, leavingTheFirstRunEitherWayCompletesTheSetupAndBeginsAPeriod)
 {
+    plug();
     for (const char* control : {"buttonDone", "buttonCloseWithoutSaving"}) {
         SCOPED_TRACE(control);
-        platform.defaults.values.clear();
-        AppProperties::resetInstance();
+        properties().setWeight(0);
         open();
         ASSERT_FALSE(properties().isUserSetupCompleted());
+        type("textFieldWeight", "0"); // Becomes the default.
         click(control);
         EXPECT_FALSE(wizard->isWindowVisible());
         EXPECT_TRUE(properties().isUserSetupCompleted());
         EXPECT_EQ(properties().weight(), 80);
         EXPECT_EQ(terminations, 0);
+        ASSERT_TRUE(hub().activity());
+        EXPECT_TRUE(hub().scheduleManager()->isScheduled());
     }
 }
 
-TEST_F(WizardWindowControllerTest, aWeightOfNothingBecomesTheDefault)
+TEST_F(WizardWindowControllerTest, doneRestartsTheScheduleOfARunningPeriodAndLeavingChangesNothing)
 {
-    open();
-    auto& weight = in<QLineEdit>(wizard->window(), QStringLiteral("textFieldWeight"));
-    weight.selectAll();
-    QTest::keyClicks(&weight, QStringLiteral("0"));
-    click("buttonDone");
-    EXPECT_EQ(properties().weight(), 80);
-}
-
-TEST_F(WizardWindowControllerTest, leavingTheSettingsWithoutSavingChangesNone)
-{
-    completeSetup();
-    plug();
-    const auto before = platform.defaults.values;
-    open();
-    in<QLineEdit>(wizard->window(), QStringLiteral("textFieldStandUpNumber")).setText(QStringLiteral("5"));
-    QTest::keyClick(&wizard->window(), Qt::Key_Escape);
-    EXPECT_FALSE(wizard->isWindowVisible());
-    EXPECT_EQ(platform.defaults.values, before);
-}
-
-TEST_F(WizardWindowControllerTest, doneRestartsTheScheduleOfARunningPeriod)
-{
-    completeSetup();
+    for (const auto& [key, value] :
+        {std::pair("Weight", 71), {"ActivityMode", 2}, {"ActivityGoal", 20}, {"NumberOfStandUps", 2}})
+        store(key, value);
     plug();
     const ActivityRef activity = hub().activity();
     ASSERT_TRUE(activity);
+    const auto before = platform.defaults.values;
     const double interval = hub().scheduleManager()->currentScheduleInterval();
     open();
-    auto& standUps = in<QLineEdit>(wizard->window(), QStringLiteral("textFieldStandUpNumber"));
-    standUps.selectAll();
-    QTest::keyClicks(&standUps, QStringLiteral("4"));
+    in<QLineEdit>(wizard->window(), "textFieldStandUpNumber").setText("5");
+    QTest::keyClick(&wizard->window(), Qt::Key_Escape);
+    EXPECT_FALSE(wizard->isWindowVisible());
+    EXPECT_EQ(platform.defaults.values, before);
+    open();
+    type("textFieldStandUpNumber", "4");
     click("buttonDone");
     EXPECT_EQ(hub().activity(), activity);
     EXPECT_DOUBLE_EQ(hub().scheduleManager()->currentScheduleInterval(), interval / 2);
-}
-
-TEST_F(WizardWindowControllerTest, doneStartsAPeriodWhereNoneRuns)
-{
-    plug(); // Before set-up is complete no period opens.
-    ASSERT_FALSE(hub().activity());
-    open();
-    click("buttonDone");
-    ASSERT_TRUE(hub().activity());
-    EXPECT_TRUE(hub().scheduleManager()->isScheduled());
 }

@@ -1,0 +1,202 @@
+#include "fakes/ControlTest.h"
+#include "screens/CircleIndicatorView.h"
+#include "screens/GoalCircleView.h"
+#include "screens/ProgressPie.h"
+#include "ui/Palette.h"
+#include "ui/Picture.h"
+
+#include <QAccessible>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPainter>
+#include <QTest>
+
+#include <cmath>
+#include <limits>
+#include <numbers>
+
+namespace {
+using CircleIndicatorViewTest = ControlTest;
+
+QImage pie(const QSize& size, double percent, double scale)
+{
+    QImage image((QSizeF(size) * scale).toSize(), QImage::Format_RGB32);
+    image.setDevicePixelRatio(scale);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    paintPie(painter, QRectF(QPointF(), size), percent, Qt::black);
+    return image;
+}
+
+/// How much of the pixel at that angle (degrees clockwise from twelve) and radius is filled: 0 to 1.
+double coverage(const QImage& image, const QPointF& center, double radius, double angle)
+{
+    const double radians = angle * std::numbers::pi / 180;
+    const QPointF point = center + radius * QPointF(std::sin(radians), -std::cos(radians));
+    const QPointF device = point * image.devicePixelRatio();
+    return 1 - image.pixelColor(int(device.x()), int(device.y())).lightnessF();
+}
+
+struct Recorder final : GoalCircleViewDelegate {
+    int clicks = 0;
+    QString edited;
+    QString editedBefore; ///< what the field had told when the click came
+
+    void goalCircleIndicatorViewClicked(GoalCircleView&) override
+    {
+        ++clicks;
+        editedBefore = edited;
+    }
+};
+
+class GoalCircleViewTest : public ControlTest {
+protected:
+    GoalCircleViewTest()
+    {
+        window.resize(200, 120);
+        circle.setGeometry(20, 20, 60, 60);
+        circle.setDelegate(&recorder);
+        show(window);
+    }
+    void expectPicture(const char* name)
+    {
+        QImage image(60, 60, QImage::Format_RGB32);
+        image.fill(kGround);
+        QPainter painter(&image);
+        Picture(QString(name)).draw(painter, QRectF(0, 0, 60, 60));
+        EXPECT_EQ(grab(circle), image) << name;
+    }
+
+    Recorder recorder;
+    QWidget window;
+    GoalCircleView circle {&window};
+    QLineEdit field {&window};
+};
+}
+
+TEST(ProgressPie, theShareOfTheMiddleLineIsThePercentageAndItGrowsClockwiseFromTwelve)
+{
+    for (const double percent : {0.0, 1.0, 25.0, 99.5, 100.0}) {
+        for (const double scale : {1.0, 1.25, 2.0}) {
+            SCOPED_TRACE(testing::Message() << percent << " % at scale " << scale);
+            const QImage image = pie({200, 200}, percent, scale);
+            double filled = 0;
+            for (int degree = 0; degree < 360; ++degree)
+                filled += coverage(image, {100, 100}, 48.5, degree + 0.5);
+            EXPECT_NEAR(filled / 360, percent / 100, 2.0 / 360);
+            EXPECT_EQ(coverage(image, {100, 100}, 94, 1.2) > 0.5, percent > 0) << "just after twelve";
+            EXPECT_EQ(coverage(image, {100, 100}, 94, -0.9) > 0.5, percent == 100) << "just before twelve";
+        }
+    }
+    const QImage empty = pie({60, 60}, 0, 1);
+    EXPECT_EQ(pie({60, 60}, -5, 1), empty);
+    EXPECT_EQ(pie({60, 60}, std::nan(""), 1), empty);
+    EXPECT_EQ(pie({60, 60}, std::numeric_limits<double>::infinity(), 1), pie({60, 60}, 100, 1));
+    EXPECT_EQ(pie({6, 6}, 100, 1), pie({6, 6}, 0, 1));
+}
+
+TEST(ProgressPie, theSmallerSideInWholeNumbersGivesCentreAndRadius)
+{
+    const std::pair<QSize, int> kCases[] = {
+        {{60, 60}, 30}, {{61, 61}, 30}, {{200, 100}, 50}, {{100, 200}, 50}, {{106, 106}, 53}};
+    for (const auto& [size, center] : kCases) {
+        const QImage image = pie(size, 100, 2);
+        for (const double angle : {0.0, 45.0, 90.0, 135.0, 180.0, 225.0, 270.0, 315.0}) {
+            EXPECT_GT(coverage(image, QPointF(center, center), center - 4.5, angle), 0.99) << center;
+            EXPECT_LT(coverage(image, QPointF(center, center), center - 1.5, angle), 0.01) << center;
+        }
+    }
+}
+
+TEST_F(CircleIndicatorViewTest, theLabelsStandWhereTheRulesPutThem)
+{
+    const struct {
+        int side;
+        double verticalOffset;
+        int margin;
+        double middle;
+    } kCases[] = {{100, 0, 0, 50 - 5}, {160, 0, 0, 80 - 7}, {100, 4, 3, 50 - 9}, {160, -6, 8, 80 - 1}};
+    for (const auto& row : kCases) {
+        SCOPED_TRACE(testing::Message() << row.side << ", offset " << row.verticalOffset);
+        CircleIndicatorView view;
+        view.setVerticalOffset(row.verticalOffset);
+        view.setMarginBetweenValueAndTitle(row.margin);
+        view.setValue(QStringLiteral("32"));
+        view.setTitle("Min");
+        view.resize(row.side, row.side);
+        show(view);
+        const QRectF value(view.textFieldValue()->geometry());
+        const QRectF title(view.textFieldTitle()->geometry());
+        EXPECT_NEAR(value.center().x(), row.side / 2.0, 0.5);
+        EXPECT_NEAR(title.center().x(), row.side / 2.0, 0.5);
+        EXPECT_NEAR(value.center().y(), row.middle, 0.5);
+        EXPECT_EQ(title.top(), value.bottom() + row.margin);
+    }
+}
+
+TEST_F(CircleIndicatorViewTest, showsItsShareOnAWhiteDiscAndTellsItToScreenReaders)
+{
+    CircleIndicatorView view;
+    view.setPercent(25);
+    view.resize(160, 160);
+    const QImage ringAlone = grab(view);
+    view.setTransparent(true);
+    const QImage image = grab(view);
+    EXPECT_NE(image, ringAlone);
+    const double onBand = 0.82 * 80 / std::numbers::sqrt2;
+    EXPECT_EQ(colorAt(image, {80 + onBand, 80 - onBand}), zelvoHoverColor());
+    EXPECT_EQ(colorAt(image, {80 - onBand, 80 - onBand}), QColor(Qt::white));
+    const QColor frame = colorAt(image, {80, 3});
+    EXPECT_TRUE(frame != QColor(Qt::white) && frame != zelvoHoverColor());
+
+    view.setValue(QStringLiteral("250"));
+    view.setTitle("Calories");
+    view.setPercent(66.7);
+    QAccessibleInterface* told = QAccessible::queryAccessibleInterface(&view);
+    EXPECT_EQ(told->role(), QAccessible::ProgressBar);
+    EXPECT_EQ(told->text(QAccessible::Name), "250 Calories");
+    EXPECT_EQ(told->text(QAccessible::Value), "66 %");
+    EXPECT_DOUBLE_EQ(told->valueInterface()->currentValue().toDouble(), 66.7);
+    EXPECT_EQ(told->valueInterface()->maximumValue().toDouble(), 100);
+    EXPECT_EQ(told->childCount(), 0);
+    view.setAccessibleName("Today");
+    EXPECT_EQ(told->text(QAccessible::Name), "Today: 250 Calories");
+    view.setValue(QString());
+    view.setTitle(QString());
+    EXPECT_EQ(told->text(QAccessible::Name), "Today");
+}
+
+TEST_F(GoalCircleViewTest, theStateChoosesThePictureAndActiveWinsOverHover)
+{
+    expectPicture("GoalCircle");
+    enter(circle);
+    expectPicture("GoalCircleHover");
+    circle.setActive(true);
+    expectPicture("GoalCircleActive");
+    leave(circle);
+    expectPicture("GoalCircleActive");
+    circle.setActive(false);
+    expectPicture("GoalCircle");
+}
+
+TEST_F(GoalCircleViewTest, aRadioButtonWhoseClickEndsTextEditingAndSelectsNothingItself)
+{
+    QObject::connect(&field, &QLineEdit::editingFinished, [this] { recorder.edited = field.text(); });
+    field.setFocus();
+    QTest::keyClicks(&field, "80");
+    QTest::mousePress(&circle, Qt::LeftButton);
+    EXPECT_EQ(recorder.editedBefore, "80");
+    EXPECT_EQ(window.focusWidget(), nullptr);
+    EXPECT_FALSE(circle.active());
+
+    circle.setValue(QStringLiteral("200"));
+    circle.setTitle("Calories");
+    QAccessibleInterface* told = QAccessible::queryAccessibleInterface(&circle);
+    EXPECT_EQ(told->role(), QAccessible::RadioButton);
+    EXPECT_EQ(told->text(QAccessible::Name), "200 Calories");
+    EXPECT_TRUE(told->state().checkable && told->state().focusable && !told->state().checked);
+    circle.setActive(true);
+    EXPECT_TRUE(told->state().checked);
+    told->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(recorder.clicks, 2);
+}
