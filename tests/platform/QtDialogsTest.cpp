@@ -22,7 +22,7 @@ protected:
     {
         qputenv("HOME", m_home.path().toUtf8());
         qunsetenv("XDG_CONFIG_HOME");
-        QDir(m_home.path()).mkdir(QStringLiteral("Documents"));
+        QDir(m_home.path()).mkdir("Documents");
         QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { look(); });
         m_timer.start(1);
     }
@@ -39,25 +39,26 @@ protected:
         EXPECT_TRUE(QTest::qWaitFor([this] { return m_user.empty() && !QApplication::activeModalWidget(); }));
     }
     /// What the user does with the next modal dialog.
-    template <typename Dialog>
-    void userMeets(std::function<void(Dialog&)> action)
+    void user(std::function<void(QWidget&)> action) { m_user.push_back(std::move(action)); }
+
+    static QMessageBox& box(QWidget& modal) { return dynamic_cast<QMessageBox&>(modal); }
+    /// The user types a name, Return alone for that which is proposed, and answers the question that follows.
+    void userSavesAs(const QString& name, std::optional<QMessageBox::StandardButton> answer = {})
     {
-        m_user.emplace_back([action = std::move(action)](QWidget& widget) {
-            auto* const dialog = qobject_cast<Dialog*>(&widget);
-            ASSERT_TRUE(dialog) << widget.metaObject()->className();
-            action(*dialog);
+        user([name](QWidget& modal) {
+            EXPECT_EQ(dynamic_cast<QFileDialog&>(modal).nameFilters(), QStringList {"*.csv"});
+            auto* const edit = modal.findChild<QLineEdit*>("fileNameEdit");
+            ASSERT_TRUE(edit);
+            if (!name.isEmpty())
+                edit->selectAll();
+            QTest::keyClicks(edit, name);
+            QTest::keyClick(edit, Qt::Key_Return);
         });
+        if (answer)
+            user([answer](QWidget& modal) { box(modal).button(*answer)->click(); });
     }
-    static void saveAs(QFileDialog& dialog, const QString& name)
-    {
-        auto* const edit = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-        ASSERT_TRUE(edit);
-        if (!name.isEmpty())
-            edit->selectAll();
-        QTest::keyClicks(edit, name);
-        QTest::keyClick(edit, Qt::Key_Return);
-    }
-    [[nodiscard]] QString documents() const { return m_home.filePath(QStringLiteral("Documents")); }
+
+    [[nodiscard]] QString documents() const { return m_home.filePath("Documents"); }
 
     QtDialogs m_dialogs;
 
@@ -80,43 +81,39 @@ private:
     QTimer m_timer;
 };
 
-TEST_F(QtDialogsTest, anErrorIsShownAsItIsAndNotDealtWith)
+TEST_F(QtDialogsTest, anErrorIsShownOnceUntilItIsOver)
 {
-    const Error error {QStringLiteral("YOUR_ERROR_DOMAIN"), 101,
-        QStringLiteral("Expected a folder, found a file (/tmp/<b>a&b</b>)."), QStringLiteral("The reason.")};
-    userMeets<QMessageBox>([&](QMessageBox& box) {
-        EXPECT_EQ(box.text(), error.localizedDescription);
-        EXPECT_EQ(box.textFormat(), Qt::PlainText);
-        EXPECT_EQ(box.informativeText(), error.failureReason);
-        EXPECT_TRUE(box.isModal());
-        QTest::keyClick(&box, Qt::Key_Return);
-    });
-    EXPECT_FALSE(m_dialogs.presentError(error));
-    waitForTheUser();
-
+    const Error error {
+        "YOUR_ERROR_DOMAIN", 101, "Expected a folder, found a file (/tmp/<b>a&b</b>).", "Why."};
     // The same again opens nothing, whatever its code; another one does, and the same once it was over.
     Error other = error;
-    other.code = 102;
-    EXPECT_FALSE(m_dialogs.presentError(other));
-    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
-    other.failureReason = QStringLiteral("Another reason.");
-    for (const Error& next : {other, error}) {
-        userMeets<QMessageBox>([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); });
+    other.failureReason = "Another reason.";
+    for (const Error& next : {error, other, error}) {
+        user([&](QWidget& modal) {
+            EXPECT_EQ(box(modal).text(), next.localizedDescription);
+            EXPECT_EQ(box(modal).textFormat(), Qt::PlainText);
+            EXPECT_EQ(box(modal).informativeText(), next.failureReason);
+            QTest::keyClick(&modal, Qt::Key_Return);
+        });
         EXPECT_FALSE(m_dialogs.presentError(next));
         m_dialogs.forgetErrors(); // Too early: the user has not read it yet.
-        EXPECT_FALSE(m_dialogs.presentError(next));
+        Error again = next;
+        again.code = 102;
+        EXPECT_FALSE(m_dialogs.presentError(again));
         waitForTheUser();
+        EXPECT_FALSE(m_dialogs.presentError(again));
+        EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
         m_dialogs.forgetErrors();
     }
 }
 
 TEST_F(QtDialogsTest, errorsThatComeTogetherAreShownOneAfterTheOther)
 {
-    for (const QString& text : {QStringLiteral("the cause"), QStringLiteral("its consequence")}) {
-        EXPECT_FALSE(m_dialogs.presentError({QStringLiteral("domain"), 1, text, {}}));
-        userMeets<QMessageBox>([text](QMessageBox& box) {
-            EXPECT_EQ(box.text(), text);
-            box.close();
+    for (const QString text : {"the cause", "its consequence"}) {
+        EXPECT_FALSE(m_dialogs.presentError({"domain", 1, text, {}}));
+        user([text](QWidget& modal) {
+            EXPECT_EQ(box(modal).text(), text);
+            modal.close();
         });
     }
     EXPECT_EQ(QApplication::topLevelWidgets().size(), 1);
@@ -125,25 +122,23 @@ TEST_F(QtDialogsTest, errorsThatComeTogetherAreShownOneAfterTheOther)
 
 TEST_F(QtDialogsTest, anAlertAnswersTheButton)
 {
-    const std::pair<std::function<void(QMessageBox&)>, int> kTestCases[] = {
-        {[](QMessageBox& box) { QTest::mouseClick(box.buttons().at(0), Qt::LeftButton); }, 0},
-        {[](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); }, 0},
-        {[](QMessageBox& box) {
-             for (QAbstractButton* const button : box.buttons()) {
-                 if (button->text() == QStringLiteral("Save && wait"))
-                     QTest::mouseClick(button, Qt::LeftButton);
+    const std::pair<std::function<void(QWidget&)>, int> kWays[] = {
+        {[](QWidget& modal) { box(modal).buttons().at(0)->click(); }, 0},
+        {[](QWidget& modal) { QTest::keyClick(&modal, Qt::Key_Return); }, 0},
+        {[](QWidget& modal) { QTest::keyClick(&modal, Qt::Key_Escape); }, 2},
+        {[](QWidget& modal) { modal.close(); }, 2},
+        {[](QWidget& modal) { box(modal).done(0); }, 2},
+        {[](QWidget& modal) {
+             for (QAbstractButton* const button : box(modal).buttons()) {
+                 if (button->text() == "Save && wait")
+                     button->click();
              }
          },
             1},
-        {[](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); }, 2},
-        {[](QMessageBox& box) { box.close(); }, 2},
-        {[](QMessageBox& box) { box.done(0); }, 2},
     };
-    for (const auto& [action, answer] : kTestCases) {
-        userMeets<QMessageBox>(action);
-        EXPECT_EQ(
-            m_dialogs.runAlert(QStringLiteral("Message"), QStringLiteral("More"),
-                {QStringLiteral("Quit & lose"), QStringLiteral("Save & wait"), QStringLiteral("Cancel")}),
+    for (const auto& [way, answer] : kWays) {
+        user(way);
+        EXPECT_EQ(m_dialogs.runAlert("Message", "More", {"Quit & lose", "Save & wait", "Cancel"}),
             Dialogs::kFirstButton + answer);
     }
 }
@@ -154,47 +149,31 @@ TEST_F(QtDialogsTest, aDialogMayGoWithItsWindow)
     window->show();
     window->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(window));
-    userMeets<QWidget>([&](QWidget&) { delete window; });
-    EXPECT_EQ(
-        m_dialogs.runAlert(QStringLiteral("Message"), {}, {QStringLiteral("Yes"), QStringLiteral("No")}),
-        Dialogs::kFirstButton + 1);
+    user([&](QWidget&) { delete window; });
+    EXPECT_EQ(m_dialogs.runAlert("Message", {}, {"Yes", "No"}), Dialogs::kFirstButton + 1);
 }
 
-TEST_F(QtDialogsTest, aFileGoesIntoTheDocumentsFolderAndItsTypeStays)
+TEST_F(QtDialogsTest, aFileGoesIntoTheDocumentsFolderAndIsReplacedOnlyWithConsent)
 {
-    const char* const kTestCases[][2] = {
-        {"", "Höhe 15-03-2024.csv"}, // Return alone takes the proposed name.
-        {"plain", "plain.csv"},
-        {"same.CSV", "same.CSV"},
-        {"other.pdf", "other.pdf.csv"},
-    };
-    for (const auto& [typed, saved] : kTestCases) {
-        userMeets<QFileDialog>([&](QFileDialog& dialog) {
-            EXPECT_EQ(dialog.nameFilters(), QStringList {QStringLiteral("*.csv")});
-            saveAs(dialog, QString::fromUtf8(typed));
-        });
-        EXPECT_EQ(m_dialogs.runSavePanel(QStringLiteral("Höhe 15/03/2024.csv")),
-            documents() + u'/' + QString::fromUtf8(saved))
-            << typed;
-    }
-}
-
-TEST_F(QtDialogsTest, anExistingFileIsReplacedOnlyWithConsent)
-{
-    for (const QString& name : {QStringLiteral("Export.csv"), QStringLiteral("a.pdf")}) {
-        QFile file(QDir(documents()).filePath(name.startsWith(u'a') ? QStringLiteral("a.pdf.csv") : name));
+    for (const char* const name : {"Export.csv", "a.pdf.csv"}) {
+        QFile file(documents() + '/' + name);
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        const auto saveIt = [&](QFileDialog& dialog) { saveAs(dialog, name); };
-        userMeets<QFileDialog>(saveIt);
-        userMeets<QMessageBox>(
-            [](QMessageBox& box) { QTest::mouseClick(box.button(QMessageBox::No), Qt::LeftButton); });
-        userMeets<QFileDialog>([](QFileDialog& dialog) { dialog.reject(); });
-        EXPECT_EQ(m_dialogs.runSavePanel(QStringLiteral("Export.csv")), std::nullopt);
-
-        userMeets<QFileDialog>(saveIt);
-        userMeets<QMessageBox>(
-            [](QMessageBox& box) { QTest::mouseClick(box.button(QMessageBox::Yes), Qt::LeftButton); });
-        EXPECT_TRUE(m_dialogs.runSavePanel(QStringLiteral("Export.csv")));
+    }
+    const struct {
+        QString typed;
+        std::optional<QMessageBox::StandardButton> answer;
+        QString saved; ///< null: nothing, once the user has given up
+    } kCases[] = {{"", {}, "Höhe 15-03-2024.csv"}, {"plain", {}, "plain.csv"}, {"same.CSV", {}, "same.CSV"},
+        {"other.pdf", {}, "other.pdf.csv"}, {"Export.csv", QMessageBox::No, {}},
+        {"Export.csv", QMessageBox::Yes, "Export.csv"}, {"a.pdf", QMessageBox::No, {}},
+        {"a.pdf", QMessageBox::Yes, "a.pdf.csv"}};
+    for (const auto& [typed, answer, saved] : kCases) {
+        userSavesAs(typed, answer);
+        if (saved.isNull())
+            user([](QWidget& modal) { dynamic_cast<QFileDialog&>(modal).reject(); });
+        EXPECT_EQ(m_dialogs.runSavePanel("Höhe 15/03/2024.csv"),
+            saved.isNull() ? std::nullopt : std::optional(documents() + '/' + saved))
+            << qPrintable(typed);
     }
 }
 }
