@@ -197,12 +197,7 @@ TEST_F(DateTest, comparesWithNow)
 
 TEST_F(DateTest, tellsWeeksApartByNumberAndDistance)
 {
-    const struct {
-        const char* locale;
-        const char* one;
-        const char* other;
-        bool isSame;
-    } kTestCases[] = {
+    const std::tuple<const char*, const char*, const char*, bool> kTestCases[] = {
         {"de_DE", "2024-03-11 00:00", "2024-03-17 23:59", true},
         {"de_DE", "2024-03-10 23:59", "2024-03-11 00:00", false},
         {"en_US", "2024-03-10 00:00", "2024-03-11 00:00", true},
@@ -259,12 +254,9 @@ TEST_F(DateTest, countsWholeUnitsTowardZero)
 
 TEST_F(DateTest, countsCalendarDifferences)
 {
-    const struct {
-        const char* from;
-        const char* to;
-        DateComponents expected; ///< year, month, day, hour, minute, second, week
-        int days; ///< in the Gregorian calendar, whatever the user's
-    } kTestCases[] = {
+    // From, to, what lies between them (year, month, day, hour, minute, second, week), days in the Gregorian
+    // calendar, whatever the user's.
+    const std::tuple<const char*, const char*, DateComponents, int> kTestCases[] = {
         {"2023-01-30 12:00", "2024-03-11 13:02", {1, 1, 4, 1, 2, 0, 1}, 406}, // 29 February + a week + 4 days
         {"2024-03-31 12:00", "2024-03-29 12:00", {0, 0, -2, 0, 0, 0, 0}, -2},
         {"2024-03-11 12:00", "2024-03-11 10:15", {0, 0, 0, -1, -45, 0, 0}, 0},
