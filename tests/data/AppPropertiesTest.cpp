@@ -35,6 +35,28 @@ protected:
         AppProperties::resetInstance();
     }
 
+    /// What nothing has been read into is 0. A value is written when it differs from the cached one; a stored
+    /// one that changes meanwhile is read again at each call, or when the cache is 0 once more.
+    template <typename Number>
+    void expectWrites(
+        const char* key, void (AppProperties::*set)(Number), Number (AppProperties::*get)(), bool isReadAgain)
+    {
+        SCOPED_TRACE(key);
+        AppProperties& settings = properties();
+        written();
+        for (const int value : {0, 2, 2})
+            (settings.*set)(Number(value));
+        EXPECT_EQ(written(), key);
+        EXPECT_EQ(stored(key), 2);
+        stored(key) = 3;
+        EXPECT_EQ((settings.*get)(), isReadAgain ? 3 : 2);
+        (settings.*set)(isReadAgain ? 3 : 2);
+        EXPECT_EQ(written(), "") << "what was read counts as known";
+        (settings.*set)(0);
+        stored(key) = 4;
+        EXPECT_EQ((settings.*get)(), 4);
+    }
+
     TestPlatform platform;
     std::unique_ptr<TestBundle> otherBundle;
 };
@@ -78,47 +100,18 @@ TEST_F(AppPropertiesTest, clearsInOrderKeepsTheVersionAndTheCaches)
     EXPECT_EQ(settings.numberOfStandUps(), 0); // Read again at each call.
 }
 
-/// What nothing has been read into is 0. A value is written when it differs from the cached one; a stored
-/// one that changes meanwhile is read again at each call or stays unknown until the cache is 0 once more.
 TEST_F(AppPropertiesTest, writesWhatDiffersFromTheCacheAndReadsSomeValuesAgain)
 {
-    AppProperties& p = properties();
-    const struct {
-        const char* key;
-        std::function<void(int)> set;
-        std::function<double()> get;
-        bool isReadAgain;
-    } kSettings[] = {
-        {"Weight", [&](int v) { p.setWeight(v); }, [&] { return p.weight(); }, false},
-        {"ActivityMode", [&](int v) { p.setActivityMode(v); }, [&] { return p.activityMode(); }, false},
-        {"ActivityGoal", [&](int v) { p.setActivityGoal(v); }, [&] { return p.activityGoal(); }, false},
-        {"DevicePosition1", [&](int v) { p.setDevicePosition1(v); }, [&] { return p.devicePosition1(); },
-            false},
-        {"DevicePosition2", [&](int v) { p.setDevicePosition2(v); }, [&] { return p.devicePosition2(); },
-            false},
-        {"DevicePosition3", [&](int v) { p.setDevicePosition3(v); }, [&] { return p.devicePosition3(); },
-            false},
-        {"TablePositionOffset", [&](int v) { p.setTablePositionOffset(v); },
-            [&] { return p.tablePositionOffset(); }, true},
-        {"NumberOfStandUps", [&](int v) { p.setNumberOfStandUps(v); }, [&] { return p.numberOfStandUps(); },
-            true},
-    };
-    written();
-    for (const auto& [key, set, get, isReadAgain] : kSettings) {
-        SCOPED_TRACE(key);
-        for (const int value : {0, 2, 2})
-            set(value);
-        EXPECT_EQ(written(), key);
-        EXPECT_EQ(stored(key), 2);
-        stored(key) = 3;
-        EXPECT_EQ(get(), isReadAgain ? 3 : 2);
-        set(isReadAgain ? 3 : 2);
-        EXPECT_EQ(written(), "") << "what was read counts as known";
-        set(0);
-        stored(key) = 4;
-        EXPECT_EQ(get(), 4);
-        written();
-    }
+    using P = AppProperties;
+    properties();
+    expectWrites("Weight", &P::setWeight, &P::weight, false);
+    expectWrites("ActivityMode", &P::setActivityMode, &P::activityMode, false);
+    expectWrites("ActivityGoal", &P::setActivityGoal, &P::activityGoal, false);
+    expectWrites("DevicePosition1", &P::setDevicePosition1, &P::devicePosition1, false);
+    expectWrites("DevicePosition2", &P::setDevicePosition2, &P::devicePosition2, false);
+    expectWrites("DevicePosition3", &P::setDevicePosition3, &P::devicePosition3, false);
+    expectWrites("TablePositionOffset", &P::setTablePositionOffset, &P::tablePositionOffset, true);
+    expectWrites("NumberOfStandUps", &P::setNumberOfStandUps, &P::numberOfStandUps, true);
 }
 
 TEST_F(AppPropertiesTest, comparesTheVersionByTheIdentityOfItsText)
@@ -169,9 +162,7 @@ TEST_F(AppPropertiesTest, neverGoesByANumberThatASettingCannotHold)
 {
     const struct {
         QString key;
-        double least;
-        double most;
-        double otherwise;
+        double least, most, otherwise;
     } kSettings[] = {{"AverageWorkDayHours", 0.01, 24, 8}, {"TimeIdle", 1, 86400, 300},
         {"TimeSnooze", 1, 86400, 600}, {"TimeNotificationDismiss", 1, 86400, 20},
         {"TimeNotificationDismissOnAction", 1, 86400, 5}, {"ActivityGoal", 0, 10000, 50},
@@ -209,8 +200,7 @@ TEST_F(AppPropertiesTest, neverGoesByANumberThatASettingCannotHold)
 TEST_F(AppPropertiesTest, givesACountThatMayDivide)
 {
     const struct {
-        QVariant count;
-        QVariant defaultCount;
+        QVariant count, defaultCount;
         int32_t divisor;
     } kCases[] = {{4, 3, 4}, {QVariant(), 3, 3}, {0, 3.9, 3}, {0, QVariant(), 1}, {1, 3, 1}};
     for (const auto& [count, defaultCount, divisor] : kCases) {
@@ -247,8 +237,7 @@ TEST_F(AppPropertiesTest, everyKindOfValueHasAPrimitiveAndWithoutAStoreNoneDoesA
     const struct {
         std::function<void()> set;
         std::function<QVariant()> get;
-        QVariant value;
-        QVariant nothing;
+        QVariant value, nothing;
     } kKinds[] = {
         {[&] { P::setString("a;b", k); }, [&] { return P::getStringForKey(k); }, "a;b", QString()},
         {[&] { P::setInteger(-7, k); }, [&] { return qlonglong(P::getIntegerForkey(k)); }, -7LL, 0LL},

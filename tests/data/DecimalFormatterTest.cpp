@@ -12,8 +12,7 @@ TEST(DecimalFormatter, keepsEntriesToDigitsAndARange)
         double least;
         double most; ///< below 0: as a new formatter has it
         bool acceptComma;
-        QStringList valid;
-        QStringList invalid;
+        QStringList valid, invalid;
     } kFields[] = {
         {"de_DE", 0, 999, false, {"", "999", "５", "٨٠", "𝟖𝟎"}, // full-width, Arabic, beyond 16 bits
             {"1000", nines, "-5", "72.5", "72,5", "½"}},

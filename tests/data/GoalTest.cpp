@@ -31,8 +31,7 @@ TEST(CalorieCalculator, spreadsADaysCaloriesOverItsHours)
     EXPECT_NEAR(CalorieCalculator::minutesToBurnCalories(100, 80), 104.98, 0.005);
     EXPECT_TRUE(std::isinf(CalorieCalculator::minutesToBurnCalories(100, 0)));
     const struct {
-        double calories;
-        double weight;
+        double calories, weight;
         QVariant workDayHours;
         int32_t minutesPerHour;
     } kCases[] = {{100, 80, 8.0, 14}, {250, 50, 8.0, 53}, {250, 40, 8.0, 60}, // would be 66

@@ -6,12 +6,9 @@
 #include <QDir>
 #include <QFile>
 
-#include <csignal>
 #include <functional>
 #include <random>
 #include <sqlite3.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace {
 QByteArray contents(const QString& path)
@@ -158,8 +155,6 @@ TEST_F(PersistentStoreCoordinatorTest, refusesWhatIsNoGoodStoreAndLeavesItAsItIs
     expectRefusal("StoreNotAFile");
 }
 
-/// Another program with the file, and another of this kind, which would end this one's periods in its own
-/// way.
 TEST_F(PersistentStoreCoordinatorTest, doesNotWaitForAnotherProgramThatHasTheStore)
 {
     makeStore(10);
@@ -170,21 +165,6 @@ TEST_F(PersistentStoreCoordinatorTest, doesNotWaitForAnotherProgramThatHasTheSto
         SQLITE_OK);
     expectRefusal("StoreInUse");
     sqlite3_close(connection);
-
-    int ready[2];
-    ASSERT_EQ(pipe(ready), 0);
-    const pid_t other = fork();
-    if (other == 0) {
-        const auto coordinator = open();
-        EXPECT_EQ(write(ready[1], "x", 1), 1);
-        pause();
-        _exit(0);
-    }
-    char byte = 0;
-    ASSERT_EQ(read(ready[0], &byte, 1), 1);
-    expectRefusal("StoreInUse");
-    kill(other, SIGKILL);
-    waitpid(other, nullptr, 0);
     EXPECT_TRUE(open());
 }
 

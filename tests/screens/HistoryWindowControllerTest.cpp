@@ -175,8 +175,7 @@ TEST_F(HistoryWindowControllerTest, numbersShareTheLargestSizeAtWhichEachFits)
     const struct {
         QSize field;
         QStringList texts;
-        int least;
-        int most;
+        int least, most;
     } kCases[] = {{{200, 80}, {"0", "0", "0", "0"}, 44, 44},
         {{200, 80}, {"1", "1", "1", QString(200, '8')}, 9, 9}, // Fits at no size.
         {{200, 30}, {"0", "0", "0", "0"}, 20, 23}, // The height decides.

@@ -115,8 +115,7 @@ TEST_F(SetupViewControllerTest, fieldsShowWhatIsStoredInTheUsersUnits)
     const struct {
         const char* locale;
         double weight;
-        int offset;
-        int standUps;
+        int offset, standUps;
         QString shown;
     } kCases[] = {{"de_DE", 71.9, 6200, 3, "71 kg 105 cm 3"}, {"en_US", 71.9, 6200, 3, "158 lb 41.3 in 3"},
         {"en_GB", 71.9, 6200, 3, "71 kg 105 cm 3"}, {"de_DE", 0, 6200, 0, "80 kg 105 cm 1"}, // The defaults.
