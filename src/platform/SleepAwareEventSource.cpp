@@ -8,8 +8,9 @@
 namespace {
 /// The two clocks are read one after the other, so they differ by a little without any sleep.
 constexpr double kShortestSleepSeconds = 1.0;
-/// Questions asked so close together belong to one look at the user and get the same answer.
-constexpr double kOneLookSeconds = 1.0;
+/// Questions that follow one another so closely belong to one look at the user and get the same answer. Looks
+/// are ten seconds apart, and a machine that has just woken may be slow to answer each question.
+constexpr double kOneLookSeconds = 3.0;
 
 double totalSleep()
 {
@@ -56,7 +57,8 @@ void SleepAwareEventSource::noticeSleep()
 bool SleepAwareEventSource::isFirstLook()
 {
     const double now = RunLoop::main().monotonicNow();
-    if (!m_absence->firstAnswerAt)
-        m_absence->firstAnswerAt = now;
-    return now <= *m_absence->firstAnswerAt + kOneLookSeconds;
+    const bool isFirst = !m_absence->firstLookAt || now <= *m_absence->firstLookAt + kOneLookSeconds;
+    if (isFirst)
+        m_absence->firstLookAt = now;
+    return isFirst;
 }

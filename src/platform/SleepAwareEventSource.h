@@ -28,7 +28,7 @@ private:
     /// An absence that has not ended yet; times are on the monotonic clock.
     struct Absence {
         double wokeAt;
-        std::optional<double> firstAnswerAt;
+        std::optional<double> firstLookAt; ///< its latest question
     };
     std::optional<Absence> m_absence;
 };
