@@ -4,6 +4,7 @@
 
 #define _GNU_SOURCE
 #include <dlfcn.h>
+#include <errno.h>
 #include <fcntl.h>
 #include <poll.h>
 #include <pthread.h>
@@ -97,13 +98,38 @@ time_t time(time_t* result)
     return result ? (*result = t.tv_sec) : t.tv_sec;
 }
 
+// The rate may change while somebody waits, so a wait goes in slices of real time until the bent clock says
+// that it is over.
+static const double slice = 0.02;
+
+static double bentMonotonic(void)
+{
+    struct timespec time;
+    clock_gettime(CLOCK_MONOTONIC, &time);
+    return seconds(time);
+}
+
+static double realShare(double left)
+{
+    const double real = left > 0 ? left / current().rate : 0;
+    return real < slice ? real : slice;
+}
+
 int ppoll(struct pollfd* files, nfds_t count, const struct timespec* timeout, const sigset_t* mask)
 {
     static int (*next)(struct pollfd*, nfds_t, const struct timespec*, const sigset_t*);
     if (!next)
         next = dlsym(RTLD_NEXT, "ppoll");
-    const struct timespec shorter = timeout ? spec(seconds(*timeout) / current().rate) : spec(0);
-    return next(files, count, timeout ? &shorter : 0, mask);
+    if (!timeout)
+        return next(files, count, 0, mask);
+    const double end = bentMonotonic() + seconds(*timeout);
+    for (;;) {
+        const double left = end - bentMonotonic();
+        const struct timespec part = spec(realShare(left));
+        const int result = next(files, count, &part, mask);
+        if (result != 0 || left <= 0)
+            return result;
+    }
 }
 
 int poll(struct pollfd* files, nfds_t count, int milliseconds)
@@ -118,8 +144,13 @@ int pthread_cond_clockwait(
     static int (*next)(pthread_cond_t*, pthread_mutex_t*, clockid_t, const struct timespec*);
     if (!next)
         next = dlsym(RTLD_NEXT, "pthread_cond_clockwait");
-    struct timespec bent;
-    clock_gettime(clock, &bent);
-    const struct timespec real = spec(monotonic() + (seconds(*end) - seconds(bent)) / current().rate);
-    return next(condition, mutex, CLOCK_MONOTONIC, &real);
+    for (;;) {
+        struct timespec bent;
+        clock_gettime(clock, &bent);
+        const double left = seconds(*end) - seconds(bent);
+        const struct timespec real = spec(monotonic() + realShare(left));
+        const int result = next(condition, mutex, CLOCK_MONOTONIC, &real);
+        if (result != ETIMEDOUT || left <= 0)
+            return result;
+    }
 }
