@@ -1,12 +1,13 @@
 """Calls over D-Bus, and services of python-dbusmock."""
 
 from gi.repository import Gio, GLib
+from waiting import DEADLINE
 
 
-def call(connection, name, path, interface, method, signature=None, *arguments, timeout=5000):
+def call(connection, name, path, interface, method, signature=None, *arguments, timeout=DEADLINE):
     parameters = GLib.Variant(signature, arguments) if signature else None
     flags = Gio.DBusCallFlags.NONE
-    answer = connection.call_sync(name, path, interface, method, parameters, None, flags, timeout, None)
+    answer = connection.call_sync(name, path, interface, method, parameters, None, flags, int(timeout * 1000), None)
     return answer.unpack()
 
 

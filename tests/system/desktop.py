@@ -241,8 +241,9 @@ class Desktop:
         return file.read_text() if file.exists() else ""
 
     def records(self):
-        # (start, end, standing) of every stored period, by a reader of its own.
-        if not self.store.exists():
+        # (start, end, standing) of every stored period, by a reader of its own. It keeps away until the
+        # store's header says that it has a log, for only then is its writer never kept waiting.
+        if not self.store.exists() or self.store.read_bytes()[18:19] != b"\2":
             return []
         with contextlib.closing(sqlite3.connect(f"file:{self.store}?mode=ro", uri=True)) as store:
             with contextlib.suppress(sqlite3.OperationalError):

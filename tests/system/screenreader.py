@@ -5,7 +5,7 @@ The client library keeps one bus for a process's life, so it could not follow on
 
 from bus import call, get
 from gi.repository import GLib
-from waiting import wait_until
+from waiting import DEADLINE, wait_until
 
 ROOT = "/org/a11y/atspi/accessible/root"
 ATSPI = "org.a11y.atspi."
@@ -32,7 +32,7 @@ class Node:
         return (self.owner, self.path) == (other.owner, other.path)
 
     def _call(self, interface, method, signature=None, *arguments):
-        return call(self.bus, self.owner, self.path, ATSPI + interface, method, signature, *arguments, timeout=3000)
+        return call(self.bus, self.owner, self.path, ATSPI + interface, method, signature, *arguments, timeout=5)
 
     def _get(self, interface, key):
         return get(self.bus, self.owner, self.path, ATSPI + interface, key)
@@ -103,7 +103,7 @@ class Node:
         # Everything in it that is showing, as a screen reader would read it out.
         return [node.name for node in self.walk() if node.has(SHOWING) and node.name]
 
-    def hears(self, words, seconds=20.0):
+    def hears(self, words, seconds=DEADLINE):
         said = ignoring_what_goes(lambda: any(words in sentence for sentence in self.says()))
         wait_until(said, f"{words!r} on the screen", seconds)
 

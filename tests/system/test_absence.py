@@ -1,7 +1,5 @@
 """The record holds attended time and nothing else: sleep, absence, dark screens, clocks that are set."""
 
-import time
-
 import pytest
 from gi.repository import GLib
 from waiting import wait_until
@@ -16,7 +14,7 @@ class Office:
     # The program at work in a machine that can sleep, with a user who can leave.
 
     def __init__(self, desktop, simulated=True, **settings):
-        self.desktop, self.rate = desktop, 50 if simulated else 15
+        self.desktop, self.rate, self.place = desktop, 50 if simulated else 15, 40
         desktop.settings(**STANDING, **settings)
         desktop.add_tray()
         self.logind = desktop.add_logind()
@@ -57,7 +55,8 @@ class Office:
 
     def touch(self):
         # The user is there: something moves under their hand until the program has seen it.
-        self.desktop.move_pointer(*((40, 40) if time.monotonic() % 0.2 < 0.1 else (60, 60)))
+        self.place = 100 - self.place
+        self.desktop.move_pointer(self.place, self.place)
 
     def comes_back(self):
         since = self.desktop.clock.now()
