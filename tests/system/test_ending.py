@@ -5,8 +5,10 @@ import time
 
 import pytest
 from adapter import STOP, UP
+from session_manager import SessionManager
 from waiting import wait_until
 
+PULSE = 15.0
 WAYS = {
     "menu": lambda program: program.choose("Quit"),
     "SIGTERM": lambda program: program.signal(signal.SIGTERM),
@@ -69,3 +71,26 @@ def test_a_session_manager_starts_it_with_its_own_option(desktop):
     program = desktop.start("--simulate", "-session", "10a5f00d_1234_5678")
     wait_until(desktop.records, "a first record")
     program.quit()
+
+
+def test_a_log_out_that_is_cancelled_saves_and_one_that_is_not_ends_the_program(desktop):
+    desktop.settings()
+    session = SessionManager()
+    program = desktop.start("--simulate", SESSION_MANAGER=session.address)
+    session.until(lambda: session.client and desktop.records(), "a program of the session, and its record")
+    began = desktop.records()[0][0]
+    session.until(lambda: desktop.clock.now() > began + 3, "time to save")
+    session.ask_to_save()
+    saved = desktop.records()[0][1]
+    assert saved == pytest.approx(desktop.clock.now(), abs=2) and saved > began + 2
+    session.cancel()
+    desktop.clock.run(20)
+    session.until(lambda: desktop.records()[0][1] > saved + 2 * PULSE, "the record going on")
+    desktop.clock.run(1)
+    session.ask_to_save()
+    assert program.process.poll() is None
+    session.die()
+    assert program.ends_within(3) and program.process.returncode == 0
+    [(start, end, _)] = desktop.records()
+    assert start == began and end == pytest.approx(desktop.clock.now(), abs=3)
+    session.close()
