@@ -321,6 +321,20 @@ class Desktop:
         wait_until(lambda: self.is_active(window), "the editor")
         return window
 
+    def panel_below(self, height):
+        # A desktop's panel along the bottom, with its claim on the screen.
+        width, bottom = self.screen
+        depth = self.x.screen().root_depth
+        window = self.root.create_window(0, bottom - height, width, height, 0, depth, X.InputOutput, X.CopyFromParent)
+        for name, kind, values in (
+            ("_NET_WM_WINDOW_TYPE", "ATOM", [self.x.get_atom("_NET_WM_WINDOW_TYPE_DOCK")]),
+            ("_NET_WM_STRUT_PARTIAL", "CARDINAL", [0, 0, 0, height] + [0] * 6 + [0, width - 1]),
+        ):
+            window.change_property(self.x.get_atom(name), self.x.get_atom(kind), 32, values)
+        window.map()
+        self.x.sync()
+        wait_until(lambda: self.property(self.root, "_NET_WORKAREA")[3] == bottom - height, "room for the panel")
+
     def minimise(self, window):
         self.tell(window, "WM_CHANGE_STATE", 3)
         wait_until(lambda: self.is_minimised(window), "minimised")

@@ -43,6 +43,35 @@ def test_ends_at_once_with_everything_open_and_a_button_held(desktop, way):
     assert (standing, end) == (0, pytest.approx(desktop.clock.now(), abs=3))
 
 
+def save_panel(desktop):
+    desktop.settings()
+    program = desktop.start("--simulate")
+    program.choose("History")
+    desktop.click(*program.window_with("Year").find("Export to a file…").middle)
+    program.window_with("Save", "Cancel")
+    return program
+
+
+def alert(desktop):
+    desktop.settings()
+    with open(desktop.config, "ab") as file:
+        file.write(b"[broken\n")
+    program = desktop.start("--simulate")
+    program.window_with("OK")
+    return program
+
+
+@pytest.mark.parametrize("dialog", [save_panel, alert])
+def test_ends_at_once_while_a_dialog_waits_for_an_answer(desktop, dialog):
+    desktop.add_tray()
+    program = dialog(desktop)
+    wait_until(desktop.records, "a first record")
+    program.signal(signal.SIGTERM)
+    assert program.ends_within(3) and program.process.returncode == 0
+    [(_, end, _)] = desktop.records()
+    assert end == pytest.approx(desktop.clock.now(), abs=3)
+
+
 @pytest.mark.parametrize("way", ["menu", "SIGTERM"])
 def test_ending_during_the_first_run_answers_nothing_for_the_user(desktop, way):
     desktop.add_tray()

@@ -45,3 +45,18 @@ def test_one_click_on_the_tray_shows_the_window_and_the_next_hides_it(desktop):
     program.click_tray()
     window = desktop.window("Zelvo StandUp")
     wait_until(lambda: desktop.is_visible(window) and desktop.is_active(window), "the window in front")
+
+
+@pytest.mark.parametrize("session", ["x11", "wayland"])
+def test_the_window_opens_near_the_pointer_or_where_the_pointer_is_stale_by_the_panel(desktop, session):
+    desktop.settings()
+    desktop.panel_below(44)
+    desktop.move_pointer(300, 90)
+    width, height = desktop.screen
+    program = desktop.start("--simulate", XDG_SESSION_TYPE=session)
+    wait_until(desktop.records, "a first record")
+    x, y, w, h = desktop.frame(program.show())
+    if session == "wayland":
+        assert width - 40 < x + w <= width and height - 44 - 40 < y + h <= height - 44
+    else:
+        assert x + w // 2 == pytest.approx(300, abs=1) and 0 <= y < 40
