@@ -2,7 +2,7 @@
 
 import pytest
 from screenreader import FOCUSED
-from waiting import wait_until
+from waiting import holds_for, wait_until
 
 FIELDS = {"weight": "My weight", "height": "Desk height now", "stand-ups": "Stand-ups"}
 UNITS = {
@@ -78,11 +78,12 @@ def test_settings_in_two_systems_of_units(desktop, language):
 
 
 @pytest.mark.parametrize(
-    "field,key,texts",
-    [("weight", "Weight", ["12345", "-3", "abc"]), ("stand-ups", "NumberOfStandUps", ["9", "2147483647", "0"])]
-    + [("height", "TablePositionOffset", ["9999", "-650", ""])],
+    "field,key,limits,texts",
+    [("weight", "Weight", "0 to 999", ["12345", "-3", "abc"])]
+    + [("stand-ups", "NumberOfStandUps", "1 to 6", ["9", "2147483647", "0"])]
+    + [("height", "TablePositionOffset", "0 to 2500", ["9999", "-650", ""])],
 )
-def test_what_goes_round_the_keyboard_is_checked_all_the_same(desktop, field, key, texts):
+def test_what_goes_round_the_keyboard_is_checked_all_the_same(desktop, field, key, limits, texts):
     setup = Setup(desktop)
     was = {name: setup.stored(name) for name in ("Weight", "NumberOfStandUps", "TablePositionOffset")}
     good = setup.field(field).text
@@ -90,8 +91,11 @@ def test_what_goes_round_the_keyboard_is_checked_all_the_same(desktop, field, ke
         setup.field(field).set_text(text)
         setup.panel.find("Done").press()
         wait_until(lambda: setup.field(field).text == good, f"{good} again in place of {text!r}")
-        assert setup.desktop.windows(), "it says so and stays"
+        setup.panel.hears(f"a number from {limits}.")
         assert setup.stored(key) == was[key]
+    setup.field(field).focus()
+    desktop.type("x")
+    holds_for(0.3, lambda: setup.field(field).text == good, "no letters afterwards either")
     setup.done()
     assert {name: setup.stored(name) for name in was} == pytest.approx(was)
 
@@ -139,6 +143,13 @@ def test_a_settings_file_edited_by_hand_keeps_what_can_be_read(desktop, junk):
     wait_until(desktop.records, "a first record")
     program.quit()
     assert (desktop.setting("DevicePosition1"), desktop.setting("Weight")) == ("1234", "66")
+
+
+def test_a_settings_file_with_values_out_of_range_is_not_followed(desktop):
+    setup = Setup(desktop, Weight=12345, NumberOfStandUps=2147483647)
+    assert [setup.field(name).text for name in ("weight", "stand-ups")] == ["80", "1"]
+    setup.done()
+    assert setup.stored("NumberOfStandUps") == 1
 
 
 def test_settings_that_cannot_be_read_are_named_on_the_screen(desktop):

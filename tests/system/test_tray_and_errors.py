@@ -71,16 +71,23 @@ def test_an_error_is_shown_and_goes_with_its_adapter(desktop):
     main.hears("of today’s goal")
 
 
-def test_an_adapter_in_other_hands_is_taken_when_it_is_free(desktop):
+@pytest.mark.parametrize("way", ["closed", "unlocked"])
+def test_an_adapter_in_other_hands_is_taken_when_it_is_free(desktop, way):
     desktop.settings(DevicePosition1=500, DevicePosition2=1000)
     adapter = desktop.plug(height=1500)
     with open(adapter.file, "r+") as other:
         fcntl.flock(other, fcntl.LOCK_EX)
         desktop.start()
         wait_until(lambda: "Open failed" in desktop.log(), "a refused adapter")
+        refused = desktop.clock.now()
         assert not adapter.wire
-    desktop.clock.run(15)
-    wait_until(lambda: adapter.values()[:2] == ["init", 0x8001], "the adapter taken")
+        if way == "closed":  # This is heard of.
+            other.close()
+        else:  # This is not: it is tried again every now and then.
+            desktop.clock.run(15)
+            fcntl.flock(other, fcntl.LOCK_UN)
+        wait_until(lambda: adapter.values()[:2] == ["init", 0x8001], "the adapter taken")
+        assert (desktop.clock.now() < refused + 25) == (way == "closed")
     wait_until(desktop.records, "a first record")
 
 
