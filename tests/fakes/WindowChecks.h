@@ -3,12 +3,10 @@
 #include "ui/Button.h"
 
 #include <QAccessible>
-#include <QApplication>
 #include <QFontMetrics>
 #include <QLabel>
 #include <QScrollArea>
 #include <QStringList>
-#include <QTest>
 
 /// What a look at a whole window finds. Each answer is a list to compare with the empty or the expected one.
 namespace WindowChecks {
@@ -51,22 +49,6 @@ inline QStringList textsThatDoNotFit(const QWidget& window)
             note(*widget, QStringLiteral("outside its parent"));
     }
     return found;
-}
-
-/// The controls that Tab reaches one after the other until it is back at the first.
-inline QStringList tabOrder(QWidget& window)
-{
-    QStringList names;
-    for (int i = 0; i < 50; ++i) {
-        QWidget* const focus = QApplication::focusWidget();
-        QTest::keyClick(focus ? focus : &window, Qt::Key_Tab);
-        const QWidget* const next = QApplication::focusWidget();
-        const QString name = next ? next->objectName() : QString();
-        if (!names.isEmpty() && name == names.front())
-            break;
-        names.append(name);
-    }
-    return names;
 }
 
 inline QString accessibleText(QWidget& widget, QAccessible::Text kind)

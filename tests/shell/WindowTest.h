@@ -9,6 +9,7 @@
 #include "shell/ShellWorld.h"
 
 #include <QCursor>
+#include <QTest>
 #include <QTranslator>
 
 #include <gtest/gtest.h>

@@ -1,4 +1,10 @@
+#ifdef QT_WIDGETS_LIB
 #include <QApplication>
+using Application = QApplication;
+#else
+#include <QCoreApplication>
+using Application = QCoreApplication;
+#endif
 
 #include <gtest/gtest.h>
 
@@ -7,6 +13,6 @@ int main(int argc, char** argv)
     testing::InitGoogleTest(&argc, argv);
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QApplication application(argc, argv);
+    const Application application(argc, argv);
     return RUN_ALL_TESTS();
 }
