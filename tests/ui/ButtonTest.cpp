@@ -22,13 +22,6 @@ protected:
         m_button.resize(161, 61);
     }
 
-    void send(QEvent::Type type, int key, quint64 time)
-    {
-        QKeyEvent event(type, key, Qt::NoModifier);
-        event.setTimestamp(time);
-        QApplication::sendEvent(&m_button, &event);
-    }
-
     static constexpr QColor kTitle {200, 0, 0};
     Button m_button;
 };
@@ -43,32 +36,27 @@ TEST_F(ButtonTest, pictureAndTitleStandTogetherInTheMiddleAndAskForNoMoreRoomTha
             .arg(found.width())
             .arg(found.height());
     };
-    using Position = Button::ImagePosition;
+    using enum Button::ImagePosition;
+    using enum Qt::LayoutDirection;
     const struct {
         const char* title;
         const char* picture;
-        Position position;
+        Button::ImagePosition position;
         Qt::LayoutDirection direction;
         QSize size;
         QColor background;
         const char* seen; ///< title and picture, then the smallest and the best size
     } kTestCases[] = {
-        {"MMMMMM", "", Position::Leading, Qt::LeftToRight, {161, 61}, {}, "41,26 79x10 0,0 0x0 63x33 92x33"},
-        {" MMMMMM ", "", Position::Only, Qt::LeftToRight, {161, 61}, Qt::transparent,
-            "41,26 79x10 0,0 0x0 73x33 102x33"},
-        {"MMMMMM", "ButtonUp", Position::Leading, Qt::LeftToRight, {161, 61}, {},
-            "56,26 79x10 30,23 14x16 93x36 122x36"},
-        {"  MMMMMM", "ButtonUp", Position::Leading, Qt::LeftToRight, {161, 61}, {},
-            "57,26 78x10 29,23 14x16 93x36 123x36"},
-        {"MMMMMM", "ButtonUp", Position::Leading, Qt::RightToLeft, {161, 61}, {},
-            "26,26 78x10 117,23 14x16 93x36 122x36"},
-        {"MMMMMM", "ButtonUp", Position::Leading, Qt::LeftToRight, {70, 30}, {},
-            "39,11 22x10 10,7 14x16 93x36 122x36"},
-        {"MMMMMM", "ButtonUp", Position::Above, Qt::RightToLeft, {161, 61}, Qt::transparent,
+        {"MMMMMM", "", Leading, LeftToRight, {161, 61}, {}, "41,26 79x10 0,0 0x0 63x33 92x33"},
+        {" MMMMMM ", "", Only, LeftToRight, {161, 61}, Qt::transparent, "41,26 79x10 0,0 0x0 73x33 102x33"},
+        {"MMMMMM", "ButtonUp", Leading, LeftToRight, {161, 61}, {}, "56,26 79x10 30,23 14x16 93x36 122x36"},
+        {"  MMMMMM", "ButtonUp", Leading, LeftToRight, {161, 61}, {}, "57,26 78x10 29,23 14x16 93x36 123x36"},
+        {"MMMMMM", "ButtonUp", Leading, RightToLeft, {161, 61}, {}, "26,26 78x10 117,23 14x16 93x36 122x36"},
+        {"MMMMMM", "ButtonUp", Leading, LeftToRight, {70, 30}, {}, "39,11 22x10 10,7 14x16 93x36 122x36"},
+        {"MMMMMM", "ButtonUp", Above, RightToLeft, {161, 61}, Qt::transparent,
             "41,40 79x10 74,11 14x16 73x60 102x60"},
-        {"MMMMMM", "ButtonUp", Position::Only, Qt::LeftToRight, {161, 61}, {},
-            "0,0 0x0 74,23 14x16 34x36 34x36"},
-        {"MMMMMM", "ButtonUp", Position::Only, Qt::LeftToRight, {16, 12}, {},
+        {"MMMMMM", "ButtonUp", Only, LeftToRight, {161, 61}, {}, "0,0 0x0 74,23 14x16 34x36 34x36"},
+        {"MMMMMM", "ButtonUp", Only, LeftToRight, {16, 12}, {},
             "0,0 0x0 4,2 7x8 34x36 34x36"}, // The picture shrinks.
     };
     for (const auto& row : kTestCases) {
@@ -142,9 +130,14 @@ TEST_F(ButtonTest, aKeyKeptDownClicksOnceThoughX11ReportsItAsGoingUpAndDown)
 {
     QSignalSpy clicks(&m_button, &QPushButton::clicked);
     for (const int key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
+        const auto send = [&](QEvent::Type type, quint64 time) {
+            QKeyEvent event(type, key, Qt::NoModifier);
+            event.setTimestamp(time);
+            QApplication::sendEvent(&m_button, &event);
+        };
         for (const quint64 time : {1000U, 1660U, 1700U}) { // The third is a press of its own.
-            send(QEvent::KeyPress, key, time);
-            send(QEvent::KeyRelease, key, time == 1000 ? 1660 : time + 20);
+            send(QEvent::KeyPress, time);
+            send(QEvent::KeyRelease, time == 1000 ? 1660 : time + 20);
         }
         EXPECT_EQ(clicks.count(), 2) << key;
         clicks.clear();
