@@ -15,11 +15,11 @@
 #include <time.h>
 
 struct Bend {
-    volatile uint64_t turn; // Odd while the scenario writes.
-    volatile double origin, virtualOrigin; // Monotonic seconds at the last change of the rate.
-    volatile double rate;
-    volatile double wallAhead; // What the wall clock was set by.
-    volatile double slept;
+    uint64_t turn; // Odd while the scenario writes.
+    double origin, virtualOrigin; // Monotonic seconds at the last change of the rate.
+    double rate;
+    double wallAhead; // What the wall clock was set by.
+    double slept;
 };
 
 static struct Bend now = {0, 0, 0, 1, 0, 0};
@@ -36,11 +36,13 @@ __attribute__((constructor)) static void begin(void)
 
 static struct Bend current(void)
 {
-    struct Bend copy;
-    do
-        copy = *bend;
-    while (copy.turn % 2 || copy.turn != bend->turn);
-    return copy;
+    for (;;) {
+        const uint64_t turn = __atomic_load_n(&bend->turn, __ATOMIC_ACQUIRE);
+        const struct Bend copy = *bend;
+        __atomic_thread_fence(__ATOMIC_ACQUIRE); // So that each turn of this loop reads it anew.
+        if (turn % 2 == 0 && turn == __atomic_load_n(&bend->turn, __ATOMIC_RELAXED))
+            return copy;
+    }
 }
 
 static int realTime(clockid_t clock, struct timespec* time)
