@@ -12,6 +12,7 @@ def desktop(request):
     if request.node.report.failed:
         print(found.log()[-6000:])
         print("Windows:", {title: found.frame(window) for title, window in found.windows().items()})
+        print("Exit codes:", [program.process.poll() for program in found.programs])
         print("Time:", found.clock.now(), found.clock.rate)
         print((found.home / "stderr").read_text()[-3000:])
     found.close()
