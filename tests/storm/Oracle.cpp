@@ -77,7 +77,7 @@ void Oracle::certainFrom(double time)
 /// An event that opens a period, also for an absent user, until the next look at the user ends it.
 void Oracle::opener(double now, double lag)
 {
-    m_openedAt = now + lag;
+    m_openedAt = now + lag + late(now);
     m_suspended = false;
     m_splits.push_back({now, now + lag});
     certainFrom(now + lag);
@@ -111,8 +111,9 @@ void Oracle::ended(double now, bool killed)
     m_lastCommand.clear();
     m_running = false;
     m_reminder.reset();
-    m_disturbances.push_back({now - kPulse, now + kPulse});
-    const double saved = std::min(now, m_fullSince) - kPulse - kLook;
+    const double fullSince = now < m_wasFull.to && killed ? m_wasFull.from : m_fullSince;
+    const double saved = std::min(now, fullSince) - kPulse - kLook;
+    m_disturbances.push_back({saved, now + kPulse});
     while ((killed || m_fullSince < now) && !m_runs.empty() && m_runs.back().to > saved) {
         m_lost.push_back(m_runs.back());
         m_runs.pop_back();
@@ -150,6 +151,9 @@ void Oracle::adapterChanged(double now, bool isAdopted)
 {
     m_height = -1;
     if (!isAdopted) {
+        m_formerPosture = Sitting | Standing; // Of the one desk or the other.
+        m_postureSince = now + kAdoption;
+        m_splits.push_back({now, now + kAdoption + kPoll});
         certainFrom(now + kAdoption);
         return;
     }
@@ -204,7 +208,8 @@ void Oracle::sleepAnnounced(double now)
     endHold(now);
     m_suspended = true;
     m_suspendedPosture = m_posture;
-    m_disturbances.push_back({now, now});
+    // An adapter that refuses the stop is lost and found, and may begin the schedule anew.
+    m_disturbances.push_back({now, now + (m_wireIsBad ? 3600 : 0)});
 }
 
 void Oracle::wakeTold(double now)
@@ -221,10 +226,7 @@ void Oracle::slept(double from, double until)
     add({from, found, m_posture | m_formerPosture | None, None});
     add({found, until, None, None});
     m_lookedAt = until;
-    for (double* const awaited : {&m_openedAt, &m_wellSince, &m_certainFrom}) {
-        if (*awaited > from - kIdlePoll)
-            *awaited += until - from; // The program's clocks stood still.
-    }
+    stoodStill(from, until);
     m_sleptWhileAway += until - from;
     m_allowedBefore = None;
     if (!m_holds.empty())
@@ -264,6 +266,8 @@ void Oracle::wire(double now, const std::string& how, double seconds)
     if (!wasBad && !m_wireIsBad)
         return; // Late is not failed.
     const bool isDeaf = m_wireIsBad && how != "failing-writes";
+    // Where nothing is written nobody finds out that it would fail.
+    const bool staysSuspended = m_suspended && !isDeaf && m_deafSince > now;
     if (!m_holds.empty())
         m_holds.back().mustMove = false;
     if (now > m_deafSince + 2 * kDeaf)
@@ -273,6 +277,7 @@ void Oracle::wire(double now, const std::string& how, double seconds)
     m_wellSince = now + 2 * kDeaf;
     m_disturbances.push_back({now, now + 2 * kDeaf});
     opener(now, 2 * kDeaf + kAdoption);
+    m_suspended = staysSuspended;
 }
 
 /// What a transfer takes; one that is under way takes what it took when it began.
@@ -289,7 +294,10 @@ double Oracle::late(double now) const
 
 void Oracle::disk(double now, bool full)
 {
-    const double since = std::exchange(m_fullSince, full ? std::min(m_fullSince, now) : 1e18);
+    const double begin = now < m_wasFull.to ? m_wasFull.from : now;
+    const double since = std::exchange(m_fullSince, full ? std::min(m_fullSince, begin) : 1e18);
+    if (!full && since < now)
+        m_wasFull = {since, now + kPulse + kLook}; // What waited is saved by the next pulse.
     if (full || m_storeIsOpen || since > now)
         return;
     certainFrom(now + kPulse);
@@ -299,7 +307,22 @@ void Oracle::disk(double now, bool full)
 
 void Oracle::frozen(double from, double until)
 {
+    if (!m_holds.empty())
+        m_holds.back().mustMove = false;
+    if (m_reminder && m_reminder->leavesAt > from)
+        m_reminder->leavesAt = std::max(m_reminder->leavesAt, until);
+    stoodStill(from, until);
     m_disturbances.push_back({from - 1, until + 1});
+}
+
+/// What the program was about to find out, it finds out later.
+void Oracle::stoodStill(double from, double until)
+{
+    m_wentOnAt = until;
+    for (double* const awaited : {&m_openedAt, &m_postureSince, &m_wellSince, &m_certainFrom}) {
+        if (*awaited > from - kIdlePoll)
+            *awaited += until - from;
+    }
 }
 
 void Oracle::pressed(double now, uint16_t command, bool onReminder)
@@ -366,7 +389,7 @@ void Oracle::judgePosture(double now, int height)
     m_formerPosture = m_posture;
     m_posture = posture;
     m_postureSince = now;
-    m_openedAt = now + kPoll;
+    m_openedAt = std::max(m_openedAt, now + kPoll + late(now));
     m_splits.push_back({now, now + kPoll});
 }
 
@@ -418,7 +441,7 @@ void Oracle::look(double now, const World& world)
     m_allowedBefore = may;
     m_storeIsOpen = m_storeIsOpen || !(may & None);
     if (!m_holds.empty() && !m_wireIsBad
-        && now > std::max({m_holds.back().to, m_wellSince, m_wokeAt}) + kStop + 2 * latency(now)) {
+        && now > std::max({m_holds.back().to, m_wellSince, m_wentOnAt}) + kStop + 2 * latency(now)) {
         const auto last = m_lastCommand.find(m_holds.back().adapter);
         if (last != m_lastCommand.end() && last->second != kStopCommand)
             fail(now, "no stop after a hold");

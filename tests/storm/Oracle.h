@@ -118,6 +118,7 @@ private:
     void opener(double now, double lag);
     void adapterChanged(double now, bool isAdopted);
     void woke(double now);
+    void stoodStill(double from, double until);
     void endHold(double now);
     void judgePosture(double now, int height);
     void lookAtError(double now, const World& world);
@@ -157,7 +158,7 @@ private:
     std::vector<int> m_attached;
     std::optional<double> m_awaySince;
     double m_absentSince = 1e18; ///< without input since a wake
-    double m_wokeAt = -1e9;
+    double m_wokeAt = -1e9, m_wentOnAt = -1e9;
     bool m_maybeAbsent = false;
     double m_sleptWhileAway = 0;
     double m_certainFrom = 0;
@@ -168,6 +169,7 @@ private:
     double m_deafSince = 1e18; ///< no status report comes through
     double m_newLatency = 0, m_formerLatency = 0, m_latencySince = -1e9, m_wellSince = -1e9;
     double m_fullSince = 1e18;
+    Stretch m_wasFull {};
     bool m_storeIsOpen = false; ///< It is opened for the first period.
     unsigned m_suspendedPosture = None;
     int m_height = -1;

@@ -35,7 +35,7 @@ const std::vector<VerbRow> kVerbs {
     {"answer", 8, {"snooze", "skip", "skip-unpointed", "close"}},
     {"disk", 1, {"full", "free"}},
     {"end", 1, {"kill", "quit"}},
-    {"freeze", 0, {}},
+    {"freeze", 2, {}},
 };
 
 struct Range {
@@ -105,7 +105,7 @@ Step drawStep(Random& random)
         step.seconds = tenths(between(random, 0, pick(random, 1, 12)));
         break;
     case Verb::Wire:
-        step.value = pick(random, 1, 18) / 100.0;
+        step.value = pick(random, 1, 60) / 100.0;
         break;
     case Verb::Handset:
         step.value = pick(random, 200, 6500);

@@ -163,10 +163,8 @@ void World::quiet()
     setDisk(false);
     setWire("well", 0);
     setError(5);
-    m_user->awaySince.reset();
-    m_oracle.back(now());
-    if (QWidget* shown = window("MainWindow"))
-        shown->close();
+    comeBack();
+    close("MainWindow");
     unplug(1);
     plug(0);
     pass(90);
@@ -239,85 +237,92 @@ void World::play(const Step& step)
     const std::string variant = names.empty() ? std::string() : names[size_t(step.variant)];
     switch (step.verb) {
     case Verb::Wait:
-        break;
+        return;
     case Verb::Press:
-        press(step.variant);
-        break;
+        return press(step.variant);
     case Verb::LetGo:
-        letGo(step.variant);
-        break;
+        return letGo(step.variant);
     case Verb::Open:
-        if (variant == "main")
-            open();
-        else if (QWidget* shown = window("MainWindow"))
-            shown->close();
-        break;
+        return variant == "main" ? open() : close("MainWindow");
     case Verb::Plug:
-        plug(step.variant);
-        break;
+        return plug(step.variant);
     case Verb::Unplug:
-        unplug(step.variant);
-        break;
+        return unplug(step.variant);
     case Verb::Wire:
-        setWire(variant, step.value);
-        break;
+        return setWire(variant, step.value);
     case Verb::Error:
-        setError(step.variant);
-        break;
+        return setError(step.variant);
     case Verb::Handset:
-        m_hid.desk(step.variant).setHeight(int(step.value));
         m_lastMotion = now();
-        break;
+        return m_hid.desk(step.variant).setHeight(int(step.value));
     case Verb::User:
-        if (variant == "away" && !m_user->awaySince)
-            m_user->awaySince = m_platform.runLoop.monotonicNow();
-        if (variant == "away") {
-            m_oracle.away(now());
-        } else {
-            m_user->awaySince.reset();
-            m_oracle.back(now());
-        }
-        break;
+        return variant == "away" ? leave() : comeBack();
     case Verb::Dark:
-        m_oracle.dark(now());
-        m_workspace.screensSleep();
-        break;
+        return darken();
     case Verb::Signal:
-        if (variant == "sleep") {
-            m_workspace.willSleep();
-            m_oracle.sleepAnnounced(now());
-        } else {
-            m_oracle.wakeTold(now());
-            m_workspace.wake();
-        }
-        break;
+        return variant == "sleep" ? announceSleep() : tellOfWake();
     case Verb::Sleep:
-        sleep(step);
-        break;
+        return sleep(step);
     case Verb::Clock:
-        if (now() < m_rowsWaitUntil)
-            break; // Of rows that wait for room nobody could tell by which clock they began.
-        m_oracle.clockSet(now(), step.value);
-        m_platform.runLoop.setWallClock(m_platform.runLoop.now() + step.value);
-        break;
+        return setClock(step.value);
     case Verb::Set:
-        set(step.variant, step.value);
-        break;
+        return set(step.variant, step.value);
     case Verb::Answer:
-        answer(variant);
-        break;
+        return answer(variant);
     case Verb::Disk:
-        setDisk(variant == "full");
-        break;
+        return setDisk(variant == "full");
     case Verb::End:
         end(variant == "kill");
         pass(step.seconds);
-        start();
-        break;
+        return start();
     case Verb::Freeze:
-        freeze(step.value);
-        break;
+        return freeze(step.value);
     }
+}
+
+void World::leave()
+{
+    if (!m_user->awaySince)
+        m_user->awaySince = m_platform.runLoop.monotonicNow();
+    m_oracle.away(now());
+}
+
+void World::comeBack()
+{
+    m_user->awaySince.reset();
+    m_oracle.back(now());
+}
+
+void World::darken()
+{
+    m_oracle.dark(now());
+    m_workspace.screensSleep();
+}
+
+void World::announceSleep()
+{
+    m_workspace.willSleep();
+    m_oracle.sleepAnnounced(now());
+}
+
+void World::tellOfWake()
+{
+    m_oracle.wakeTold(now());
+    m_workspace.wake();
+}
+
+void World::setClock(double by)
+{
+    if (now() < m_rowsWaitUntil)
+        return; // Of rows that wait for room nobody could tell by which clock they began.
+    m_oracle.clockSet(now(), by);
+    m_platform.runLoop.setWallClock(m_platform.runLoop.now() + by);
+}
+
+void World::close(const char* name)
+{
+    if (QWidget* shown = window(name))
+        shown->close();
 }
 
 void World::open()
@@ -405,7 +410,7 @@ void World::setDisk(bool full)
 void World::setWire(const std::string& how, double value)
 {
     // Of two adapters that are lost and found, which one is driven in the end is a matter of luck.
-    const bool isBad = how != "well" && how != "one-failure";
+    const bool isBad = how != "well" && how != "one-failure" && how != "slow";
     if (isBad && m_hid.isPlugged(0) && m_hid.isPlugged(1))
         return;
     if (how != "one-failure")
@@ -446,14 +451,10 @@ void World::sleep(const Step& step)
 {
     const int with = step.variant;
     const int adapter = std::max(m_oracle.driven(), 0);
-    if (with & DarkBefore) {
-        m_oracle.dark(now());
-        m_workspace.screensSleep();
-    }
-    if (with & Announced) {
-        m_workspace.willSleep();
-        m_oracle.sleepAnnounced(now());
-    }
+    if (with & DarkBefore)
+        darken();
+    if (with & Announced)
+        announceSleep();
     look();
     const double from = now();
     m_platform.runLoop.sleepMachine(step.value);
@@ -463,16 +464,15 @@ void World::sleep(const Step& step)
         unplug(adapter);
     if ((with & UnpluggedInSleep) && (with & ReplugBeforeWake))
         plug(adapter);
-    if (with & WakeTold) {
+    if (with & WakeTold)
         m_workspace.wake();
-    }
     if ((with & UnpluggedInSleep) && !(with & ReplugBeforeWake))
         plug(adapter);
 }
 
 void World::freeze(double seconds)
 {
-    const double from = now();
+    m_oracle.frozen(now(), now() + seconds);
     m_platform.runLoop.jump(seconds / 2);
     if (m_held) {
         QCoreApplication::postEvent(m_held.data(),
@@ -482,7 +482,6 @@ void World::freeze(double seconds)
         m_held.clear();
     }
     m_platform.runLoop.jump(seconds / 2);
-    m_oracle.frozen(from, now());
     m_platform.runLoop.advance(0);
     QApplication::processEvents();
 }
@@ -491,8 +490,9 @@ void World::set(int variant, double value)
 {
     AppProperties& properties = AppProperties::instance();
     const std::string key = settingKeys()[size_t(variant)];
-    const bool moves =
-        m_held || now() < m_lastMotion + 2; // Then which standing point counts is a matter of luck.
+    const bool moves = m_held
+        || now() < std::max(
+               m_lastMotion + 5, m_lostUntil); // Then which standing point counts is a matter of luck.
     if (moves && key.starts_with("DevicePosition"))
         return;
     m_oracle.settingChanged(now(), size_t(variant), value);

@@ -35,6 +35,13 @@ private:
     void look();
     void play(const Step& step);
     void open();
+    static void close(const char* name);
+    void leave();
+    void comeBack();
+    void darken();
+    void announceSleep();
+    void tellOfWake();
+    void setClock(double by);
     void press(int variant);
     void letGo(int variant);
     void sleep(const Step& step);
