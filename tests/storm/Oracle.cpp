@@ -112,7 +112,9 @@ void Oracle::ended(double now, bool killed)
     m_running = false;
     m_reminder.reset();
     const double fullSince = now < m_wasFull.to && killed ? m_wasFull.from : m_fullSince;
-    const double saved = std::min(now, fullSince) - kPulse - kLook;
+    double saved = std::min(now, fullSince) - kPulse - kLook;
+    if (saved < m_wokeAt)
+        saved = std::min(saved, m_fellAsleepAt - kPulse - kLook); // No pulse saves in sleep.
     m_disturbances.push_back({saved, now + kPulse});
     while ((killed || m_fullSince < now) && !m_runs.empty() && m_runs.back().to > saved) {
         m_lost.push_back(m_runs.back());
@@ -208,8 +210,8 @@ void Oracle::sleepAnnounced(double now)
     endHold(now);
     m_suspended = true;
     m_suspendedPosture = m_posture;
-    // An adapter that refuses the stop is lost and found, and may begin the schedule anew.
-    m_disturbances.push_back({now, now + (m_wireIsBad ? 3600 : 0)});
+    // A reminder that is open then snoozes, and comes back though no period is open.
+    m_disturbances.push_back({now, now + (isReminderOpen() ? 3600 : 0)});
 }
 
 void Oracle::wakeTold(double now)
@@ -227,6 +229,7 @@ void Oracle::slept(double from, double until)
     add({found, until, None, None});
     m_lookedAt = until;
     stoodStill(from, until);
+    m_fellAsleepAt = from;
     m_sleptWhileAway += until - from;
     m_allowedBefore = None;
     if (!m_holds.empty())
@@ -478,6 +481,7 @@ void Oracle::lookAtReminder(double now)
     if (!isReminderOpen() || now < m_reminder->leavesAt)
         return;
     if (m_reminderIsHeld) {
+        m_disturbances.push_back({now, now + 3600}); // While it stays open no other one appears.
         m_reminder->leavesAt +=
             setting(m_reminder->actionDone ? "TimeNotificationDismissOnAction" : "TimeNotificationDismiss");
         return;

@@ -158,7 +158,7 @@ private:
     std::vector<int> m_attached;
     std::optional<double> m_awaySince;
     double m_absentSince = 1e18; ///< without input since a wake
-    double m_wokeAt = -1e9, m_wentOnAt = -1e9;
+    double m_wokeAt = -1e9, m_wentOnAt = -1e9, m_fellAsleepAt = -1e9;
     bool m_maybeAbsent = false;
     double m_sleptWhileAway = 0;
     double m_certainFrom = 0;
