@@ -322,6 +322,7 @@ void Oracle::frozen(double from, double until)
 void Oracle::stoodStill(double from, double until)
 {
     m_wentOnAt = until;
+    m_hiddenSince = std::max(m_hiddenSince, until);
     for (double* const awaited : {&m_openedAt, &m_postureSince, &m_wellSince, &m_certainFrom}) {
         if (*awaited > from - kIdlePoll)
             *awaited += until - from;

@@ -147,7 +147,7 @@ TEST_F(Storm, anyHistoryLeavesATrueRecordAndAStillDesk)
         print("replayed");
         return;
     }
-    const int histories = number("ZELVO_STORMS", 200);
+    const int histories = number("ZELVO_STORMS", 150);
     QByteArray parameters = "max_success=" + QByteArray::number(histories);
     if (!qEnvironmentVariableIsSet("ZELVO_STORMS"))
         parameters += " seed=2013"; // A build that passed passes again.
