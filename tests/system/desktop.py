@@ -331,9 +331,13 @@ class Desktop:
             ("_NET_WM_STRUT_PARTIAL", "CARDINAL", [0, 0, 0, height] + [0] * 6 + [0, width - 1]),
         ):
             window.change_property(self.x.get_atom(name), self.x.get_atom(kind), 32, values)
-        window.map()
-        self.x.sync()
-        wait_until(lambda: self.property(self.root, "_NET_WORKAREA")[3] == bottom - height, "room for the panel")
+
+        def has_room():
+            window.map()  # Again, should the window manager have begun only now.
+            self.x.sync()
+            return self.property(self.root, "_NET_WORKAREA")[3] == bottom - height
+
+        wait_until(has_room, "room for the panel")
 
     def minimise(self, window):
         self.tell(window, "WM_CHANGE_STATE", 3)
