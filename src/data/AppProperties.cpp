@@ -169,6 +169,18 @@ QVariant storedObject(const QString& key)
     return defaults ? defaults->object(key) : QVariant();
 }
 
+/// A number that its setting cannot hold gives way to what counts in its place, so that the file says what
+/// the program does.
+void mendStoredNumbers()
+{
+    for (const Setting& setting : kSettings) {
+        const QVariant stored = storedObject(setting.key);
+        const double counts = storedNumber(setting.key, stored);
+        if (stored.isValid() && numberIn(stored) != counts)
+            writeNumber(counts, setting.key);
+    }
+}
+
 std::optional<QString> informationText(const Bundle& bundle, const QString& key)
 {
     std::optional<QString> text = bundle.stringValue(key);
@@ -208,6 +220,7 @@ void AppProperties::resetInstance()
 
 AppProperties::AppProperties()
 {
+    mendStoredNumbers();
     setDefaultAppSettings();
 }
 

@@ -191,6 +191,9 @@ TEST_F(AppPropertiesTest, neverGoesByANumberThatASettingCannotHold)
         const QString log = QString::fromStdString(testing::internal::GetCapturedStderr());
         EXPECT_EQ(log.count(u'\n'), 1) << "said once" << qPrintable(log);
         EXPECT_TRUE(log.contains(key));
+        AppProperties::resetInstance();
+        AppProperties::instance();
+        EXPECT_EQ(stored(key), otherwise) << "the next start mends the file";
         stored(key) = QVariant();
         EXPECT_EQ(AppProperties::getDoubleForKey(key), 0) << "what is missing";
     }
