@@ -50,6 +50,11 @@ ScrollingBody::ScrollingBody(QWidget* parent)
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { follow(now); });
 }
 
+ScrollingBody::~ScrollingBody()
+{
+    disconnect(qApp, nullptr, this, nullptr); // The focus still moves while the controls inside end.
+}
+
 QSize ScrollingBody::sizeHint() const
 {
     return widget() ? widget()->sizeHint() : QScrollArea::sizeHint();

@@ -12,6 +12,7 @@ class ScrollingBody final : public QScrollArea {
 
 public:
     explicit ScrollingBody(QWidget* parent = nullptr);
+    ~ScrollingBody() override;
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
