@@ -157,6 +157,7 @@ TEST(AppDelegate, aSecondRequestAnswersTheQuestionOfTheFirst)
     const auto desk = world.startWithDesk();
     const auto& hub = AppProperties::instance().zelvoController();
     hub->device()->moveUp();
+    world.platform.runLoop.advance(0.3); // The first report of the movement is out.
     world.app->managedObjectContext()->insertActivity();
     const StoreLock lock(world);
     world.dialogs.alertAnswer = 0;
