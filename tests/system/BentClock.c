@@ -58,7 +58,7 @@ static double seconds(struct timespec time)
     return (double)time.tv_sec + (double)time.tv_nsec * 1e-9;
 }
 
-static struct timespec spec(double seconds)
+static struct timespec asTimespec(double seconds)
 {
     const time_t whole = (time_t)seconds;
     return (struct timespec) {whole, (long)((seconds - (double)whole) * 1e9)};
@@ -80,7 +80,7 @@ int clock_gettime(clockid_t clock, struct timespec* time)
     const double gained = b.virtualOrigin - b.origin + (monotonic() - b.origin) * (b.rate - 1);
     const int isWall = clock == CLOCK_REALTIME || clock == CLOCK_REALTIME_COARSE;
     const double slept = isWall || clock == CLOCK_BOOTTIME ? b.slept : 0;
-    *time = spec(seconds(*time) + gained + slept + (isWall ? b.wallAhead : 0));
+    *time = asTimespec(seconds(*time) + gained + slept + (isWall ? b.wallAhead : 0));
     return 0;
 }
 
@@ -127,7 +127,7 @@ int ppoll(struct pollfd* files, nfds_t count, const struct timespec* timeout, co
     const double end = bentMonotonic() + seconds(*timeout);
     for (;;) {
         const double left = end - bentMonotonic();
-        const struct timespec part = spec(realShare(left));
+        const struct timespec part = asTimespec(realShare(left));
         const int result = next(files, count, &part, mask);
         if (result != 0 || left <= 0)
             return result;
@@ -136,7 +136,7 @@ int ppoll(struct pollfd* files, nfds_t count, const struct timespec* timeout, co
 
 int poll(struct pollfd* files, nfds_t count, int milliseconds)
 {
-    const struct timespec timeout = spec(milliseconds * 1e-3);
+    const struct timespec timeout = asTimespec(milliseconds * 1e-3);
     return ppoll(files, count, milliseconds < 0 ? 0 : &timeout, 0);
 }
 
@@ -150,7 +150,7 @@ int pthread_cond_clockwait(
         struct timespec bent;
         clock_gettime(clock, &bent);
         const double left = seconds(*end) - seconds(bent);
-        const struct timespec real = spec(monotonic() + realShare(left));
+        const struct timespec real = asTimespec(monotonic() + realShare(left));
         const int result = next(condition, mutex, CLOCK_MONOTONIC, &real);
         if (result != ETIMEDOUT || left <= 0)
             return result;
