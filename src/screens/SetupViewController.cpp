@@ -12,12 +12,12 @@
 #include "screens/EntryNumber.h"
 #include "screens/SetupView.h"
 #include "ui/FontAndTextHandler.h"
+#include "ui/HyperLinkTextField.h"
 #include "ui/NumberEntryValidator.h"
 #include "ui/Palette.h"
 #include "ui/TextUtilities.h"
 #include "ui_SetupView.h"
 
-#include <QAccessible>
 #include <QLabel>
 #include <QSignalBlocker>
 
@@ -330,7 +330,8 @@ void SetupViewController::setUpEntryField(
 /// A line above everything else, so that the screen needs no room for it.
 void SetupViewController::setUpRefusal()
 {
-    m_refusal = new QLabel(m_ui->textFieldWeight->parentWidget());
+    m_refusal = new HyperLinkTextField(m_ui->textFieldWeight->parentWidget()); // Which screen readers hear.
+    m_refusal->setWordWrap(false);
     m_refusal->setObjectName(QStringLiteral("labelRefusal"));
     m_refusal->setFont(FontAndTextHandler::Roman12()); // Fits between the fields and the tabs.
     setLabelColor(*m_refusal, zelvoHoverColor());
@@ -362,8 +363,6 @@ void SetupViewController::refuse(QLineEdit& field)
     m_refusal->move(std::min(field.x(), rightmost), field.geometry().bottom() + 1);
     m_refusal->raise();
     m_refusal->show();
-    QAccessibleEvent alert(m_refusal, QAccessible::Alert);
-    QAccessible::updateAccessibility(&alert);
     field.setFocus();
     field.selectAll();
 }

@@ -16,8 +16,8 @@
 
 class BackgroundTextField;
 class HoverButton;
+class HyperLinkTextField;
 class PositionListener;
-class QLabel;
 class QLineEdit;
 class QWidget;
 class Workspace;
@@ -136,6 +136,6 @@ private:
     std::vector<NotificationCenter::Observation> m_observations;
     std::vector<std::shared_ptr<PositionListener>> m_positionListeners;
     QPointer<QWidget> m_view;
-    QLabel* m_refusal = nullptr; ///< Belongs to the view.
+    HyperLinkTextField* m_refusal = nullptr; ///< Belongs to the view.
     std::unique_ptr<Ui::SetupView> m_ui;
 };
