@@ -188,6 +188,15 @@ class Desktop:
             self.env["UMOCKDEV_DIR"] = self.machine.root
         return self.machine.plug(clock=self.clock.monotonic, **settings)
 
+    def show_with_adapter(self):
+        # The main window over an adapter whose first period is recorded.
+        self.settings()
+        adapter = self.plug()
+        program = self.start()
+        wait_until(self.records, "a first record")
+        program.show()
+        return program, adapter
+
     def mock(self, bus, kind, template, name, path, interface):
         # A service of python-dbusmock.
         process = self._spawn("/usr/bin/python3", "-m", "dbusmock", kind, "--template", template)

@@ -64,11 +64,7 @@ def test_killed_at_any_moment_it_loses_one_pulse_at_most(desktop):
 
 
 def test_a_button_held_for_a_second_says_stop_and_five_movements_and_stop(desktop):
-    desktop.settings()
-    adapter = desktop.plug()
-    program = desktop.start()
-    wait_until(desktop.records, "a first record")
-    program.show()
+    program, adapter = desktop.show_with_adapter()
     desktop.move_pointer(*program.window_with("Up").find("Up").middle)
     pressed = desktop.button(True)
     wait_until(lambda: adapter.values(pressed - 0.1).count(UP) == 5, "five movements")

@@ -50,11 +50,7 @@ def test_a_second_start_ends_and_shows_the_first(desktop):
 
 
 def test_an_error_is_shown_and_goes_with_its_adapter(desktop):
-    desktop.settings()
-    adapter = desktop.plug()
-    program = desktop.start()
-    wait_until(desktop.records, "a first record")
-    program.show()
+    program, adapter = desktop.show_with_adapter()
     main = program.window_with("Up")
     adapter.error = (0x0D, [5, 123])
     for line in ("E01: The desk has lost its position", "E02: Overload while going up", "E03", "E05:", "E123:"):
@@ -101,11 +97,7 @@ def test_an_adapter_of_another_maker_is_left_alone(desktop):
 
 
 def test_what_a_screen_reader_is_told(desktop):
-    desktop.settings()
-    adapter = desktop.plug()
-    program = desktop.start()
-    wait_until(desktop.records, "a first record")
-    program.show()
+    program, adapter = desktop.show_with_adapter()
     main = program.window_with("Up")
     wait_until(lambda: "Current session" in main.says(), "the session")
     heard = {(node.role, node.name.replace("\n", "")) for node in main.walk() if node.has(25)}
