@@ -13,7 +13,8 @@ function(compress source result)
         DEPENDS ${source} VERBATIM)
 endfunction()
 
-compress(${PROJECT_SOURCE_DIR}/packaging/zelvo-standup.1 zelvo-standup.1.gz)
+configure_file(packaging/zelvo-standup.1.in zelvo-standup.1 @ONLY)
+compress(${CMAKE_CURRENT_BINARY_DIR}/zelvo-standup.1 zelvo-standup.1.gz)
 compress(${PROJECT_SOURCE_DIR}/CHANGELOG.md changelog.gz)
 add_custom_target(zelvo_documents ALL
     DEPENDS ${CMAKE_CURRENT_BINARY_DIR}/zelvo-standup.1.gz ${CMAKE_CURRENT_BINARY_DIR}/changelog.gz)

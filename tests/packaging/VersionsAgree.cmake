@@ -1,4 +1,5 @@
-# The version is written down where CMake cannot put it: each place must name the project's own.
+# The history of releases is written by hand, here for people and there for software centres: both must begin with the
+# project's own version.
 function(expect place pattern)
     file(READ ${ROOT}/${place} text)
     string(REGEX MATCH ${pattern} found "${text}")
@@ -7,7 +8,5 @@ function(expect place pattern)
     endif()
 endfunction()
 
-expect(src/resources/Info.json "\"CFBundleShortVersionString\": \"([^\"]*)\"")
 expect(packaging/org.zelvo.StandUp.metainfo.xml "<release version=\"([^\"]*)\"")
-expect(packaging/zelvo-standup.1 "\n\\.Os \"Zelvo StandUp ([^\"]*)\"")
 expect(CHANGELOG.md "\n## \\[([0-9][^]]*)\\]")

@@ -91,7 +91,7 @@ def test_the_code_and_the_pictures_name_each_other():
 
 
 def test_a_hover_form_is_its_picture_in_the_brand_colour():
-    brand = re.search(r'"ZelvoColor1": "(#\w+)"', (SOURCE / "resources/Info.json").read_text())[1]
+    brand = re.search(r'"ZelvoColor1": "(#\w+)"', (SOURCE / "resources/Info.json.in").read_text())[1]
     forms = list((SOURCE / "resources/images").glob("*_hoover.svg"))
     assert len(forms) == 10
     for form in forms:
