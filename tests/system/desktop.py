@@ -105,9 +105,8 @@ class Desktop:
         self.folder = self.home / "data/org.zelvo.StandUp"
         self.store = self.folder / "StandUp.storedata"
         self.clock = Clock(self.home / "clock")
-        self.env = {k: v for k, v in os.environ.items() if k in ("PATH", "UBSAN_OPTIONS")}
+        self.env = {k: v for k, v in os.environ.items() if k == "PATH" or k.endswith("SAN_OPTIONS")}
         self.env |= {
-            "ASAN_OPTIONS": "verify_asan_link_order=0",
             "HOME": str(self.home),
             "XDG_CONFIG_HOME": str(self.home / "config"),
             "XDG_DATA_HOME": str(self.home / "data"),
