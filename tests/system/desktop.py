@@ -72,6 +72,12 @@ class Clock:
             now = time.monotonic()
             self._virtual, self._origin, self.rate = self._at(now), now, float(rate)
 
+    @contextlib.contextmanager
+    def running(self, rate):
+        self.run(rate)
+        yield
+        self.run(1)
+
     def set_wall(self, by):
         with self._writing():
             self.ahead += by
@@ -191,8 +197,7 @@ class Desktop:
         # The main window over an adapter whose first period is recorded.
         self.settings()
         adapter = self.plug()
-        program = self.start()
-        wait_until(self.records, "a first record")
+        program = self.start_recording()
         program.show()
         return program, adapter
 
@@ -238,6 +243,13 @@ class Desktop:
             process = self._spawn(PROGRAM, *arguments, env=env, stderr=stderr)
         program = Program(self, process)
         self.programs.append(program)
+        return program
+
+    def start_recording(self, *arguments, **env):
+        # The program once its first period is recorded. It looks at the desk once a second.
+        with self.clock.running(10):
+            program = self.start(*arguments, **env)
+            wait_until(self.records, "a first record")
         return program
 
     def bent(self, *libraries):

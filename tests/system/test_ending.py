@@ -97,8 +97,7 @@ def test_ending_during_the_first_run_answers_nothing_for_the_user(desktop, way):
 
 def test_a_session_manager_starts_it_with_its_own_option(desktop):
     desktop.settings()
-    program = desktop.start("--simulate", "-session", "10a5f00d_1234_5678")
-    wait_until(desktop.records, "a first record")
+    program = desktop.start_recording("--simulate", "-session", "10a5f00d_1234_5678")
     program.quit()
 
 

@@ -19,8 +19,7 @@ class Setup:
         desktop.add_tray()
         desktop.env["LC_ALL"] = desktop.env["LANG"] = f"{language}.UTF-8"
         self.adapter = desktop.plug() if plugged else None
-        self.program = desktop.start()
-        wait_until(desktop.records, "a first record")
+        self.program = desktop.start_recording()
         self.open()
 
     def open(self):
@@ -140,8 +139,7 @@ def test_a_settings_file_edited_by_hand_keeps_what_can_be_read(desktop, junk):
     text = desktop.config.read_bytes().rstrip(b"\n") + b"\nDevicePosition1=1234\nWeight=66"  # No final line end.
     comment_first = junk.startswith(b"\xef")
     desktop.config.write_bytes(junk + text if comment_first else text.replace(b"\n", b"\n" + junk, 1))
-    program = desktop.start("--simulate")
-    wait_until(desktop.records, "a first record")
+    program = desktop.start_recording("--simulate")
     program.quit()
     assert (desktop.setting("DevicePosition1"), desktop.setting("Weight")) == ("1234", "66")
 
@@ -169,8 +167,7 @@ def test_settings_that_cannot_be_read_are_named_on_the_screen(desktop):
 @pytest.mark.parametrize("version,dismiss", [("1.0.2", "45"), ("1.0.1", "45"), ("1.0.0", "20"), (None, "20")])
 def test_only_an_upgrade_resets_the_dismissal_time(desktop, version, dismiss):
     desktop.settings(Version=version, TimeNotificationDismiss=45)
-    program = desktop.start("--simulate")
-    wait_until(desktop.records, "a first record")
+    program = desktop.start_recording("--simulate")
     program.quit()
     assert desktop.setting("TimeNotificationDismiss") == dismiss
     assert desktop.setting("Version") == max(version or "", "1.0.1")

@@ -94,8 +94,7 @@ def test_a_disk_that_fills_while_recording(desktop, small_disk):
 
 
 def test_ending_on_a_full_disk(desktop, small_disk):
-    program = desktop.start("--simulate")
-    wait_until(desktop.records, "a first record")
+    program = desktop.start_recording("--simulate")
     small_disk.fill()
     desktop.clock.run(RATE)
     program.window_with("OK")
@@ -142,8 +141,7 @@ def test_a_damaged_store_is_left_alone_and_named(desktop):
 
 def test_two_programs_do_not_share_a_store(desktop):
     desktop.settings()
-    first = desktop.start("--simulate")
-    wait_until(desktop.records, "a first record")
+    first = desktop.start_recording("--simulate")
     (desktop.home / "other").mkdir(mode=0o700)
     second = desktop.start("--simulate", XDG_RUNTIME_DIR=str(desktop.home / "other"))
     assert "Another program" in panel(second)

@@ -42,8 +42,7 @@ def test_a_tray_that_leaves_and_comes_again(desktop):
 def test_a_second_start_ends_and_shows_the_first(desktop):
     desktop.settings()
     desktop.add_tray()
-    first = desktop.start("--simulate")
-    wait_until(desktop.records, "a first record")
+    first = desktop.start_recording("--simulate")
     window = first.show()
     wait_until(lambda: desktop.is_active(window), "the window in front")
     assert first.process.poll() is None and len(desktop.records()) == 1

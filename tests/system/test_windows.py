@@ -53,8 +53,7 @@ def test_the_window_opens_near_the_pointer_or_where_the_pointer_is_stale_by_the_
     desktop.panel_below(44)
     desktop.move_pointer(300, 90)
     width, height = desktop.screen
-    program = desktop.start("--simulate", XDG_SESSION_TYPE=session)
-    wait_until(desktop.records, "a first record")
+    program = desktop.start_recording("--simulate", XDG_SESSION_TYPE=session)
     x, y, w, h = desktop.frame(program.show())
     if session == "wayland":
         assert width - 40 < x + w <= width and height - 44 - 40 < y + h <= height - 44
