@@ -1,7 +1,7 @@
 #pragma once
 
 #include "data/Activity.h"
-#include "platform/Dialogs.h"
+#include "platform/Error.h"
 
 #include <functional>
 #include <memory>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "data/ManagedObjectModel.h"
-#include "platform/Dialogs.h"
+#include "platform/Error.h"
 
 #include <QString>
 

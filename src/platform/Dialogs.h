@@ -1,17 +1,11 @@
 #pragma once
 
+#include "platform/Error.h"
+
 #include <QString>
 #include <QStringList>
 
 #include <optional>
-
-/// An error as it is shown and logged.
-struct Error {
-    QString domain;
-    int code = 0;
-    QString localizedDescription;
-    QString failureReason;
-};
 
 /// Modal questions and messages to the user.
 class Dialogs {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Dialogs.h"
+#include "platform/Error.h"
 #include "platform/UserDefaults.h"
 
 #include <QMap>
