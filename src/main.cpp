@@ -8,9 +8,9 @@
 #include "platform/Log.h"
 #include "platform/linux/AutostartLoginItems.h"
 #include "platform/linux/DBusWorkspace.h"
+#include "platform/linux/DisplayServer.h"
 #include "platform/linux/EventSources.h"
 #include "platform/linux/LinuxHidManager.h"
-#include "platform/linux/QtPlatform.h"
 #include "platform/linux/SingleInstance.h"
 #include "platform/linux/TrayHost.h"
 #include "platform/linux/UnixSignals.h"
@@ -207,7 +207,7 @@ int main(int argc, char** argv)
     if (commandLine.endsHere)
         return commandLine.exitCode;
     qInstallMessageHandler(logQtMessage);
-    if (const QString problem = chooseQtPlatform(); !problem.isEmpty()) {
+    if (const QString problem = chooseDisplayServer(); !problem.isEmpty()) {
         Log::line(problem);
         return 1;
     }

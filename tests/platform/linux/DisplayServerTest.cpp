@@ -1,10 +1,10 @@
-#include "platform/linux/QtPlatform.h"
+#include "platform/linux/DisplayServer.h"
 
 #include "XvfbServer.h"
 
 #include <gtest/gtest.h>
 
-TEST(QtPlatform, isWhereAServerAnswersUnlessTheUserChose)
+TEST(DisplayServer, isWhereAServerAnswersUnlessTheUserChose)
 {
     const QByteArray before = qgetenv("QT_QPA_PLATFORM");
     XvfbServer server;
@@ -30,7 +30,7 @@ TEST(QtPlatform, isWhereAServerAnswersUnlessTheUserChose)
         qputenv("QT_QPA_PLATFORM", chosen);
         qputenv("DISPLAY", x11);
         qputenv("WAYLAND_DISPLAY", wayland);
-        EXPECT_EQ(chooseQtPlatform(),
+        EXPECT_EQ(chooseDisplayServer(),
             QString::fromLatin1(reason).replace(QStringLiteral("%1"), QString::fromLatin1(x11)));
         EXPECT_EQ(qgetenv("QT_QPA_PLATFORM"), expected);
     }

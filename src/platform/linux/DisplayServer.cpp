@@ -1,4 +1,4 @@
-#include "platform/linux/QtPlatform.h"
+#include "platform/linux/DisplayServer.h"
 
 #include "platform/linux/XcbConnection.h"
 
@@ -23,7 +23,7 @@ bool isWaylandThere()
 }
 }
 
-QString chooseQtPlatform()
+QString chooseDisplayServer()
 {
     if (!qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         return {};

@@ -8,4 +8,4 @@
 /// QApplication is made, which aborts the program where it finds no display.
 ///
 /// Empty, or one sentence that says why no window can be shown.
-[[nodiscard]] QString chooseQtPlatform();
+[[nodiscard]] QString chooseDisplayServer();
