@@ -9,7 +9,7 @@
 #include "platform/linux/AutostartLoginItems.h"
 #include "platform/linux/DBusWorkspace.h"
 #include "platform/linux/DisplayServer.h"
-#include "platform/linux/EventSources.h"
+#include "platform/linux/IdleTimeSource.h"
 #include "platform/linux/LinuxHidManager.h"
 #include "platform/linux/SingleInstance.h"
 #include "platform/linux/TrayHost.h"
@@ -92,7 +92,7 @@ struct Program {
         : bundle(Bundle::compiledInformation())
         , defaults(settingsPath())
         , hidManager(makeHidManager(commandLine.simulate))
-        , eventSource(makeEventSource())
+        , eventSource(makeIdleTimeSource())
         , tray(QDBusConnection::sessionBus(),
               QGuiApplication::platformName() == QStringLiteral("xcb") ? TrayHost::X11Tray::Accepted
                                                                        : TrayHost::X11Tray::Ignored)

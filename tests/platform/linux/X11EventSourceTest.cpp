@@ -1,7 +1,7 @@
 #include "platform/linux/X11EventSource.h"
 
 #include "XvfbServer.h"
-#include "platform/linux/EventSources.h"
+#include "platform/linux/IdleTimeSource.h"
 #include "platform/simulated/VirtualRunLoop.h"
 
 #include <QThread>
@@ -27,9 +27,9 @@ TEST(X11EventSource, countsSecondsFromTheLastInputUntilTheServerDies)
                       {QStringLiteral("mousemove_relative"), QStringLiteral("5"), QStringLiteral("5")}),
             0);
     };
-    const auto source = makeEventSource();
+    const auto source = makeIdleTimeSource();
     qputenv("WAYLAND_DISPLAY", "wayland-0");
-    const auto underWayland = makeEventSource();
+    const auto underWayland = makeIdleTimeSource();
     qunsetenv("WAYLAND_DISPLAY");
     moveMouse();
     const double first = idleAfter(1, runLoop, *source);

@@ -6,4 +6,4 @@
 
 /// The desktop's idle time from the best backend at hand, time asleep included. The log names the backend
 /// that is in use, also when it changes.
-std::unique_ptr<EventSource> makeEventSource();
+std::unique_ptr<EventSource> makeIdleTimeSource();
