@@ -62,7 +62,7 @@ void ScheduleManager::startScheduledTimerWithInterval(double seconds, int32_t us
     m_running = Running {{}, seconds};
     m_scheduleTimer = m_timers.schedule(
         seconds, RunLoop::Repeat::No, [this](Timer& timer) { onScheduleTimerTick(timer); }, userInfo);
-    NotificationCenter::defaultCenter().post(NotificationNames::kNewSession);
+    NotificationCenter::defaultCenter().post(kNewSession);
 }
 
 void ScheduleManager::stopScheduleTimer()

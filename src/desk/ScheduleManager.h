@@ -20,6 +20,9 @@ protected:
 /// the timer's is: a wall clock that is set moves the dates along and the rest stays as it is.
 class ScheduleManager {
 public:
+    /// Posted without object when a period has been (re)started.
+    static inline const QString kNewSession = QStringLiteral("org.zelvo.StandUp.newsession");
+
     explicit ScheduleManager(int32_t activityMode);
 
     /// Takes the planned standing minutes from the goal in the settings.

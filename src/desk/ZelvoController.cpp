@@ -228,7 +228,7 @@ void ZelvoController::onPulseTimerTick(const Timer&)
 
 void ZelvoController::broadcastDeviceDeviceStateDidChange()
 {
-    NotificationCenter::defaultCenter().post(NotificationNames::kDeviceStateDidChange, m_device);
+    NotificationCenter::defaultCenter().post(kDeviceStateDidChange, m_device);
 }
 
 ScheduleManager* ZelvoController::scheduleManager()

@@ -39,6 +39,10 @@ public:
         std::function<void(int32_t newPosition)> showReminder;
     };
 
+    /// Posted with the adopted ZelvoHIDDevice, or nothing, as object.
+    static inline const QString kDeviceStateDidChange =
+        QStringLiteral("org.zelvo.StandUp.devicestatedidchange");
+
     explicit ZelvoController(Dependencies dependencies);
     ~ZelvoController();
     ZelvoController(const ZelvoController&) = delete;

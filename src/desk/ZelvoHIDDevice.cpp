@@ -248,9 +248,9 @@ void ZelvoHIDDevice::handleError(const std::optional<ErrorCodes>& errorCodes)
     const auto self = shared_from_this();
     // Repeated with every report, so that a window opened in the meantime shows the error too.
     if (errorCodes)
-        NotificationCenter::defaultCenter().post(NotificationNames::kErrorCode, self, *errorCodes);
+        NotificationCenter::defaultCenter().post(kErrorCode, self, *errorCodes);
     else if (m_errorRecieved)
-        NotificationCenter::defaultCenter().post(NotificationNames::kErrorCodeRemoved);
+        NotificationCenter::defaultCenter().post(kErrorCodeRemoved);
     m_errorRecieved = errorCodes.has_value();
 }
 

@@ -36,6 +36,11 @@ public:
     using StatusBits = std::array<int, 14>;
     using ErrorCodes = QMap<QString, QString>; ///< code ("E01") -> text, empty for a code without one
 
+    /// Posted with this device and its error codes at each read that has some.
+    static inline const QString kErrorCode = QStringLiteral("error_code");
+    /// Posted once when the errors are over; no object, no user info.
+    static inline const QString kErrorCodeRemoved = QStringLiteral("error_code_removed");
+
     ZelvoHIDDevice();
     /// Stores the node in the slot that all devices share: the newest device defines the node for every one.
     explicit ZelvoHIDDevice(const ZelvoDeviceNodeRef& deviceNode);

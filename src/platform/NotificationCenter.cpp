@@ -71,10 +71,3 @@ NotificationCenter& NotificationCenter::defaultCenter()
     static NotificationCenter center;
     return center;
 }
-
-namespace NotificationNames {
-const QString kDeviceStateDidChange = QStringLiteral("org.zelvo.StandUp.devicestatedidchange");
-const QString kNewSession = QStringLiteral("org.zelvo.StandUp.newsession");
-const QString kErrorCode = QStringLiteral("error_code");
-const QString kErrorCodeRemoved = QStringLiteral("error_code_removed");
-}

@@ -54,15 +54,3 @@ private:
 
     std::vector<std::shared_ptr<Observation::Entry>> m_entries;
 };
-
-/// The names that the application posts.
-namespace NotificationNames {
-/// Object: the adopted ZelvoHIDDevice or nothing.
-extern const QString kDeviceStateDidChange;
-/// No object. A schedule period has been (re)started.
-extern const QString kNewSession;
-/// Object: the ZelvoHIDDevice. User info: error code -> text.
-extern const QString kErrorCode;
-/// No object, no user info.
-extern const QString kErrorCodeRemoved;
-}

@@ -192,7 +192,7 @@ void SetupViewController::observe()
 {
     // Every loading of the form registers anew, and all registrations last as long as this object does.
     m_observations.push_back(
-        NotificationCenter::defaultCenter().addObserver(NotificationNames::kDeviceStateDidChange,
+        NotificationCenter::defaultCenter().addObserver(ZelvoController::kDeviceStateDidChange,
             [this](const PostedNotification&) { observerDeviceStateDidChange(); }));
     m_positionListeners.push_back(
         std::make_shared<PositionListener>([this](int32_t height) { positionUpdated(height); }));

@@ -1,6 +1,7 @@
 #include "shell/ErrorLine.h"
 
 #include "data/AppProperties.h"
+#include "desk/ZelvoHIDDevice.h"
 #include "platform/Bundle.h"
 #include "ui/HyperLinkTextField.h"
 #include "ui/TextUtilities.h"
@@ -15,10 +16,10 @@ ErrorLine::ErrorLine(HyperLinkTextField& label, QWidget& area, WithoutUrl withou
     : m_label(label)
     , m_area(area)
     , m_withoutUrl(withoutUrl)
-    , m_errorObservation(NotificationCenter::defaultCenter().addObserver(NotificationNames::kErrorCode,
+    , m_errorObservation(NotificationCenter::defaultCenter().addObserver(ZelvoHIDDevice::kErrorCode,
           [this](const PostedNotification& posted) { observerErrorRecieved(posted); }))
     , m_errorRemovedObservation(
-          NotificationCenter::defaultCenter().addObserver(NotificationNames::kErrorCodeRemoved,
+          NotificationCenter::defaultCenter().addObserver(ZelvoHIDDevice::kErrorCodeRemoved,
               [this](const PostedNotification&) { observerRemoveErrorRecieved(); }))
 {
     m_area.setAccessibleName(Bundle::main().localizedString(QStringLiteral("AccessErrorLine")));

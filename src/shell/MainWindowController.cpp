@@ -108,10 +108,10 @@ void MainWindowController::windowWillClose()
 void MainWindowController::observe()
 {
     NotificationCenter& center = NotificationCenter::defaultCenter();
-    m_observations.push_back(center.addObserver(NotificationNames::kDeviceStateDidChange,
+    m_observations.push_back(center.addObserver(ZelvoController::kDeviceStateDidChange,
         [this](const PostedNotification&) { observerDeviceStateDidChange(); }));
     m_observations.push_back(center.addObserver(
-        NotificationNames::kNewSession, [this](const PostedNotification&) { observerNewSession(); }));
+        ScheduleManager::kNewSession, [this](const PostedNotification&) { observerNewSession(); }));
     m_errorLine = std::make_unique<ErrorLine>(
         *m_ui->labelErrorText, *m_ui->errorArea, ErrorLine::WithoutUrl::PlainText);
     m_positionListener = std::make_shared<PositionListener>([this](int32_t) { setTabelHeight(); });

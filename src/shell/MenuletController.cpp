@@ -1,7 +1,7 @@
 #include "shell/MenuletController.h"
 
 #include "data/AppProperties.h"
-#include "desk/ZelvoHIDDevice.h"
+#include "desk/ZelvoController.h"
 #include "shell/MainWindowController.h"
 #include "shell/Notification.h"
 #include "shell/NotificationWindowController.h"
@@ -12,7 +12,7 @@
 MenuletController::MenuletController(Windows windows)
     : m_windows(std::move(windows))
     , m_deviceStateObservation(
-          NotificationCenter::defaultCenter().addObserver(NotificationNames::kDeviceStateDidChange,
+          NotificationCenter::defaultCenter().addObserver(ZelvoController::kDeviceStateDidChange,
               [this](const PostedNotification& posted) { observerDeviceStateDidChange(posted); }))
 {
 }

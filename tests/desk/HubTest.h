@@ -108,11 +108,10 @@ public:
     int timesAskedForContext = 0;
     std::optional<ZelvoController> hub;
     NotificationCenter::Observation deviceState = NotificationCenter::defaultCenter().addObserver(
-        NotificationNames::kDeviceStateDidChange, [this](const PostedNotification& posted) {
+        ZelvoController::kDeviceStateDidChange, [this](const PostedNotification& posted) {
             EXPECT_EQ(posted.object, hub ? hub->device() : nullptr);
             note(posted.object ? QStringLiteral("device state") : QStringLiteral("no device"));
         });
-    NotificationCenter::Observation newSession =
-        NotificationCenter::defaultCenter().addObserver(NotificationNames::kNewSession,
-            [this](const PostedNotification&) { note(QStringLiteral("session")); });
+    NotificationCenter::Observation newSession = NotificationCenter::defaultCenter().addObserver(
+        ScheduleManager::kNewSession, [this](const PostedNotification&) { note(QStringLiteral("session")); });
 };

@@ -10,7 +10,7 @@ protected:
     ScheduleManagerTest()
     {
         newSession = NotificationCenter::defaultCenter().addObserver(
-            NotificationNames::kNewSession, [this](const PostedNotification& posted) {
+            ScheduleManager::kNewSession, [this](const PostedNotification& posted) {
                 EXPECT_FALSE(posted.object);
                 ++sessions;
             });

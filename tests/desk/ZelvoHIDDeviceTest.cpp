@@ -204,7 +204,7 @@ TEST_F(ZelvoHIDDeviceTest, PostsEachErrorReportAndItsEndOnce)
     QStringList posted;
     auto& center = NotificationCenter::defaultCenter();
     const auto error =
-        center.addObserver(NotificationNames::kErrorCode, [&](const PostedNotification& notification) {
+        center.addObserver(ZelvoHIDDevice::kErrorCode, [&](const PostedNotification& notification) {
             EXPECT_EQ(notification.object, device);
             EXPECT_EQ(
                 device->errorRecieved(), !posted.isEmpty() && posted.last() != QStringLiteral("removed"))
@@ -212,7 +212,7 @@ TEST_F(ZelvoHIDDeviceTest, PostsEachErrorReportAndItsEndOnce)
             posted.append(u'[' + notification.userInfo.keys().join(u' ') + u']');
         });
     const auto removed =
-        center.addObserver(NotificationNames::kErrorCodeRemoved, [&](const PostedNotification& notification) {
+        center.addObserver(ZelvoHIDDevice::kErrorCodeRemoved, [&](const PostedNotification& notification) {
             EXPECT_FALSE(notification.object);
             EXPECT_TRUE(device->errorRecieved()) << "changes after the post";
             posted.append(QStringLiteral("removed"));

@@ -147,7 +147,7 @@ TEST_F(MainWindowControllerTest, errorsAreLinksAndStayUntilFifteenSecondsAfterTh
     for (const bool hasPage : {true, false}) {
         if (!hasPage)
             dropInformation("ErrorUrl");
-        post(NotificationNames::kErrorCode,
+        post(ZelvoHIDDevice::kErrorCode,
             {{QStringLiteral("E02"), QStringLiteral("Overload <up>")}, {QStringLiteral("E12"), {}}});
         EXPECT_EQ(WindowChecks::accessibleText(label, QAccessible::Name),
             QStringLiteral("Error \nE02: Overload <up> \nE12: \n"));
@@ -157,7 +157,7 @@ TEST_F(MainWindowControllerTest, errorsAreLinksAndStayUntilFifteenSecondsAfterTh
         QTest::keyClick(&label, Qt::Key_Return);
         pass(60); // The second error stops the countdown.
         EXPECT_TRUE(area.isVisible());
-        post(NotificationNames::kErrorCodeRemoved, {});
+        post(ZelvoHIDDevice::kErrorCodeRemoved, {});
         pass(14.9);
         EXPECT_TRUE(area.isVisible());
     }
@@ -172,7 +172,7 @@ TEST_F(MainWindowControllerTest, manyErrorsCoverNoButton)
 {
     start();
     QWidget& window = openMainWindow();
-    post(NotificationNames::kErrorCode,
+    post(ZelvoHIDDevice::kErrorCode,
         {{QStringLiteral("E02"), QStringLiteral("A long story of a desk. ").repeated(400)}});
     for (const auto& [height, errors] : {std::pair {592, 300}, {400, 0}}) {
         window.setFixedSize(360, height);

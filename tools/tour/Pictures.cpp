@@ -99,7 +99,7 @@ void postManyErrors()
     for (int code = 1; code <= 12; ++code)
         errors.insert(QStringLiteral("E%1").arg(code, 2, 10, QLatin1Char('0')),
             Bundle::main().localizedString(QStringLiteral("PositionLostError")));
-    NotificationCenter::defaultCenter().post(NotificationNames::kErrorCode, {}, errors);
+    NotificationCenter::defaultCenter().post(ZelvoHIDDevice::kErrorCode, {}, errors);
 }
 
 /// The mark of the keyboard focus, as Tab brings it.
