@@ -1,7 +1,6 @@
 #include "data/ExportManager.h"
 
 #include "data/Date.h"
-#include "platform/Bundle.h"
 #include "platform/Dialogs.h"
 
 #include <QSaveFile>
@@ -31,13 +30,13 @@ QString ExportManager::fileName()
 {
     const DateComponents today = Date::now().components();
     const QString day = QString::asprintf("%02d-%02d-%04d", today.day, today.month, today.year);
-    return Bundle::main().localizedString(QStringLiteral("ExportFileName")).arg(day);
+    return qtTrId("ExportFileName").arg(day);
 }
 
 QString ExportManager::dataFilePath()
 {
-    return QStringLiteral("%1/%2").arg(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation),
-        Bundle::main().localizedString(QStringLiteral("AppName")));
+    return QStringLiteral("%1/%2").arg(
+        QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation), qtTrId("AppName"));
 }
 
 QString ExportManager::fullFileNamePath()

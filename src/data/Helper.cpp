@@ -42,8 +42,7 @@ double Helper::systemUnitToCm(double value)
 
 QString Helper::TableHeightUnit()
 {
-    return Bundle::main().localizedString(
-        isMetric() ? QStringLiteral("Centimeter") : QStringLiteral("Inches"));
+    return isMetric() ? qtTrId("Centimeter") : qtTrId("Inches");
 }
 
 QString Helper::formattedTableHeight(double millimetres)

@@ -2,7 +2,6 @@
 
 #include "data/PersistentStoreCoordinator.h"
 #include "data/SqlStatement.h"
-#include "platform/Bundle.h"
 
 #include <algorithm>
 #include <cmath>
@@ -245,10 +244,8 @@ ManagedObjectContext::~ManagedObjectContext()
 
 Error ManagedObjectContext::missingError()
 {
-    const Bundle& texts = Bundle::main();
-    return {QStringLiteral("YOUR_ERROR_DOMAIN"), 9999,
-        texts.localizedString(QStringLiteral("Failed to initialize the store")),
-        texts.localizedString(QStringLiteral("There was an error building up the data file."))};
+    return {QStringLiteral("YOUR_ERROR_DOMAIN"), 9999, qtTrId("Failed to initialize the store"),
+        qtTrId("There was an error building up the data file.")};
 }
 
 ActivityRef ManagedObjectContext::insertActivity()

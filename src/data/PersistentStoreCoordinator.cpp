@@ -1,7 +1,6 @@
 #include "data/PersistentStoreCoordinator.h"
 
 #include "data/SqlStatement.h"
-#include "platform/Bundle.h"
 #include "platform/Log.h"
 
 #include <QDir>
@@ -41,10 +40,10 @@ bool isDiskFull(int result, const QString& path)
     return (result & 0xFF) == SQLITE_IOERR && std::filesystem::space(folder, ignored).available < kLeastBytes;
 }
 
-/// What a result means to the user, and what can be done about it: keys of texts.
+/// What a result means to the user, and what can be done about it.
 struct Meaning {
-    const char* description; ///< %1: path of the store
-    const char* advice;
+    QString description; ///< %1: path of the store
+    QString advice;
 };
 
 Meaning meaningOfResult(int result)
@@ -52,18 +51,18 @@ Meaning meaningOfResult(int result)
     switch (result & 0xFF) {
     case SQLITE_CORRUPT:
     case SQLITE_NOTADB:
-        return {"StoreDamaged", "StoreAdviceReplace"};
+        return {qtTrId("StoreDamaged"), qtTrId("StoreAdviceReplace")};
     case SQLITE_FULL:
-        return {"StoreDiskFull", "StoreAdviceMakeRoom"};
+        return {qtTrId("StoreDiskFull"), qtTrId("StoreAdviceMakeRoom")};
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
-        return {"StoreInUse", "StoreAdviceCloseOther"};
+        return {qtTrId("StoreInUse"), qtTrId("StoreAdviceCloseOther")};
     case SQLITE_READONLY:
     case SQLITE_PERM:
     case SQLITE_CANTOPEN:
-        return {"StoreNotWritable", "StoreAdvicePermissions"};
+        return {qtTrId("StoreNotWritable"), qtTrId("StoreAdvicePermissions")};
     default:
-        return {"StoreUnreadable", "StoreAdvicePermissions"};
+        return {qtTrId("StoreUnreadable"), qtTrId("StoreAdvicePermissions")};
     }
 }
 
@@ -71,25 +70,19 @@ Meaning meaningOfStoreResult(int result)
 {
     switch (result) {
     case NotAFile:
-        return {"StoreNotAFile", "StoreAdviceReplace"};
+        return {qtTrId("StoreNotAFile"), qtTrId("StoreAdviceReplace")};
     case LogWithoutStore:
-        return {"StoreMissingBesideLog", "StoreAdviceReplace"};
+        return {qtTrId("StoreMissingBesideLog"), qtTrId("StoreAdviceReplace")};
     case NewerStore:
-        return {"StoreTooNew", "StoreAdviceNewerProgram"};
+        return {qtTrId("StoreTooNew"), qtTrId("StoreAdviceNewerProgram")};
     default:
-        return {"StoreForeign", "StoreAdviceReplace"};
+        return {qtTrId("StoreForeign"), qtTrId("StoreAdviceReplace")};
     }
 }
 
-QString localized(const char* key)
+Error makeError(int result, const QString& description, const QString& reason, const QString& path)
 {
-    return Bundle::main().localizedString(QString::fromLatin1(key));
-}
-
-Error makeError(int result, const char* description, const QString& reason, const QString& path)
-{
-    return {
-        QStringLiteral("SQLite"), result, localized(description).arg(QDir::toNativeSeparators(path)), reason};
+    return {QStringLiteral("SQLite"), result, description.arg(QDir::toNativeSeparators(path)), reason};
 }
 }
 
@@ -131,7 +124,7 @@ bool PersistentStoreCoordinator::isGone() const
 
 Error PersistentStoreCoordinator::goneError() const
 {
-    return makeError(StoreGone, "StoreGone", localized("StoreGoneReason"), m_path);
+    return makeError(StoreGone, qtTrId("StoreGone"), qtTrId("StoreGoneReason"), m_path);
 }
 
 bool PersistentStoreCoordinator::reopen(Error& error)
@@ -289,14 +282,15 @@ int PersistentStoreCoordinator::queryInteger(const char* sql, int& value)
 Error PersistentStoreCoordinator::errorForResult(int result) const
 {
     // Before the store is open there is nothing that could be kept.
-    const QString consequence = QLatin1Char(' ') + localized(m_file ? "StoreKept" : "StoreNothingRecorded");
+    const QString consequence =
+        QLatin1Char(' ') + (m_file ? qtTrId("StoreKept") : qtTrId("StoreNothingRecorded"));
     if (result >= NotAFile && result <= NewerStore) {
         const Meaning meaning = meaningOfStoreResult(result);
-        return makeError(result, meaning.description, localized(meaning.advice) + consequence, m_path);
+        return makeError(result, meaning.description, meaning.advice + consequence, m_path);
     }
     const bool isLatest = m_connection && sqlite3_extended_errcode(m_connection) == result;
     const char* reason = isLatest ? sqlite3_errmsg(m_connection) : sqlite3_errstr(result);
     Log::line(QStringLiteral("SQLite answers %1: %2").arg(result).arg(QString::fromUtf8(reason)));
     const Meaning meaning = meaningOfResult(isDiskFull(result, m_path) ? SQLITE_FULL : result);
-    return makeError(result, meaning.description, localized(meaning.advice) + consequence, m_path);
+    return makeError(result, meaning.description, meaning.advice + consequence, m_path);
 }

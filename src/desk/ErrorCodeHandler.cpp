@@ -1,7 +1,5 @@
 #include "desk/ErrorCodeHandler.h"
 
-#include "platform/Bundle.h"
-
 #include <array>
 
 namespace {
@@ -19,9 +17,9 @@ struct Kind {
 };
 
 constexpr std::array kKinds {
-    Kind {0x01, "E01", "PositionLostError"},
-    Kind {0x04, "E02", "OverloadUpError"},
-    Kind {0x08, "E03", "OverloadDownError"},
+    Kind {0x01, "E01", QT_TRID_NOOP("PositionLostError")},
+    Kind {0x04, "E02", QT_TRID_NOOP("OverloadUpError")},
+    Kind {0x08, "E03", QT_TRID_NOOP("OverloadDownError")},
 };
 }
 
@@ -40,8 +38,7 @@ std::optional<QMap<QString, QString>> ErrorCodeHandler::setErrorCode(std::span<c
     // The kinds come last: a code that is also listed gets its text.
     for (const Kind& kind : kKinds) {
         if (report[kKindsByte] & kind.bit) {
-            codes.insert(QString::fromLatin1(kind.code),
-                Bundle::main().localizedString(QString::fromLatin1(kind.textKey)));
+            codes.insert(QString::fromLatin1(kind.code), qtTrId(kind.textKey));
         }
     }
     return codes;

@@ -22,7 +22,7 @@ TEST(ExportManager, writesByteForByteWhereTheUserSaysAndNothingOtherwise)
         {"history.csv", {"a;b", "\u00e9"}, "a;b; \xC3\xA9; "},
     };
     TestPlatform platform;
-    platform.bundle.texts = {{"ExportFileName", "Export %1.csv"}, {"AppName", "Desk"}};
+    platform.texts.byKey = {{"ExportFileName", "Export %1.csv"}, {"AppName", "Desk"}};
     FakeDialogs dialogs;
     for (const auto& [place, values, line] : kCases) {
         SCOPED_TRACE(line.data());

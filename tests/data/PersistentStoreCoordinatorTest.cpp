@@ -46,7 +46,7 @@ protected:
     {
         for (const QString key : {"StoreDamaged", "StoreForeign", "StoreMissingBesideLog", "StoreTooNew",
                  "StoreNotAFile", "StoreInUse"})
-            platform.bundle.texts.insert(key, key + ": %1");
+            platform.texts.byKey.insert(key, key + ": %1");
     }
 
     /// A store of that many records, closed.

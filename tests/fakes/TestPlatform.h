@@ -9,12 +9,27 @@
 #include "platform/Workspace.h"
 #include "platform/simulated/VirtualRunLoop.h"
 
+#include <QCoreApplication>
 #include <QMap>
 #include <QStringList>
 #include <QTemporaryDir>
+#include <QTranslator>
 
 #include <functional>
 #include <vector>
+
+/// Texts by key, before those of the installed language.
+class TestTexts final : public QTranslator {
+public:
+    QMap<QString, QString> byKey;
+
+    TestTexts() { QCoreApplication::installTranslator(this); }
+    [[nodiscard]] bool isEmpty() const override { return false; }
+    [[nodiscard]] QString translate(const char*, const char* key, const char*, int) const override
+    {
+        return byKey.value(QString::fromUtf8(key));
+    }
+};
 
 /// A bundle whose locale is the test's to choose.
 class TestBundle final : public Bundle {
@@ -22,11 +37,6 @@ public:
     using Bundle::Bundle;
     QLocale testLocale = QLocale(QStringLiteral("de_DE"));
     QString testCalendarLocaleName; ///< an ICU name for what a QLocale cannot say; empty = testLocale's
-    QMap<QString, QString> texts; ///< by key, before those of the installed language
-    [[nodiscard]] QString localizedString(const QString& key) const override
-    {
-        return texts.contains(key) ? texts.value(key) : Bundle::localizedString(key);
-    }
     [[nodiscard]] QLocale locale() const override { return testLocale; }
     [[nodiscard]] QString calendarLocaleName() const override
     {
@@ -123,4 +133,5 @@ public:
     VirtualRunLoop runLoop {kStart};
     MemoryUserDefaults defaults;
     TestBundle bundle;
+    TestTexts texts;
 };

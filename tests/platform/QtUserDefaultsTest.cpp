@@ -1,11 +1,10 @@
 #include "platform/qt/QtUserDefaults.h"
 
-#include "platform/Bundle.h"
+#include "fakes/TestPlatform.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QJsonObject>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -25,24 +24,11 @@ QByteArray readFile(const QString& path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/// Texts that consist of nothing but what is filled in.
-class BareTexts final : public Bundle {
-public:
-    BareTexts()
-        : Bundle(QJsonObject())
-    {
-        setMain(this);
-    }
-    ~BareTexts() override { setMain(nullptr); }
-    [[nodiscard]] QString localizedString(const QString& key) const override
-    {
-        return key.endsWith(QStringLiteral("Reason")) ? QStringLiteral("%1|%2") : QStringLiteral("%1");
-    }
-};
-
 class QtUserDefaultsTest : public testing::Test {
 protected:
-    BareTexts m_texts;
+    QtUserDefaultsTest() { m_texts.byKey = {{"SettingsDamaged", "%1"}, {"SettingsDamagedReason", "%1|%2"}}; }
+
+    TestTexts m_texts; // Nothing but what is filled in.
     QTemporaryDir m_folder;
     QString m_path = m_folder.filePath(QStringLiteral("org.zelvo.StandUp/StandUp.conf"));
 

@@ -28,7 +28,7 @@ TEST(Notification, contentFollowsPositionModeAndPlan)
     };
     for (const auto& row : kCases) {
         ShellWorld world;
-        world.platform.bundle.texts = {// With their numbers in sight.
+        world.platform.texts.byKey = {// With their numbers in sight.
             {QStringLiteral("NotificationDetailMessage1"), QStringLiteral("Stand %1 min")},
             {QStringLiteral("NotificationDetailMessage2"), QStringLiteral("for %1 kcal.")},
             {QStringLiteral("NotificationSittingmemory"), QStringLiteral("Sit %1 min.")},

@@ -1,6 +1,5 @@
 #include "platform/qt/QtUserDefaults.h"
 
-#include "platform/Bundle.h"
 #include "platform/Log.h"
 
 #include <QDir>
@@ -227,12 +226,9 @@ std::optional<Error> QtUserDefaults::damage() const
     if (m_damage.lines.isEmpty())
         return std::nullopt;
     constexpr qsizetype kMostShown = 200;
-    const auto text = [](const char* key) {
-        return Bundle::main().localizedString(QString::fromLatin1(key));
-    };
     return Error {QStringLiteral("Settings"), int(m_damage.lines.size()),
-        text("SettingsDamaged").arg(QDir::toNativeSeparators(m_path)),
-        text("SettingsDamagedReason")
+        qtTrId("SettingsDamaged").arg(QDir::toNativeSeparators(m_path)),
+        qtTrId("SettingsDamagedReason")
             .arg(m_damage.lines.join(QLatin1Char('\n')).left(kMostShown),
                 QDir::toNativeSeparators(m_damage.copy))};
 }
