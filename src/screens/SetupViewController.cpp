@@ -1,7 +1,6 @@
 #include "screens/SetupViewController.h"
 
 #include "data/AppProperties.h"
-#include "data/CalorieCalculator.h"
 #include "data/DecimalFormatter.h"
 #include "data/Helper.h"
 #include "data/Saturation.h"
@@ -10,6 +9,7 @@
 #include "platform/Bundle.h"
 #include "platform/Workspace.h"
 #include "screens/EntryNumber.h"
+#include "screens/GoalSentence.h"
 #include "screens/SetupView.h"
 #include "ui/FontAndTextHandler.h"
 #include "ui/HyperLinkTextField.h"
@@ -22,7 +22,6 @@
 #include <QSignalBlocker>
 
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace {
@@ -36,7 +35,6 @@ constexpr double kMostStandUps = 6;
 constexpr int kUnitsPerMillimetre = 10; // Raw heights are in 0.1 mm.
 constexpr double kUnitsPerCentimetre = 100;
 constexpr double kRoomForUnit = 4; // Number and unit together stand in the middle of their circle.
-constexpr float kShortestStandUp = 0.5F;
 constexpr int kRefusalMargin = 2;
 
 AppProperties& properties()
@@ -608,21 +606,12 @@ void SetupViewController::setSliderIndex(int32_t step)
 
 void SetupViewController::updateGoalLabel()
 {
-    m_ui->labelGoal->setText(QString());
     describeSlider();
     const int32_t mode = currentActivityMode();
-    double goal = m_activityGoalManager.goalFromIndex(m_ui->slider->value(), mode);
-    if (mode == kCalorieGoal) {
-        const int32_t kilograms =
-            saturated<int32_t>(Helper::systemUnitToKilo(integerValue(m_ui->textFieldWeight->text())));
-        if (kilograms == 0)
-            return;
-        goal = CalorieCalculator::standingPerHourForDailyCalories(goal, kilograms);
-    }
-    const double minutes = timeOfEachStandUp(goal);
-    const int decimals = minutes == std::trunc(minutes) ? 0 : 1;
-    m_ui->labelGoal->setText(localized(QStringLiteral("SliderText"))
-                                 .arg(Bundle::main().locale().toString(minutes, 'f', decimals)));
+    m_ui->labelGoal->setText(
+        goalSentence({mode, m_activityGoalManager.goalFromIndex(m_ui->slider->value(), mode),
+            Helper::systemUnitToKilo(integerValue(m_ui->textFieldWeight->text())),
+            integerValue(m_ui->textFieldStandUpNumber->text())}));
 }
 
 /// Screen readers would say the step's number alone.
@@ -631,15 +620,6 @@ void SetupViewController::describeSlider()
     const GoalCircleView& circle = *goalIndicators()[size_t(m_ui->slider->value())];
     m_ui->slider->setAccessibleDescription(
         circle.value().value_or(QString()) + QLatin1Char(' ') + circle.title().value_or(QString()));
-}
-
-double SetupViewController::timeOfEachStandUp(double goal) const
-{
-    const int32_t standUps = integerValue(m_ui->textFieldStandUpNumber->text());
-    const auto minutes = float(standUps != 0 ? goal / standUps : goal);
-    if (minutes < kShortestStandUp)
-        return double(kShortestStandUp);
-    return std::floor(2 * double(minutes)) * 0.5;
 }
 
 std::array<HoverButton*, 3> SetupViewController::memoryButtons() const

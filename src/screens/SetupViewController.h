@@ -119,8 +119,6 @@ private:
     void setSliderIndex(int32_t step);
     void updateGoalLabel();
     void describeSlider();
-    /// @param goal standing minutes an hour
-    [[nodiscard]] double timeOfEachStandUp(double goal) const;
 
     [[nodiscard]] std::array<HoverButton*, 3> memoryButtons() const;
     void saveTablePositionOffset();
