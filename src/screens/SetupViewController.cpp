@@ -42,29 +42,10 @@ AppProperties& properties()
     return AppProperties::instance();
 }
 
-bool isDeskActive()
-{
-    return hub() && hub()->isActive();
-}
-
 /// Raw, 0.1 mm; 0 without a desk.
 int32_t deskPosition()
 {
     return device() ? device()->position() : 0;
-}
-
-void setDevicePosition(int32_t index, int32_t position)
-{
-    switch (index) {
-    case 1:
-        return properties().setDevicePosition1(position);
-    case 2:
-        return properties().setDevicePosition2(position);
-    case 3:
-        return properties().setDevicePosition3(position);
-    default:
-        return;
-    }
 }
 
 QString localized(const QString& key)
@@ -95,24 +76,12 @@ void fill(QLineEdit& field, const QString& text)
     field.setValidator(validator);
 }
 
-/// How the focus goes on from a control that was pressed: as by Tab when the keyboard pressed it, so that the
-/// focus mark stays in sight.
-Qt::FocusReason focusReasonAfter(const QWidget& pressed)
-{
-    return pressed.underMouse() ? Qt::MouseFocusReason : Qt::TabFocusReason;
-}
-
-void keepPlaceWhenHidden(QWidget& widget)
-{
-    QSizePolicy policy = widget.sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    widget.setSizePolicy(policy);
-}
 }
 
 SetupViewController::SetupViewController(Workspace& workspace)
     : m_workspace(workspace)
     , m_ui(std::make_unique<Ui::SetupView>())
+    , m_memories(*m_ui)
 {
 }
 
@@ -123,8 +92,7 @@ SetupViewController::~SetupViewController()
         if (hub())
             hub()->removeDelegate(listener);
     }
-    m_memoryViewController
-        .reset(); // A held button stops the desk through this object, which is still whole here.
+    // A held button stops the desk through this object, which is still whole here.
     delete std::exchange(m_view, nullptr).data();
 }
 
@@ -159,8 +127,6 @@ void SetupViewController::awakeFromNib()
             ? kMiddleStep
             : saturated<int32_t>(m_activityGoalManager.indexFromGoal(saturated<int32_t>(goal), mode)));
 
-    m_memoryViewController = std::make_unique<MemoryViewController>();
-    m_memoryViewController->setDelegate(this);
     m_ui->labelCalories->setDelegateClick(this);
     m_ui->labelTime->setDelegateClick(this);
     setUpEntryField(*m_ui->textFieldWeight, 0, kMostWeight, false);
@@ -176,10 +142,7 @@ void SetupViewController::awakeFromNib()
         circle->setDelegate(this);
         circle->setVerticalOffset(kRoomForUnit);
     }
-    for (HoverButton* button : memoryButtons())
-        button->setAlternateBackgroundColor(zelvoHoverColor());
-    m_ui->labelConnection->setText(localized(QStringLiteral("ConnectTable")));
-    updateConnectionLabel();
+    m_memories.awakeFromNib(*this);
     m_ui->labelVersion->setText(QStringLiteral("Ver: %1").arg(properties().bundleVersion()));
     updateGoalLabel();
     setAccessibleTexts();
@@ -212,6 +175,7 @@ void SetupViewController::setLocalizationText()
     m_ui->buttonMemory1->setText(localized(QStringLiteral("Memory1")));
     m_ui->buttonMemory2->setText(localized(QStringLiteral("Memory2")));
     m_ui->buttonMemory3->setText(localized(QStringLiteral("Memory3")));
+    m_ui->labelConnection->setText(localized(QStringLiteral("ConnectTable")));
     m_ui->labelVideoLinkInfo->setText(localized(QStringLiteral("InfoLinkButton")));
     m_ui->labelVideoLinkInfo->setHidden(properties().videoUrl().isEmpty());
     m_ui->labelMoreInfo->setText(localized(QStringLiteral("InfoLinkText")));
@@ -234,7 +198,7 @@ void SetupViewController::setAccessibleTexts()
         field->setAccessibleDescription(unit->text());
     }
     m_ui->slider->setAccessibleName(localized(QStringLiteral("AccessGoalSlider")));
-    for (HoverButton* button : memoryButtons()) {
+    for (HoverButton* button : m_memories.buttons()) {
         button->setAccessibleDescription(localized(QStringLiteral("AccessSetMemoryHint")));
         button->setToolTip(localized(QStringLiteral("AccessSetMemoryHint")));
     }
@@ -258,8 +222,6 @@ void SetupViewController::setFont()
         link->setFont(Fonts::Roman12());
         link->setUnderLineText();
     }
-    for (HoverButton* button : memoryButtons())
-        button->setFont(Fonts::Light11());
     for (QLineEdit* field : {m_ui->textFieldWeight, m_ui->textFieldTableHeight, m_ui->textFieldStandUpNumber})
         field->setFont(Fonts::Bold15());
 }
@@ -271,27 +233,16 @@ void SetupViewController::setTextColor()
         for (QLabel* label : labels)
             setLabelColor(*label, zelvoTextColor());
     }
-    for (HoverButton* button :
-        {m_ui->buttonDone, m_ui->buttonMemory1, m_ui->buttonMemory2, m_ui->buttonMemory3})
-        button->setTextColor(zelvoTextColor());
+    m_ui->buttonDone->setTextColor(zelvoTextColor());
     for (HoverLink* link : {m_ui->labelVideoLinkInfo, m_ui->labelMoreInfo})
         link->setTextColor(zelvoHoverColor());
 }
 
 void SetupViewController::setImages()
 {
-    for (HoverButton* button : memoryButtons()) {
-        button->setImagePosition(Button::ImagePosition::Above);
-        button->setBackgroundColor(zelvoButtonDarkBackgroundColor());
-        keepPlaceWhenHidden(*button);
-    }
     m_ui->buttonDone->setBackgroundColor(zelvoButtonDarkBackgroundColor());
-    m_ui->buttonMemory1->setImageNamed(QStringLiteral("ButtonMemory1"));
-    m_ui->buttonMemory2->setImageNamed(QStringLiteral("ButtonMemory2"));
-    m_ui->buttonMemory3->setImageNamed(QStringLiteral("ButtonMemory3"));
     m_ui->buttonCloseWithoutSaving->setImageNamed(QStringLiteral("ButtonClose"));
     m_ui->buttonCloseWithoutSaving->setImagePosition(Button::ImagePosition::Only);
-    keepPlaceWhenHidden(*m_ui->labelConnection);
 }
 
 void SetupViewController::connectControls()
@@ -303,7 +254,7 @@ void SetupViewController::connectControls()
     onClick(m_ui->buttonCloseWithoutSaving, &SetupViewController::buttonCloseWithoutSavingClicked);
     onClick(m_ui->labelMoreInfo, &SetupViewController::buttonInfoClicked);
     onClick(m_ui->labelVideoLinkInfo, &SetupViewController::buttonVideoLinkClicked);
-    for (HoverButton* button : memoryButtons())
+    for (HoverButton* button : m_memories.buttons())
         QObject::connect(
             button, &QAbstractButton::clicked, m_view, [this, button] { buttonMemoryClicked(*button); });
     QObject::connect(m_ui->slider, &QSlider::valueChanged, m_view, [this] { sliderMoved(); });
@@ -480,18 +431,10 @@ void SetupViewController::observerDeviceStateDidChange()
 {
     if (!m_view)
         return;
-    updateConnectionLabel();
+    m_memories.updateConnectionLabel();
     // The height of a desk that has left must not stay: saved against no desk it would shift the offset.
     if (!device())
         setDefaultTableHeight();
-}
-
-void SetupViewController::updateConnectionLabel()
-{
-    const bool active = isDeskActive();
-    m_ui->labelConnection->setHidden(active);
-    for (HoverButton* button : memoryButtons())
-        button->setEnabled(active);
 }
 
 void SetupViewController::setDefaultWeight()
@@ -622,11 +565,6 @@ void SetupViewController::describeSlider()
         circle.value().value_or(QString()) + QLatin1Char(' ') + circle.title().value_or(QString()));
 }
 
-std::array<HoverButton*, 3> SetupViewController::memoryButtons() const
-{
-    return {m_ui->buttonMemory1, m_ui->buttonMemory2, m_ui->buttonMemory3};
-}
-
 /// What the user says the desk's height is, less what the desk says.
 void SetupViewController::saveTablePositionOffset()
 {
@@ -643,68 +581,11 @@ void SetupViewController::buttonMemoryClicked(HoverButton& button)
         saveTablePositionOffset();
     else
         refuse(*m_ui->textFieldTableHeight);
-    if (!isDeskActive())
-        return;
-    removeMemoryView();
-    m_memoryViewController->setIndex(button.property("tag").toInt());
-    addMemoryView(button);
-}
-
-void SetupViewController::addMemoryView(HoverButton& button)
-{
-    QWidget* const editor = m_memoryViewController->view();
-    editor->setParent(button.parentWidget());
-    m_ui->memoryRow->addWidget(editor, 0, m_memoryViewController->index() - 1);
-    QWidget::setTabOrder(&button, m_memoryViewController->buttonUp());
-    QWidget::setTabOrder(m_memoryViewController->buttonUp(), m_memoryViewController->buttonDown());
-    QWidget::setTabOrder(m_memoryViewController->buttonDown(), m_memoryViewController->buttonDone());
-    editor->show();
-    m_memoryViewController->buttonUp()->setFocus(focusReasonAfter(button));
-    button.mouseExited();
-    button.hide();
-}
-
-void SetupViewController::removeMemoryView()
-{
-    QWidget* const editor = m_memoryViewController->view();
-    m_ui->memoryRow->removeWidget(editor);
-    editor->setParent(nullptr);
-    for (HoverButton* button : memoryButtons())
-        button->show();
+    m_memories.edit(button);
 }
 
 void SetupViewController::memoryViewButtonDoneClicked()
 {
-    if (!m_view)
-        return;
-    const Qt::FocusReason reason = focusReasonAfter(*m_memoryViewController->buttonDone());
-    removeMemoryView();
-    const int32_t index = m_memoryViewController->index();
-    if (index < 1 || index > 3)
-        return;
-    memoryButtons()[size_t(index - 1)]->setFocus(reason);
-    if (device()) // Without a desk there is no height; what was stored before stays.
-        setDevicePosition(index, deskPosition());
-}
-
-void SetupViewController::memoryViewButtonUpMouseDown()
-{
-    if (ZelvoHIDDevice* const desk = m_deskHold.begin())
-        desk->moveUp();
-}
-
-void SetupViewController::memoryViewButtonUpMouseUp()
-{
-    m_deskHold.end();
-}
-
-void SetupViewController::memoryViewButtonDownMouseDown()
-{
-    if (ZelvoHIDDevice* const desk = m_deskHold.begin())
-        desk->moveDown();
-}
-
-void SetupViewController::memoryViewButtonDownMouseUp()
-{
-    m_deskHold.end();
+    if (m_view)
+        m_memories.storePosition();
 }

@@ -1,10 +1,9 @@
 #pragma once
 
 #include "data/ActivityManager.h"
-#include "desk/DeskHold.h"
 #include "platform/NotificationCenter.h"
 #include "screens/GoalCircleView.h"
-#include "screens/MemoryViewController.h"
+#include "screens/MemoryRow.h"
 #include "ui/ClickableLabel.h"
 
 #include <QPointer>
@@ -15,7 +14,6 @@
 #include <vector>
 
 class BackgroundTextField;
-class HoverButton;
 class HyperLinkTextField;
 class PositionListener;
 class QLineEdit;
@@ -71,15 +69,15 @@ public:
     void positionUpdated(int32_t height); ///< raw, 0.1 mm
     void observerDeviceStateDidChange();
     void memoryViewButtonDoneClicked() override;
-    void memoryViewButtonUpMouseDown() override;
-    void memoryViewButtonUpMouseUp() override;
-    void memoryViewButtonDownMouseDown() override;
-    void memoryViewButtonDownMouseUp() override;
+    void memoryViewButtonUpMouseDown() override { m_memories.moveUp(); }
+    void memoryViewButtonUpMouseUp() override { m_memories.stop(); }
+    void memoryViewButtonDownMouseDown() override { m_memories.moveDown(); }
+    void memoryViewButtonDownMouseUp() override { m_memories.stop(); }
 
     [[nodiscard]] SetupViewControllerDelegate* delegate() const { return m_delegate; }
     void setDelegate(SetupViewControllerDelegate* delegate) { m_delegate = delegate; }
     /// Null before the first view().
-    [[nodiscard]] MemoryViewController* memoryViewController() const { return m_memoryViewController.get(); }
+    [[nodiscard]] MemoryViewController* memoryViewController() const { return m_memories.editor(); }
     [[nodiscard]] const ActivityManager& activityGoalManager() const { return m_activityGoalManager; }
 
 private:
@@ -99,7 +97,6 @@ private:
     void refill(const QLineEdit& field);
     void setUpEntryField(BackgroundTextField& field, double minValue, double maxValue, bool acceptComma);
 
-    void updateConnectionLabel();
     void setDefaultWeight();
     void setDefaultTableHeight();
     void setDefaultNumberOfStandUps();
@@ -120,20 +117,16 @@ private:
     void updateGoalLabel();
     void describeSlider();
 
-    [[nodiscard]] std::array<HoverButton*, 3> memoryButtons() const;
     void saveTablePositionOffset();
-    void addMemoryView(HoverButton& button);
-    void removeMemoryView();
     void dropView();
 
     Workspace& m_workspace;
-    DeskHold m_deskHold; // Before the view, whose end lets go of its buttons.
     SetupViewControllerDelegate* m_delegate = nullptr;
     ActivityManager m_activityGoalManager;
-    std::unique_ptr<MemoryViewController> m_memoryViewController;
+    std::unique_ptr<Ui::SetupView> m_ui;
+    MemoryRow m_memories;
     std::vector<NotificationCenter::Observation> m_observations;
     std::vector<std::shared_ptr<PositionListener>> m_positionListeners;
     QPointer<QWidget> m_view;
     HyperLinkTextField* m_refusal = nullptr; ///< Belongs to the view.
-    std::unique_ptr<Ui::SetupView> m_ui;
 };

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "desk/DeskHold.h"
+#include "screens/MemoryViewController.h"
+
+#include <array>
+#include <cstdint>
+#include <memory>
+
+class HoverButton;
+
+namespace Ui {
+class SetupView;
+}
+
+/// The row of memories on the setup screen: three buttons, the memory editor that takes the place of the one
+/// that was clicked, and the notice that asks for a desk, without which none can be set.
+class MemoryRow final {
+public:
+    /// The form is set up later, and may be again; every operation but this needs it.
+    explicit MemoryRow(const Ui::SetupView& ui)
+        : m_ui(ui)
+    {
+    }
+
+    /// For a form that was just set up.
+    /// @param delegate hears of the editor's buttons and calls the operations below
+    void awakeFromNib(MemoryViewControllerDelegate& delegate);
+    void updateConnectionLabel();
+    /// Opens the editor in the place of the button, whose property "tag" is the position's number.
+    void edit(HoverButton& button);
+    /// Closes the editor and stores the desk's raw height as the position that was edited.
+    void storePosition();
+    void moveUp();
+    void moveDown();
+    void stop() { m_deskHold.end(); }
+
+    [[nodiscard]] std::array<HoverButton*, 3> buttons() const;
+    /// Null before a form was set up.
+    [[nodiscard]] MemoryViewController* editor() const { return m_editor.get(); }
+
+private:
+    void removeMemoryView();
+
+    const Ui::SetupView& m_ui;
+    DeskHold m_deskHold; // Before the editor, whose end lets go of its buttons.
+    std::unique_ptr<MemoryViewController> m_editor;
+};
