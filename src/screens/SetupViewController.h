@@ -4,6 +4,7 @@
 #include "platform/NotificationCenter.h"
 #include "screens/GoalCircleView.h"
 #include "screens/MemoryRow.h"
+#include "screens/SetupEntries.h"
 #include "ui/ClickableLabel.h"
 
 #include <QPointer>
@@ -13,8 +14,6 @@
 #include <memory>
 #include <vector>
 
-class BackgroundTextField;
-class HyperLinkTextField;
 class PositionListener;
 class QLineEdit;
 class QWidget;
@@ -38,8 +37,9 @@ protected:
 /// The setup screen: weight, desk height, stand-ups, goal and memory positions. Nothing is saved before Done,
 /// except what the memory editor stores. Activity modes: 1 calories, 2 time. Goal steps: 0 to 4.
 ///
-/// The screen drops its view when it is closed without saving; until the next call of view() nothing that it
-/// is told has an effect on anything shown.
+/// The screen drops its view when it is closed without saving; until the next call of view() it hears no
+/// control, and news of the desk has no effect. Entries and memories are parts of their own; here are the
+/// goal chooser and what holds the screen together.
 class SetupViewController final : public ClickableLabelDelegate,
                                   public GoalCircleViewDelegate,
                                   public MemoryViewControllerDelegate {
@@ -64,11 +64,11 @@ public:
     void clickableLabelClicked(ClickableLabel& label) override;
     void goalCircleIndicatorViewClicked(GoalCircleView& circle) override;
     /// The user changed the field's text.
-    void controlTextDidChange(const QLineEdit& field);
+    void controlTextDidChange(const QLineEdit&) { updateGoalLabel(); }
     void controlTextDidEndEditing(const QLineEdit& field);
     void positionUpdated(int32_t height); ///< raw, 0.1 mm
     void observerDeviceStateDidChange();
-    void memoryViewButtonDoneClicked() override;
+    void memoryViewButtonDoneClicked() override { m_memories.storePosition(); }
     void memoryViewButtonUpMouseDown() override { m_memories.moveUp(); }
     void memoryViewButtonUpMouseUp() override { m_memories.stop(); }
     void memoryViewButtonDownMouseDown() override { m_memories.moveDown(); }
@@ -84,49 +84,33 @@ private:
     void awakeFromNib();
     void observe();
     void setLocalizationText();
-    void setAccessibleTexts();
     void setFont();
-    void setTextColor();
-    void setImages();
+    void setLook();
     void connectControls();
-    void setUpRefusal();
-    /// Whether Done may store what the field holds. Accessibility clients write past its validator.
-    [[nodiscard]] static bool isAccepted(const QLineEdit& field);
-    /// Puts the stored value back and says so beside the field.
-    void refuse(QLineEdit& field);
-    void refill(const QLineEdit& field);
-    void setUpEntryField(BackgroundTextField& field, double minValue, double maxValue, bool acceptComma);
 
-    void setDefaultWeight();
-    void setDefaultTableHeight();
-    void setDefaultNumberOfStandUps();
-
+    void showStoredGoal();
     void showActivityMode(int32_t mode);
-    [[nodiscard]] QString modeTitleFromMode(int32_t mode) const;
+    [[nodiscard]] static QString modeTitleFromMode(int32_t mode);
     [[nodiscard]] int32_t currentActivityMode() const;
     void activityModeCalories();
     void activityModeTime();
     void setTabLineForCalories();
     void setTabLineForTime();
-
+    [[nodiscard]] double goal() const; ///< kcal a day, or standing minutes an hour
     [[nodiscard]] std::array<GoalCircleView*, 5> goalIndicators() const;
     void deactiveteGoalIndicators();
     void setIndex(int32_t step);
     void setGoalIndicatorIndex(int32_t step);
     void setSliderIndex(int32_t step);
     void updateGoalLabel();
-    void describeSlider();
-
-    void saveTablePositionOffset();
-    void dropView();
 
     Workspace& m_workspace;
     SetupViewControllerDelegate* m_delegate = nullptr;
     ActivityManager m_activityGoalManager;
     std::unique_ptr<Ui::SetupView> m_ui;
+    SetupEntries m_entries;
     MemoryRow m_memories;
     std::vector<NotificationCenter::Observation> m_observations;
     std::vector<std::shared_ptr<PositionListener>> m_positionListeners;
     QPointer<QWidget> m_view;
-    HyperLinkTextField* m_refusal = nullptr; ///< Belongs to the view.
 };

@@ -233,9 +233,6 @@ TEST_F(SetupViewControllerTest, leavingWithoutSavingWritesNothingAndBuildsTheScr
     // News that arrives while there is no screen.
     moveDeskTo(4400);
     hid.unplug(adapter);
-    screen.buttonClosedClicked();
-    screen.sliderMoved();
-    screen.memoryViewButtonDoneClicked();
     EXPECT_TRUE(platform.defaults.writes.isEmpty());
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_FALSE(dropped);

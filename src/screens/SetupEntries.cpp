@@ -1,0 +1,185 @@
+#include "screens/SetupEntries.h"
+
+#include "data/AppProperties.h"
+#include "data/DecimalFormatter.h"
+#include "data/Helper.h"
+#include "data/Saturation.h"
+#include "desk/HubAccess.h"
+#include "platform/Bundle.h"
+#include "screens/EntryNumber.h"
+#include "ui/FontAndTextHandler.h"
+#include "ui/HyperLinkTextField.h"
+#include "ui/NumberEntryValidator.h"
+#include "ui/Palette.h"
+#include "ui_SetupView.h"
+
+#include <algorithm>
+
+namespace {
+constexpr double kUnitsPerCentimetre = 100; // Raw heights are in 0.1 mm.
+constexpr int kRefusalMargin = 2;
+
+AppProperties& properties()
+{
+    return AppProperties::instance();
+}
+
+QString localized(const QString& key)
+{
+    return Bundle::main().localizedString(key);
+}
+
+/// The number without its fraction.
+QString truncated(double number)
+{
+    return QString::number(saturated<int32_t>(number));
+}
+
+/// The limits and characters of an entry, as its validator knows them.
+const DecimalFormatter& formatter(const QLineEdit& field)
+{
+    return dynamic_cast<const NumberEntryValidator&>(*field.validator()).formatter();
+}
+
+bool isAccepted(const QLineEdit& field)
+{
+    const QString text = field.text();
+    const bool hasDigit = std::any_of(text.cbegin(), text.cend(), [](QChar c) { return !c.isPunct(); });
+    return hasDigit && formatter(field).isPartialStringValid(text);
+}
+
+/// A field that begins with a text its validator refuses would from then on take any text. What the settings
+/// hold is therefore shown unasked.
+void fill(QLineEdit& field, const QString& text)
+{
+    const QValidator* const validator = field.validator();
+    field.setValidator(nullptr);
+    field.setText(text);
+    field.setValidator(validator);
+}
+}
+
+void SetupEntries::awakeFromNib()
+{
+    setUpRefusal();
+    const bool isMetric = properties().isMetric();
+    m_ui.labelSystemOfUnits->setText(localized(isMetric ? QStringLiteral("Kg") : QStringLiteral("Lbs")));
+    m_ui.labelCm->setText(Helper::TableHeightUnit());
+    const struct {
+        BackgroundTextField* field;
+        const QLabel* heading;
+        const QLabel* unit;
+        double minValue;
+        double maxValue;
+        bool acceptComma; // Inches have one decimal, centimetres are whole.
+    } kEntries[] = {{m_ui.textFieldWeight, m_ui.labelYourWeight, m_ui.labelSystemOfUnits, 0, 999, false},
+        {m_ui.textFieldTableHeight, m_ui.labelTabelHeight, m_ui.labelCm, 0, 2500, !isMetric},
+        {m_ui.textFieldStandUpNumber, m_ui.labelNumberOfSessions, m_ui.LabelEachHour, 1, 6, false}};
+    for (const auto& [field, heading, unit, minValue, maxValue, acceptComma] : kEntries) {
+        auto* validator = new NumberEntryValidator(field);
+        validator->formatter().setMinValue(minValue);
+        validator->formatter().setMaxValue(maxValue);
+        validator->formatter().setAcceptComma(acceptComma);
+        field->setValidator(validator);
+        field->setBackgroundImage(Picture(QStringLiteral("SetupTextField")));
+        field->setTextColor(Qt::white);
+        field->setInsertionPointColor(Qt::white);
+        field->setFont(FontAndTextHandler::Bold15());
+        field->setAccessibleName(heading->text());
+        field->setAccessibleDescription(unit->text());
+        refill(*field);
+        QObject::connect(field, &QLineEdit::textEdited, m_refusal, &QWidget::hide);
+    }
+}
+
+/// A line above everything else, so that the screen needs no room for it.
+void SetupEntries::setUpRefusal()
+{
+    m_refusal = new HyperLinkTextField(m_ui.textFieldWeight->parentWidget()); // Which screen readers hear.
+    m_refusal->setWordWrap(false);
+    m_refusal->setObjectName(QStringLiteral("labelRefusal"));
+    m_refusal->setFont(FontAndTextHandler::Roman12()); // Fits between the fields and the tabs.
+    QPalette palette = m_refusal->palette();
+    palette.setColor(QPalette::WindowText, zelvoHoverColor());
+    m_refusal->setPalette(palette);
+    m_refusal->setBackgroundRole(QPalette::Window);
+    m_refusal->setAutoFillBackground(true);
+    m_refusal->setMargin(kRefusalMargin);
+    m_refusal->hide();
+}
+
+void SetupEntries::setDefaultWeight()
+{
+    const double weight = properties().weight();
+    const double shown = weight > 0 ? weight : properties().weightDefault();
+    if (shown != 0)
+        fill(*m_ui.textFieldWeight, truncated(Helper::kiloToSystemUnit(shown)));
+}
+
+void SetupEntries::setDefaultTableHeight()
+{
+    fill(*m_ui.textFieldTableHeight, Helper::formattedTableHeight(double(deskHeightMillimetres())));
+}
+
+void SetupEntries::setDefaultNumberOfStandUps()
+{
+    const int32_t stored = properties().numberOfStandUps();
+    fill(*m_ui.textFieldStandUpNumber,
+        stored < 1 ? truncated(properties().numberOfStandUpsDefault()) : QString::number(stored));
+}
+
+void SetupEntries::refill(const QLineEdit& field)
+{
+    if (&field == m_ui.textFieldWeight)
+        setDefaultWeight();
+    else if (&field == m_ui.textFieldTableHeight)
+        setDefaultTableHeight();
+    else
+        setDefaultNumberOfStandUps();
+}
+
+void SetupEntries::refillIfEmpty(const QLineEdit& field)
+{
+    if (field.text().isEmpty() && &field != m_ui.textFieldTableHeight)
+        refill(field);
+}
+
+bool SetupEntries::accept(QLineEdit& field)
+{
+    m_refusal->hide();
+    if (isAccepted(field))
+        return true;
+    refill(field);
+    m_refusal->setText(
+        localized(QStringLiteral("EntryRefused"))
+            .arg(QString::number(formatter(field).minValue()), QString::number(formatter(field).maxValue())));
+    m_refusal->adjustSize();
+    const int rightmost = m_refusal->parentWidget()->width() - m_ui.textFieldWeight->x() - m_refusal->width();
+    m_refusal->move(std::min(field.x(), rightmost), field.geometry().bottom() + 1);
+    m_refusal->raise();
+    m_refusal->show();
+    field.setFocus();
+    field.selectAll();
+    return false;
+}
+
+double SetupEntries::kilograms() const
+{
+    return Helper::systemUnitToKilo(integerValue(m_ui.textFieldWeight->text()));
+}
+
+int32_t SetupEntries::tablePositionOffset() const
+{
+    const double centimetres = Helper::systemUnitToCm(decimalValue(m_ui.textFieldTableHeight->text()));
+    return saturated<int32_t>(centimetres * kUnitsPerCentimetre - (device() ? device()->position() : 0));
+}
+
+int32_t SetupEntries::numberOfStandUps() const
+{
+    return integerValue(m_ui.textFieldStandUpNumber->text());
+}
+
+std::array<QLineEdit*, 3> SetupEntries::fields() const
+{
+    return {m_ui.textFieldWeight, m_ui.textFieldTableHeight, m_ui.textFieldStandUpNumber};
+}
