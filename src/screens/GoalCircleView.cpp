@@ -6,7 +6,6 @@
 #include "ui/Palette.h"
 
 #include <QAccessible>
-#include <QFocusEvent>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMouseEvent>
@@ -151,16 +150,4 @@ void GoalCircleView::keyReleaseEvent(QKeyEvent* event)
 {
     m_keyRepeat.released(*event);
     QWidget::keyReleaseEvent(event);
-}
-
-void GoalCircleView::focusInEvent(QFocusEvent* event)
-{
-    m_focusMark.focusIn(event->reason());
-    QWidget::focusInEvent(event);
-}
-
-void GoalCircleView::focusOutEvent(QFocusEvent* event)
-{
-    m_focusMark.focusOut(event->reason());
-    QWidget::focusOutEvent(event);
 }

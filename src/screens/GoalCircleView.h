@@ -63,8 +63,6 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
 
 private:
     void createControls();
@@ -77,7 +75,7 @@ private:
     bool m_active = false;
     bool m_hover = false;
     GoalCircleViewDelegate* m_delegate = nullptr;
-    FocusMark m_focusMark;
+    FocusMark m_focusMark {*this};
     KeyRepeat m_keyRepeat;
     Picture m_image;
     Picture m_imageHover;

@@ -84,14 +84,12 @@ void BackgroundTextField::paintEvent(QPaintEvent* event)
 
 void BackgroundTextField::focusInEvent(QFocusEvent* event)
 {
-    m_focusMark.focusIn(event->reason());
     QLineEdit::focusInEvent(event);
     restartCaret();
 }
 
 void BackgroundTextField::focusOutEvent(QFocusEvent* event)
 {
-    m_focusMark.focusOut(event->reason());
     QLineEdit::focusOutEvent(event);
     stopCaret();
 }

@@ -46,7 +46,7 @@ private:
 
     Picture m_backgroundImage;
     QColor m_insertionPointColor;
-    FocusMark m_focusMark;
+    FocusMark m_focusMark {*this};
     TimerScope m_timers;
     TimerRef m_blinkTimer;
     bool m_isCaretShown = false;

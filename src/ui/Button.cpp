@@ -2,7 +2,6 @@
 
 #include "ui/Accessibility.h"
 
-#include <QFocusEvent>
 #include <QFontMetrics>
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -129,18 +128,6 @@ void Button::keyReleaseEvent(QKeyEvent* event)
 {
     m_keyRepeat.released(*event);
     QPushButton::keyReleaseEvent(event);
-}
-
-void Button::focusInEvent(QFocusEvent* event)
-{
-    m_focusMark.focusIn(event->reason());
-    QPushButton::focusInEvent(event);
-}
-
-void Button::focusOutEvent(QFocusEvent* event)
-{
-    m_focusMark.focusOut(event->reason());
-    QPushButton::focusOutEvent(event);
 }
 
 bool Button::hitButton(const QPoint& position) const

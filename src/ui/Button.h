@@ -44,8 +44,6 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
     [[nodiscard]] bool hitButton(const QPoint& position) const override;
 
 private:
@@ -53,7 +51,7 @@ private:
     QColor m_backgroundColor;
     Picture m_image;
     ImagePosition m_imagePosition = ImagePosition::Leading;
-    FocusMark m_focusMark;
+    FocusMark m_focusMark {*this};
     KeyRepeat m_keyRepeat;
     bool m_isUnderlined = false;
 };

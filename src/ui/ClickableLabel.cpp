@@ -5,7 +5,6 @@
 #include "ui/Palette.h"
 
 #include <QAccessible>
-#include <QFocusEvent>
 #include <QFontMetrics>
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -139,20 +138,6 @@ void ClickableLabel::keyReleaseEvent(QKeyEvent* event)
 {
     m_keyRepeat.released(*event);
     QLabel::keyReleaseEvent(event);
-}
-
-void ClickableLabel::focusInEvent(QFocusEvent* event)
-{
-    m_focusMark.focusIn(event->reason());
-    QLabel::focusInEvent(event);
-    update();
-}
-
-void ClickableLabel::focusOutEvent(QFocusEvent* event)
-{
-    m_focusMark.focusOut(event->reason());
-    QLabel::focusOutEvent(event);
-    update();
 }
 
 void ClickableLabel::setUnderlined(bool underlined)

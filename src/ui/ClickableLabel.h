@@ -51,15 +51,13 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
 
 private:
     void setUnderlined(bool underlined);
 
     ClickableLabelDelegate* m_delegateClick = nullptr;
     QString m_originalAttribuedString;
-    FocusMark m_focusMark;
+    FocusMark m_focusMark {*this};
     KeyRepeat m_keyRepeat;
     bool m_active = false;
 };

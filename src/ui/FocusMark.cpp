@@ -2,7 +2,9 @@
 
 #include "ui/Palette.h"
 
+#include <QFocusEvent>
 #include <QPainter>
+#include <QWidget>
 
 namespace {
 constexpr qreal kRingWidth = 2;
@@ -20,17 +22,34 @@ void paintLine(QPainter& painter, const QRectF& rect, qreal inset, qreal radius,
 }
 }
 
+FocusMark::FocusMark(QWidget& control)
+    : m_control(control)
+{
+    control.installEventFilter(this);
+}
+
+bool FocusMark::eventFilter(QObject*, QEvent* event)
+{
+    if (event->type() == QEvent::FocusIn)
+        focusIn(static_cast<QFocusEvent*>(event)->reason());
+    else if (event->type() == QEvent::FocusOut)
+        focusOut(static_cast<QFocusEvent*>(event)->reason());
+    return false;
+}
+
 void FocusMark::focusIn(Qt::FocusReason reason)
 {
     const bool byKeyboard =
         reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason;
     m_isVisible = isComingBack(reason) ? m_returns : byKeyboard;
+    m_control.update();
 }
 
 void FocusMark::focusOut(Qt::FocusReason reason)
 {
     m_returns = m_isVisible && isComingBack(reason);
     m_isVisible = false;
+    m_control.update();
 }
 
 void paintFocusMark(QPainter& painter, const QRectF& rect, qreal radius)

@@ -1,21 +1,28 @@
 #pragma once
 
-#include <qnamespace.h>
+#include <QObject>
 
 class QPainter;
 class QRectF;
+class QWidget;
 
 /// Whether a control shows that it has the focus: only when the keyboard brought it there, because a ring
-/// around everything that is clicked is noise.
-class FocusMark {
+/// around everything that is clicked is noise. A window that comes back to the front keeps the mark as it
+/// was.
+class FocusMark final : public QObject {
 public:
+    /// Watches the control's focus, and has it painted anew at each change.
+    explicit FocusMark(QWidget& control);
+
     [[nodiscard]] bool isVisible() const { return m_isVisible; }
-    /// Call from focusInEvent() and focusOutEvent(), then update(). A window that comes back to the front
-    /// keeps the mark as it was.
+
+    bool eventFilter(QObject* receiver, QEvent* event) override;
+
+private:
     void focusIn(Qt::FocusReason reason);
     void focusOut(Qt::FocusReason reason);
 
-private:
+    QWidget& m_control;
     bool m_isVisible = false;
     bool m_returns = false;
 };

@@ -1,6 +1,5 @@
 #include "ui/StepSlider.h"
 
-#include <QFocusEvent>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -78,18 +77,4 @@ void StepSlider::moveTo(double x)
 {
     const bool isMirrored = layoutDirection() == Qt::RightToLeft;
     setSliderPosition(m_cell.stepAt(size(), isMirrored ? width() - x : x));
-}
-
-void StepSlider::focusInEvent(QFocusEvent* event)
-{
-    m_focusMark.focusIn(event->reason());
-    QSlider::focusInEvent(event);
-    update();
-}
-
-void StepSlider::focusOutEvent(QFocusEvent* event)
-{
-    m_focusMark.focusOut(event->reason());
-    QSlider::focusOutEvent(event);
-    update();
 }

@@ -26,12 +26,10 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
-    void focusOutEvent(QFocusEvent* event) override;
 
 private:
     void moveTo(double x);
 
     SliderCell m_cell = SliderCell::withPictures();
-    FocusMark m_focusMark;
+    FocusMark m_focusMark {*this};
 };
