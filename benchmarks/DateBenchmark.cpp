@@ -1,5 +1,6 @@
 #include "data/Date.h"
 #include "platform/Bundle.h"
+#include "platform/ProcessServices.h"
 #include "platform/qt/QtRunLoop.h"
 
 #include <QCoreApplication>
@@ -30,7 +31,7 @@ void newCalendar(benchmark::State& state)
 {
     const Date date = Date::now();
     for (auto _ : state) {
-        Date::resetCalendar();
+        const ProcessServices services(ProcessServices::installed().backends());
         benchmark::DoNotOptimize(date.dateAtStartOfDay());
     }
 }
@@ -41,9 +42,8 @@ int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
     QtRunLoop runLoop;
-    RunLoop::setMain(&runLoop);
     Bundle bundle {QJsonObject()};
-    Bundle::setMain(&bundle);
+    const ProcessServices services({&runLoop, &bundle});
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
 }

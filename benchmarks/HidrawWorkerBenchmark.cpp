@@ -1,3 +1,4 @@
+#include "platform/ProcessServices.h"
 #include "platform/linux/HidrawWorker.h"
 #include "platform/qt/QtRunLoop.h"
 
@@ -7,7 +8,7 @@
 static void handOver(benchmark::State& state)
 {
     QtRunLoop runLoop;
-    RunLoop::setMain(&runLoop);
+    const ProcessServices services({&runLoop});
     const std::vector<uint8_t> stop {5, 1, 0x80, 1, 0x80, 1, 0x80, 1};
     HidrawWorker worker("/nowhere", stop, [](const HidMailbox::News&) {});
     const auto await = [&] { worker.await(HidMailbox::Direction::Write, stop[0], HidDevice::kWaitSeconds); };

@@ -80,37 +80,20 @@ qint64 pssKilobytes()
 class World {
 public:
     explicit World(RunLoop& runLoop)
+        : m_services({&runLoop, &m_bundle, &m_defaults})
     {
-        RunLoop::setMain(&runLoop);
-        Bundle::setMain(&m_bundle);
-        UserDefaults::setStandard(&m_defaults);
-        AppProperties::resetInstance();
         AppProperties& properties = AppProperties::instance();
         properties.setWeight(80);
         properties.setActivityMode(1);
         properties.setActivityGoal(150);
         properties.setNumberOfStandUps(2);
-        m_simulated = std::make_unique<SimulatedHidManager>();
-        app = std::make_unique<AppDelegate>(AppDelegate::Dependencies {*m_simulated, m_events, m_workspace,
+        app = std::make_unique<AppDelegate>(AppDelegate::Dependencies {m_simulated, m_events, m_workspace,
             m_loginItems, m_dialogs, m_folder.path(), {}, [] {},
             [this](AppDelegate& delegate) {
-                return std::make_unique<TestWindowController>(
-                    delegate.menuletController(), m_simulated.get());
+                return std::make_unique<TestWindowController>(delegate.menuletController(), &m_simulated);
             }});
         app->applicationDidFinishLaunching();
     }
-    ~World()
-    {
-        AppProperties::instance().setZelvoController(nullptr);
-        app.reset();
-        m_simulated.reset();
-        AppProperties::resetInstance();
-        UserDefaults::setStandard(nullptr);
-        Bundle::setMain(nullptr);
-        RunLoop::setMain(nullptr);
-    }
-    World(const World&) = delete;
-    World& operator=(const World&) = delete;
 
     void fillStore() const
     {
@@ -129,17 +112,19 @@ public:
             out() << error.localizedDescription << Qt::endl;
     }
 
-    std::unique_ptr<AppDelegate> app;
-
 private:
     QTemporaryDir m_folder;
     Bundle m_bundle {Bundle::compiledInformation()};
     MemoryUserDefaults m_defaults;
+    ProcessServices m_services;
     FakeEventSource m_events;
     FakeWorkspace m_workspace;
     FakeLoginItems m_loginItems;
     FakeDialogs m_dialogs;
-    std::unique_ptr<SimulatedHidManager> m_simulated;
+    SimulatedHidManager m_simulated;
+
+public:
+    std::unique_ptr<AppDelegate> app;
 };
 
 /// Notes that a window has been painted.

@@ -2,10 +2,9 @@
 // and runs it.
 
 #include "CommandLine.h"
-#include "data/AppProperties.h"
-#include "data/Date.h"
 #include "platform/Bundle.h"
 #include "platform/Log.h"
+#include "platform/ProcessServices.h"
 #include "platform/linux/AutostartLoginItems.h"
 #include "platform/linux/DBusWorkspace.h"
 #include "platform/linux/DisplayServer.h"
@@ -89,9 +88,7 @@ std::unique_ptr<HidManager> makeHidManager(bool simulate)
 /// Everything that outlives the application delegate, in the order in which it is built.
 struct Program {
     explicit Program(const CommandLine& commandLine)
-        : bundle(Bundle::compiledInformation())
-        , defaults(settingsPath())
-        , hidManager(makeHidManager(commandLine.simulate))
+        : hidManager(makeHidManager(commandLine.simulate))
         , eventSource(makeIdleTimeSource())
         , tray(QDBusConnection::sessionBus(),
               QGuiApplication::platformName() == QStringLiteral("xcb") ? TrayHost::X11Tray::Accepted
@@ -104,20 +101,12 @@ struct Program {
                       delegate.menuletController(), dynamic_cast<SimulatedHidManager*>(hidManager.get()));
               }})
     {
-        Bundle::setMain(&bundle);
-        UserDefaults::setStandard(&defaults);
     }
 
-    ~Program()
-    {
-        AppProperties::instance().setZelvoController(
-            nullptr); // The hub lets go of the backends before they go.
-        UserDefaults::setStandard(nullptr);
-        Bundle::setMain(nullptr);
-    }
-
-    Bundle bundle;
-    QtUserDefaults defaults;
+    QtRunLoop runLoop;
+    Bundle bundle {Bundle::compiledInformation()};
+    QtUserDefaults defaults {settingsPath()};
+    ProcessServices services {{&runLoop, &bundle, &defaults}};
     std::unique_ptr<HidManager> hidManager;
     std::unique_ptr<EventSource> eventSource;
     DBusWorkspace workspace {QDBusConnection::systemBus(), QDBusConnection::sessionBus()};
@@ -142,8 +131,8 @@ void appearInTray(Program& program, TimerScope& timers)
 
 int run(const CommandLine& commandLine, Application& application, SingleInstance& instance)
 {
-    TimerScope timers;
     Program program(commandLine);
+    TimerScope timers;
     AppDelegate& app = program.app;
     const auto terminate = [&app] { app.terminate(); };
     const UnixSignals signals([terminate](int) { terminate(); });
@@ -220,8 +209,6 @@ int main(int argc, char** argv)
     QCoreApplication::setApplicationName(QStringLiteral("Zelvo StandUp"));
     QApplication::setQuitOnLastWindowClosed(false);
     QApplication::setWindowIcon(pictureIcon(QStringLiteral("StandUp")));
-    QtRunLoop runLoop;
-    RunLoop::setMain(&runLoop);
 
     if (AutostartLoginItems().isStartUnwanted())
         return 0;
@@ -229,7 +216,5 @@ int main(int argc, char** argv)
     if (!instance.acquire())
         return showFirstInstance(instance);
     installTexts(application, commandLine.language);
-    const int exitCode = run(commandLine, application, instance);
-    RunLoop::setMain(nullptr);
-    return exitCode;
+    return run(commandLine, application, instance);
 }

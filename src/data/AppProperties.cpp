@@ -3,6 +3,7 @@
 #include "data/Saturation.h"
 #include "platform/Bundle.h"
 #include "platform/Log.h"
+#include "platform/ProcessServices.h"
 #include "platform/UserDefaults.h"
 
 #include <QSet>
@@ -10,7 +11,6 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <mutex>
 #include <utility>
 
 namespace {
@@ -66,26 +66,17 @@ const struct Setting {
     {Key::numberOfStandUpsDefault, 1, 6, 1},
 };
 
-AppProperties* s_instance = nullptr;
-
-std::mutex& instanceMutex()
-{
-    static std::mutex mutex;
-    return mutex;
-}
-
-QSet<QString>& reportedKeys()
-{
-    static QSet<QString> keys;
-    return keys;
-}
-
 /// A setting may be read every second; what is wrong with it is said once.
+struct ReportedKeys {
+    QSet<QString> keys;
+};
+
 void reportOnce(const QString& key, const QString& message)
 {
-    if (reportedKeys().contains(key))
+    QSet<QString>& reported = ProcessServices::installed().shared<ReportedKeys>().keys;
+    if (reported.contains(key))
         return;
-    reportedKeys().insert(key);
+    reported.insert(key);
     Log::line(message);
 }
 
@@ -203,19 +194,7 @@ QUrl informationUrl(const Bundle& bundle, const QString& key)
 
 AppProperties& AppProperties::instance()
 {
-    // Never destroyed while the process runs: the hub inside may not outlive the run loop by ending after
-    // main() has returned.
-    const std::scoped_lock lock(instanceMutex());
-    if (!s_instance)
-        s_instance = new AppProperties;
-    return *s_instance;
-}
-
-void AppProperties::resetInstance()
-{
-    const std::scoped_lock lock(instanceMutex());
-    delete std::exchange(s_instance, nullptr);
-    reportedKeys().clear();
+    return ProcessServices::installed().shared<AppProperties>();
 }
 
 AppProperties::AppProperties()

@@ -19,10 +19,8 @@ class ZelvoController;
 /// "data/Saturation.h" turns any number into an integer.
 class AppProperties {
 public:
+    /// The one of the ProcessServices.
     static AppProperties& instance();
-    /// Forgets the instance and its caches, so that a test starts as a new process would. A test that uses
-    /// the settings calls it when its platform has changed.
-    static void resetInstance();
 
     AppProperties(const AppProperties&) = delete;
     AppProperties& operator=(const AppProperties&) = delete;
@@ -127,6 +125,7 @@ public:
     static void setDefaultInteger(int64_t integer, const QString& key);
 
 private:
+    friend class ProcessServices;
     AppProperties();
     [[nodiscard]] const Bundle& bundle() const;
 

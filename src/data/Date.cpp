@@ -310,8 +310,3 @@ DateComponents Date::components() const
 {
     return UserCalendar::current().components(m_seconds);
 }
-
-void Date::resetCalendar()
-{
-    UserCalendar::forget();
-}

@@ -113,10 +113,6 @@ public:
     [[nodiscard]] QString monthName() const;
     [[nodiscard]] DateComponents components() const;
 
-    /// Forgets the calendar that is kept for speed. A long-running program need not call it: another locale
-    /// or TZ is noticed at the next question, another time zone of the system within a second.
-    static void resetCalendar();
-
     friend bool operator==(Date, Date) = default;
 
 private:

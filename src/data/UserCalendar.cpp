@@ -3,6 +3,7 @@
 #include "data/IcuLocale.h"
 #include "data/LocalTime.h"
 #include "platform/Bundle.h"
+#include "platform/ProcessServices.h"
 #include "platform/RunLoop.h"
 
 #include <QByteArray>
@@ -21,8 +22,6 @@ constexpr double kMillisecondsPerSecond = 1000;
 constexpr double kFirstInstant = -62135596800; // Year 1.
 constexpr double kLastInstant = 253402300799; // The end of the year 9999.
 constexpr double kLookAtZoneFileSeconds = 1;
-
-std::unique_ptr<UserCalendar> s_current;
 
 double clamped(double seconds)
 {
@@ -63,14 +62,15 @@ ZoneFileState zoneFileState()
 }
 }
 
-/// Where the kept calendar came from. The locale's name and TZ are compared at each question; the system's
-/// time zone, which costs a call to the kernel, is looked at once a second at most. The clock for that counts
-/// sleep: a traveller's machine wakes up in another zone.
+/// The kept calendar and where it came from. The locale's name and TZ are compared at each question; the
+/// system's time zone, which costs a call to the kernel, is looked at once a second at most. The clock for
+/// that counts sleep: a traveller's machine wakes up in another zone.
 struct UserCalendar::Source {
     QString localeName;
     QByteArray zoneVariable;
     ZoneFileState zoneFile;
     double lookedAt = 0;
+    std::unique_ptr<UserCalendar> calendar;
 
     bool changed();
 };
@@ -98,17 +98,12 @@ bool UserCalendar::Source::changed()
 
 UserCalendar& UserCalendar::current()
 {
-    static Source source;
-    if (source.changed() || !s_current) {
+    auto& source = ProcessServices::installed().shared<Source>();
+    if (source.changed() || !source.calendar) {
         LocalTime::followTimeZone();
-        s_current.reset(new UserCalendar(icuLocale(source.localeName)));
+        source.calendar.reset(new UserCalendar(icuLocale(source.localeName)));
     }
-    return *s_current;
-}
-
-void UserCalendar::forget()
-{
-    s_current.reset();
+    return *source.calendar;
 }
 
 UserCalendar::UserCalendar(const icu::Locale& locale)

@@ -16,7 +16,6 @@
 class UserCalendar {
 public:
     static UserCalendar& current();
-    static void forget();
 
     [[nodiscard]] DateComponents components(double instant);
     /// The calendar steps from one instant to the other, the longest ones first; negative when it lies

@@ -1,6 +1,7 @@
 #include "platform/Bundle.h"
 
 #include "platform/Log.h"
+#include "platform/ProcessServices.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -11,8 +12,6 @@
 #include <utility>
 
 namespace {
-Bundle* s_main = nullptr;
-
 /// POSIX: the first of these that is set and not empty decides about dates.
 QString environmentLocaleName()
 {
@@ -77,11 +76,5 @@ QString Bundle::calendarLocaleName() const
 
 Bundle& Bundle::main()
 {
-    Q_ASSERT_X(s_main, "Bundle::main", "no bundle has been set");
-    return *s_main;
-}
-
-void Bundle::setMain(Bundle* bundle)
-{
-    s_main = bundle;
+    return *ProcessServices::installed().backends().bundle;
 }

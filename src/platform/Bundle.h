@@ -39,7 +39,6 @@ public:
     [[nodiscard]] virtual QString calendarLocaleName() const;
 
     static Bundle& main();
-    static void setMain(Bundle* bundle);
 
 private:
     QJsonObject m_information;

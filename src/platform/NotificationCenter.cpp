@@ -1,5 +1,7 @@
 #include "platform/NotificationCenter.h"
 
+#include "platform/ProcessServices.h"
+
 #include <utility>
 
 struct NotificationCenter::Observation::Entry {
@@ -68,6 +70,5 @@ void NotificationCenter::dropEnded()
 
 NotificationCenter& NotificationCenter::defaultCenter()
 {
-    static NotificationCenter center;
-    return center;
+    return ProcessServices::installed().notificationCenter();
 }

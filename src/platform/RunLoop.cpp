@@ -1,11 +1,12 @@
 #include "platform/RunLoop.h"
 
+#include "platform/ProcessServices.h"
+
 #include <algorithm>
 #include <cmath>
 #include <utility>
 
 namespace {
-RunLoop* s_main = nullptr;
 constexpr double kShortestRepeatSeconds = 0.001;
 }
 
@@ -19,13 +20,7 @@ TimerRef RunLoop::scheduleTimer(
 
 RunLoop& RunLoop::main()
 {
-    Q_ASSERT_X(s_main, "RunLoop::main", "no run loop has been set");
-    return *s_main;
-}
-
-void RunLoop::setMain(RunLoop* runLoop)
-{
-    s_main = runLoop;
+    return *ProcessServices::installed().backends().runLoop;
 }
 
 TimerScope::~TimerScope()

@@ -33,9 +33,8 @@ public:
     /// Runs a callable once, as soon as the main thread is back in the loop. May be called from any thread.
     virtual void performSoon(std::function<void()> callable) = 0;
 
-    /// The loop of the main thread, set by the composition root or a test before anything else is built.
+    /// The loop of the main thread, which the ProcessServices brought.
     static RunLoop& main();
-    static void setMain(RunLoop* runLoop);
 
 protected:
     RunLoop() = default;

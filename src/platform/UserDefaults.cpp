@@ -1,15 +1,8 @@
 #include "platform/UserDefaults.h"
 
-namespace {
-UserDefaults* s_standard = nullptr;
-}
+#include "platform/ProcessServices.h"
 
 UserDefaults* UserDefaults::standard()
 {
-    return s_standard;
-}
-
-void UserDefaults::setStandard(UserDefaults* defaults)
-{
-    s_standard = defaults;
+    return ProcessServices::installed().backends().defaults;
 }

@@ -20,7 +20,6 @@ public:
 
     /// The store of this process, or null when none is available.
     static UserDefaults* standard();
-    static void setStandard(UserDefaults* defaults);
 
 protected:
     UserDefaults() = default;

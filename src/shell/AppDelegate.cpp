@@ -40,7 +40,11 @@ AppDelegate::AppDelegate(Dependencies dependencies)
 {
 }
 
-AppDelegate::~AppDelegate() = default;
+AppDelegate::~AppDelegate()
+{
+    // The hub lets go of the backends before they go.
+    AppProperties::instance().setZelvoController(nullptr);
+}
 
 void AppDelegate::applicationDidFinishLaunching()
 {

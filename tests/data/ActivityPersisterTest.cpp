@@ -16,11 +16,9 @@ class ActivityPersisterTest : public testing::Test {
 protected:
     ActivityPersisterTest()
     {
-        AppProperties::resetInstance();
         AppProperties::instance().setWeight(kWeight);
         AppProperties::instance().setActivityGoal(100); // 124.42 minutes
     }
-    ~ActivityPersisterTest() override { AppProperties::resetInstance(); }
 
     /// A record in hours of the day, saved with the next save.
     void record(double startHour, double endHour, bool isStanding)

@@ -17,9 +17,6 @@ const QString kDefaulted = "AverageWorkDayHours TimeIdle TimeSnooze TimeNotifica
 
 class AppPropertiesTest : public testing::Test {
 protected:
-    AppPropertiesTest() { AppProperties::resetInstance(); }
-    ~AppPropertiesTest() override { AppProperties::resetInstance(); }
-
     /// The settings as a new process would see them, after the first call.
     static AppProperties& properties() { return AppProperties::instance(); }
     QVariant& stored(const QString& key) { return platform.defaults.values[key]; }
@@ -30,9 +27,9 @@ protected:
     {
         QJsonObject information = TestPlatform::defaultInformation();
         information.insert(key, value);
-        otherBundle = std::make_unique<TestBundle>(information);
-        Bundle::setMain(otherBundle.get());
-        AppProperties::resetInstance();
+        auto next = std::make_unique<TestBundle>(information);
+        platform.restart(next.get());
+        otherBundle = std::move(next);
     }
 
     /// What nothing has been read into is 0. A value is written when it differs from the cached one; a stored
@@ -57,8 +54,8 @@ protected:
         EXPECT_EQ((settings.*get)(), 4);
     }
 
-    TestPlatform platform;
     std::unique_ptr<TestBundle> otherBundle;
+    TestPlatform platform;
 };
 }
 
@@ -148,7 +145,7 @@ TEST_F(AppPropertiesTest, crossesTheNumbersOfTheActivityModesAndCompletesAHalfDo
         EXPECT_EQ(stored("Weight"), 77.0);
         EXPECT_EQ(properties().isUserSetupCompleted(), mode != 0);
         stored("ActivityGoal") = 0.0;
-        AppProperties::resetInstance();
+        platform.restart();
         properties().setDefaultUserValues();
         EXPECT_FALSE(properties().isUserSetupCompleted()) << "no default goal has ever been written";
         stored("ActivityGoalDefault") = 75;
@@ -191,7 +188,7 @@ TEST_F(AppPropertiesTest, neverGoesByANumberThatASettingCannotHold)
         const QString log = QString::fromStdString(testing::internal::GetCapturedStderr());
         EXPECT_EQ(log.count(u'\n'), 1) << "said once" << qPrintable(log);
         EXPECT_TRUE(log.contains(key));
-        AppProperties::resetInstance();
+        platform.restart();
         AppProperties::instance();
         EXPECT_EQ(stored(key), otherwise) << "the next start mends the file";
         stored(key) = QVariant();
@@ -258,17 +255,15 @@ TEST_F(AppPropertiesTest, everyKindOfValueHasAPrimitiveAndWithoutAStoreNoneDoesA
     };
     for (const auto& [set, get, value, nothing] : kKinds) {
         SCOPED_TRACE(value.typeName());
-        UserDefaults::setStandard(&platform.defaults);
         const int flushes = platform.defaults.flushes;
         set();
         EXPECT_EQ(get(), value);
         EXPECT_EQ(platform.defaults.flushes, flushes + 1);
-        UserDefaults::setStandard(nullptr);
+        const ProcessServices withoutStore({&platform.runLoop, &platform.bundle});
         set();
         EXPECT_TRUE(nothing.isValid() ? get() == nothing : std::isnan(get().toDouble()));
         EXPECT_EQ(platform.defaults.flushes, flushes + 1);
     }
-    UserDefaults::setStandard(&platform.defaults);
     for (const auto& [text, answer] :
         {std::pair("true", true), {"false", false}, {"0", false}, {"2", true}}) {
         stored(k) = text;

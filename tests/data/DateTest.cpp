@@ -14,11 +14,7 @@ namespace {
 class DateTest : public testing::Test {
 protected:
     DateTest() { useZone("UTC"); }
-    ~DateTest() override
-    {
-        qputenv("TZ", m_zoneBefore);
-        Date::resetCalendar();
-    }
+    ~DateTest() override { qputenv("TZ", m_zoneBefore); }
 
     void useZone(const char* name)
     {

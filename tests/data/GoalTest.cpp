@@ -44,5 +44,4 @@ TEST(CalorieCalculator, spreadsADaysCaloriesOverItsHours)
         EXPECT_EQ(CalorieCalculator::standingPerHourForDailyCalories(calories, weight), minutesPerHour)
             << calories << " kcal, " << weight << " kg, " << qPrintable(hours.toString()) << " h";
     }
-    AppProperties::resetInstance();
 }

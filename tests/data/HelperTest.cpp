@@ -36,5 +36,4 @@ TEST(Helper, convertsByFactorsThatAreRoundedApart)
             heights.append(Helper::formattedTableHeight(millimetres));
         EXPECT_EQ(heights.join(' '), row.heights);
     }
-    AppProperties::resetInstance();
 }

@@ -10,9 +10,6 @@
 /// 2500.
 class DeskTest : public testing::Test {
 protected:
-    DeskTest() { AppProperties::resetInstance(); }
-    ~DeskTest() override { AppProperties::resetInstance(); }
-
     void store(const char* key, const QVariant& value)
     {
         platform.defaults.values.insert(QString::fromLatin1(key), value);

@@ -132,7 +132,7 @@ TEST_F(ZelvoHIDDeviceTest, PutsTheStandingPointBetweenTheFirstTwoMemories)
     } cases[] = {{700, 1101, 900}, {700, 4300, 2500}, {4300, 700, 2500}, {0, 4300, 2540}, {700, 0, 2540},
         {1, 1, 1}, {65535, 65533, 65534}, {65536, 4300, 2500}};
     for (const auto& testCase : cases) {
-        AppProperties::resetInstance();
+        platform.restart();
         store("DevicePosition1", testCase.first);
         store("DevicePosition2", testCase.second);
         EXPECT_EQ(ZelvoHIDDevice::getStandingPoint(), testCase.expected)

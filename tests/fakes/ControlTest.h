@@ -16,12 +16,7 @@
 /// user's. Test programs that include this link zelvo_data and zelvo_resources.
 class ControlTest : public testing::Test {
 protected:
-    ControlTest()
-    {
-        initResources();
-        AppProperties::resetInstance();
-    }
-    ~ControlTest() override { AppProperties::resetInstance(); }
+    ControlTest() { initResources(); }
 
     /// Shows a window and makes it the active one.
     static void show(QWidget& window)

@@ -3,16 +3,15 @@
 TestPlatform::TestPlatform(const QJsonObject& information)
     : bundle(information)
 {
-    RunLoop::setMain(&runLoop);
-    UserDefaults::setStandard(&defaults);
-    Bundle::setMain(&bundle);
 }
 
-TestPlatform::~TestPlatform()
+void TestPlatform::restart(Bundle* otherBundle)
 {
-    Bundle::setMain(nullptr);
-    UserDefaults::setStandard(nullptr);
-    RunLoop::setMain(nullptr);
+    ProcessServices::Backends backends = services->backends();
+    if (otherBundle)
+        backends.bundle = otherBundle;
+    services.reset();
+    services.emplace(backends);
 }
 
 QJsonObject TestPlatform::defaultInformation()

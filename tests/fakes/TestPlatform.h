@@ -6,6 +6,7 @@
 #include "platform/Dialogs.h"
 #include "platform/EventSource.h"
 #include "platform/LoginItems.h"
+#include "platform/ProcessServices.h"
 #include "platform/Workspace.h"
 #include "platform/simulated/VirtualRunLoop.h"
 
@@ -16,6 +17,7 @@
 #include <QTranslator>
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 /// Texts by key, before those of the installed language.
@@ -116,16 +118,16 @@ public:
 };
 
 /// The world of one test: virtual time, settings in memory, information keys of its own, a temporary folder.
-/// Made first in a fixture and gone last; while it lives, the process-wide services are these.
+/// Made first in a fixture and gone last.
 class TestPlatform {
 public:
     /// 2024-03-15 08:00:00 UTC, a Friday.
     static constexpr double kStart = 1710489600.0;
 
     explicit TestPlatform(const QJsonObject& information = defaultInformation());
-    ~TestPlatform();
-    TestPlatform(const TestPlatform&) = delete;
-    TestPlatform& operator=(const TestPlatform&) = delete;
+
+    /// What the next start of the program finds, which may have brought another bundle.
+    void restart(Bundle* otherBundle = nullptr);
 
     static QJsonObject defaultInformation();
 
@@ -134,4 +136,5 @@ public:
     MemoryUserDefaults defaults;
     TestBundle bundle;
     TestTexts texts;
+    std::optional<ProcessServices> services {ProcessServices::Backends {&runLoop, &bundle, &defaults}};
 };

@@ -1,3 +1,4 @@
+#include "platform/ProcessServices.h"
 #include "platform/qt/QtRunLoop.h"
 #include "platform/simulated/VirtualRunLoop.h"
 
@@ -16,9 +17,6 @@ constexpr double kStart = 1'700'000'000.0;
 
 class VirtualRunLoopTest : public testing::Test {
 protected:
-    VirtualRunLoopTest() { RunLoop::setMain(&m_loop); }
-    ~VirtualRunLoopTest() override { RunLoop::setMain(nullptr); }
-
     /// Notes the seconds since the start and a name when the timer fires.
     TimerRef note(double seconds, const char* name, Repeat repeats = Repeat::No)
     {
@@ -28,6 +26,7 @@ protected:
 
     using Fired = std::vector<std::pair<double, std::string>>;
     VirtualRunLoop m_loop {kStart};
+    ProcessServices m_services {{&m_loop}};
     Fired m_fired;
 };
 
@@ -120,9 +119,6 @@ TEST_F(VirtualRunLoopTest, aScopeEndsItsTimersAndNoOthers)
 /// The real loop, with intervals of milliseconds.
 class QtRunLoopTest : public testing::Test {
 protected:
-    void SetUp() override { RunLoop::setMain(&*m_loop); }
-    void TearDown() override { RunLoop::setMain(nullptr); }
-
     bool runUntil(const std::function<bool()>& condition)
     {
         const double end = m_loop->monotonicNow() + 5;
@@ -138,7 +134,6 @@ TEST_F(QtRunLoopTest, aWaitOfOneOrSeveralLegsIsAsLongAsItsInterval)
 {
     for (const double longestLeg : {3600.0, 0.01}) {
         m_loop.emplace(longestLeg);
-        RunLoop::setMain(&*m_loop);
         for (const Repeat repeats : {Repeat::No, Repeat::Yes}) {
             std::vector<double> firedAt;
             const double start = m_loop->monotonicNow();

@@ -138,7 +138,7 @@ TEST_F(HistoryWindowControllerTest, sumsBelowZeroWithoutAStoreAndBeforeSetUpAreZ
 
     stood(0, 20);
     platform.defaults.values.remove("Weight");
-    AppProperties::resetInstance();
+    platform.restart();
     open();
     EXPECT_EQ(shown(), "0 0 0 0 YourWeeklyStats");
     click("exportToExcelLabel");

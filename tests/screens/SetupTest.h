@@ -25,7 +25,8 @@ protected:
     ~SetupTest() override
     {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        AppProperties::resetInstance(); // The hub goes before the world that this fixture makes for it.
+        properties().setZelvoController(
+            nullptr); // The hub goes before the world that this fixture makes for it.
         installTexts(*qApp, QStringLiteral("en"));
         QApplication::setLayoutDirection(Qt::LeftToRight);
     }

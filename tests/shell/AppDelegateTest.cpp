@@ -47,14 +47,12 @@ TEST(AppDelegate, anUpgradeIsByNumbersAndResetsTheDismissTimeInOneRelease)
         QJsonObject information = TestPlatform::defaultInformation();
         information[QStringLiteral("CFBundleShortVersionString")] = QString::fromLatin1(row.running);
         TestBundle bundle(information);
-        Bundle::setMain(&bundle);
-        AppProperties::resetInstance();
+        const ProcessServices process({&world.platform.runLoop, &bundle, &world.platform.defaults});
         world.platform.defaults.values[QStringLiteral("TimeNotificationDismiss")] = 77.0;
         AppProperties::instance().setVersion(QString::fromLatin1(row.stored));
         world.app->versionUpgrade();
         EXPECT_EQ(AppProperties::instance().timeNotificationDismiss(), row.dismissTime) << row.running;
         EXPECT_EQ(AppProperties::instance().version(), QString::fromLatin1(row.version));
-        AppProperties::instance().setMainBundle(nullptr);
     }
 }
 

@@ -12,15 +12,6 @@
 /// A whole application on fakes and virtual time, in a temporary folder. Nothing has started yet.
 class ShellWorld {
 public:
-    ShellWorld() { AppProperties::resetInstance(); }
-    ~ShellWorld()
-    {
-        AppProperties::instance().setZelvoController(nullptr);
-        app.reset();
-        AppProperties::resetInstance();
-    }
-    Q_DISABLE_COPY_MOVE(ShellWorld)
-
     /// Settings as a finished set-up leaves them: 71 kg, 18 standing minutes an hour in three stand-ups.
     void completeSetup()
     {

@@ -108,16 +108,14 @@ World::~World()
 {
     if (m_app)
         end(true);
-    UserDefaults::setStandard(nullptr);
     dup2(STDOUT_FILENO, STDERR_FILENO); // For what the test has to say.
 }
 
 void World::start()
 {
     m_ended = false;
-    AppProperties::resetInstance();
     m_defaults = std::make_unique<QtUserDefaults>(m_platform.folder.filePath(QStringLiteral("StandUp.conf")));
-    UserDefaults::setStandard(m_defaults.get());
+    m_process.emplace(ProcessServices::Backends {&m_platform.runLoop, &m_platform.bundle, m_defaults.get()});
     m_events = std::make_unique<SleepAwareEventSource>(std::make_unique<UserSeen>(*m_user));
     m_app =
         std::make_unique<AppDelegate>(AppDelegate::Dependencies {m_hid, *m_events, m_workspace, m_loginItems,
@@ -136,9 +134,8 @@ void World::end(bool killed)
     if (!killed)
         m_app->terminate();
     m_ended = true; // What the objects still do on their way out, a killed process does not do.
-    AppProperties::instance().setZelvoController(nullptr);
     m_app.reset();
-    AppProperties::resetInstance();
+    m_process.reset();
     m_events.reset();
     m_held.clear();
 }

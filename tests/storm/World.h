@@ -68,6 +68,7 @@ private:
     FakeDialogs m_dialogs;
     SimulatedHidManager m_hid;
     std::unique_ptr<QtUserDefaults> m_defaults;
+    std::optional<ProcessServices> m_process;
     std::unique_ptr<SleepAwareEventSource> m_events;
     std::unique_ptr<AppDelegate> m_app;
     QPointer<QWidget> m_held;

@@ -66,9 +66,7 @@ TEST_F(PaletteTest, aWindowHasItsOwnColoursOnADarkDesktop)
             "ececec d9d9d9 ffffff ececec b0b0b0 b0b0b0 b0b0b0 b0b0b0 00707a ffffff 00707a 00707a"));
     EXPECT_EQ(zelvoLinkHover().name() + zelvoLineColor().name(), QStringLiteral("#6f6f6f#b2b2b2"));
     Bundle withoutBrand {QJsonObject()};
-    Bundle::setMain(&withoutBrand);
-    AppProperties::resetInstance();
+    const ProcessServices process({&platform.runLoop, &withoutBrand, &platform.defaults});
     EXPECT_EQ(zelvoHoverColor(), QColor(Qt::black));
-    Bundle::setMain(&platform.bundle);
 }
 }

@@ -1,7 +1,6 @@
 #include "TourWorld.h"
 
 #include "data/AppProperties.h"
-#include "data/Date.h"
 #include "desk/ZelvoController.h"
 #include "shell/TestWindowController.h"
 
@@ -59,23 +58,6 @@ TourBundle::TourBundle(QLocale locale)
 {
 }
 
-InstalledServices::InstalledServices(RunLoop& runLoop, Bundle& bundle, UserDefaults& defaults)
-{
-    RunLoop::setMain(&runLoop);
-    Bundle::setMain(&bundle);
-    UserDefaults::setStandard(&defaults);
-    AppProperties::resetInstance();
-    Date::resetCalendar();
-}
-
-InstalledServices::~InstalledServices()
-{
-    AppProperties::resetInstance();
-    UserDefaults::setStandard(nullptr);
-    Bundle::setMain(nullptr);
-    RunLoop::setMain(nullptr);
-}
-
 TourWorld::TourWorld(QLocale locale, Wire printed)
     : bundle(std::move(locale))
     , defaults(folder.filePath(QStringLiteral("StandUp.conf")))
@@ -88,12 +70,6 @@ TourWorld::TourWorld(QLocale locale, Wire printed)
         [this](AppDelegate& delegate) {
             return std::make_unique<TestWindowController>(delegate.menuletController(), &simulated);
         }});
-}
-
-TourWorld::~TourWorld()
-{
-    AppProperties::instance().setZelvoController(nullptr);
-    app.reset();
 }
 
 void TourWorld::pass(double seconds)

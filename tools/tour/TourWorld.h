@@ -6,6 +6,7 @@
 #include "platform/Dialogs.h"
 #include "platform/EventSource.h"
 #include "platform/LoginItems.h"
+#include "platform/ProcessServices.h"
 #include "platform/Workspace.h"
 #include "platform/qt/QtUserDefaults.h"
 #include "platform/simulated/SimulatedHidManager.h"
@@ -68,15 +69,6 @@ private:
     QLocale m_locale;
 };
 
-/// Makes its arguments the process-wide services as long as it lives.
-class InstalledServices {
-public:
-    InstalledServices(RunLoop& runLoop, Bundle& bundle, UserDefaults& defaults);
-    ~InstalledServices();
-    InstalledServices(const InstalledServices&) = delete;
-    InstalledServices& operator=(const InstalledServices&) = delete;
-};
-
 /// The real program assembled on the simulated desk, virtual time and a folder of its own.
 class TourWorld {
 public:
@@ -87,7 +79,6 @@ public:
     enum class Wire { Silent, Printed };
 
     explicit TourWorld(QLocale locale = QLocale(QStringLiteral("en_GB")), Wire wire = Wire::Printed);
-    ~TourWorld();
     TourWorld(const TourWorld&) = delete;
     TourWorld& operator=(const TourWorld&) = delete;
 
@@ -105,7 +96,7 @@ public:
     VirtualRunLoop runLoop {kStart};
     TourBundle bundle;
     QtUserDefaults defaults;
-    InstalledServices services {runLoop, bundle, defaults};
+    ProcessServices services {{&runLoop, &bundle, &defaults}};
     SimulatedHidManager simulated;
     WireLog wire;
     TourEventSource events;

@@ -2,6 +2,7 @@
 
 #include "HidTestbed.h"
 #include "TestBus.h"
+#include "platform/ProcessServices.h"
 #include "platform/qt/QtRunLoop.h"
 
 #include <array>
@@ -110,12 +111,7 @@ bool hasInotify()
 
 class LinuxHid : public testing::Test {
 protected:
-    LinuxHid() { RunLoop::setMain(&m_runLoop); }
-    ~LinuxHid() override
-    {
-        m_manager.reset();
-        RunLoop::setMain(nullptr);
-    }
+    ~LinuxHid() override { m_manager.reset(); }
 
     void start()
     {
@@ -176,6 +172,7 @@ protected:
     void write(const Report& report) { EXPECT_EQ(m_added.at(0)->setFeatureReport(report), 0); }
 
     HurriedRunLoop m_runLoop;
+    ProcessServices m_services {{&m_runLoop}};
     HidTestbed m_testbed;
     std::unique_ptr<LinuxHidManager> m_manager;
     std::vector<HidDeviceRef> m_added;

@@ -2,6 +2,7 @@
 
 #include "TestBus.h"
 #include "XvfbServer.h"
+#include "platform/ProcessServices.h"
 #include "platform/linux/XcbConnection.h"
 #include "platform/simulated/VirtualRunLoop.h"
 
@@ -88,7 +89,7 @@ private:
 QString found(const char* story, const char* expected)
 {
     VirtualRunLoop runLoop;
-    RunLoop::setMain(&runLoop);
+    const ProcessServices services({&runLoop});
     TestBus bus;
     const QDBusConnection desktop = bus.connect();
     std::optional<FakeWatcher> watcher;
@@ -129,8 +130,6 @@ QString found(const char* story, const char* expected)
         }
         answers.append(QString::number(count));
     }
-    host.reset();
-    RunLoop::setMain(nullptr);
     return answers.join(u' ');
 }
 

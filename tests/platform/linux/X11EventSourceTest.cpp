@@ -1,6 +1,7 @@
 #include "platform/linux/X11EventSource.h"
 
 #include "XvfbServer.h"
+#include "platform/ProcessServices.h"
 #include "platform/linux/IdleTimeSource.h"
 #include "platform/simulated/VirtualRunLoop.h"
 
@@ -20,7 +21,7 @@ double idleAfter(double seconds, VirtualRunLoop& runLoop, EventSource& source)
 TEST(X11EventSource, countsSecondsFromTheLastInputUntilTheServerDies)
 {
     VirtualRunLoop runLoop;
-    RunLoop::setMain(&runLoop);
+    const ProcessServices services({&runLoop});
     XvfbServer server;
     const auto moveMouse = [] {
         EXPECT_EQ(QProcess::execute(QStringLiteral("xdotool"),
@@ -49,6 +50,5 @@ TEST(X11EventSource, countsSecondsFromTheLastInputUntilTheServerDies)
     const std::string log = testing::internal::GetCapturedStderr();
     EXPECT_NE(log.find("Idle time comes from: none"), std::string::npos) << log;
     EXPECT_EQ(std::count(log.begin(), log.end(), '\n'), 1) << "said once";
-    RunLoop::setMain(nullptr);
 }
 }
