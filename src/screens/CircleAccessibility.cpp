@@ -8,13 +8,9 @@
 
 namespace {
 /// A circle speaks for its two labels, which are not met one by one.
-template <typename Circle>
 class CircleInterface : public QAccessibleWidget {
 public:
-    CircleInterface(Circle* circle, QAccessible::Role role)
-        : QAccessibleWidget(circle, role)
-    {
-    }
+    using QAccessibleWidget::QAccessibleWidget;
 
     [[nodiscard]] int childCount() const override { return 0; }
     [[nodiscard]] QAccessibleInterface* child(int) const override { return nullptr; }
@@ -25,18 +21,12 @@ public:
         const QString given = QAccessibleWidget::text(kind);
         if (kind != QAccessible::Name)
             return given;
-        const QString shown =
-            (circle().value().value_or(QString()) + QLatin1Char(' ') + circle().title().value_or(QString()))
-                .trimmed();
+        const QString shown = static_cast<CircleView*>(object())->text();
         return given.isEmpty() || shown.isEmpty() ? given + shown : given + QLatin1String(": ") + shown;
     }
-
-protected:
-    [[nodiscard]] Circle& circle() const { return *static_cast<Circle*>(object()); }
 };
 
-class IndicatorInterface final : public CircleInterface<CircleIndicatorView>,
-                                 public QAccessibleValueInterface {
+class IndicatorInterface final : public CircleInterface, public QAccessibleValueInterface {
 public:
     explicit IndicatorInterface(CircleIndicatorView* view)
         : CircleInterface(view, QAccessible::ProgressBar)
@@ -53,7 +43,7 @@ public:
     [[nodiscard]] QString text(QAccessible::Text kind) const override
     {
         if (kind == QAccessible::Value)
-            return QStringLiteral("%1 %").arg(int(circle().percent()));
+            return QStringLiteral("%1 %").arg(int(percent()));
         return CircleInterface::text(kind);
     }
 
@@ -64,14 +54,17 @@ public:
         return state;
     }
 
-    [[nodiscard]] QVariant currentValue() const override { return circle().percent(); }
+    [[nodiscard]] QVariant currentValue() const override { return percent(); }
     void setCurrentValue(const QVariant&) override { }
     [[nodiscard]] QVariant minimumValue() const override { return 0.0; }
     [[nodiscard]] QVariant maximumValue() const override { return 100.0; }
     [[nodiscard]] QVariant minimumStepSize() const override { return {}; }
+
+private:
+    [[nodiscard]] double percent() const { return static_cast<CircleIndicatorView*>(object())->percent(); }
 };
 
-class GoalInterface final : public CircleInterface<GoalCircleView> {
+class GoalInterface final : public CircleInterface {
 public:
     explicit GoalInterface(GoalCircleView* view)
         : CircleInterface(view, QAccessible::RadioButton)
@@ -89,18 +82,20 @@ public:
     [[nodiscard]] QStringList actionNames() const override
     {
         QStringList names = CircleInterface::actionNames();
-        if (widget()->isEnabled())
-            names.prepend(pressAction());
+        names.prepend(pressAction());
         return names;
     }
 
     void doAction(const QString& name) override
     {
-        if (name != pressAction())
-            CircleInterface::doAction(name);
-        else if (widget()->isEnabled())
+        if (name == pressAction())
             circle().click();
+        else
+            CircleInterface::doAction(name);
     }
+
+private:
+    [[nodiscard]] GoalCircleView& circle() const { return *static_cast<GoalCircleView*>(object()); }
 };
 
 QAccessibleInterface* circleInterface(const QString&, QObject* object)

@@ -389,9 +389,7 @@ void SetupViewController::setSliderIndex(int32_t step)
 void SetupViewController::updateGoalLabel()
 {
     // Screen readers would say the step's number alone.
-    const GoalCircleView& circle = *goalIndicators()[size_t(m_ui->slider->value())];
-    m_ui->slider->setAccessibleDescription(
-        circle.value().value_or(QString()) + QLatin1Char(' ') + circle.title().value_or(QString()));
+    m_ui->slider->setAccessibleDescription(goalIndicators()[size_t(m_ui->slider->value())]->text());
     m_ui->labelGoal->setText(
         goalSentence({currentActivityMode(), goal(), m_entries.kilograms(), m_entries.numberOfStandUps()}));
 }
