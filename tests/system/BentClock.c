@@ -18,11 +18,12 @@ struct Bend {
     uint64_t turn; // Odd while the scenario writes.
     double origin, virtualOrigin; // Monotonic seconds at the last change of the rate.
     double rate;
+    double until; // At this monotonic time the rate becomes 1.
     double wallAhead; // What the wall clock was set by.
     double slept;
 };
 
-static struct Bend now = {0, 0, 0, 1, 0, 0};
+static struct Bend now = {0, 0, 0, 1, 0, 0, 0};
 static const struct Bend* bend = &now;
 
 __attribute__((constructor)) static void begin(void)
@@ -71,13 +72,19 @@ static double monotonic(void)
     return seconds(time);
 }
 
+static double bent(struct Bend b, double real)
+{
+    const double fast = b.virtualOrigin + (real - b.origin) * b.rate;
+    return fast <= b.until ? fast : b.until + (fast - b.until) / b.rate;
+}
+
 int clock_gettime(clockid_t clock, struct timespec* time)
 {
     const int result = realTime(clock, time);
     if (result != 0 || clock == CLOCK_PROCESS_CPUTIME_ID || clock == CLOCK_THREAD_CPUTIME_ID)
         return result;
     const struct Bend b = current();
-    const double gained = b.virtualOrigin - b.origin + (monotonic() - b.origin) * (b.rate - 1);
+    const double real = monotonic(), gained = bent(b, real) - real;
     const int isWall = clock == CLOCK_REALTIME || clock == CLOCK_REALTIME_COARSE;
     const double slept = isWall || clock == CLOCK_BOOTTIME ? b.slept : 0;
     *time = asTimespec(seconds(*time) + gained + slept + (isWall ? b.wallAhead : 0));
@@ -113,7 +120,8 @@ static double bentMonotonic(void)
 
 static double realShare(double left)
 {
-    const double real = left > 0 ? left / current().rate : 0;
+    const struct Bend b = current();
+    const double real = left <= 0 ? 0 : bent(b, monotonic()) < b.until ? left / b.rate : left;
     return real < slice ? real : slice;
 }
 

@@ -19,12 +19,12 @@ class Mock:
     def __init__(self, connection, name, path, interface):
         self.connection, self.name, self.path, self.interface = connection, name, path, interface
 
-    def _mock(self, method, signature, *arguments):
+    def call(self, method, signature, *arguments):
         return call(self.connection, self.name, self.path, "org.freedesktop.DBus.Mock", method, signature, *arguments)
 
     def emit(self, signal_name, signature, *values):
         variants = [GLib.Variant(letter, value) for letter, value in zip(signature, values)]
-        self._mock("EmitSignal", "(sssav)", self.interface, signal_name, signature, variants)
+        self.call("EmitSignal", "(sssav)", self.interface, signal_name, signature, variants)
 
     def calls(self, method):
-        return self._mock("GetMethodCalls", "(s)", method)[0]
+        return self.call("GetMethodCalls", "(s)", method)[0]

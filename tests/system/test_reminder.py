@@ -4,118 +4,121 @@ import pytest
 from adapter import DOWN, STOP, UP
 from waiting import holds_for, wait_until
 
-# 12 minutes of sitting an hour in 6 parts, 48 of standing.
-PLAN = {"ActivityGoal": 48, "NumberOfStandUps": 6, "TimeSnooze": 90, "TimeNotificationDismiss": 60, "TimeIdle": 80000}
-SITTING_TIME, CYCLE = 120, 600
-RATE, SIMULATED_RATE = 30, 60
+# 3 minutes of sitting an hour in 6 parts, 57 of standing.
+PLAN = {"ActivityGoal": 57, "NumberOfStandUps": 6, "TimeSnooze": 45, "TimeNotificationDismiss": 25, "TimeIdle": 80000}
+SITTING_TIME, SNOOZE, CYCLE = 30, 45, 600
+RATE, SIMULATED_RATE = 30, 200
+CORNER = 12
 
 
 class Worker:
     # Somebody at a desk who waits for reminders.
 
-    def __init__(self, desktop, simulated=False, **settings):
+    def __init__(self, desktop, simulated=True, **settings):
         self.desktop, self.clock = desktop, desktop.clock
         desktop.settings(**(PLAN | {"DevicePosition1": 700, "DevicePosition2": 1500} | settings))
         desktop.add_tray()
         self.rate = SIMULATED_RATE if simulated else RATE
         self.adapter = None if simulated else desktop.plug()
-        self.program = desktop.start(*(["--simulate"] if simulated else []))
-        self.since = wait_until(desktop.records, "a first record")[0][0]
+        self.program = desktop.start_recording(*(["--simulate"] if simulated else []))
+        self.since = desktop.records()[0][0]
 
     @property
     def reminder(self):
         return self.desktop.windows().get("Zelvo StandUp")
 
     def is_reminded_after(self, seconds):
-        self.clock.run(self.rate)
+        self.clock.reach(self.since + seconds - 1, self.rate)
+        assert not self.reminder, "too early"
         wait_until(lambda: self.reminder, "a reminder")
-        self.clock.run(1)
-        assert self.clock.now() - self.since == pytest.approx(seconds, abs=4 + self.rate * 0.3)
+        assert self.clock.now() - self.since == pytest.approx(seconds, abs=2.5)
         return self.program.window_with("Snooze")
 
-    def is_left_alone(self):
-        wait_until(lambda: not self.reminder, "the reminder gone")
+    def does(self, act):
+        # The reminder goes by it.
         self.since = self.clock.now()
+        act()
+        wait_until(lambda: not self.reminder, "the reminder gone")
 
-    def posture(self):
-        return self.desktop.records()[-1][2]
+    def has_stood_up(self):
+        wait_until(lambda: self.desktop.records()[-1][2] == 1, "standing")
+        self.since = self.desktop.records()[-1][0]
 
-
-@pytest.fixture
-def worker(desktop):
-    return Worker(desktop)
-
-
-@pytest.fixture
-def standing_worker(desktop):
-    # The same times the other way round.
-    return Worker(desktop, ActivityGoal=12)
+    def leaves_the_pointer_elsewhere(self):
+        self.desktop.move_pointer(4, 900)
 
 
 def test_snoozed_skipped_and_ignored(desktop):
-    worker = Worker(desktop, simulated=True)
+    worker = Worker(desktop)
     window = worker.is_reminded_after(SITTING_TIME)
-    assert "Stand" in [button.name for button in window.all(role="push button")]
-    window.hears("Minutes")
-    window.hears("8")  # 48 standing minutes in 6 parts.
-    window.find("Snooze").press()
-    worker.is_left_alone()
-    window = worker.is_reminded_after(90)
-    worker.desktop.click(*window.find("Skip").middle)
-    worker.is_left_alone()
-    worker.desktop.move_pointer(4, 900)
-    raised_at = worker.since + CYCLE
+    x, y, width, _ = desktop.frame(worker.reminder)
+    assert (x + width, y) == (desktop.screen[0] - CORNER, CORNER)
+    assert {"Minutes", "9", "71 cm", "Stand"} <= set(window.says())  # 57 standing minutes in 6 parts.
+    worker.does(lambda: desktop.click(*window.find("Snooze").middle))
+    worker.leaves_the_pointer_elsewhere()
+    window = worker.is_reminded_after(SNOOZE)
+    worker.does(lambda: desktop.click(*window.find("Skip").middle))
+    worker.leaves_the_pointer_elsewhere()
     worker.is_reminded_after(CYCLE)
-    worker.clock.run(12)
-    worker.is_left_alone()  # Ignored: it snoozes by itself.
-    assert worker.since - raised_at == pytest.approx(60, abs=15)
-    worker.is_reminded_after(90)
+    worker.clock.reach(worker.since + CYCLE + 24, 30)
+    assert worker.reminder
+    wait_until(lambda: not worker.reminder, "it snoozes by itself")
+    worker.since += CYCLE + 25
+    window = worker.is_reminded_after(SNOOZE)
+    desktop.click(*window.find("Desk height").middle)  # It takes the keyboard now, and Escape is "not now".
+    wait_until(lambda: desktop.is_active(worker.reminder), "the keyboard")
+    worker.does(lambda: desktop.key("Escape"))
+    worker.is_reminded_after(SNOOZE)
 
 
 def test_answered_by_moving_the_desk(desktop):
-    worker = Worker(desktop, TimeNotificationDismiss=30, TimeNotificationDismissOnAction=2)
+    worker = Worker(desktop, simulated=False, TimeNotificationDismissOnAction=3)
     window = worker.is_reminded_after(SITTING_TIME)
     for name, value in {"Down": DOWN, "Up": UP, "Stand": 1500}.items():
-        worker.desktop.move_pointer(*window.find(name).middle)
-        worker.desktop.button(True)
+        desktop.move_pointer(*window.find(name).middle)
+        desktop.button(True)
         wait_until(lambda: worker.adapter.values()[-1] == value, name)
         if name == "Stand":
-            wait_until(lambda: worker.posture() == 1, "standing")
-            worker.since = worker.desktop.records()[-1][0]
-        worker.desktop.button(False)
+            worker.has_stood_up()
+        desktop.button(False)
         wait_until(lambda: worker.adapter.values()[-1] == STOP, "stop")
-    worker.clock.run(40)
-    holds_for(1, lambda: worker.reminder, "it stays while the pointer rests on it")
-    worker.clock.run(1)
-    worker.desktop.move_pointer(4, 900)
+    window.hears("cm")
+    with worker.clock.running(40):
+        holds_for(1, lambda: worker.reminder, "it stays while the pointer rests on it")
+    worker.leaves_the_pointer_elsewhere()
     left_at = worker.clock.now()
     wait_until(lambda: not worker.reminder, "the reminder gone")
-    assert worker.clock.now() - left_at == pytest.approx(2, abs=1.5)
+    assert worker.clock.now() - left_at == pytest.approx(3.3, abs=1.2)
+    worker.adapter.put(700)
+    wait_until(lambda: desktop.records()[-1][2] == 0, "sitting")
+    worker.since = desktop.records()[-1][0]
+    window = worker.is_reminded_after(SITTING_TIME)  # That one has not been answered.
+    worker.clock.reach(worker.since + SITTING_TIME + 24, RATE)
+    assert worker.reminder
 
 
-def test_who_stands_is_asked_to_sit_and_nobody_without_a_desk(standing_worker):
-    worker = standing_worker
+def test_who_stands_is_asked_to_sit_and_nobody_without_a_desk(desktop):
+    worker = Worker(desktop, simulated=False, ActivityGoal=3)  # The same times the other way round.
     worker.adapter.put(4000)
-    wait_until(lambda: worker.posture() == 1, "standing")
-    worker.since = worker.desktop.records()[-1][0]
+    worker.has_stood_up()
     window = worker.is_reminded_after(SITTING_TIME)
-    assert "Sit" in [button.name for button in window.all(role="push button")]
+    assert {"Sit", "Minutes", "9", "102 cm"} <= set(window.says())
     worker.program.click_tray()  # The main window takes its place.
     main = worker.program.window_with("History")
-    wait_until(lambda: not main.all("Snooze") and len(worker.desktop.windows()) == 1, "the reminder gone")
-    worker.program.click_tray()
-    worker.is_left_alone()
+    wait_until(lambda: not main.all("Snooze") and len(desktop.windows()) == 1, "the reminder gone")
+    worker.does(worker.program.click_tray)
     worker.adapter.unplug()
-    worker.clock.run(RATE)
-    holds_for(5, lambda: not worker.reminder, "no desk, no reminder")
+    with worker.clock.running(RATE):
+        holds_for(3, lambda: not worker.reminder, "no desk, no reminder")
 
 
-def test_a_reminder_takes_no_keys_from_the_user(worker):
-    other = worker.desktop.editor()
+def test_a_reminder_takes_no_keys_from_the_user(desktop):
+    worker = Worker(desktop, simulated=False)
+    other = desktop.editor()
     window = worker.is_reminded_after(SITTING_TIME)
     for key in ("space", "Return", "Escape"):
-        worker.desktop.key(key)
-    assert worker.desktop.is_active(other) and worker.reminder
+        desktop.key(key)
+    assert desktop.is_active(other) and worker.reminder
     assert set(worker.adapter.values()) == {"init", STOP}
     assert window.find("Snooze").actions[0] == "Press" and "Press" not in window.find("Up").actions
 
