@@ -9,13 +9,15 @@ def desktop(request):
     screen = request.node.get_closest_marker("screen")
     found = Desktop(*(screen.args if screen else ()))
     yield found
+    codes, log = {program.process.poll() for program in found.programs}, found.log()
     if request.node.report.failed:
-        print(found.log()[-6000:])
+        print(log[-6000:])
         print("Windows:", {title: found.frame(window) for title, window in found.windows().items()})
-        print("Exit codes:", [program.process.poll() for program in found.programs])
         print("Time:", found.clock.now(), found.clock.rate)
         print((found.home / "stderr").read_text()[-3000:])
     found.close()
+    assert codes <= {None}, "ended untold"
+    assert "Sanitizer" not in log
 
 
 @pytest.hookimpl(hookwrapper=True)
@@ -23,4 +25,3 @@ def pytest_runtest_makereport(item):
     outcome = yield
     if outcome.get_result().when == "call":
         item.report = outcome.get_result()
-

@@ -227,6 +227,7 @@ class Desktop:
         logind = ("org.freedesktop.login1", "/org/freedesktop/login1", "org.freedesktop.login1.Manager")
         mock = self.mock(self.system, "--system", "logind", *logind)
         mock.inhibitors = lambda: call(self.system, *logind, "ListInhibitors")[0]
+        self.logind = mock
         return mock
 
     @staticmethod
@@ -419,7 +420,7 @@ class Program:
 
     def show(self):
         # A second start brings the first one's window to the front.
-        assert self.desktop.start().process.wait(DEADLINE) == 0
+        self.desktop.start().ends(within=DEADLINE)
         return self.desktop.window("Zelvo StandUp")
 
     def tray_item(self):
@@ -449,11 +450,13 @@ class Program:
     def signal(self, number):
         self.process.send_signal(number)
 
-    def ends_within(self, seconds):
-        with contextlib.suppress(subprocess.TimeoutExpired):
-            return self.process.wait(seconds) is not None
-        return False
+    def ends(self, code=0, within=5):
+        try:
+            assert self.process.wait(within) == code
+        except subprocess.TimeoutExpired:
+            raise AssertionError("it goes on") from None
+        self.desktop.programs.remove(self)
 
     def quit(self):
         self.signal(signal.SIGTERM)
-        assert self.ends_within(DEADLINE), "SIGTERM does not end it"
+        self.ends(within=DEADLINE)

@@ -12,40 +12,39 @@ PULSE = 15.0
 WAYS = {
     "menu": lambda program: program.choose("Quit"),
     "SIGTERM": lambda program: program.signal(signal.SIGTERM),
-    "SIGINT": lambda program: program.signal(signal.SIGINT),
     "SIGHUP": lambda program: program.signal(signal.SIGHUP),
+    "shutdown": lambda program: program.desktop.logind.emit("PrepareForShutdown", "b", True),
 }
 
 
 @pytest.mark.parametrize("way", WAYS)
 def test_ends_at_once_with_everything_open_and_a_button_held(desktop, way):
-    # 6 min of sitting an hour, in 6 parts.
-    desktop.settings(ActivityGoal=54, NumberOfStandUps=6, TimeNotificationDismiss=86400)
+    # 3 min of sitting an hour, in 6 parts.
+    desktop.settings(ActivityGoal=57, NumberOfStandUps=6, TimeNotificationDismiss=86400)
     desktop.add_tray()
+    desktop.add_logind()
     adapter = desktop.plug()
-    program = desktop.start()
+    program = desktop.start_recording("--test-window")
     for entry, title in {"Open Zelvo StandUp": "Zelvo StandUp", "History": "History", "Settings…": "Setup"}.items():
         program.choose(entry)
         desktop.window(title)
-    wait_until(desktop.records, "a first record")
-    desktop.clock.run(25)
-    reminder = program.window_with("Snooze")
-    desktop.clock.run(1)
+    with desktop.clock.running(25):
+        reminder = program.window_with("Snooze")
+    desktop.window("StandUp test window")
     desktop.move_pointer(*reminder.find("Up").middle)
     desktop.button(True)
     wait_until(lambda: adapter.values().count(UP) > 2, "movement")
 
     told = time.monotonic()
     WAYS[way](program)
-    assert program.ends_within(3) and program.process.returncode == 0
+    program.ends()
     assert adapter.values()[-1] == STOP and UP not in adapter.values(told + 0.3)
     _, end, standing = desktop.records()[-1]
     assert (standing, end) == (0, pytest.approx(desktop.clock.now(), abs=3))
 
 
 def save_panel(desktop):
-    desktop.settings()
-    program = desktop.start("--simulate")
+    program = desktop.start_recording("--simulate")
     program.choose("History")
     desktop.click(*program.window_with("Year").find("Export to a file…").middle)
     program.window_with("Save", "Cancel")
@@ -53,41 +52,39 @@ def save_panel(desktop):
 
 
 def alert(desktop):
-    desktop.settings()
     with open(desktop.config, "ab") as file:
         file.write(b"[broken\n")
-    program = desktop.start("--simulate")
+    program = desktop.start_recording("--simulate")
     program.window_with("OK")
     return program
 
 
 @pytest.mark.parametrize("dialog", [save_panel, alert])
 def test_ends_at_once_while_a_dialog_waits_for_an_answer(desktop, dialog):
+    desktop.settings()
     desktop.add_tray()
-    program = dialog(desktop)
-    wait_until(desktop.records, "a first record")
-    program.signal(signal.SIGTERM)
-    assert program.ends_within(3) and program.process.returncode == 0
+    dialog(desktop).quit()
     [(_, end, _)] = desktop.records()
     assert end == pytest.approx(desktop.clock.now(), abs=3)
 
 
-@pytest.mark.parametrize("way", ["menu", "SIGTERM"])
-def test_ending_during_the_first_run_answers_nothing_for_the_user(desktop, way):
+def test_ending_during_the_first_run_answers_nothing_for_the_user(desktop):
     desktop.add_tray()
-    program = desktop.start("--simulate")
-    desktop.window("Setup")
-    assert {label: enabled for label, (_, enabled) in program.menu().items()} == {
-        "Open Zelvo StandUp": False,
-        "History": False,
-        "Settings…": True,
-        "Quit": True,
-    }
-    WAYS[way](program)
-    assert program.ends_within(3)
-    assert desktop.setting("Weight") is None
+    for way in ("menu", "SIGTERM"):
+        program = desktop.start("--simulate")
+        desktop.window("Setup")
+        assert {label: enabled for label, (_, enabled) in program.menu().items()} == {
+            "Open Zelvo StandUp": False,
+            "History": False,
+            "Settings…": True,
+            "Quit": True,
+        }
+        program.click_tray()
+        WAYS[way](program)
+        program.ends()
+        assert desktop.setting("Weight") is None
 
-    program = desktop.start("--simulate")
+    desktop.start("--simulate")
     desktop.window("Setup")
     assert not desktop.records()
     desktop.key("Escape")  # The user's own dismissal takes the defaults.
@@ -95,16 +92,10 @@ def test_ending_during_the_first_run_answers_nothing_for_the_user(desktop, way):
     wait_until(desktop.records, "a first record")
 
 
-def test_a_session_manager_starts_it_with_its_own_option(desktop):
-    desktop.settings()
-    program = desktop.start_recording("--simulate", "-session", "10a5f00d_1234_5678")
-    program.quit()
-
-
 def test_a_log_out_that_is_cancelled_saves_and_one_that_is_not_ends_the_program(desktop):
     desktop.settings()
     session = SessionManager()
-    program = desktop.start("--simulate", SESSION_MANAGER=session.address)
+    program = desktop.start("--simulate", "-session", "10a5f00d_1234_5678", SESSION_MANAGER=session.address)
     session.until(lambda: session.client and desktop.records(), "a program of the session, and its record")
     began = desktop.records()[0][0]
     session.until(lambda: desktop.clock.now() > began + 3, "time to save")
@@ -112,13 +103,12 @@ def test_a_log_out_that_is_cancelled_saves_and_one_that_is_not_ends_the_program(
     saved = desktop.records()[0][1]
     assert saved == pytest.approx(desktop.clock.now(), abs=2) and saved > began + 2
     session.cancel()
-    desktop.clock.run(20)
-    session.until(lambda: desktop.records()[0][1] > saved + 2 * PULSE, "the record going on")
-    desktop.clock.run(1)
+    with desktop.clock.running(20):
+        session.until(lambda: desktop.records()[0][1] > saved + 2 * PULSE, "the record going on")
     session.ask_to_save()
     assert program.process.poll() is None
     session.die()
-    assert program.ends_within(3) and program.process.returncode == 0
+    program.ends()
     [(start, end, _)] = desktop.records()
     assert start == began and end == pytest.approx(desktop.clock.now(), abs=3)
     session.close()

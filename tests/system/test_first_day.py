@@ -5,7 +5,7 @@ import signal
 import time
 
 import pytest
-from adapter import STOP, UP
+from adapter import STOP
 from waiting import wait_until
 
 SITTING, STANDING = 0, 1
@@ -50,7 +50,7 @@ def test_killed_at_any_moment_it_loses_one_pulse_at_most(desktop):
         lives = random.uniform(0, longest * (1 + life))
         wait_until(lambda: time.monotonic() > started + lives)
         program.signal(signal.SIGKILL)
-        program.process.wait()
+        program.ends(-signal.SIGKILL)
         killed = desktop.clock.now()
         left = desktop.records()
         assert left[: len(seen)] == seen
@@ -62,15 +62,3 @@ def test_killed_at_any_moment_it_loses_one_pulse_at_most(desktop):
     desktop.start("--simulate")
     wait_until(lambda: len(desktop.records()) > len(left), "a record after all")
 
-
-def test_a_button_held_for_a_second_says_stop_and_five_movements_and_stop(desktop):
-    program, adapter = desktop.show_with_adapter()
-    desktop.move_pointer(*program.window_with("Up").find("Up").middle)
-    pressed = desktop.button(True)
-    wait_until(lambda: adapter.values(pressed - 0.1).count(UP) == 5, "five movements")
-    desktop.button(False)
-    wait_until(lambda: adapter.values()[-1] == STOP, "stop")
-    reports = [(at - pressed, value) for at, value in adapter.wire if at > pressed - 0.1]
-    assert [value for _, value in reports] == [STOP] + [UP] * 5 + [STOP]
-    assert [at for at, value in reports if value == UP] == pytest.approx([0.2, 0.4, 0.6, 0.8, 1.0], abs=0.1)
-    assert adapter.height > 900

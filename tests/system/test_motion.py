@@ -24,10 +24,17 @@ class Desk:
         self.window = desktop.window("Zelvo StandUp")
         self.panel = self.program.window_with("Up")
 
+    def comes_back(self):
+        if not (self.desktop.windows() and self.desktop.is_active(self.window)):
+            self.program.choose("Open Zelvo StandUp")
+            self.window = self.desktop.window("Zelvo StandUp")
+            wait_until(lambda: self.desktop.is_active(self.window), "the window in front")
+
     def hold(self, name="Up", value=UP, panel=None):
         self.desktop.move_pointer(*(panel or self.panel).find(name).middle)
-        self.desktop.button(True)
+        pressed = self.desktop.button(True)
         self.moves(value)
+        return pressed
 
     def moves(self, value=UP):
         since = time.monotonic()
@@ -38,9 +45,16 @@ class Desk:
 
     def stands(self, let_go, grace=GRACE):
         # A stop came after it was let go, and no movement report later than the grace.
-        settled = lambda: self.adapter.values()[-1] == STOP and time.monotonic() > let_go + grace + 0.4  # noqa: E731
+        settled = lambda: self.adapter.values()[-1] == STOP and time.monotonic() > let_go + grace + 0.25  # noqa: E731
         wait_until(settled, "a stop at last")
         assert set(self.adapter.values(let_go + grace)) <= {STOP, "init"}
+
+    def freeze(self, let_go):
+        self.program.signal(signal.SIGSTOP)
+        at = let_go()
+        wait_until(lambda: time.monotonic() > at + 1.5)
+        self.program.signal(signal.SIGCONT)
+        return at
 
 
 @pytest.fixture
@@ -60,62 +74,60 @@ def go_away(desk):
     return desk.release()
 
 
-def freeze(desk):
-    desk.program.signal(signal.SIGSTOP)
-    let_go = desk.release()
-    wait_until(lambda: time.monotonic() > let_go + 1.5)
-    desk.program.signal(signal.SIGCONT)
-    return let_go
-
-
-def after(act):
-    def let_go(desk):
-        act(desk)
-        return time.monotonic()
-
-    return let_go
-
-
-WAYS_TO_LET_GO = {
+# How a finger lets go.
+BY_HAND = {
     "on the button": Desk.release,
     "outside the window": go_away,
     "after another button": press_other_button,
-    "while the program is frozen": freeze,
-    "by minimising the window": after(lambda desk: desk.desktop.minimise(desk.window)),
-    "by closing the window": after(lambda desk: desk.desktop.tell(desk.window, "_NET_CLOSE_WINDOW")),
-    "by the close key": after(lambda desk: desk.desktop.key("Escape")),
-    "by hiding the window": after(lambda desk: desk.program.click_tray()),
-    "by going to another workspace": after(lambda desk: desk.desktop.switch_workspace(1)),
-    "by another window": after(lambda desk: desk.program.choose("History")),
+    "while the program is frozen": lambda desk: desk.freeze(desk.release),
+}
+# What takes the button from under it.
+BY_LOSS = {
+    "by hiding the window": lambda desk: desk.program.click_tray(),
+    "by minimising the window": lambda desk: desk.desktop.minimise(desk.window),
+    "by closing the window": lambda desk: desk.desktop.tell(desk.window, "_NET_CLOSE_WINDOW"),
+    "by the close key": lambda desk: desk.desktop.key("Escape"),
+    "by going to another workspace": lambda desk: desk.desktop.switch_workspace(1),
+    "by another window": lambda desk: desk.program.choose("History"),
 }
 
 
-@pytest.mark.parametrize("way", WAYS_TO_LET_GO)
-def test_let_go(desk, way):
-    desk.hold()
-    desk.stands(WAYS_TO_LET_GO[way](desk))
+def test_let_go_by_hand(desk):
+    for way, let_go in BY_HAND.items():
+        print(way)
+        desk.hold()
+        desk.stands(let_go(desk))
 
 
-@pytest.mark.parametrize("key", ["space", "Return"])
-def test_a_held_key_moves_until_it_is_let_go(desk, key):
-    desk.panel.find("Down").focus()
-    desk.desktop.key(key, True)  # The server repeats it from now on.
-    desk.moves(DOWN)
-    desk.moves(DOWN)
-    desk.stands(desk.desktop.key(key, False))
+def test_let_go_by_losing_the_button(desk):
+    for way, lose in BY_LOSS.items():
+        print(way)
+        desk.comes_back()
+        desk.hold()
+        lose(desk)
+        lost = time.monotonic()
+        desk.stands(lost)
+        desk.release()
 
 
-@pytest.mark.parametrize("key", ["space", "Return"])
-def test_a_key_let_go_while_the_program_is_frozen(desk, key):
-    desk.panel.find("Down").focus()
-    desk.desktop.key(key, True)
-    desk.moves(DOWN)
-    desk.moves(DOWN)
-    desk.program.signal(signal.SIGSTOP)
-    let_go = desk.desktop.key(key, False)
-    wait_until(lambda: time.monotonic() > let_go + 1.5)
-    desk.program.signal(signal.SIGCONT)
-    desk.stands(let_go)
+def test_a_held_key_moves_until_it_is_let_go(desk):
+    for key in ("space", "Return"):
+        for let_go in (lambda way: way(), desk.freeze):
+            desk.panel.find("Down").focus()
+            desk.desktop.key(key, True)  # The server repeats it from now on.
+            desk.moves(DOWN)
+            desk.moves(DOWN)
+            desk.stands(let_go(lambda: desk.desktop.key(key, False)))
+
+
+def test_a_button_held_for_a_second_says_stop_and_five_movements_and_stop(desk):
+    pressed = desk.hold()
+    wait_until(lambda: desk.adapter.values(pressed - 0.1).count(UP) == 5, "five movements")
+    desk.stands(desk.release())
+    reports = [(at - pressed, value) for at, value in desk.adapter.wire if at > pressed - 0.1]
+    assert [value for _, value in reports] == [STOP] + [UP] * 5 + [STOP]
+    assert [at for at, value in reports if value == UP] == pytest.approx([0.2, 0.4, 0.6, 0.8, 1.0], abs=0.1)
+    assert desk.adapter.height > 2000
 
 
 def test_each_button_does_what_it_says(desk):
