@@ -256,9 +256,10 @@ class Desktop:
 
     def start_recording(self, *arguments, **env):
         # The program once its first period is recorded. It looks at the desk once a second.
+        before = len(self.records())
         with self.clock.running(10):
             program = self.start(*arguments, **env)
-            wait_until(self.records, "a first record")
+            wait_until(lambda: len(self.records()) > before, "a first record")
         return program
 
     def bent(self, *libraries):
