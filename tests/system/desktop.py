@@ -23,12 +23,13 @@ from Xlib.ext import xtest  # noqa: E402
 from Xlib.protocol import event  # noqa: E402
 
 from adapter import Machine  # noqa: E402
-from bus import Mock, call  # noqa: E402
+from bus import Mock, call, get  # noqa: E402
 from screenreader import SHOWING, ignoring_what_goes, listen_to  # noqa: E402
 from waiting import DEADLINE, wait_until  # noqa: E402
 
 PROGRAM = Path(os.environ["ZELVO_BIN"]) / "zelvo-standup"
 SET_UP = {"ActivityMode": 2, "ActivityGoal": 15, "NumberOfStandUps": 2, "Weight": 70, "Version": "1.0.1"}
+TRAY_ITEM = ("/StatusNotifierItem", "org.kde.StatusNotifierItem")
 BUS_CONFIG = """<busconfig><type>session</type><listen>unix:path={}</listen><policy context="default">
 <allow send_destination="*" eavesdrop="true"/><allow eavesdrop="true"/><allow own="*"/></policy></busconfig>"""
 
@@ -266,6 +267,16 @@ class Desktop:
         preload = ":".join([os.environ["BENT_CLOCK_LIBRARY"], *libraries])
         return {"BENT_CLOCK": str(self.clock.path), "LD_PRELOAD": preload}
 
+    def keep_opened_links(self):
+        # What the desktop is asked to show, in place of a browser.
+        folder, links = self.home / "bin", self.home / "links"
+        folder.mkdir()
+        links.touch()
+        (folder / "xdg-open").write_text(f'#!/bin/sh\necho "$1" >> {links}\n')
+        (folder / "xdg-open").chmod(0o700)
+        self.env["PATH"] = f"{folder}:{self.env['PATH']}"
+        return lambda: links.read_text().split()
+
     def log(self):
         file = self.folder / "StandUp.log"
         return file.read_text() if file.exists() else ""
@@ -432,8 +443,12 @@ class Program:
         return wait_until(item, "tray icon")
 
     def click_tray(self):
-        item = ("/StatusNotifierItem", "org.kde.StatusNotifierItem")
-        call(self.desktop.session, self.tray_item(), *item, "Activate", "(ii)", 0, 0)
+        call(self.desktop.session, self.tray_item(), *TRAY_ITEM, "Activate", "(ii)", 0, 0)
+
+    def tray_icon(self):
+        # Its pictures and what it says.
+        item = (self.desktop.session, self.tray_item(), *TRAY_ITEM)
+        return get(*item, "IconPixmap"), get(*item, "ToolTip")[2]
 
     def menu(self):
         # Label to (number, enabled) of the entries of the tray's menu.

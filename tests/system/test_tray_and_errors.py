@@ -1,8 +1,11 @@
-"""A tray that is late or leaves, an adapter that is taken or reports errors, and what a screen reader is told."""
+"""A tray that is late or leaves, an adapter that is taken, silent or reports errors, and a start in vain."""
 
 import fcntl
+import signal
+import subprocess
 
 import pytest
+from desktop import PROGRAM
 from waiting import wait_until
 
 
@@ -10,9 +13,8 @@ from waiting import wait_until
 def test_without_a_tray_the_window_comes_by_itself(desktop, tray):
     desktop.settings()
     program = desktop.start("--simulate")
-    desktop.clock.run(10)
-    window = desktop.window("Zelvo StandUp")
-    desktop.clock.run(1)
+    with desktop.clock.running(10):
+        window = desktop.window("Zelvo StandUp")
     wait_until(lambda: desktop.is_active(window), "the window in front")
     desktop.key("Escape")
     wait_until(lambda: not desktop.windows(), "the window closed")
@@ -22,6 +24,7 @@ def test_without_a_tray_the_window_comes_by_itself(desktop, tray):
     else:
         program.show()
     wait_until(lambda: desktop.is_active(desktop.window("Zelvo StandUp")), "the window in front")
+    assert len(desktop.records()) == 1
 
 
 def test_a_tray_that_leaves_and_comes_again(desktop):
@@ -39,16 +42,39 @@ def test_a_tray_that_leaves_and_comes_again(desktop):
     desktop.window("History")
 
 
-def test_a_second_start_ends_and_shows_the_first(desktop):
-    desktop.settings()
+def test_the_icon_tells_whether_a_desk_is_there_and_a_silent_adapter_is_none(desktop):
+    desktop.settings(DevicePosition1=500, DevicePosition2=1000)
     desktop.add_tray()
-    first = desktop.start_recording("--simulate")
-    window = first.show()
-    wait_until(lambda: desktop.is_active(window), "the window in front")
-    assert first.process.poll() is None and len(desktop.records()) == 1
+    adapter = desktop.plug(height=1500)
+    adapter.silent = True
+    program = desktop.start()
+    without, told = program.tray_icon()
+    assert told == "No desk connected"
+    program.click_tray()
+    main = program.window_with("Up")
+    main.hears("Please connect your desk")
+    wait_until(lambda: adapter.hanging, "a transfer that hangs")
+    desktop.click(*main.find("Up").middle)  # It waits for nothing.
+    program.choose("History")
+    desktop.window("History")
+    adapter.answer()
+    with desktop.clock.running(10):
+        wait_until(desktop.records, "a first record")
+    main.hears("77 cm")
+    assert set(adapter.values()) == {"init", 0x8001}
+    assert program.tray_icon()[1] == "Desk connected" and program.tray_icon()[0] != without
+    adapter.communicating = False
+    adapter.failure = 32  # EPIPE, so that the program looks whether the desk is there.
+    main.hears("Please connect your desk")
+    assert program.tray_icon() == (without, "No desk connected")
+    adapter.failure, adapter.communicating = 0, True
+    main.hears("Current session")
+    adapter.unplug()
+    wait_until(lambda: program.tray_icon() == (without, "No desk connected"), "the icon without a desk")
 
 
 def test_an_error_is_shown_and_goes_with_its_adapter(desktop):
+    opened = desktop.keep_opened_links()
     program, adapter = desktop.show_with_adapter()
     main = program.window_with("Up")
     adapter.error = (0x0D, [5, 123])
@@ -56,11 +82,15 @@ def test_an_error_is_shown_and_goes_with_its_adapter(desktop):
         main.hears(line)
     adapter.error = (0, [7])
     main.hears("E07:")
+    link = next(node for node in main.walk() if "E07:" in node.name)
+    desktop.click(*link.middle)
+    wait_until(lambda: opened() == ["https://standup.zelvo.example/errors"], "the page about it")
     adapter.unplug()
     main.hears("Please connect your desk")
-    desktop.clock.run(10)
-    wait_until(lambda: not any("E07" in words for words in main.says()), "the error gone with its adapter")
-    desktop.clock.run(1)
+    gone = desktop.clock.now()
+    with desktop.clock.running(10):
+        wait_until(lambda: not any("E07" in words for words in main.says()), "the error gone with its adapter")
+    assert 12 <= desktop.clock.now() - gone <= 20
     desktop.plug(height=1500)
     main.hears("77 cm")
     main.hears("of today’s goal")
@@ -69,6 +99,7 @@ def test_an_error_is_shown_and_goes_with_its_adapter(desktop):
 @pytest.mark.parametrize("way", ["closed", "unlocked"])
 def test_an_adapter_in_other_hands_is_taken_when_it_is_free(desktop, way):
     desktop.settings(DevicePosition1=500, DevicePosition2=1000)
+    stranger = desktop.plug(maker="Somebody Else A/S")
     adapter = desktop.plug(height=1500)
     with open(adapter.file, "r+") as other:
         fcntl.flock(other, fcntl.LOCK_EX)
@@ -84,29 +115,29 @@ def test_an_adapter_in_other_hands_is_taken_when_it_is_free(desktop, way):
         wait_until(lambda: adapter.values()[:2] == ["init", 0x8001], "the adapter taken")
         assert (desktop.clock.now() < refused + 25) == (way == "closed")
     wait_until(desktop.records, "a first record")
+    assert not stranger.wire and not stranger.reads
 
 
-def test_an_adapter_of_another_maker_is_left_alone(desktop):
+def test_starts_that_end_at_once(desktop):
+    def said(code, *arguments, **env):
+        command = [PROGRAM, *arguments]
+        done = subprocess.run(command, env=desktop.env | desktop.bent() | env, capture_output=True, text=True)
+        assert done.returncode == code
+        return done.stdout + done.stderr
+
+    assert said(0, "--version") == "zelvo-standup 1.0.1\n"
+    for words in ("Usage: zelvo-standup [options]\n", "--simulate", "--language <CODE>", "--test-window", "-h, --help"):
+        assert words in said(0, "--help")
+    assert said(2, "--faster").endswith("'faster'. Try --help.\n")
+    assert said(2, "desk") == "zelvo-standup: 'desk' is not an option. Try --help.\n"
+    assert "There are no texts in the language 'xx'." in said(2, "--language", "xx")
+    assert "There is no display" in said(1, DISPLAY="")
+    assert "The display :77 does not answer." in said(1, DISPLAY=":77")
     desktop.settings()
-    stranger = desktop.plug(maker="Somebody Else A/S")
-    desktop.start()
-    ours = desktop.plug()
-    wait_until(desktop.records, "a first record")
-    assert ours.values() == ["init", 0x8001] and not stranger.wire and not stranger.reads
-
-
-def test_what_a_screen_reader_is_told(desktop):
-    program, adapter = desktop.show_with_adapter()
-    main = program.window_with("Up")
-    wait_until(lambda: "Current session" in main.says(), "the session")
-    heard = {(node.role, node.name.replace("\n", "")) for node in main.walk() if node.has(25)}
-    buttons = {("push button", name) for name in "Close Down Up Sit Stand History Settings".split()}
-    assert buttons | {("push button", "Position 3"), ("label", "Desk height 71 cm")} <= heard
-    assert ("progress bar", "Progress towards today’s goal: 0 min") in heard
-    up = main.find("Up")
-    assert up.description == "Hold to raise the desk" and "Press" not in up.actions
-    adapter.put(1300)
-    main.hears("75 cm")
-    adapter.communicating = False
-    adapter.failure = 32  # EPIPE, so that the program looks whether the desk is there.
-    main.hears("Please connect your desk")
+    desktop.add_tray()
+    program = desktop.start("--simulate", "--language=de", XDG_DATA_HOME="data")
+    assert "Einstellungen…" in program.menu()
+    wait_until((desktop.home / ".local/share/org.zelvo.StandUp/StandUp.storedata").exists, "the usual folder")
+    program.signal(signal.SIGSTOP)
+    assert "The program runs already, but does not answer." in said(1)
+    program.signal(signal.SIGCONT)

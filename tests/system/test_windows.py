@@ -1,50 +1,80 @@
-"""Windows come when they are asked for."""
+"""Windows come when they are asked for, where they are looked for, and go where they are put."""
+
+import itertools
 
 import pytest
-from waiting import wait_until
+from waiting import holds_for, wait_until
 
 WINDOWS = {"Open Zelvo StandUp": "Zelvo StandUp", "History": "History", "Settings…": "Setup"}
-WAYS_BACK = {
-    "menu": lambda program, entry: program.choose(entry),
-    "second start": lambda program, _: program.show(),
-}
 
 
-@pytest.mark.parametrize("entry,way", [(entry, "menu") for entry in WINDOWS] + [("Open Zelvo StandUp", "second start")])
-def test_a_window_that_is_asked_for_comes_back(desktop, entry, way):
+@pytest.fixture
+def program(desktop):
     desktop.settings()
     desktop.add_tray()
-    program = desktop.start("--simulate")
-    program.choose(entry)
-    window = desktop.window(WINDOWS[entry])
-    program.choose(next(other for other in WINDOWS if other != entry))
-    desktop.minimise(window)
-    WAYS_BACK[way](program, entry)
-    wait_until(lambda: not desktop.is_minimised(window) and desktop.is_active(window), "the window in front")
-
-    desktop.switch_workspace(1)
-    wait_until(lambda: not desktop.is_visible(window), "an empty workspace")
-    WAYS_BACK[way](program, entry)
-    wait_until(lambda: desktop.is_visible(window) and desktop.is_active(window), "the window on this workspace")
-    assert desktop.workspace() == 1
+    return desktop.start_recording("--simulate")
 
 
-def test_one_click_on_the_tray_shows_the_window_and_the_next_hides_it(desktop):
-    desktop.settings()
-    desktop.add_tray()
-    program = desktop.start("--simulate")
+def test_a_window_that_is_asked_for_comes_back(desktop, program):
+    asked = [(entry, lambda entry=entry: program.choose(entry)) for entry in WINDOWS]
+    for entry, ask in [*asked, ("Open Zelvo StandUp", program.show)]:
+        program.choose(entry)
+        window = desktop.window(WINDOWS[entry])
+        program.choose(next(other for other in WINDOWS if other != entry))
+        desktop.minimise(window)
+        ask()
+        wait_until(lambda: not desktop.is_minimised(window) and desktop.is_active(window), "the window in front")
+
+        here = 1 - desktop.workspace()
+        desktop.switch_workspace(here)
+        wait_until(lambda: not desktop.is_visible(window), "an empty workspace")
+        ask()
+        wait_until(lambda: desktop.is_visible(window) and desktop.is_active(window), "the window on this workspace")
+        assert desktop.workspace() == here
+
+
+def test_one_click_on_the_tray_shows_the_window_and_the_next_hides_it(desktop, program):
+    for minimise in (False, True):
+        program.click_tray()
+        window = desktop.window("Zelvo StandUp")
+        wait_until(lambda: desktop.is_visible(window) and desktop.is_active(window), "the window in front")
+        if minimise:
+            desktop.minimise(window)
+        program.click_tray()
+        wait_until(lambda: not desktop.windows(), "no window")
     program.click_tray()
-    window = desktop.window("Zelvo StandUp")
-    program.click_tray()
+    program.window_with("Up").find("Close").press()
     wait_until(lambda: not desktop.windows(), "no window")
+    program.click_tray()  # The next click shows it.
+    main = program.window_with("Up")
+    for button, window in {"History": "Year", "Settings": "Done"}.items():
+        main.find(button).press()
+        program.window_with(window)
+
+
+def test_a_window_is_dragged_by_its_background_and_not_by_its_buttons(desktop, program):
     program.click_tray()
-    window = desktop.window("Zelvo StandUp")
-    desktop.minimise(window)
-    program.click_tray()
-    wait_until(lambda: not desktop.windows(), "no window")
-    program.click_tray()
-    window = desktop.window("Zelvo StandUp")
-    wait_until(lambda: desktop.is_visible(window) and desktop.is_active(window), "the window in front")
+    window, main = desktop.window("Zelvo StandUp"), program.window_with("Up")
+    (x, y), corner, steps = main.find("of today’s goal").middle, desktop.frame(window), itertools.count(1)
+    desktop.move_pointer(x, y)
+    desktop.button(True)
+
+    def follows():
+        step = min(next(steps), 30)
+        desktop.move_pointer(x - 20 * step, y + 10 * step)
+        return desktop.frame(window)[0] <= corner[0] - 120
+
+    wait_until(follows, "the window following")
+    desktop.button(False)
+    wait_until(lambda: (corner[0] - desktop.frame(window)[0]) // 2 == desktop.frame(window)[1] - corner[1], "rest")
+    moved = desktop.frame(window)
+    assert moved[2:] == corner[2:]
+    desktop.move_pointer(*main.find("History").middle)
+    desktop.button(True)
+    desktop.move_pointer(5, 5)
+    holds_for(0.3, lambda: desktop.frame(window) == moved, "a button holds it")
+    desktop.button(False)
+    assert len(desktop.windows()) == 1
 
 
 @pytest.mark.parametrize("session", ["x11", "wayland"])
