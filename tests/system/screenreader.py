@@ -9,7 +9,7 @@ from waiting import DEADLINE, wait_until
 
 ROOT = "/org/a11y/atspi/accessible/root"
 ATSPI = "org.a11y.atspi."
-FOCUSED, SHOWING = 12, 25  # Of the states, by number.
+CHECKED, FOCUSED, SELECTED, SHOWING = 4, 12, 23, 25  # Of the states, by number.
 
 
 def ignoring_what_goes(look):

@@ -103,37 +103,6 @@ def test_what_goes_round_the_keyboard_is_checked_all_the_same(desktop):
     assert setup.stored("Weight", "NumberOfStandUps", "TablePositionOffset") == [66, 3, 6500]
 
 
-def test_the_keyboard_alone_is_enough(desktop):
-    setup = Setup(desktop)
-
-    def focus():
-        return next((node.name for node in setup.panel.walk() if node.has(FOCUSED)), None)
-
-    def tab_to(name):
-        for _ in range(40):
-            before = focus()
-            desktop.key("Tab")
-            wait_until(lambda: focus() not in (None, before), "the focus moved")
-            if focus() == name:
-                return
-        raise AssertionError(f"no way to {name}")
-
-    for name in ("My weight", "Stand-ups", "Time", "Done", "Close without saving", "Calories"):
-        tab_to(name)
-    desktop.key("space")
-    setup.panel.find("150 Calories")
-    tab_to("Goal")
-    for key in ("Home", "Right"):
-        desktop.key(key)
-    tab_to("Done")
-    desktop.key("space")
-    wait_until(lambda: not desktop.windows(), "the window closed")
-    assert setup.stored("ActivityMode", "ActivityGoal") == [1, 100]
-    setup.open()
-    desktop.key("Escape")
-    wait_until(lambda: not desktop.windows(), "the window closed")
-
-
 def test_a_settings_file_edited_by_hand_keeps_what_can_be_read(desktop):
     for junk in (b"\xef\xbb\xbf", b"# A comment\n", b"Name=Ren\xe9\n"):
         desktop.settings(Weight=None, Version=None)

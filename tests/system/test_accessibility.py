@@ -1,0 +1,95 @@
+"""What a screen reader is told of the windows, and the keyboard alone."""
+
+from screenreader import CHECKED, FOCUSED, SELECTED, SHOWING
+from waiting import wait_until
+
+HOLD = "Hold to move the desk to this position"
+SET = "Set the height of this position"
+UP, DOWN = "Hold to raise the desk", "Hold to lower the desk"
+# By a control that no other window has: role, name and what explains it; an asterisk stands before what is chosen.
+TOLD = {
+    "Settings": {
+        "push button": dict.fromkeys(["Close", "History", "Settings"], "")
+        | {"Up": UP, "Down": DOWN}
+        | dict.fromkeys(["Sit", "Stand", "Position 3"], HOLD),
+        "progress bar": {"Progress towards today’s goal: 0 min": "", "Progress of the current session: 0 min": ""},
+    },
+    "Year": {
+        "push button": dict.fromkeys(["Day", "Week", "Month", "Year", "Close"], ""),
+        "link": {"Export to a file…": ""},
+    },
+    "My weight": {
+        "text": {"My weight": "kg", "Desk height now": "cm", "Stand-ups": "per hour"},
+        "page tab": {"*Time": "", "Calories": ""},
+        "radio button": dict.fromkeys(["10 minutes", "15 minutes", "*20 minutes", "30 minutes", "40 minutes"], ""),
+        "slider": {"Goal": "20 minutes"},
+        "push button": {"Sit": SET, "Stand": SET, "Position 3": SET, "Done": ""}
+        | {"Close without saving": "Close without saving"},
+        "link": {"Watch the video": "", "More about standing at work": ""},
+    },
+    "Snooze": {"push button": {"Sit": HOLD, "Up": UP, "Down": DOWN, "Snooze": "", "Skip": ""}},
+}
+
+
+def controls(window):
+    told = {}
+    for node in window.walk():
+        if node.has(SHOWING) and node.role not in ("filler", "label"):
+            chosen = "*" * (node.has(CHECKED) or node.has(SELECTED))
+            told.setdefault(node.role, {})[chosen + node.name] = node.description
+    return told
+
+
+def test_what_a_screen_reader_is_told(desktop):
+    desktop.settings(ActivityGoal=20)
+    links = desktop.keep_opened_links()
+    desktop.add_tray()
+    program = desktop.start_recording("--simulate", "--test-window")
+    program.choose("Settings…")
+    setup = program.window_with("My weight")
+    for name in ("Watch the video", "More about standing at work"):
+        desktop.click(*setup.find(name).middle)
+    pages = [f"https://standup.zelvo.example/{page}" for page in ("info", "video")]
+    wait_until(lambda: sorted(links()) == pages, "the pages")
+    program.choose("History")
+    program.choose("Open Zelvo StandUp")
+    program.window_with("Settings").hears("Current session")
+    program.window_with("Sit down").find("Sit down").press()
+    for name, told in TOLD.items():
+        assert controls(program.window_with(name)) == told
+
+
+def test_the_keyboard_alone_is_enough(desktop):
+    desktop.settings(Weight=66)
+    desktop.add_tray()
+    program = desktop.start_recording("--simulate")
+    program.choose("Settings…")
+    setup = program.window_with("Setup")
+
+    def focus():
+        return next((node.name for node in setup.walk() if node.has(FOCUSED)), None)
+
+    def tab_to(name):
+        for _ in range(40):
+            before = focus()
+            desktop.key("Tab")
+            wait_until(lambda: focus() not in (None, before), "the focus moved")
+            if focus() == name:
+                return
+        raise AssertionError(f"no way to {name}")
+
+    for name in ("My weight", "Stand-ups", "Time", "Done", "Close without saving", "Calories"):
+        tab_to(name)
+    desktop.key("space")
+    setup.find("150 Calories")
+    tab_to("Goal")
+    for key in ("Home", "Right"):
+        desktop.key(key)
+    tab_to("Done")
+    desktop.key("space")
+    wait_until(lambda: not desktop.windows(), "the window closed")
+    assert (desktop.setting("ActivityMode"), desktop.setting("ActivityGoal")) == ("1", "100")
+    program.choose("Settings…")
+    desktop.window("Setup")
+    desktop.key("Escape")
+    wait_until(lambda: not desktop.windows(), "the window closed")
