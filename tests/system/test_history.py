@@ -72,17 +72,21 @@ class Sums:
         return f"{titles}{minutes:.2f}; {calories:.2f}; {stands}; {goals}; ".encode()
 
 
-def start_with_history(desktop, sums, language):
+def start_with_history(desktop, sums):
     desktop.settings(Weight=WEIGHT, ActivityGoal=GOAL)
     desktop.add_tray()
-    desktop.env |= {"TZ": sums.zone.key, "LANG": f"{language}.UTF-8", "LC_ALL": f"{language}.UTF-8"}
+    desktop.env |= {"TZ": sums.zone.key}
     desktop.clock.start_at(sums.now)
     program = desktop.start()
     program.click_tray()  # Makes the store.
     desktop.window("Zelvo StandUp")
     program.quit()
     desktop.plant(sums.rows)
-    return desktop.start()
+
+
+def show_history(program):
+    program.choose("History")
+    return program.window_with("Year")
 
 
 def numbers(window):
@@ -90,32 +94,40 @@ def numbers(window):
     return [labels[labels.index(title) - 1] for title in ("minutes", "calories", "stand-ups", "goals met")]
 
 
-def export(desktop, program):
-    # Saves under the proposed name and answers what was written.
-    desktop.click(*program.ear.find("Export to a file…").middle)
-    program.window_with("Save", "Cancel")
-    desktop.key("Return")
+def choose_file(desktop, program, name=""):
+    # Without a name it is the proposed one.
+    desktop.click(*program.window_with("Year").find("Export to a file…").middle)
+    panel = program.window_with("Save", "Cancel")
+    desktop.type(name)
+    wait_until(lambda: any(name in field.text for field in panel.all(role="text")), "the name")
+    return panel
+
+
+def export(desktop, program, name=""):
+    # Answers the name of the file and what was written.
+    choose_file(desktop, program, name).find("Save").press()
 
     def written():
-        files = [path for path in desktop.home.glob("**/*") if path.is_file() and path.parent == desktop.home]
-        return next((path for path in files if path.read_bytes().startswith(b"Standing Minutes")), None)
+        return next((path for path in desktop.home.glob("*.csv") if path.read_bytes().endswith(b"; ")), None)
 
     file = wait_until(written, "the exported file")
-    return file.name, file.read_bytes()
+    found = file.name, file.read_bytes()
+    file.unlink()
+    return found
 
 
 @pytest.mark.parametrize("zone", ["Africa/Cairo", "America/Mexico_City", "Europe/London"])
 def test_history_and_export_of_planted_periods(desktop, zone):
     sums = Sums(zone)
-    program = start_with_history(desktop, sums, "en_GB")
+    start_with_history(desktop, sums)
+    program = desktop.start()
     program.click_tray()
     today = sums.minutes(sums.standing(sums.instant(NOW.replace(hour=0, minute=0)), sums.now), 0, sums.now)
     today -= 30  # Of the period that began before midnight.
     main = program.window_with("Up")
     main.hears(f"Progress towards today’s goal: {int(today)} min")
     main.hears(str(int(today / (GOAL * 8) * 100)))
-    program.choose("History")
-    window = program.window_with("Year")
+    window = show_history(program)
     midnight = NOW.replace(hour=0, minute=0)
     assert numbers(window) == sums.shown(midnight - timedelta(2))
     firsts = {
@@ -132,10 +144,34 @@ def test_history_and_export_of_planted_periods(desktop, zone):
     assert numbers(window) == sums.shown(firsts["Year"])
 
 
-@pytest.mark.parametrize("language", ["fa_IR", "th_TH", "ar_SA"])
-def test_the_export_begins_in_2013_by_every_calendar(desktop, language):
+def test_the_export_begins_in_2013_by_every_calendar(desktop):
     sums = Sums("Asia/Bangkok")
-    program = start_with_history(desktop, sums, language)
-    program.choose("History")
-    program.window_with("Year")
-    assert export(desktop, program)[1] == sums.exported()
+    start_with_history(desktop, sums)
+    for language in ("fa_IR", "th_TH", "ar_SA"):
+        program = desktop.start(LANG=f"{language}.UTF-8", LC_ALL=f"{language}.UTF-8")
+        show_history(program)
+        assert export(desktop, program)[1] == sums.exported()
+        program.quit()
+
+
+def test_an_export_takes_nothing_from_the_user(desktop):
+    desktop.settings()
+    desktop.add_tray()
+    program = desktop.start_recording("--simulate")
+    show_history(program)
+    assert export(desktop, program, "week")[0] == "week.csv"
+    (desktop.home / "mine.csv").write_text("mine")
+    choose_file(desktop, program)
+    desktop.key("Escape")
+    wait_until(lambda: len(desktop.windows()) == 1, "the panel closed")
+    choose_file(desktop, program, "mine")
+    for way in ("without the ending", "with it"):
+        program.window_with("Save", "Cancel").find("Save").press()
+        question = program.window_with("Yes", "No")
+        question.hears("mine.csv already exists.")
+        question.find("No").press()
+        wait_until(lambda: len(desktop.windows()) == 2, f"the panel again, {way}")
+    assert [path.read_text() for path in desktop.home.glob("*.csv")] == ["mine"]
+    program.window_with("Save", "Cancel").find("Save").press()
+    program.window_with("Yes", "No").find("Yes").press()
+    wait_until(lambda: (desktop.home / "mine.csv").read_text().startswith("Standing Minutes"), "the export")
