@@ -4,12 +4,17 @@
 #include "fakes/ControlTest.h"
 #include "fakes/FakeHid.h"
 #include "fakes/TestStore.h"
+#include "screens/WizardWindowController.h"
 
-/// The world around the setup screen: the hub with an adapter that can be plugged in, settings as after a
-/// first start, English texts. A window under test has its controls found by object name.
+#include <QLabel>
+#include <QLineEdit>
+#include <QTest>
+
+/// The setup screen in its window, over a hub with an adapter that can be plugged in; settings that are no
+/// defaults, English texts. Controls are found by object name.
 class SetupTest : public ControlTest {
 protected:
-    static constexpr uint16_t kHeight = 4300; // With the bundle's offset of 6200 the desk is 105 cm high.
+    static constexpr uint16_t kHeight = 4300; // With the offset of 6200 the desk is 105 cm high.
     static constexpr uint16_t kUp = 0x8000;
     static constexpr uint16_t kDown = 0x7FFF;
     static constexpr uint16_t kStop = 0x8001;
@@ -17,23 +22,23 @@ protected:
     SetupTest()
     {
         installTexts(*qApp, QStringLiteral("en"));
+        store("Weight", 71.9);
+        store("NumberOfStandUps", 3);
+        store("ActivityMode", 1);
+        store("ActivityGoal", 200);
         adapter->setCommunicating(true);
-        AppProperties::instance().setZelvoController(
-            std::make_shared<ZelvoController>(ZelvoController::Dependencies {
-                hid, eventSource, workspace, [this] { return activities.context; }, [](int32_t) {}}));
+        properties().setZelvoController(std::make_shared<ZelvoController>(ZelvoController::Dependencies {
+            hid, eventSource, workspace, [this] { return activities.context; }, [](int32_t) {}}));
     }
     ~SetupTest() override
     {
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        properties().setZelvoController(
-            nullptr); // The hub goes before the world that this fixture makes for it.
-        installTexts(*qApp, QStringLiteral("en"));
-        QApplication::setLayoutDirection(Qt::LeftToRight);
+        wizard.reset();
+        properties().setZelvoController(nullptr); // Before the world that this fixture makes for it.
     }
 
-    void plug(uint16_t height = kHeight)
+    void plug()
     {
-        adapter->setHeight(height);
+        adapter->setHeight(kHeight);
         hid.plug(adapter);
         platform.runLoop.advance(1.5);
         ASSERT_TRUE(hub().isActive());
@@ -63,12 +68,45 @@ protected:
         platform.defaults.values.insert(QString::fromLatin1(key), value);
     }
 
-    template <typename Widget = QWidget>
-    static Widget& in(const QWidget& window, const QString& name)
+    void open()
     {
-        auto* widget = window.findChild<Widget*>(name);
+        if (!wizard)
+            wizard.emplace(workspace, [this] { ++terminations; });
+        wizard->showWindow();
+        show(wizard->window());
+        platform.defaults.writes.clear();
+    }
+    /// Leaves without saving; the next opening shows the settings as they are then.
+    void dismiss()
+    {
+        click(find("buttonCloseWithoutSaving"));
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    template <typename Widget = QWidget>
+    Widget& find(const QString& name) const
+    {
+        auto* widget = wizard->window().findChild<Widget*>(name);
         EXPECT_TRUE(widget) << qPrintable(name);
         return *widget;
+    }
+    [[nodiscard]] QString text(const char* label) const { return find<QLabel>(label).text(); }
+    QLineEdit& weight() const { return find<QLineEdit>("textFieldWeight"); }
+    QLineEdit& height() const { return find<QLineEdit>("textFieldTableHeight"); }
+    QLineEdit& standUps() const { return find<QLineEdit>("textFieldStandUpNumber"); }
+    /// What the three fields hold.
+    [[nodiscard]] QString entries() const
+    {
+        return QStringList({weight().text(), height().text(), standUps().text()}).join(' ');
+    }
+    static void click(QWidget& widget) { QTest::mouseClick(&widget, Qt::LeftButton); }
+    /// Replaces a field's text as a user does.
+    static void type(QLineEdit& field, const char* text)
+    {
+        field.setFocus();
+        field.selectAll();
+        QTest::keyClick(&field, Qt::Key_Delete);
+        QTest::keyClicks(&field, text);
     }
 
     TestStore activities {platform};
@@ -76,4 +114,6 @@ protected:
     FakeEventSource eventSource;
     FakeWorkspace workspace;
     std::shared_ptr<FakeHidDevice> adapter = std::make_shared<FakeHidDevice>();
+    int terminations = 0;
+    std::optional<WizardWindowController> wizard;
 };

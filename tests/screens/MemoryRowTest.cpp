@@ -1,0 +1,105 @@
+#include "screens/MemoryRow.h"
+
+#include "screens/SetupTest.h"
+#include "ui/HoverButton.h"
+
+namespace {
+class MemoryRowTest : public SetupTest {
+protected:
+    HoverButton& memoryButton(int index) const
+    {
+        return find<HoverButton>(QString("buttonMemory%1").arg(index));
+    }
+    QWidget& openEditor(int index)
+    {
+        click(memoryButton(index));
+        QApplication::processEvents();
+        return find("MemoryView");
+    }
+};
+}
+
+TEST_F(MemoryRowTest, theEditorTakesTheButtonsPlaceMovesTheDeskAndStoresItsHeight)
+{
+    plug();
+    open();
+    type(height(), "110");
+    for (const int index : {1, 3, 2}) {
+        SCOPED_TRACE(index);
+        const QRect place = memoryButton(index).geometry();
+        enter(memoryButton(index));
+        openEditor(index == 2 ? 1 : 2);
+        QWidget& editor = openEditor(index);
+        EXPECT_EQ(properties().tablePositionOffset(), 6700); // The height that was typed counts at once.
+        EXPECT_EQ(editor.geometry(), place);
+        for (int other = 1; other <= 3; ++other)
+            EXPECT_EQ(memoryButton(other).isHidden(), other == index);
+        EXPECT_EQ(wizard->window().findChildren<QWidget*>("MemoryView").size(), 1);
+        EXPECT_TRUE(find("buttonUp").hasFocus());
+        for (const auto& [button, movement] : {std::pair("buttonDown", kDown), {"buttonUp", kUp}}) {
+            QTest::mousePress(&find(button), Qt::LeftButton);
+            EXPECT_EQ(heldMovement(), movement);
+            QTest::mouseRelease(&find(button), Qt::LeftButton);
+            EXPECT_EQ(lastMovement(), kStop);
+        }
+        moveDeskTo(uint16_t(5000 + index));
+        platform.defaults.writes.clear();
+        click(*editor.findChild<QWidget*>("buttonDone"));
+        EXPECT_EQ(platform.defaults.writes.join(' '), QString("DevicePosition%1").arg(index));
+        EXPECT_EQ(platform.defaults.values.value(platform.defaults.writes.join(' ')), 5000 + index); // Raw.
+        EXPECT_TRUE(memoryButton(index).isVisible() && memoryButton(index).hasFocus());
+        EXPECT_FALSE(wizard->window().findChild<QWidget*>("MemoryView"));
+        moveDeskTo(kHeight);
+    }
+}
+
+TEST_F(MemoryRowTest, withoutADeskThereIsANoticeAndNothingToSet)
+{
+    open();
+    const int top = memoryButton(1).y();
+    const auto expectDesk = [&](bool isThere) {
+        QApplication::processEvents();
+        EXPECT_NE(find("labelConnection").isVisible(), isThere);
+        for (int index = 1; index <= 3; ++index)
+            EXPECT_EQ(memoryButton(index).isEnabled(), isThere);
+        EXPECT_EQ(memoryButton(1).y(), top);
+    };
+    expectDesk(false);
+    type(height(), "70");
+    wizard->setupViewController().buttonMemoryClicked(memoryButton(1)); // Saves the offset alone.
+    EXPECT_EQ(platform.defaults.writes.join(' '), "TablePositionOffset");
+    EXPECT_FALSE(wizard->window().findChild<QWidget*>("MemoryView"));
+    plug();
+    expectDesk(true);
+    const QWidget& editor = openEditor(1);
+    hid.unplug(adapter);
+    click(*editor.findChild<QWidget*>("buttonDone"));
+    EXPECT_FALSE(platform.defaults.writes.contains("DevicePosition1"));
+    expectDesk(false);
+}
+
+TEST_F(MemoryRowTest, theDeskStopsWhenTheScreenGoesWhileAButtonIsHeld)
+{
+    plug();
+    const std::function<void()> kEndings[] = {
+        [this] { QTest::keyClick(&wizard->window(), Qt::Key_Escape); },
+        [this] { click(find("buttonCloseWithoutSaving")); },
+        [this] { wizard->window().hide(); },
+        [this] { wizard->showSetupView(); },
+        [this] { wizard->setupViewController().memoryViewButtonDoneClicked(); },
+        [this] { wizard.reset(); },
+    };
+    for (const auto& end : kEndings) {
+        SCOPED_TRACE(&end - kEndings);
+        open();
+        openEditor(1);
+        QTest::mousePress(&find("buttonUp"), Qt::LeftButton);
+        ASSERT_EQ(heldMovement(), kUp);
+        end();
+        EXPECT_EQ(lastMovement(), kStop);
+        const auto written = adapter->written.size();
+        platform.runLoop.advance(5);
+        EXPECT_EQ(adapter->written.size(), written);
+        wizard.reset();
+    }
+}

@@ -1,0 +1,126 @@
+#include "screens/SetupEntries.h"
+
+#include "screens/SetupTest.h"
+
+#include <QAccessible>
+
+namespace {
+using SetupEntriesTest = SetupTest;
+}
+
+TEST_F(SetupEntriesTest, showAndTellWhatIsStoredInTheUsersUnits)
+{
+    const struct {
+        const char* locale;
+        double weight;
+        int offset, standUps;
+        const char* heard;
+    } kCases[] = {
+        {"de_DE", 71.9, 6209, 3, "My weight: 71 kg; Desk height now: 105 cm; Stand-ups: 3 per hour; kg cm"},
+        {"en_US", 71.9, 6209, 3, "My weight: 158 lb; Desk height now: 41.3 in; Stand-ups: 3 per hour; lb in"},
+        {"de_DE", 0, -4309, 0, "My weight: 80 kg; Desk height now: 0 cm; Stand-ups: 1 per hour; kg cm"},
+        {"en_US", -5, 0, 5, "My weight: 176 lb; Desk height now: 16.9 in; Stand-ups: 5 per hour; lb in"}};
+    plug();
+    for (const auto& row : kCases) {
+        platform.bundle.testLocale = QLocale(row.locale);
+        properties().setWeight(row.weight);
+        store("TablePositionOffset", row.offset);
+        store("NumberOfStandUps", row.standUps);
+        open();
+        QString heard;
+        for (QLineEdit* field : {&weight(), &height(), &standUps()})
+            heard +=
+                field->accessibleName() + ": " + field->text() + ' ' + field->accessibleDescription() + "; ";
+        EXPECT_EQ(heard + text("labelSystemOfUnits") + ' ' + text("labelCm"), row.heard);
+        dismiss();
+    }
+}
+
+TEST_F(SetupEntriesTest, areStoredInKilogramsAndTenthsOfAMillimetreWithTheGoal)
+{
+    const struct {
+        const char* locale;
+        const char* typed[3];
+        const char* tab;
+        QString stored;
+    } kCases[] = {{"de_DE", {"82", "117", "4"}, "labelTime", "2 15 82 7400 4"},
+        {"en_US", {"180", "30.5", "2"}, "labelCalories", "1 100 81.72 3447 2"},
+        {"de_DE", {"999", "2500", "6"}, "labelTime", "2 15 999 245700 6"}, // As much as can be typed.
+        {"en_US", {"9991", "25011", "61"}, "labelTime", "2 15 453.546 59200 6"}};
+    plug();
+    for (const auto& [locale, typed, tab, stored] : kCases) {
+        platform.bundle.testLocale = QLocale(locale);
+        open();
+        type(weight(), typed[0]);
+        type(height(), typed[1]);
+        type(standUps(), typed[2]);
+        click(find(tab));
+        click(find("goalIndicator2"));
+        click(find("buttonDone"));
+        QStringList values;
+        for (const char* key :
+            {"ActivityMode", "ActivityGoal", "Weight", "TablePositionOffset", "NumberOfStandUps"})
+            values.append(platform.defaults.values.value(key).toString());
+        EXPECT_EQ(values.join(' '), stored);
+        EXPECT_FALSE(wizard->isWindowVisible());
+        wizard.reset();
+    }
+}
+
+/// Text that an accessibility client wrote past the validators.
+TEST_F(SetupEntriesTest, thatCannotBeStoredAreRefusedAndTheLimitsTold)
+{
+    plug();
+    open();
+    const QString good = entries();
+    const auto& refusal = find<QLabel>("labelRefusal");
+    const std::tuple<QLineEdit&, const char*, const char*> kCases[] = {{weight(), "7½", "from 0 to 999."},
+        {height(), "", "from 0 to 2500."}, {standUps(), "0", "from 1 to 6."}};
+    for (const auto& [field, text, limits] : kCases) {
+        field.setText(text);
+        click(find("buttonDone"));
+        EXPECT_TRUE(refusal.isVisible() && refusal.text().contains(limits)) << qPrintable(refusal.text());
+        EXPECT_TRUE(refusal.parentWidget()->rect().contains(refusal.geometry()));
+        EXPECT_EQ(refusal.y(), field.geometry().bottom() + 1);
+        EXPECT_EQ(entries(), good);
+        EXPECT_TRUE(field.hasFocus() && field.selectedText() == field.text());
+        QTest::keyClick(&field, Qt::Key_Backspace); // The line goes with the next edit.
+        EXPECT_FALSE(refusal.isVisible());
+        field.undo();
+    }
+    height().setText(".");
+    click(find("buttonMemory2")); // This stores the height too.
+    EXPECT_TRUE(refusal.isVisible());
+    EXPECT_TRUE(platform.defaults.writes.isEmpty());
+}
+
+TEST_F(SetupEntriesTest, areRefilledWhenEmptyExceptTheHeight)
+{
+    plug();
+    open();
+    for (QLineEdit* field : {&weight(), &standUps(), &height()})
+        type(*field, "");
+    weight().setFocus();
+    EXPECT_EQ(entries(), "71  3");
+    type(height(), "98");
+    type(weight(), "");
+    QAccessible::queryAccessibleInterface(&find("buttonDone"))
+        ->actionInterface()
+        ->doAction(QAccessibleActionInterface::pressAction()); // Takes the focus from no field.
+    EXPECT_EQ(properties().weight(), 71);
+}
+
+TEST_F(SetupEntriesTest, theHeightFollowsTheDeskAndGoesWithIt)
+{
+    store("TablePositionOffset", 7005);
+    plug();
+    open();
+    type(height(), "99");
+    moveDeskTo(4400);
+    EXPECT_EQ(height().text(), "114");
+    // Saved against no desk, the height of one that has left would shift the offset.
+    hid.unplug(adapter);
+    EXPECT_EQ(height().text(), "70");
+    click(find("buttonDone"));
+    EXPECT_EQ(properties().tablePositionOffset(), 7000);
+}
