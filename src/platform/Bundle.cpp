@@ -38,9 +38,16 @@ QJsonObject Bundle::compiledInformation()
     return document.object();
 }
 
+QJsonValue Bundle::information(const QString& key) const
+{
+    if (!m_information.contains(key))
+        Log::once(QStringLiteral("The program's information key \"%1\" is missing.").arg(key));
+    return m_information.value(key);
+}
+
 std::optional<QString> Bundle::stringValue(const QString& key) const
 {
-    const QJsonValue value = m_information.value(key);
+    const QJsonValue value = information(key);
     if (value.isUndefined() || value.isNull())
         return std::nullopt;
     return value.toVariant().toString();
@@ -48,7 +55,7 @@ std::optional<QString> Bundle::stringValue(const QString& key) const
 
 double Bundle::numberValue(const QString& key) const
 {
-    const QJsonValue value = m_information.value(key);
+    const QJsonValue value = information(key);
     const double number = value.isString() ? value.toString().toDouble() : value.toDouble();
     return std::isfinite(number) ? number : 0; // "nan" and "inf" are numbers to Qt.
 }

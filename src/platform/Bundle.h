@@ -20,7 +20,7 @@ public:
     /// line.
     static QJsonObject compiledInformation();
 
-    /// The value under the key as a text, or nothing when the key is missing.
+    /// The value under the key as a text, or nothing when the key is missing, which the log says once.
     [[nodiscard]] std::optional<QString> stringValue(const QString& key) const;
     /// The value as a number; 0 when the key is missing or is not a number. A text that holds a number
     /// counts.
@@ -41,5 +41,7 @@ public:
     static Bundle& main();
 
 private:
+    [[nodiscard]] QJsonValue information(const QString& key) const;
+
     QJsonObject m_information;
 };

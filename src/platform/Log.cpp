@@ -1,6 +1,7 @@
 #include "platform/Log.h"
 
 #include <QFile>
+#include <QSet>
 #include <QStringList>
 
 #include <cerrno>
@@ -44,6 +45,15 @@ void Log::line(const QString& message)
     write(text);
     if (!s_redirected && s_earlyLines.size() < kMostEarlyLines)
         s_earlyLines.append(text);
+}
+
+void Log::once(const QString& message)
+{
+    static QSet<QString> written;
+    if (written.contains(message))
+        return;
+    written.insert(message);
+    line(message);
 }
 
 bool Log::redirectToFile(const QString& path)

@@ -26,8 +26,6 @@ TEST(BundleTest, tellsValuesOfAnyKindAndMissingOnes)
         const Bundle bundle(QJsonObject {{QStringLiteral("Key"), value}});
         EXPECT_EQ(bundle.numberValue(QStringLiteral("Key")), number);
         EXPECT_EQ(bundle.stringValue(QStringLiteral("Key")), text);
-        EXPECT_EQ(bundle.numberValue(QStringLiteral("Missing")), 0);
-        EXPECT_EQ(bundle.stringValue(QStringLiteral("Missing")), std::nullopt);
     }
 }
 
