@@ -10,6 +10,8 @@
 class ZelvoController { };
 
 namespace {
+using P = AppProperties;
+
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 const QString kDefaulted = "AverageWorkDayHours TimeIdle TimeSnooze TimeNotificationDismiss "
                            "TimeNotificationDismissOnAction ActivityGoal WeightDefault DevicePosition1 "
@@ -17,29 +19,34 @@ const QString kDefaulted = "AverageWorkDayHours TimeIdle TimeSnooze TimeNotifica
 
 class AppPropertiesTest : public testing::Test {
 protected:
-    /// The settings as a new process would see them, after the first call.
-    static AppProperties& properties() { return AppProperties::instance(); }
+    static P& properties() { return P::instance(); }
+    /// The settings as a new process sees them.
+    P& restarted()
+    {
+        platform.restart();
+        return properties();
+    }
     QVariant& stored(const QString& key) { return platform.defaults.values[key]; }
     /// The keys written since the last call.
     QString written() { return std::exchange(platform.defaults.writes, {}).join(' '); }
     /// A new process of a program with another value under that information key; undefined: with none.
-    void inform(const QString& key, const QJsonValue& value)
+    P& informed(const QString& key, const QJsonValue& value)
     {
         QJsonObject information = TestPlatform::defaultInformation();
         information.insert(key, value);
         auto next = std::make_unique<TestBundle>(information);
         platform.restart(next.get());
         otherBundle = std::move(next);
+        return properties();
     }
 
-    /// What nothing has been read into is 0. A value is written when it differs from the cached one; a stored
-    /// one that changes meanwhile is read again at each call, or when the cache is 0 once more.
+    /// A value is written when it differs from the known one, which is 0 at first. One that changes in the
+    /// file is read again at each call, or when the known one is 0 once more.
     template <typename Number>
-    void expectWrites(
-        const char* key, void (AppProperties::*set)(Number), Number (AppProperties::*get)(), bool isReadAgain)
+    void expectWrites(const char* key, void (P::*set)(Number), Number (P::*get)(), bool isReadAgain)
     {
         SCOPED_TRACE(key);
-        AppProperties& settings = properties();
+        P& settings = properties();
         written();
         for (const int value : {0, 2, 2})
             (settings.*set)(Number(value));
@@ -66,21 +73,49 @@ TEST_F(AppPropertiesTest, writesTheMissingDefaultsInOrderAndFlushesEach)
     properties();
     EXPECT_EQ(platform.defaults.flushes, 10);
     EXPECT_EQ(written(), QString(kDefaulted).remove(" TimeIdle").remove(" DevicePosition2"));
-    const auto& values = platform.defaults.values;
     QStringList texts;
     for (const QString& key : kDefaulted.split(' '))
-        texts.append(values.value(key).toString());
+        texts.append(stored(key).toString());
     EXPECT_EQ(texts.join(' '), "8 42 600 20 5 50 80 700 0 4700 6200 1");
-    EXPECT_FALSE(properties().isUserSetupCompleted());
     platform.defaults.values.clear();
-    inform("DevicePosition3", QJsonValue::Undefined);
-    EXPECT_EQ(properties().devicePosition3(), 0);
+    EXPECT_EQ(informed("DevicePosition3", "4711.9").devicePosition3(), 4711);
+    platform.defaults.values.clear();
+    EXPECT_EQ(informed("DevicePosition3", QJsonValue::Undefined).devicePosition3(), 0);
     EXPECT_TRUE(properties().hasDevicePosition3());
+}
+
+TEST_F(AppPropertiesTest, readsEachSettingUnderItsKey)
+{
+    const char* const kStored[] = {"AverageWorkDayHours=7.5", "TimeIdle=301", "TimeSnooze=602",
+        "TimeNotificationDismiss=23", "TimeNotificationDismissOnAction=4", "ActivityGoal=150",
+        "ActivityGoalDefault=75", "Weight=71.5", "WeightDefault=77", "DevicePosition1=711",
+        "DevicePosition2=4312", "DevicePosition3=4713", "TablePositionOffset=-620", "NumberOfStandUps=3",
+        "NumberOfStandupsdefault=2", "ActivityMode=1", "TablePositionOffsetDefault=12.5",
+        "DevicePositionOffset=-12.9", "Version=0.9"};
+    for (const QString pair : kStored)
+        stored(pair.section('=', 0, 0)) = pair.section('=', 1);
+    P& p = restarted();
+    EXPECT_EQ((QList<double> {p.averageWorkDayHours(), p.timeIdle(), p.timeSnooze(),
+                  p.timeNotificationDismiss(), p.timeNotificationDismissOnAction(), p.activityGoal(),
+                  p.activitGoalDefault(), p.weight(), p.weightDefault()}),
+        (QList<double> {7.5, 301, 602, 23, 4, 150, 75, 71.5, 77}));
+    EXPECT_EQ((QList<double> {double(p.devicePosition1()), double(p.devicePosition2()),
+                  double(p.devicePosition3()), double(p.tablePositionOffset()), double(p.numberOfStandUps()),
+                  p.numberOfStandUpsDefault(), double(p.activityMode()), p.tablePositionDefault(),
+                  double(p.devicePositionOffset()), p.tablePositionOffsetDefault()}),
+        (QList<double> {711, 4312, 4713, -620, 3, 2, 1, 12.5, -12, 0}));
+    EXPECT_EQ(p.version(), "0.9");
+    for (const auto& [key, has] : {std::pair("DevicePosition1", &P::hasDevicePosition1),
+             {"DevicePosition2", &P::hasDevicePosition2}, {"DevicePosition3", &P::hasDevicePosition3}}) {
+        EXPECT_TRUE((p.*has)());
+        P::removeValueForKey(key);
+        EXPECT_FALSE((p.*has)());
+    }
 }
 
 TEST_F(AppPropertiesTest, clearsInOrderKeepsTheVersionAndTheCaches)
 {
-    AppProperties& settings = properties();
+    P& settings = properties();
     settings.setVersion("1.0");
     settings.setWeight(91);
     settings.setNumberOfStandUps(3);
@@ -99,8 +134,6 @@ TEST_F(AppPropertiesTest, clearsInOrderKeepsTheVersionAndTheCaches)
 
 TEST_F(AppPropertiesTest, writesWhatDiffersFromTheCacheAndReadsSomeValuesAgain)
 {
-    using P = AppProperties;
-    properties();
     expectWrites("Weight", &P::setWeight, &P::weight, false);
     expectWrites("ActivityMode", &P::setActivityMode, &P::activityMode, false);
     expectWrites("ActivityGoal", &P::setActivityGoal, &P::activityGoal, false);
@@ -113,7 +146,7 @@ TEST_F(AppPropertiesTest, writesWhatDiffersFromTheCacheAndReadsSomeValuesAgain)
 
 TEST_F(AppPropertiesTest, comparesTheVersionByTheIdentityOfItsText)
 {
-    AppProperties& settings = properties();
+    P& settings = properties();
     EXPECT_TRUE(settings.version().isNull());
     written();
     const QString version = QString::fromLatin1("1.0.1");
@@ -129,24 +162,21 @@ TEST_F(AppPropertiesTest, comparesTheVersionByTheIdentityOfItsText)
 
 TEST_F(AppPropertiesTest, crossesTheNumbersOfTheActivityModesAndCompletesAHalfDoneSetUp)
 {
-    const struct {
-        QJsonValue information;
-        int32_t mode;
-    } kCases[] = {{"1", 2}, {"2", 1}, {"3", 0}, {" 1", 0}, {"", 0}, {QJsonValue::Undefined, 0}};
+    const std::pair<QJsonValue, int32_t> kCases[] = {
+        {"1", 2}, {"2", 1}, {"3", 0}, {" 1", 0}, {"", 0}, {QJsonValue::Undefined, 0}};
     for (const auto& [information, mode] : kCases) {
         SCOPED_TRACE(qPrintable(information.toString()));
         platform.defaults.values.clear();
-        inform("ActivityModeDefault", information);
-        EXPECT_EQ(properties().activityMode(), mode);
-        EXPECT_FALSE(stored("ActivityMode").isValid()); // The fallback stays in the cache.
-        EXPECT_FALSE(properties().isUserSetupCompleted());
+        P& settings = informed("ActivityModeDefault", information);
+        EXPECT_EQ(settings.activityMode(), mode);
+        EXPECT_FALSE(stored("ActivityMode").isValid()); // The fallback stays in memory.
+        EXPECT_FALSE(settings.isUserSetupCompleted());
         stored("WeightDefault") = 77;
-        EXPECT_TRUE(properties().setDefaultUserValues());
+        EXPECT_TRUE(settings.setDefaultUserValues());
         EXPECT_EQ(stored("Weight"), 77.0);
-        EXPECT_EQ(properties().isUserSetupCompleted(), mode != 0);
+        EXPECT_EQ(settings.isUserSetupCompleted(), mode != 0);
         stored("ActivityGoal") = 0.0;
-        platform.restart();
-        properties().setDefaultUserValues();
+        restarted().setDefaultUserValues();
         EXPECT_FALSE(properties().isUserSetupCompleted()) << "no default goal has ever been written";
         stored("ActivityGoalDefault") = 75;
         properties().setDefaultUserValues();
@@ -167,6 +197,10 @@ TEST_F(AppPropertiesTest, neverGoesByANumberThatASettingCannotHold)
         {"DevicePosition2", 0, 65535, 4300}, {"DevicePosition3", 0, 65535, 4700},
         {"TablePositionOffset", -635000, 635000, 6200}, {"NumberOfStandUps", 0, 6, 0},
         {"NumberOfStandupsdefault", 1, 6, 1}};
+    const std::pair<QVariant, const char*> kNoNumbers[] = {{"1e400", "1e400"}, {kInfinity, "inf"},
+        {-kInfinity, "-inf"}, {"nan", "nan"}, {" 80\nkg", "80 kg"}, {QStringList {"80", "5"}, "80,5"},
+        {QString(4000, 'x'), "xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx"},
+        {QVariantMap {{"a", 1}}, ""}};
     // The default locale has no say: a decimal comma would turn 0.5 into something else.
     QLocale::setDefault(QLocale("de_DE"));
     for (const auto& [key, least, most, otherwise] : kSettings) {
@@ -174,25 +208,29 @@ TEST_F(AppPropertiesTest, neverGoesByANumberThatASettingCannotHold)
         testing::internal::CaptureStderr();
         for (const double held : {least, most}) {
             stored(key) = QString::number(held, 'g', 12);
-            EXPECT_EQ(AppProperties::getDoubleForKey(key), held);
+            EXPECT_EQ(P::getDoubleForKey(key), held);
         }
-        EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
-        testing::internal::CaptureStderr();
-        for (const QVariant& value : std::initializer_list<QVariant> {least - 1, most + 1, "1e400", kInfinity,
-                 -kInfinity, std::nan(""), "nan", "80 kg", QStringList {"80", "5"}, QString(4000, 'x'),
-                 QVariantMap {{"a", 1}}}) {
+        for (const double notHeld : {least - 1, most + 1}) {
+            stored(key) = notHeld;
+            EXPECT_EQ(P::getDoubleForKey(key), otherwise);
+        }
+        EXPECT_EQ(QString::fromStdString(testing::internal::GetCapturedStderr()).count('\n'), 2);
+        for (const auto& [value, shown] : kNoNumbers) {
+            testing::internal::CaptureStderr();
             stored(key) = value;
-            EXPECT_EQ(AppProperties::getDoubleForKey(key), otherwise)
-                << qPrintable(value.toString().left(20));
+            for (int i = 0; i < 2; ++i)
+                EXPECT_EQ(P::getDoubleForKey(key), otherwise);
+            const QString log = QString::fromStdString(testing::internal::GetCapturedStderr());
+            EXPECT_EQ(log.section("] ", 1),
+                QString("The setting \"%1\" cannot hold \"%2\"; %3 counts instead.\n")
+                    .arg(key, shown)
+                    .arg(otherwise))
+                << "said once";
         }
-        const QString log = QString::fromStdString(testing::internal::GetCapturedStderr());
-        EXPECT_EQ(log.count(u'\n'), 1) << "said once" << qPrintable(log);
-        EXPECT_TRUE(log.contains(key));
-        platform.restart();
-        AppProperties::instance();
+        restarted();
         EXPECT_EQ(stored(key), otherwise) << "the next start mends the file";
         stored(key) = QVariant();
-        EXPECT_EQ(AppProperties::getDoubleForKey(key), 0) << "what is missing";
+        EXPECT_EQ(P::getDoubleForKey(key), 0) << "what is missing";
     }
     QLocale::setDefault(QLocale::system());
 }
@@ -211,16 +249,11 @@ TEST_F(AppPropertiesTest, givesACountThatMayDivide)
     }
 }
 
-TEST_F(AppPropertiesTest, readsAddressesAndTheOddKeysAndMakesOneHub)
+TEST_F(AppPropertiesTest, readsTheBundleAndMakesOneHub)
 {
-    stored("TablePositionOffsetDefault") = 12.5;
-    stored("DevicePositionOffset") = "-12.9";
-    EXPECT_EQ(properties().tablePositionDefault(), 12.5);
-    EXPECT_EQ(properties().devicePositionOffset(), -12);
-    for (const QString url : {"https://zelvo.example/a?b=c", "", "http://[::1", "a b"}) {
-        inform("InfoUrl", url);
-        EXPECT_EQ(properties().infoUrl().toString(), url.startsWith("https") ? url : QString());
-    }
+    for (const QString url : {"https://zelvo.example/a?b=c", "", "http://[::1", "a b"})
+        EXPECT_EQ(informed("InfoUrl", url).infoUrl().toString(), url.startsWith("https") ? url : QString());
+    EXPECT_EQ(properties().errorUrl().path() + properties().videoUrl().path(), "/errors/video");
     properties().startZelvoController();
     int made = 0;
     properties().setZelvoControllerFactory([&made] { return ++made, std::make_shared<ZelvoController>(); });
@@ -232,41 +265,25 @@ TEST_F(AppPropertiesTest, readsAddressesAndTheOddKeysAndMakesOneHub)
 
 TEST_F(AppPropertiesTest, everyKindOfValueHasAPrimitiveAndWithoutAStoreNoneDoesAnything)
 {
-    using P = AppProperties;
-    const QString k = "Key";
-    const struct {
-        std::function<void()> set;
-        std::function<QVariant()> get;
-        QVariant value, nothing;
-    } kKinds[] = {
-        {[&] { P::setString("a;b", k); }, [&] { return P::getStringForKey(k); }, "a;b", QString()},
-        {[&] { P::setInteger(-7, k); }, [&] { return qlonglong(P::getIntegerForkey(k)); }, -7LL, 0LL},
-        {[&] { P::setDouble(2.5, k); }, [&] { return P::getDoubleForKey(k); }, 2.5, {}},
-        {[&] { P::setBool(true, k); }, [&] { return P::getBoolForKey(k); }, true, false},
-        {[&] {
-             P::setArray({1, "x"}, k);
-         },
-            [&] { return P::getArrayForKey(k); }, QVariantList {1, "x"}, QVariantList()},
-        {[&] {
-             P::setDict({{"a", 1}}, k);
-         },
-            [&] { return P::getDictForKey(k); }, QVariantMap {{"a", 1}}, QVariantMap()},
-        {[&] { P::removeValueForKey(k); }, [&] { return P::hasValueForKey(k); }, false, false},
-    };
-    for (const auto& [set, get, value, nothing] : kKinds) {
-        SCOPED_TRACE(value.typeName());
-        const int flushes = platform.defaults.flushes;
-        set();
-        EXPECT_EQ(get(), value);
-        EXPECT_EQ(platform.defaults.flushes, flushes + 1);
-        const ProcessServices withoutStore({&platform.runLoop, &platform.bundle});
-        set();
-        EXPECT_TRUE(nothing.isValid() ? get() == nothing : std::isnan(get().toDouble()));
-        EXPECT_EQ(platform.defaults.flushes, flushes + 1);
-    }
-    for (const auto& [text, answer] :
-        {std::pair("true", true), {"false", false}, {"0", false}, {"2", true}}) {
-        stored(k) = text;
-        EXPECT_EQ(P::getBoolForKey(k), answer) << text;
+    for (const bool hasStore : {true, false}) {
+        const ProcessServices process(
+            {&platform.runLoop, &platform.bundle, hasStore ? &platform.defaults : nullptr});
+        P::setString("a;b", "String");
+        P::setInteger(-7, "Integer");
+        P::setDouble(2.5, "Double");
+        P::setBool(true, "Bool");
+        P::setArray({1, "x"}, "Array");
+        P::setDict({{"a", 1}}, "Dict");
+        EXPECT_EQ(written(), hasStore ? "String Integer Double Bool Array Dict" : "");
+        EXPECT_EQ(platform.defaults.flushes, hasStore ? 6 : 7);
+        EXPECT_EQ(P::getStringForKey("String"), hasStore ? "a;b" : "");
+        EXPECT_EQ(P::getIntegerForkey("Integer"), hasStore ? -7 : 0);
+        EXPECT_TRUE(
+            hasStore ? P::getDoubleForKey("Double") == 2.5 : std::isnan(P::getDoubleForKey("Double")));
+        EXPECT_EQ(P::getBoolForKey("Bool"), hasStore);
+        EXPECT_EQ(P::getArrayForKey("Array"), hasStore ? QVariantList({1, "x"}) : QVariantList());
+        EXPECT_EQ(P::getDictForKey("Dict"), hasStore ? QVariantMap({{"a", 1}}) : QVariantMap());
+        P::removeValueForKey("Bool");
+        EXPECT_EQ(written(), hasStore ? "Bool" : "");
     }
 }
