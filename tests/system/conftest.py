@@ -14,7 +14,7 @@ def desktop(request):
         print(log[-6000:])
         print("Windows:", {title: found.frame(window) for title, window in found.windows().items()})
         print("Time:", found.clock.now(), found.clock.rate)
-        print((found.home / "stderr").read_text()[-3000:])
+        print("".join(file.read_text()[-3000:] for file in found.home.glob("stderr")))
     found.close()
     assert codes <= {None}, "ended untold"
     assert "Sanitizer" not in log

@@ -183,7 +183,7 @@ class Desktop:
         self.x = display.Display(self.env["DISPLAY"])
         self._ends.callback(self.x.close)
         self.root = self.x.screen().root
-        wait_until(lambda: self.property(self.root, "_NET_SUPPORTING_WM_CHECK"), "window manager")
+        wait_until(lambda: self.property(self.root, "_NET_WORKAREA"), "window manager")
 
     def close(self):
         # The programs go first: nobody may wait for an answer when the adapters go.
@@ -374,7 +374,7 @@ class Desktop:
             window.change_property(self.x.get_atom(name), self.x.get_atom(kind), 32, values)
 
         def has_room():
-            window.map()  # Again, should the window manager have begun only now.
+            window.map()
             self.x.sync()
             return self.property(self.root, "_NET_WORKAREA")[3] == bottom - height
 

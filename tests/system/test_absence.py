@@ -52,6 +52,7 @@ class Office:
             mutter = ("org.gnome.Mutter.DisplayConfig", {"PowerSaveMode": GLib.Variant("i", 3 * dark)}, [])
             changed = ("org.freedesktop.DBus.Properties", "PropertiesChanged", GLib.Variant("(sa{sv}as)", mutter))
             self.desktop.session.emit_signal(None, "/org/gnome/Mutter/DisplayConfig", *changed)
+        self.program.tray_icon()  # It answers after what it heard on the same bus.
 
     def fall_asleep(self):
         self.logind.emit("PrepareForSleep", "b", True)
@@ -157,7 +158,7 @@ def test_who_is_away_or_sits_before_dark_screens_is_not_recorded(desktop):
     office.screens(dark=False)
     office.comes_back()
     office.logind.call("AddSession", "(ssusb)", "auto", "seat0", 500, "somebody", True)
-    for way in ("freedesktop", "logind", "mutter"):
+    for way in ("freedesktop", "mutter", "logind"):
         for dark in (True, False, True, False):  # Lock, unlock, lock: each lock begins a period of its own.
             before = len(office.records)
             office.touch()

@@ -16,11 +16,16 @@ def program(desktop):
 
 
 def test_a_window_that_is_asked_for_comes_back(desktop, program):
-    asked = [(entry, lambda entry=entry: program.choose(entry)) for entry in WINDOWS]
-    for entry, ask in [*asked, ("Open Zelvo StandUp", program.show)]:
+    def choose(entry):
         program.choose(entry)
         window = desktop.window(WINDOWS[entry])
-        program.choose(next(other for other in WINDOWS if other != entry))
+        wait_until(lambda: desktop.is_active(window), "the window in front")
+        return window
+
+    asked = [(entry, lambda entry=entry: program.choose(entry)) for entry in WINDOWS]
+    for entry, ask in [*asked, ("Open Zelvo StandUp", program.show)]:
+        window = choose(entry)
+        choose(next(other for other in WINDOWS if other != entry))
         desktop.minimise(window)
         ask()
         wait_until(lambda: not desktop.is_minimised(window) and desktop.is_active(window), "the window in front")
