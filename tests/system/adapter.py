@@ -1,5 +1,6 @@
 """A desk adapter below udev and hidraw: it answers feature reports, moves a desk and logs the wire."""
 
+import contextlib
 import errno
 import os
 import struct
@@ -21,55 +22,21 @@ _BEDS = []  # Until the end: one that is collected takes the environment of the 
 
 
 class Machine:
-    # /sys and /dev of a machine of its own, and the thread that answers for its adapters.
+    # /sys and /dev of a machine of its own.
 
     def __init__(self):
         self.bed = UMockdev.Testbed.new()
         _BEDS.append(self.bed)
         self.root = self.bed.get_root_dir()
-        self._context = GLib.MainContext()
-        self._loop = GLib.MainLoop.new(self._context, False)
-        self._thread = threading.Thread(target=self._run, daemon=True)
-        self._thread.start()
         self.adapters = []
 
-    def _run(self):
-        self._context.push_thread_default()
-        self._loop.run()
-        self._context.pop_thread_default()
-
-    def call(self, function):
-        # Runs it on the adapters' thread and waits for it.
-        done = threading.Event()
-
-        def invoke(*_):
-            try:
-                function()
-            finally:
-                done.set()
-            return False
-
-        source = GLib.Idle()
-        source.set_callback(invoke)
-        source.attach(self._context)
-        if not done.wait(10):
-            raise TimeoutError("the adapters' thread does not answer")
-
-    def later(self, seconds, function):
-        source = GLib.Timeout(max(0, int(seconds * 1000)))
-        source.set_callback(lambda *_: function() and False)
-        source.attach(self._context)
-
     def plug(self, **settings):
-        adapter = Adapter(self, len(self.adapters), **settings)
-        self.adapters.append(adapter)
-        return adapter
+        self.adapters.append(Adapter(self, len(self.adapters), **settings))
+        return self.adapters[-1]
 
     def close(self):
         for adapter in self.adapters:
             adapter.unplug()
-        self.call(self._loop.quit)
-        self._thread.join(10)
 
 
 class Adapter:
@@ -86,7 +53,7 @@ class Adapter:
         self.silent = False  # Transfers hang until the silence ends.
         self.wire = []  # (time, value of a movement report or "init")
         self.reads = []
-        self._held = []
+        self.hanging = []
         self._order, self._order_at, self._moved_at = STOP, 0.0, clock()
         self._lock = threading.RLock()
         self._plug(number, maker)
@@ -101,80 +68,74 @@ class Adapter:
         self.file = self.machine.root + self.node
         os.makedirs(os.path.dirname(self.file), exist_ok=True)
         open(self.file, "w").close()
-        self._handler = UMockdev.IoctlBase()
-        self._handler.connect("handle-ioctl", self._handle)
-        self.machine.call(lambda: bed.attach_ioctl(self.node, self._handler))
+        self._answer_on_a_thread()
         numbers = ["dev", f"240:{number}"]
         self._hidraw = bed.add_device("hidraw", f"hidraw{number}", self._usb, numbers, ["DEVNAME", self.node])
-        self.plugged = True
+
+    def _answer_on_a_thread(self):
+        # The handler is called where the context of its attachment runs.
+        self._handler = UMockdev.IoctlBase()
+        self._handler.connect("handle-ioctl", self._handle)
+        context = GLib.MainContext()
+        context.push_thread_default()
+        self.machine.bed.attach_ioctl(self.node, self._handler)
+        context.pop_thread_default()
+        self._loop = GLib.MainLoop.new(context, False)
+        self._thread = threading.Thread(target=self._loop.run, daemon=True)
+        self._thread.start()
 
     def unplug(self):
-        if not self.plugged:
+        if not self._thread.is_alive():
             return
-        self.plugged = False
-        bed = self.machine.bed
         self.failure = errno.ENODEV
         self.answer()
-        bed.uevent(self._hidraw, "remove")
-        self.machine.call(lambda: bed.detach_ioctl(self.node))
-        bed.remove_device(self._usb)
+        self.machine.bed.uevent(self._hidraw, "remove")
+        self._loop.quit()
+        self._thread.join(10)
+        self.machine.bed.detach_ioctl(self.node)
+        self.machine.bed.remove_device(self._usb)
         os.unlink(self.file)
 
-    def answer(self):
-        # Ends a silence: what hung is answered as a real kernel does, with ETIMEDOUT.
+    def answer(self, failure=errno.ETIMEDOUT):
+        # Ends a silence: what hung is answered as a real kernel does, or is carried out at last.
         self.silent = False
-        held, self._held = self._held, []
-        for client in held:
-            client.complete(-1, errno.ETIMEDOUT)
-
-    def carry_out(self):
-        # Ends a silence: what hung is carried out at last.
-        self.silent = False
-        held, self._held = self._held, []
-        self.machine.call(lambda: [self._complete(client) for client in held])
-
-    @property
-    def hanging(self):
-        return len(self._held)
+        while self.hanging:
+            self._complete(self.hanging.pop(0), failure)
 
     def _handle(self, _, client):
         if self.silent:
-            self._held.append(client)
+            self.hanging.append(client)
         elif self.delay:
-            self.machine.later(self.delay, lambda: self._complete(client))
+            threading.Timer(self.delay, self._complete, [client]).start()
         else:
             self._complete(client)
         return True
 
-    def _complete(self, client):
-        if self.failure:
-            client.complete(-1, self.failure)
-            return
-        request = client.get_request()
-        size = request >> 16 & 0x3FFF
-        data = client.get_arg().resolve(0, size)
-        if request & 0xFF == 6:  # HIDIOCSFEATURE
-            report = bytes(data.retrieve())
-            if self.refuse_next_stop and report[:3] == bytes([5, 1, 0x80]):
-                failure, self.refuse_next_stop = self.refuse_next_stop, 0
-                client.complete(-1, failure)
-                return
-            self._written(report)
-        else:
-            data.update(0, self._status())
-            size = STATUS_SIZE
-        client.complete(size, 0)
+    def _complete(self, client, failure=0):
+        with contextlib.suppress(GLib.Error):  # The program may have ended meanwhile.
+            failure = failure or self.failure
+            if not failure:
+                size = client.get_request() >> 16 & 0x3FFF
+                data = client.get_arg().resolve(0, size)
+                if client.get_request() & 0xFF == 6:  # HIDIOCSFEATURE
+                    failure = self._written(bytes(data.retrieve()))
+                else:
+                    data.update(0, self._status())
+            client.complete(-1 if failure else size, failure)
 
     def _written(self, report):
+        if self.refuse_next_stop and report[:3] == bytes([5, 1, 0x80]):
+            failure, self.refuse_next_stop = self.refuse_next_stop, 0
+            return failure
         with self._lock:
             self._advance()
-            if report == INIT:
-                self.wire.append((time.monotonic(), "init"))
-                return
-            copies = struct.unpack("<B3HB", report)
-            assert copies[0] == 5 and len(set(copies[1:4])) == 1 and copies[4] == copies[1] & 0xFF, report
-            self.wire.append((time.monotonic(), copies[1]))
-            self._order, self._order_at = copies[1], self._moved_at
+            value = "init"
+            if report != INIT:
+                kind, value, *copies, low = struct.unpack("<B3HB", report)
+                assert (kind, copies, low) == (5, [value, value], value & 0xFF), report
+                self._order, self._order_at = value, self._moved_at
+            self.wire.append((time.monotonic(), value))
+        return 0
 
     def _advance(self):
         now = self.clock()

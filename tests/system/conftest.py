@@ -5,9 +5,9 @@ from desktop import Desktop
 
 @pytest.fixture
 def desktop(request):
-    # A private desktop for one scenario. `@pytest.mark.screen("800x480")` gives it another size.
-    screen = request.node.get_closest_marker("screen")
-    found = Desktop(*(screen.args if screen else ()))
+    # A private desktop for one scenario. `@pytest.mark.desktop(screen="800x480")` gives it another size.
+    mark = request.node.get_closest_marker("desktop")
+    found = Desktop(**(mark.kwargs if mark else {}))
     yield found
     codes, log = {program.process.poll() for program in found.programs}, found.log()
     if request.node.report.failed:

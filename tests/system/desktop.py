@@ -29,6 +29,7 @@ from waiting import DEADLINE, wait_until  # noqa: E402
 
 PROGRAM = Path(os.environ["ZELVO_BIN"]) / "zelvo-standup"
 SET_UP = {"ActivityMode": 2, "ActivityGoal": 15, "NumberOfStandUps": 2, "Weight": 70, "Version": "1.0.1"}
+FOLDERS = {"CONFIG_HOME": "config", "DATA_HOME": "data", "RUNTIME_DIR": "runtime"}
 TRAY_ITEM = ("/StatusNotifierItem", "org.kde.StatusNotifierItem")
 BUS_CONFIG = """<busconfig><type>session</type><listen>unix:path={}</listen><policy context="default">
 <allow send_destination="*" eavesdrop="true"/><allow eavesdrop="true"/><allow own="*"/></policy></busconfig>"""
@@ -101,11 +102,13 @@ class Clock:
 
 
 class Desktop:
-    def __init__(self, screen="1280x1024"):
+    def __init__(self, screen="1280x1024", tray=True):
         self._ends = contextlib.ExitStack()
-        self.programs, self.machine = [], None
+        self.programs, self.mocks, self.machine = [], [], None
         try:
             self._begin(screen)
+            if tray:
+                self.add_tray()
         except BaseException:
             self.close()
             raise
@@ -114,27 +117,18 @@ class Desktop:
         self.screen = tuple(int(side) for side in screen.split("x"))
         self.home = Path(tempfile.mkdtemp(prefix="standup-"))
         self._ends.callback(shutil.rmtree, self.home, True)
-        for name in ("config", "data", "runtime"):
-            (self.home / name).mkdir(mode=0o700)
+        for folder in FOLDERS.values():
+            (self.home / folder).mkdir(mode=0o700)
         self.config = self.home / "config/org.zelvo.StandUp/StandUp.conf"
         self.folder = self.home / "data/org.zelvo.StandUp"
         self.store = self.folder / "StandUp.storedata"
         self.clock = Clock(self.home / "clock")
         self.env = {k: v for k, v in os.environ.items() if k == "PATH" or k.endswith("SAN_OPTIONS")}
-        self.env |= {
-            "HOME": str(self.home),
-            "XDG_CONFIG_HOME": str(self.home / "config"),
-            "XDG_DATA_HOME": str(self.home / "data"),
-            "XDG_RUNTIME_DIR": str(self.home / "runtime"),
-            "DBUS_SESSION_BUS_ADDRESS": self._bus("session"),
-            "DBUS_SYSTEM_BUS_ADDRESS": self._bus("system"),
-            "LANG": "en_GB.UTF-8",
-            "LC_ALL": "en_GB.UTF-8",
-            "TZ": "UTC",
-        }
+        self.env |= {"HOME": str(self.home), "LC_ALL": "en_GB.UTF-8", "TZ": "UTC"}
         self.env["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
+        self.env |= {f"XDG_{name}": str(self.home / f) for name, f in FOLDERS.items()}
+        self.session, self.system = self._bus("session"), self._bus("system")
         self._start_x(screen)
-        self.session, self.system = (self.connect(self.env[f"DBUS_{bus}_BUS_ADDRESS"]) for bus in ("SESSION", "SYSTEM"))
         self._spawn("/usr/libexec/at-spi-bus-launcher", "--launch-immediately")
         wait_until(lambda: self.has_owner(self.session, "org.a11y.Bus"), "accessibility bus")
         address = call(self.session, "org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress")[0]
@@ -161,8 +155,8 @@ class Desktop:
         config, socket = self.home / f"{name}.conf", self.home / f"{name}.bus"
         config.write_text(BUS_CONFIG.format(socket))
         self._spawn("dbus-daemon", "--nofork", f"--config-file={config}", env={"PATH": os.environ["PATH"]})
-        wait_until(socket.exists, f"{name} bus")
-        return f"unix:path={socket}"
+        address = self.env[f"DBUS_{name.upper()}_BUS_ADDRESS"] = f"unix:path={socket}"
+        return wait_until(ignoring_what_goes(lambda: self.connect(address)), f"{name} bus")
 
     @staticmethod
     def connect(address):
@@ -202,34 +196,29 @@ class Desktop:
             self.env["UMOCKDEV_DIR"] = self.machine.root
         return self.machine.plug(clock=self.clock.monotonic, **settings)
 
-    def show_with_adapter(self):
-        # The main window over an adapter whose first period is recorded.
-        self.settings()
-        adapter = self.plug()
-        program = self.start_recording()
-        program.show()
-        return program, adapter
-
     def mock(self, bus, kind, template, name, path, interface):
         # A service of python-dbusmock.
         process = self._spawn("/usr/bin/python3", "-m", "dbusmock", kind, "--template", template)
-        wait_until(lambda: self.has_owner(bus, name), name)
-        mock = Mock(bus, name, path, interface)
-        mock.end = lambda: self._end(process)
-        return mock
+        self.mocks.append(Mock(bus, name, path, interface))
+        return self.mocks[-1], process
 
     def add_tray(self):
         name = "org.kde.StatusNotifierWatcher"
         template = Path(__file__).with_name("tray_watcher.py")
-        self.tray = self.mock(self.session, "--session", template, name, "/StatusNotifierWatcher", name)
-        return self.tray
+        self.tray, self._tray_process = self.mock(
+            self.session, "--session", template, name, "/StatusNotifierWatcher", name
+        )
+
+    def remove_tray(self):
+        self._end(self._tray_process)
+        self.mocks.remove(self.tray)
+        wait_until(lambda: not self.has_owner(self.session, self.tray.name), "no tray")
 
     def add_logind(self):
         logind = ("org.freedesktop.login1", "/org/freedesktop/login1", "org.freedesktop.login1.Manager")
-        mock = self.mock(self.system, "--system", "logind", *logind)
-        mock.inhibitors = lambda: call(self.system, *logind, "ListInhibitors")[0]
-        self.logind = mock
-        return mock
+        self.logind, _ = self.mock(self.system, "--system", "logind", *logind)
+        self.logind.inhibitors = lambda: call(self.system, *logind, "ListInhibitors")[0]
+        return self.logind
 
     @staticmethod
     def has_owner(connection, name):
@@ -246,14 +235,17 @@ class Desktop:
         found = re.search(rf"^{key}=(.*)$", self.config.read_text(), re.M) if self.config.exists() else None
         return found and found[1]
 
-    def start(self, *arguments, **env):
+    def start(self, *arguments, simulate=True, **env):
         # As a user starts it. With an adapter plugged in before, udev and hidraw are the emulated ones.
-        env = self.env | self.bent(*(["libumockdev-preload.so.0"] if self.machine else [])) | env
+        for mock in self.mocks:
+            wait_until(lambda: self.has_owner(mock.connection, mock.name), mock.name)
+        if simulate and not self.machine:
+            arguments = ("--simulate", *arguments)
+        env = self.env | self.bent(*["libumockdev-preload.so.0"] * bool(self.machine)) | env
         with open(self.home / "stderr", "ab") as stderr:
             process = self._spawn(PROGRAM, *arguments, env=env, stderr=stderr)
-        program = Program(self, process)
-        self.programs.append(program)
-        return program
+        self.programs.append(Program(self, process))
+        return self.programs[-1]
 
     def start_recording(self, *arguments, **env):
         # The program once its first period is recorded. It looks at the desk once a second.
@@ -302,7 +294,7 @@ class Desktop:
 
     def property(self, window, name):
         found = window.get_full_property(self.x.get_atom(name), X.AnyPropertyType)
-        return found.value if found else None
+        return list(found.value) if found else None
 
     def windows(self):
         # The managed windows by title.
@@ -310,8 +302,7 @@ class Desktop:
         for number in self.property(self.root, "_NET_CLIENT_LIST") or []:
             window = self.x.create_resource_object("window", number)
             with contextlib.suppress(Exception):  # It may go meanwhile.
-                title = self.property(window, "_NET_WM_NAME")
-                found[title.decode() if title else ""] = window
+                found[bytes(self.property(window, "_NET_WM_NAME") or []).decode()] = window
         return found
 
     def window(self, title):
@@ -324,14 +315,12 @@ class Desktop:
         return -corner.x, -corner.y, size.width, size.height
 
     def is_minimised(self, window):
-        state = self.property(window, "WM_STATE")
-        return state is not None and state[0] == 3
+        return (self.property(window, "WM_STATE") or [0])[0] == 3
 
     def is_visible(self, window):
         # It is shown on the current workspace.
-        on = self.property(window, "_NET_WM_DESKTOP")
-        shown = window.get_attributes().map_state == X.IsViewable
-        return shown and on is not None and on[0] in (self.workspace(), 0xFFFFFFFF)
+        on = (self.property(window, "_NET_WM_DESKTOP") or [None])[0]
+        return window.get_attributes().map_state == X.IsViewable and on in (self.workspace(), 0xFFFFFFFF)
 
     def workspace(self):
         return self.property(self.root, "_NET_CURRENT_DESKTOP")[0]
@@ -341,8 +330,7 @@ class Desktop:
         wait_until(lambda: self.workspace() == number, "workspace")
 
     def is_active(self, window):
-        active = self.property(self.root, "_NET_ACTIVE_WINDOW")
-        return active is not None and active[0] == window.id
+        return (self.property(self.root, "_NET_ACTIVE_WINDOW") or [None])[0] == window.id
 
     def tell(self, window, message, *values):
         # A request to the window manager.
@@ -352,37 +340,30 @@ class Desktop:
         self.root.send_event(request, event_mask=mask)
         self.x.sync()
 
-    def editor(self):
-        # Another program's window, with the keyboard.
-        values = {"event_mask": X.KeyPressMask, "background_pixel": self.x.screen().white_pixel}
+    def foreign_window(self, *frame):
         depth = self.x.screen().root_depth
-        window = self.root.create_window(300, 300, 200, 100, 0, depth, X.InputOutput, X.CopyFromParent, **values)
+        window = self.root.create_window(*frame, 0, depth, X.InputOutput, X.CopyFromParent, event_mask=X.KeyPressMask)
         window.map()
         self.x.sync()
+        return window
+
+    def editor(self):
+        # Another program's window, with the keyboard.
+        window = self.foreign_window(300, 300, 200, 100)
         wait_until(lambda: self.is_active(window), "the editor")
         return window
 
     def panel_below(self, height):
         # A desktop's panel along the bottom, with its claim on the screen.
         width, bottom = self.screen
-        depth = self.x.screen().root_depth
-        window = self.root.create_window(0, bottom - height, width, height, 0, depth, X.InputOutput, X.CopyFromParent)
-        for name, kind, values in (
-            ("_NET_WM_WINDOW_TYPE", "ATOM", [self.x.get_atom("_NET_WM_WINDOW_TYPE_DOCK")]),
-            ("_NET_WM_STRUT_PARTIAL", "CARDINAL", [0, 0, 0, height] + [0] * 6 + [0, width - 1]),
-        ):
-            window.change_property(self.x.get_atom(name), self.x.get_atom(kind), 32, values)
-
-        def has_room():
-            window.map()
-            self.x.sync()
-            return self.property(self.root, "_NET_WORKAREA")[3] == bottom - height
-
-        wait_until(has_room, "room for the panel")
+        window = self.foreign_window(0, bottom - height, width, height)
+        claim = [0, 0, 0, height] + [0] * 6 + [0, width - 1]
+        window.change_property(self.x.get_atom("_NET_WM_STRUT_PARTIAL"), self.x.get_atom("CARDINAL"), 32, claim)
+        wait_until(lambda: self.property(self.root, "_NET_WORKAREA")[3] == bottom - height, "room for the panel")
 
     def minimise(self, window):
-        self.tell(window, "WM_CHANGE_STATE", 3)
-        wait_until(lambda: self.is_minimised(window), "minimised")
+        # Again, should the program have been asking for the front just then.
+        wait_until(lambda: self.is_minimised(window) or self.tell(window, "WM_CHANGE_STATE", 3), "minimised")
 
     def move_pointer(self, x, y):
         xtest.fake_input(self.x, X.MotionNotify, x=int(x), y=int(y))
@@ -430,17 +411,23 @@ class Program:
 
         return wait_until(ignoring_what_goes(find), f"a window with {names}")
 
+    def in_front(self, title):
+        # The window, once it has the keyboard.
+        window = self.desktop.window(title)
+        wait_until(lambda: self.desktop.is_active(window), f"{title} in front")
+        return window
+
     def show(self):
         # A second start brings the first one's window to the front.
         self.desktop.start().ends(within=DEADLINE)
-        return self.desktop.window("Zelvo StandUp")
+        return self.in_front("Zelvo StandUp")
 
     def tray_item(self):
         def item():
             names = [arguments[0] for _, arguments in self.desktop.tray.calls("RegisterStatusNotifierItem")]
             return next((name for name in names if self.desktop.has_owner(self.desktop.session, name)), None)
 
-        return wait_until(item, "tray icon")
+        return wait_until(ignoring_what_goes(item), "tray icon")
 
     def click_tray(self):
         call(self.desktop.session, self.tray_item(), *TRAY_ITEM, "Activate", "(ii)", 0, 0)

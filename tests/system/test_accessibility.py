@@ -43,9 +43,9 @@ def controls(window):
 def test_what_a_screen_reader_is_told(desktop):
     desktop.settings(ActivityGoal=20)
     links = desktop.keep_opened_links()
-    desktop.add_tray()
-    program = desktop.start_recording("--simulate", "--test-window")
+    program = desktop.start_recording("--test-window")
     program.choose("Settings…")
+    program.in_front("Setup")
     setup = program.window_with("My weight")
     for name in ("Watch the video", "More about standing at work"):
         desktop.click(*setup.find(name).middle)
@@ -61,9 +61,9 @@ def test_what_a_screen_reader_is_told(desktop):
 
 def test_the_keyboard_alone_is_enough(desktop):
     desktop.settings(Weight=66)
-    desktop.add_tray()
-    program = desktop.start_recording("--simulate")
+    program = desktop.start_recording()
     program.choose("Settings…")
+    program.in_front("Setup")
     setup = program.window_with("Setup")
 
     def focus():

@@ -21,7 +21,6 @@ WAYS = {
 def test_ends_at_once_with_everything_open_and_a_button_held(desktop, way):
     # 3 min of sitting an hour, in 6 parts.
     desktop.settings(ActivityGoal=57, NumberOfStandUps=6, TimeNotificationDismiss=86400)
-    desktop.add_tray()
     desktop.add_logind()
     adapter = desktop.plug()
     program = desktop.start_recording("--test-window")
@@ -44,7 +43,7 @@ def test_ends_at_once_with_everything_open_and_a_button_held(desktop, way):
 
 
 def save_panel(desktop):
-    program = desktop.start_recording("--simulate")
+    program = desktop.start_recording()
     program.choose("History")
     desktop.click(*program.window_with("Year").find("Export to a file…").middle)
     program.window_with("Save", "Cancel")
@@ -54,7 +53,7 @@ def save_panel(desktop):
 def alert(desktop):
     with open(desktop.config, "ab") as file:
         file.write(b"[broken\n")
-    program = desktop.start_recording("--simulate")
+    program = desktop.start_recording()
     program.window_with("OK")
     return program
 
@@ -62,16 +61,14 @@ def alert(desktop):
 @pytest.mark.parametrize("dialog", [save_panel, alert])
 def test_ends_at_once_while_a_dialog_waits_for_an_answer(desktop, dialog):
     desktop.settings()
-    desktop.add_tray()
     dialog(desktop).quit()
     [(_, end, _)] = desktop.records()
     assert end == pytest.approx(desktop.clock.now(), abs=3)
 
 
 def test_ending_during_the_first_run_answers_nothing_for_the_user(desktop):
-    desktop.add_tray()
     for way in ("menu", "SIGTERM"):
-        program = desktop.start("--simulate")
+        program = desktop.start()
         desktop.window("Setup")
         assert {label: enabled for label, (_, enabled) in program.menu().items()} == {
             "Open Zelvo StandUp": False,
@@ -84,7 +81,7 @@ def test_ending_during_the_first_run_answers_nothing_for_the_user(desktop):
         program.ends()
         assert desktop.setting("Weight") is None
 
-    desktop.start("--simulate")
+    desktop.start()
     desktop.window("Setup")
     assert not desktop.records()
     desktop.key("Escape")  # The user's own dismissal takes the defaults.
@@ -95,7 +92,7 @@ def test_ending_during_the_first_run_answers_nothing_for_the_user(desktop):
 def test_a_log_out_that_is_cancelled_saves_and_one_that_is_not_ends_the_program(desktop):
     desktop.settings()
     session = SessionManager()
-    program = desktop.start("--simulate", "-session", "10a5f00d_1234_5678", SESSION_MANAGER=session.address)
+    program = desktop.start("-session", "10a5f00d_1234_5678", SESSION_MANAGER=session.address)
     session.until(lambda: session.client and desktop.records(), "a program of the session, and its record")
     began = desktop.records()[0][0]
     session.until(lambda: desktop.clock.now() > began + 3, "time to save")

@@ -12,7 +12,6 @@ SITTING, STANDING = 0, 1
 
 
 def test_first_start_to_first_periods(desktop):
-    desktop.add_tray()
     adapter = desktop.plug()
     program = desktop.start()
     setup = program.window_with("Done")
@@ -46,7 +45,7 @@ def test_killed_at_any_moment_it_loses_one_pulse_at_most(desktop):
         seen = desktop.records()
         started, wall = time.monotonic(), desktop.clock.now()
         desktop.clock.run(20)
-        program = desktop.start("--simulate")
+        program = desktop.start()
         lives = random.uniform(0, longest * (1 + life))
         wait_until(lambda: time.monotonic() > started + lives)
         program.signal(signal.SIGKILL)
@@ -59,6 +58,6 @@ def test_killed_at_any_moment_it_loses_one_pulse_at_most(desktop):
             assert left[-1][0] >= wall and killed - left[-1][1] < 15 + 20
         assert desktop.setting("Weight") == "70" and desktop.setting("ActivityGoal") == "15"
     # At that rate still: a store that somebody reads while its log is recovered is tried again at the next pulse.
-    desktop.start("--simulate")
+    desktop.start()
     wait_until(lambda: len(desktop.records()) > len(left), "a record after all")
 

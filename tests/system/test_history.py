@@ -74,7 +74,6 @@ class Sums:
 
 def start_with_history(desktop, sums):
     desktop.settings(Weight=WEIGHT, ActivityGoal=GOAL)
-    desktop.add_tray()
     desktop.env |= {"TZ": sums.zone.key}
     desktop.clock.start_at(sums.now)
     program = desktop.start()
@@ -156,8 +155,7 @@ def test_the_export_begins_in_2013_by_every_calendar(desktop):
 
 def test_an_export_takes_nothing_from_the_user(desktop):
     desktop.settings()
-    desktop.add_tray()
-    program = desktop.start_recording("--simulate")
+    program = desktop.start_recording()
     show_history(program)
     assert export(desktop, program, "week")[0] == "week.csv"
     (desktop.home / "mine.csv").write_text("mine")

@@ -17,7 +17,6 @@ class Desk:
     def __init__(self, desktop, **settings):
         self.desktop = desktop
         desktop.settings(DevicePosition1=700, DevicePosition2=4100, DevicePosition3=5200, **settings)
-        desktop.add_tray()
         self.adapter = desktop.plug(height=2000)
         self.program = desktop.start_recording()
         self.program.click_tray()
@@ -27,8 +26,7 @@ class Desk:
     def comes_back(self):
         if not (self.desktop.windows() and self.desktop.is_active(self.window)):
             self.program.choose("Open Zelvo StandUp")
-            self.window = self.desktop.window("Zelvo StandUp")
-            wait_until(lambda: self.desktop.is_active(self.window), "the window in front")
+            self.window = self.program.in_front("Zelvo StandUp")
 
     def hold(self, name="Up", value=UP, panel=None):
         self.desktop.move_pointer(*(panel or self.panel).find(name).middle)
@@ -165,10 +163,7 @@ def test_a_transfer_that_stalls_under_a_held_button(desk, seconds, carried_out):
     wait_until(lambda: time.monotonic() > let_go + seconds, seconds=seconds + 1)
     written = len(desk.adapter.wire)
     # What hung may be a movement that was under way when the user let go. The next report is a stop.
-    if carried_out:
-        desk.adapter.carry_out()
-    else:
-        desk.adapter.answer()
+    desk.adapter.answer(0 if carried_out else errno.ETIMEDOUT)
     answered = time.monotonic()
     desk.stands(answered)
     reports = [value for _, value in desk.adapter.wire[written:]]

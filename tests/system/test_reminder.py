@@ -17,10 +17,9 @@ class Worker:
     def __init__(self, desktop, simulated=True, **settings):
         self.desktop, self.clock = desktop, desktop.clock
         desktop.settings(**(PLAN | {"DevicePosition1": 700, "DevicePosition2": 1500} | settings))
-        desktop.add_tray()
         self.rate = SIMULATED_RATE if simulated else RATE
         self.adapter = None if simulated else desktop.plug()
-        self.program = desktop.start_recording(*(["--simulate"] if simulated else []))
+        self.program = desktop.start_recording()
         self.since = desktop.records()[0][0]
 
     @property

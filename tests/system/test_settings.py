@@ -22,7 +22,6 @@ class Setup:
     def __init__(self, desktop, language="en_GB", **settings):
         self.desktop = desktop
         desktop.settings(**({"Weight": 66, "TablePositionOffset": 6500, "NumberOfStandUps": 3} | settings))
-        desktop.add_tray()
         desktop.env["LC_ALL"] = desktop.env["LANG"] = f"{language}.UTF-8"
         self.adapter = desktop.plug()
         self.program = desktop.start_recording()
@@ -37,7 +36,7 @@ class Setup:
 
     def enter(self, name, text):
         # With the keyboard.
-        wait_until(lambda: self.desktop.is_active(self.desktop.window("Setup")), "the window in front")
+        self.program.in_front("Setup")
         self.field(name).focus()
         wait_until(lambda: self.field(name).has(FOCUSED), "focus")
         for key in ("End", *["BackSpace"] * 6):
@@ -109,13 +108,13 @@ def test_a_settings_file_edited_by_hand_keeps_what_can_be_read(desktop):
         text = desktop.config.read_bytes().rstrip(b"\n") + b"\nDevicePosition1=1234\nWeight=66"  # No final line end.
         is_mark = junk.startswith(b"\xef")
         desktop.config.write_bytes(junk + text if is_mark else text.replace(b"\n", b"\n" + junk, 1))
-        desktop.start_recording("--simulate").quit()
+        desktop.start_recording().quit()
         assert (desktop.setting("DevicePosition1"), desktop.setting("Weight")) == ("1234", "66")
 
     with open(desktop.config, "ab") as file:
         file.write(b"no setting at all\n[broken\n")
     damaged = desktop.config.read_bytes()
-    program = desktop.start("--simulate")
+    program = desktop.start()
     panel = program.window_with("OK")
     [copy] = [path for path in desktop.config.parent.iterdir() if path.read_bytes() == damaged]
     for words in (copy.name, "no setting at all", "[broken"):
@@ -126,6 +125,6 @@ def test_a_settings_file_edited_by_hand_keeps_what_can_be_read(desktop):
 def test_only_an_upgrade_resets_the_dismissal_time(desktop):
     for version, dismiss in (("1.0.2", "45"), ("1.0.1", "45"), ("1.0.0", "20"), (None, "20")):
         desktop.settings(Version=version, TimeNotificationDismiss=45)
-        desktop.start_recording("--simulate").quit()
+        desktop.start_recording().quit()
         assert desktop.setting("TimeNotificationDismiss") == dismiss
         assert desktop.setting("Version") == max(version or "", "1.0.1")

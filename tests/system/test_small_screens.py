@@ -7,12 +7,11 @@ SCREENS = [("800x480", 1), ("1024x600", 1), ("1366x768", 1.25), ("1920x1080", 2)
 
 
 @pytest.mark.parametrize(
-    "scale", [pytest.param(scale, marks=pytest.mark.screen(size), id=f"{size}@{scale}") for size, scale in SCREENS]
+    "scale", [pytest.param(scale, marks=pytest.mark.desktop(screen=size), id=f"{size}@{scale}") for size, scale in SCREENS]
 )
 def test_every_window_fits_the_screen(desktop, scale):
-    desktop.add_tray()
     width, height = desktop.screen
-    program = desktop.start("--simulate", QT_SCALE_FACTOR=str(scale))
+    program = desktop.start(QT_SCALE_FACTOR=str(scale))
 
     def fits(title, *controls):
         x, y, w, h = desktop.frame(desktop.window(title))

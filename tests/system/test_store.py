@@ -57,8 +57,7 @@ def panel(program, expected=""):
 
 def test_a_disk_that_is_full_at_the_start(desktop, small_disk):
     small_disk.fill()
-    desktop.add_tray()
-    program = desktop.start("--simulate")
+    program = desktop.start()
     began = desktop.clock.now()
     panel(program, "no space left")
     panel(program, "data file")  # The consequence follows its cause.
@@ -74,8 +73,7 @@ def test_a_disk_that_is_full_at_the_start(desktop, small_disk):
 
 
 def test_a_disk_that_fills_while_recording(desktop, small_disk):
-    desktop.add_tray()
-    program = desktop.start_recording("--simulate")
+    program = desktop.start_recording()
     start = desktop.records()[0][0]
     for _ in range(2):
         small_disk.fill()
@@ -100,7 +98,7 @@ def test_a_disk_that_fills_while_recording(desktop, small_disk):
 
 def test_a_store_that_is_deleted_is_begun_anew(desktop):
     desktop.settings()
-    program = desktop.start_recording("--simulate")
+    program = desktop.start_recording()
     start = desktop.records()[0][0]
     for file in desktop.folder.glob("StandUp.storedata*"):
         file.unlink()
@@ -117,8 +115,7 @@ def test_a_damaged_store_is_left_alone_and_named(desktop):
     desktop.folder.mkdir()
     desktop.store.write_bytes(b"This is no database. " * 400)
     before = desktop.store.read_bytes()
-    desktop.add_tray()
-    program = desktop.start("--simulate")
+    program = desktop.start()
     assert "StandUp.storedata" in panel(program)
     program.click_tray()
     while len(desktop.windows()) > 1:
@@ -127,15 +124,15 @@ def test_a_damaged_store_is_left_alone_and_named(desktop):
     program.quit()
     assert desktop.store.read_bytes() == before
     desktop.store.unlink()
-    desktop.start("--simulate")
+    desktop.start()
     wait_until(desktop.records, "a record in a new store")
 
 
 def test_two_programs_do_not_share_a_store(desktop):
     desktop.settings()
-    first = desktop.start_recording("--simulate")
+    first = desktop.start_recording()
     (desktop.home / "other").mkdir(mode=0o700)
-    second = desktop.start("--simulate", XDG_RUNTIME_DIR=str(desktop.home / "other"))
+    second = desktop.start(XDG_RUNTIME_DIR=str(desktop.home / "other"))
     assert "Another program" in panel(second)
     with desktop.clock.running(RATE):
         first_end = desktop.records()[0][1]
@@ -149,7 +146,7 @@ def test_two_programs_do_not_share_a_store(desktop):
 def test_a_folder_that_is_a_file(desktop):
     desktop.settings()
     desktop.folder.write_text("mine")
-    program = desktop.start("--simulate")
+    program = desktop.start()
     assert "found a file" in panel(program)
     program.signal(signal.SIGINT)
     program.ends()

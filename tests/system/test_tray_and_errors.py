@@ -9,31 +9,25 @@ from desktop import PROGRAM
 from waiting import wait_until
 
 
-@pytest.mark.parametrize("tray", ["late", "none"])
-def test_without_a_tray_the_window_comes_by_itself(desktop, tray):
+@pytest.mark.desktop(tray=False)
+def test_without_a_tray_the_window_comes_by_itself(desktop):
     desktop.settings()
-    program = desktop.start("--simulate")
+    program = desktop.start()
     with desktop.clock.running(10):
-        window = desktop.window("Zelvo StandUp")
-    wait_until(lambda: desktop.is_active(window), "the window in front")
-    desktop.key("Escape")
-    wait_until(lambda: not desktop.windows(), "the window closed")
-    if tray == "late":
-        desktop.add_tray()
-        program.click_tray()
-    else:
-        program.show()
-    wait_until(lambda: desktop.is_active(desktop.window("Zelvo StandUp")), "the window in front")
+        desktop.window("Zelvo StandUp")
+    for ask in (lambda: None, program.show, lambda: desktop.add_tray() or program.click_tray()):
+        ask()
+        program.in_front("Zelvo StandUp")
+        desktop.key("Escape")
+        wait_until(lambda: not desktop.windows(), "the window closed")
     assert len(desktop.records()) == 1
 
 
 def test_a_tray_that_leaves_and_comes_again(desktop):
     desktop.settings()
-    tray = desktop.add_tray()
-    program = desktop.start("--simulate")
+    program = desktop.start()
     assert program.tray_item()
-    tray.end()
-    wait_until(lambda: not desktop.has_owner(desktop.session, tray.name), "no tray")
+    desktop.remove_tray()
     program.show()
     desktop.key("Escape")
     wait_until(lambda: not desktop.windows(), "the window closed")
@@ -44,7 +38,6 @@ def test_a_tray_that_leaves_and_comes_again(desktop):
 
 def test_the_icon_tells_whether_a_desk_is_there_and_a_silent_adapter_is_none(desktop):
     desktop.settings(DevicePosition1=500, DevicePosition2=1000)
-    desktop.add_tray()
     adapter = desktop.plug(height=1500)
     adapter.silent = True
     program = desktop.start()
@@ -75,7 +68,10 @@ def test_the_icon_tells_whether_a_desk_is_there_and_a_silent_adapter_is_none(des
 
 def test_an_error_is_shown_and_goes_with_its_adapter(desktop):
     opened = desktop.keep_opened_links()
-    program, adapter = desktop.show_with_adapter()
+    desktop.settings()
+    adapter = desktop.plug()
+    program = desktop.start_recording()
+    program.click_tray()
     main = program.window_with("Up")
     adapter.error = (0x0D, [5, 123])
     for line in ("E01: The desk has lost its position", "E02: Overload while going up", "E03", "E05:", "E123:"):
@@ -134,8 +130,7 @@ def test_starts_that_end_at_once(desktop):
     assert "There is no display" in said(1, DISPLAY="")
     assert "The display :77 does not answer." in said(1, DISPLAY=":77")
     desktop.settings()
-    desktop.add_tray()
-    program = desktop.start("--simulate", "--language=de", XDG_DATA_HOME="data")
+    program = desktop.start("--language=de", XDG_DATA_HOME="data")
     assert "Einstellungen…" in program.menu()
     wait_until((desktop.home / ".local/share/org.zelvo.StandUp/StandUp.storedata").exists, "the usual folder")
     program.signal(signal.SIGSTOP)

@@ -11,21 +11,17 @@ WINDOWS = {"Open Zelvo StandUp": "Zelvo StandUp", "History": "History", "Setting
 @pytest.fixture
 def program(desktop):
     desktop.settings()
-    desktop.add_tray()
-    return desktop.start_recording("--simulate")
+    return desktop.start_recording()
 
 
 def test_a_window_that_is_asked_for_comes_back(desktop, program):
-    def choose(entry):
-        program.choose(entry)
-        window = desktop.window(WINDOWS[entry])
-        wait_until(lambda: desktop.is_active(window), "the window in front")
-        return window
-
     asked = [(entry, lambda entry=entry: program.choose(entry)) for entry in WINDOWS]
     for entry, ask in [*asked, ("Open Zelvo StandUp", program.show)]:
-        window = choose(entry)
-        choose(next(other for other in WINDOWS if other != entry))
+        other = next(other for other in WINDOWS if other != entry)
+        for chosen in (entry, other):
+            program.choose(chosen)
+            program.in_front(WINDOWS[chosen])
+        window = desktop.window(WINDOWS[entry])
         desktop.minimise(window)
         ask()
         wait_until(lambda: not desktop.is_minimised(window) and desktop.is_active(window), "the window in front")
@@ -41,8 +37,7 @@ def test_a_window_that_is_asked_for_comes_back(desktop, program):
 def test_one_click_on_the_tray_shows_the_window_and_the_next_hides_it(desktop, program):
     for minimise in (False, True):
         program.click_tray()
-        window = desktop.window("Zelvo StandUp")
-        wait_until(lambda: desktop.is_visible(window) and desktop.is_active(window), "the window in front")
+        window = program.in_front("Zelvo StandUp")
         if minimise:
             desktop.minimise(window)
         program.click_tray()
@@ -88,7 +83,7 @@ def test_the_window_opens_near_the_pointer_or_where_the_pointer_is_stale_by_the_
     desktop.panel_below(44)
     desktop.move_pointer(300, 90)
     width, height = desktop.screen
-    program = desktop.start_recording("--simulate", XDG_SESSION_TYPE=session)
+    program = desktop.start_recording(XDG_SESSION_TYPE=session)
     x, y, w, h = desktop.frame(program.show())
     if session == "wayland":
         assert width - 40 < x + w <= width and height - 44 - 40 < y + h <= height - 44
