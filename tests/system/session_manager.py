@@ -8,44 +8,28 @@ from waiting import wait_until
 SAVE_BOTH, INTERACT_IF_WANTED = 2, 2
 ALL_REQUESTS = 0x3FF
 POINTER = c.c_void_p
-# In the order of the library's structure of callbacks.
-REQUESTS = {
-    "register": (c.c_int, POINTER, POINTER, POINTER),
-    "interact": (None, POINTER, POINTER, c.c_int),
-    "interact_done": (None, POINTER, POINTER, c.c_int),
-    "save_request": (None, POINTER, POINTER, c.c_int, c.c_int, c.c_int, c.c_int, c.c_int),
-    "second_phase": (None, POINTER, POINTER),
-    "saved": (None, POINTER, POINTER, c.c_int),
-    "close": (None, POINTER, POINTER, c.c_int, POINTER),
-    "set_properties": (None, POINTER, POINTER, c.c_int, POINTER),
-    "delete_properties": (None, POINTER, POINTER, c.c_int, POINTER),
-    "get_properties": (None, POINTER, POINTER),
-}
+# A client's requests, in the order of the library's structure of callbacks. Each gets the client first.
+REQUESTS = ["register", "interact", "interact_done", "save_request", "second_phase", "saved"]
+REQUESTS += ["close", "set_properties", "delete_properties", "get_properties"]
+CALLBACK = c.CFUNCTYPE(c.c_int, POINTER, POINTER, POINTER)
 ACCEPT_ALL = c.CFUNCTYPE(c.c_int, c.c_char_p)(lambda _: 1)
 BEAR_ERRORS = c.CFUNCTYPE(None, POINTER)(lambda _: None)  # The library's own way is to end the process.
 NEW_CLIENT = c.CFUNCTYPE(c.c_int, POINTER, POINTER, c.POINTER(c.c_ulong), c.POINTER(POINTER), POINTER)
 
 
-def library(name):
+class Library:
     # Its functions take pointers and small numbers, and answer pointers.
 
-    class Library:
-        def __init__(self):
-            self._library = c.CDLL(name)
+    def __init__(self, name):
+        self._library = c.CDLL(name)
 
-        def __getattr__(self, function):
-            found = self._library[function]
-            found.restype = POINTER
-
-            def invoke(*arguments):
-                return found(*(POINTER(a) if isinstance(a, int) and a > 0xFFFF else a for a in arguments))
-
-            return invoke
-
-    return Library()
+    def __getattr__(self, name):
+        function = self._library[name]
+        function.restype = POINTER
+        return lambda *arguments: function(*(POINTER(a) if isinstance(a, int) and a > 0xFFFF else a for a in arguments))
 
 
-ICE, SM = library("libICE.so.6"), library("libSM.so.6")
+ICE, SM = Library("libICE.so.6"), Library("libSM.so.6")
 
 
 class SessionManager:
@@ -54,25 +38,21 @@ class SessionManager:
         self.saves = 0
         answers = {
             "register": self._register,
-            "interact": lambda client, *_: SM.SmsInteract(client) and None,
+            "interact": lambda client, *_: SM.SmsInteract(client) and 0,
             "saved": self._saved,
-            "get_properties": lambda client, _: SM.SmsReturnProperties(client, 0, None) and None,
+            "get_properties": lambda client, *_: SM.SmsReturnProperties(client, 0, None) and 0,
         }
-        ignore = lambda *_: None  # noqa: E731
-        self._callbacks = [c.CFUNCTYPE(*kind)(answers.get(name, ignore)) for name, kind in REQUESTS.items()]
+        self._callbacks = [CALLBACK(answers.get(name, lambda *_: 0)) for name in REQUESTS]
         self._welcome = NEW_CLIENT(self._new_client)
         ICE.IceSetIOErrorHandler(BEAR_ERRORS)
         error = c.create_string_buffer(256)
         assert SM.SmsInitialize(b"standup", b"1", self._welcome, None, ACCEPT_ALL, 256, error), error.value
-        self._count, self._doors, self._lines = c.c_int(), c.POINTER(POINTER)(), []
-        assert ICE.IceListenForConnections(c.byref(self._count), c.byref(self._doors), 256, error), error.value
-        for door in self._open_doors:
+        count, doors, self._lines = c.c_int(), c.POINTER(POINTER)(), []
+        assert ICE.IceListenForConnections(c.byref(count), c.byref(doors), 256, error), error.value
+        self._doors = {ICE.IceGetListenConnectionNumber(door): door for door in doors[: count.value]}
+        for door in self._doors.values():
             ICE.IceSetHostBasedAuthProc(door, ACCEPT_ALL)
-        self.address = c.string_at(ICE.IceComposeNetworkIdList(self._count.value, self._doors)).decode()
-
-    @property
-    def _open_doors(self):
-        return self._doors[: self._count.value]
+        self.address = c.string_at(ICE.IceComposeNetworkIdList(count.value, doors)).decode()
 
     def _new_client(self, _, __, mask, callbacks, ___):
         mask[0] = ALL_REQUESTS
@@ -81,20 +61,20 @@ class SessionManager:
             callbacks[2 * number + 1] = None
         return 1
 
-    def _register(self, client, _, previous):
+    def _register(self, client, *_):
         self.client = client
         return bool(SM.SmsRegisterClientReply(client, SM.SmsGenerateClientID(client)))
 
     def _saved(self, client, _, is_saved):
-        self.saves += is_saved
+        self.saves += (is_saved or 0) & 1
+        return 0
 
     def turn(self):
         # Handles what has come.
-        doors = {ICE.IceGetListenConnectionNumber(door): door for door in self._open_doors}
         lines = {ICE.IceConnectionNumber(line): line for line in self._lines}
-        for ready in select.select([*doors, *lines], [], [], 0)[0]:
-            if ready in doors:
-                self._lines.append(ICE.IceAcceptConnection(doors[ready], c.byref(c.c_int())))
+        for ready in select.select([*self._doors, *lines], [], [], 0)[0]:
+            if ready in self._doors:
+                self._lines.append(ICE.IceAcceptConnection(self._doors[ready], c.byref(c.c_int())))
             elif ICE.IceProcessMessages(lines[ready], None, None):
                 self._lines.remove(lines[ready])  # It closed.
 
@@ -112,6 +92,3 @@ class SessionManager:
 
     def die(self):
         SM.SmsDie(self.client)
-
-    def close(self):
-        ICE.IceFreeListenObjs(self._count.value, self._doors)

@@ -185,7 +185,7 @@ def test_clocks_that_are_set_make_no_absurd_record(desktop):
         passed = desktop.clock.monotonic() - awake
         ends = {start: end for start, end, _ in office.records}
         [(start, end, _)] = [record for record in office.records if record[0] not in {old[0] for old in known}]
-        assert before - PULSE - 2 <= ends[office.began] <= before + PULSE + 2
+        assert before - PULSE - 2 <= ends[office.began] <= before + PULSE + LAG
         assert before + by - 2 <= start <= before + by + passed
         assert end - start > PULSE
         office.began = start

@@ -108,4 +108,3 @@ def test_a_log_out_that_is_cancelled_saves_and_one_that_is_not_ends_the_program(
     program.ends()
     [(start, end, _)] = desktop.records()
     assert start == began and end == pytest.approx(desktop.clock.now(), abs=3)
-    session.close()

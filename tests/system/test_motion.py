@@ -143,17 +143,6 @@ def test_each_button_does_what_it_says(desk):
     wait_until(lambda: desk.desktop.setting("DevicePosition3") == str(round(desk.adapter.height)), "stored height")
 
 
-def test_unplugged_in_the_middle_of_a_movement(desk):
-    desk.hold()
-    desk.adapter.unplug()
-    desk.panel.hears("Please connect your desk")
-    other = desk.desktop.plug(height=2000)
-    wait_until(lambda: other.reads, "the new adapter")
-    desk.release()
-    wait_until(lambda: len(other.reads) > 3, "more of it")
-    assert other.values()[:2] == ["init", STOP] and set(other.values()) == {"init", STOP}
-
-
 @pytest.mark.parametrize("seconds,carried_out", [(0.3, True), (1, False), (2, True), (6, False)])
 def test_a_transfer_that_stalls_under_a_held_button(desk, seconds, carried_out):
     desk.hold()
@@ -170,27 +159,33 @@ def test_a_transfer_that_stalls_under_a_held_button(desk, seconds, carried_out):
     assert [value for value in reports if value != "init"][carried_out and reports[0] == UP] == STOP
 
 
-def test_a_slow_adapter_is_no_dead_one(desk):
-    desk.adapter.delay = 0.3
+def test_slow_refused_joined_and_unplugged(desk):
+    adapter, records = desk.adapter, desk.desktop.records
+    adapter.delay = 0.3
     desk.hold()
-    let_go = desk.release()
-    desk.stands(let_go, grace=0.7)  # One may be under way, and one transfer more takes as long.
-    assert [standing for *_, standing in desk.desktop.records()] == [0]
-    desk.panel.hears("Current session")
+    desk.stands(desk.release(), grace=0.7)  # One may be under way, and one transfer more takes as long.
+    assert [standing for *_, standing in records()] == [0]
+    desk.panel.hears("Current session")  # It is no dead one.
 
-
-def test_a_stop_that_is_refused_is_said_again(desk):
+    adapter.delay = 0
     desk.hold()
-    reads, writes = len(desk.adapter.reads), len(desk.adapter.wire)
-    desk.adapter.refuse_next_stop = errno.EPIPE
-    let_go = desk.release()
-    desk.stands(let_go)
-    assert not desk.adapter.refuse_next_stop and len(desk.adapter.reads) > reads and len(desk.adapter.wire) > writes
+    reads, writes = len(adapter.reads), len(adapter.wire)
+    adapter.refuse_next_stop = errno.EPIPE
+    desk.stands(desk.release())
+    assert not adapter.refuse_next_stop and len(adapter.reads) > reads and len(adapter.wire) > writes
 
-
-def test_a_second_adapter_takes_no_movement_over(desk):
     desk.hold()
     second = desk.desktop.plug(height=900)
     wait_until(lambda: second.values()[:2] == ["init", STOP], "the second adapter")
     desk.stands(desk.release())
     assert set(second.values()) == {"init", STOP}
+    second.unplug()
+
+    desk.hold()
+    adapter.unplug()
+    desk.panel.hears("Please connect your desk")
+    other = desk.desktop.plug(height=2000)
+    wait_until(lambda: other.reads, "the new adapter")
+    desk.release()
+    wait_until(lambda: len(other.reads) > 3, "more of it")
+    assert other.values()[:2] == ["init", STOP] and set(other.values()) == {"init", STOP}
