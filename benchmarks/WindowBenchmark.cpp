@@ -3,9 +3,11 @@
 // with it closed, memory before and after opening and closing every window many times. Takes a little over
 // two minutes.
 
+#include "data/ActivityMode.h"
 #include "data/ActivityPersister.h"
 #include "data/AppProperties.h"
 #include "data/ManagedObjectContext.h"
+#include "desk/Posture.h"
 #include "desk/ZelvoController.h"
 #include "fakes/TestPlatform.h"
 #include "platform/qt/QtRunLoop.h"
@@ -39,8 +41,6 @@ constexpr int kRecords = 65'000; // 13 years of 250 days of 20 periods.
 constexpr int kRecordsADay = 20;
 constexpr int kOpenings = 200;
 constexpr int kRefreshes = 500;
-constexpr int kStandUp = 1;
-constexpr int kSitDown = 2;
 
 QTextStream& out()
 {
@@ -84,7 +84,7 @@ public:
     {
         AppProperties& properties = AppProperties::instance();
         properties.setWeight(80);
-        properties.setActivityMode(1);
+        properties.setActivityMode(kCalorieGoal);
         properties.setActivityGoal(150);
         properties.setNumberOfStandUps(2);
         app = std::make_unique<AppDelegate>(AppDelegate::Dependencies {m_simulated, m_events, m_workspace,
@@ -189,7 +189,7 @@ void openAndCloseEverything(World& world, VirtualRunLoop& runLoop)
     menulet.menuletClicked();
     pass(6);
     menulet.mainWindowButtonCloseClicked();
-    for (const int position : {kStandUp, kSitDown}) {
+    for (const int position : {kStanding, kSitting}) {
         menulet.showNotification(std::make_shared<Notification>(position));
         pass(0.5);
         menulet.dismissNotification();

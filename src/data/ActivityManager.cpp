@@ -1,9 +1,6 @@
 #include "data/ActivityManager.h"
 
-namespace {
-constexpr int32_t kCalorieGoal = 1;
-constexpr int32_t kStandingTimeGoal = 2;
-}
+#include "data/ActivityMode.h"
 
 ActivityManager::ActivityManager()
     : m_calorieGoals {{0, 50}, {1, 100}, {2, 150}, {3, 200}, {4, 250}}
@@ -16,7 +13,7 @@ const ActivityManager::Goals* ActivityManager::dictForActivityMode(int32_t mode)
     switch (mode) {
     case kCalorieGoal:
         return &m_calorieGoals;
-    case kStandingTimeGoal:
+    case kTimeGoal:
         return &m_timeGoals;
     default:
         return nullptr;

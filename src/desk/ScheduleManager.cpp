@@ -1,19 +1,15 @@
 #include "desk/ScheduleManager.h"
 
+#include "data/ActivityMode.h"
 #include "data/AppProperties.h"
 #include "data/CalorieCalculator.h"
+#include "desk/Posture.h"
 #include "platform/Log.h"
 #include "platform/NotificationCenter.h"
 
 #include <cmath>
 
 namespace {
-constexpr int32_t kCalorieGoal = 1;
-constexpr int32_t kTimeGoal = 2;
-
-constexpr int32_t kStanding = 1;
-constexpr int32_t kSitting = 2;
-
 constexpr double kMinutesPerHour = 60.0;
 constexpr double kSecondsPerMinute = 60.0;
 }

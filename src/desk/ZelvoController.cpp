@@ -1,6 +1,7 @@
 #include "desk/ZelvoController.h"
 
 #include "data/AppProperties.h"
+#include "desk/Posture.h"
 #include "platform/Log.h"
 #include "platform/NotificationCenter.h"
 
@@ -9,7 +10,6 @@
 
 namespace {
 constexpr double kPulseInterval = 15.0;
-constexpr int32_t kStanding = 1;
 }
 
 ZelvoController::ZelvoController(Dependencies dependencies)

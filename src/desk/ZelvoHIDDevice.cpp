@@ -2,6 +2,7 @@
 
 #include "data/AppProperties.h"
 #include "desk/ErrorCodeHandler.h"
+#include "desk/Posture.h"
 #include "desk/ZelvoHIDManager.h"
 #include "platform/Log.h"
 #include "platform/NotificationCenter.h"
@@ -23,9 +24,6 @@ constexpr uint16_t kStop = 0x8001;
 constexpr int32_t kDirectionUp = 1;
 constexpr int32_t kDirectionDown = 2;
 constexpr int32_t kDirectionToPosition = 3;
-
-constexpr int32_t kStanding = 1;
-constexpr int32_t kSitting = 2;
 
 constexpr double kPollInterval = 1.0;
 constexpr double kMoveInterval = 0.2;

@@ -1,5 +1,6 @@
 #include "screens/GoalSentence.h"
 
+#include "data/ActivityMode.h"
 #include "data/CalorieCalculator.h"
 #include "data/Saturation.h"
 #include "platform/Bundle.h"
@@ -8,7 +9,6 @@
 #include <cmath>
 
 namespace {
-constexpr int32_t kCalorieGoal = 1;
 constexpr double kShortestStandUp = 0.5;
 }
 

@@ -2,6 +2,7 @@
 
 #include "data/CalorieCalculator.h"
 #include "desk/DeskTest.h"
+#include "desk/Posture.h"
 #include "platform/NotificationCenter.h"
 
 namespace {
@@ -36,9 +37,6 @@ protected:
     int sessions = 0;
     NotificationCenter::Observation newSession;
 };
-
-constexpr int kStanding = 1;
-constexpr int kSitting = 2;
 }
 
 TEST_F(ScheduleManagerTest, SplitsTheHourByGoalAndStandUps)
@@ -67,7 +65,7 @@ TEST_F(ScheduleManagerTest, SplitsTheHourByGoalAndStandUps)
         SCOPED_TRACE(testing::Message() << mode << " " << goal << " " << standUps);
         setPlan(mode, goal, standUps);
         for (const auto& [position, seconds] :
-            {std::pair(kStanding, standing), {kSitting, sitting}, {0, 0.0}, {3, 0.0}}) {
+            {std::pair(int32_t(kStanding), standing), {kSitting, sitting}, {0, 0.0}, {3, 0.0}}) {
             ScheduleManager schedule(mode);
             sessions = 0;
             schedule.startScheduledTimerForPosition(position);

@@ -1,13 +1,12 @@
 #include "shell/NotificationWindowController.h"
 
+#include "desk/Posture.h"
 #include "shell/WindowTest.h"
 #include "ui/MouseEventButton.h"
 
 #include <QWindow>
 
 namespace {
-constexpr int kStandUp = 1;
-constexpr int kSitDown = 2;
 constexpr double kFade = 0.5; // A fade takes 0.4 s.
 constexpr double kSnooze = 430;
 
@@ -39,7 +38,7 @@ protected:
 TEST_F(NotificationWindowControllerTest, showsTheContentAndFollowsItsChanges)
 {
     startWithDesk();
-    QWidget& window = remind(kStandUp);
+    QWidget& window = remind(kStanding);
     const auto shown = [&] {
         return QStringList {text(window, "calRadialTitle"), text(window, "calRadialSubTitle"),
             in<Button>(window, "buttonMemory").text(), text(window, "labelMessage")};
@@ -48,7 +47,7 @@ TEST_F(NotificationWindowControllerTest, showsTheContentAndFollowsItsChanges)
     EXPECT_EQ(shown().join(u'|'), QStringLiteral("6|Minutes|Memory2|"));
     const Picture stand = in<Button>(window, "buttonMemory").image();
     properties().setActivityMode(1);
-    remind(kSitDown);
+    remind(kSitting);
     EXPECT_EQ(shown().mid(1).join(u'|'), QStringLiteral("Mins|Memory1|NotificationSittingmemory"));
     EXPECT_NE(in<Button>(window, "buttonMemory").image(), stand);
     remind(0);
@@ -67,7 +66,7 @@ TEST_F(NotificationWindowControllerTest, leavesByItselfAndSnoozesUnlessTheDeskWa
             SCOPED_TRACE(testing::Message() << isMoved << ' ' << isVisited);
             beginAnew();
             startWithDesk();
-            QWidget& window = remind(kStandUp);
+            QWidget& window = remind(kStanding);
             pass(40);
             if (isVisited)
                 movePointer(window.geometry().center());
@@ -91,13 +90,13 @@ TEST_F(NotificationWindowControllerTest, leavesByItselfAndSnoozesUnlessTheDeskWa
 TEST_F(NotificationWindowControllerTest, onlyOtherContentStartsTheWaitAnew)
 {
     startWithDesk();
-    const auto content = std::make_shared<Notification>(kStandUp);
+    const auto content = std::make_shared<Notification>(kStanding);
     menulet().showNotification(content);
     click(reminder().window(), "buttonUp");
     const TimerRef timer = reminder().dismissTimer();
     menulet().showNotification(content);
     EXPECT_TRUE(reminder().actionDone() && timer->isValid());
-    remind(kStandUp);
+    remind(kStanding);
     EXPECT_FALSE(reminder().actionDone() || timer->isValid());
     EXPECT_TRUE(reminder().dismissTimer()->isValid());
 }
@@ -122,7 +121,7 @@ TEST_F(NotificationWindowControllerTest, anAnswerIsTheSchedulesAndTheWindowFades
         startWithDesk();
         if (!row.hasDesk)
             world->hid.unplug(desk);
-        QWidget& window = remind(kStandUp);
+        QWidget& window = remind(kStanding);
         pass(kFade);
         focus(window, row.button);
         QTest::keyClick(&in(window, row.button), Qt::Key_Return);
@@ -142,10 +141,10 @@ TEST_F(NotificationWindowControllerTest, theMemoryButtonFallsThroughToTheOtherMe
         const char* forgotten;
         Commands sent;
     } kTestCases[] = {
-        {kSitDown, "DevicePosition2", heldFor(700)},
-        {kSitDown, "DevicePosition1", heldFor(4300)},
-        {kStandUp, "DevicePosition1", heldFor(4300)},
-        {kStandUp, "DevicePosition2", {}},
+        {kSitting, "DevicePosition2", heldFor(700)},
+        {kSitting, "DevicePosition1", heldFor(4300)},
+        {kStanding, "DevicePosition1", heldFor(4300)},
+        {kStanding, "DevicePosition2", {}},
         {0, "", heldFor(4300)},
     };
     for (const auto& row : kTestCases) {
@@ -165,7 +164,7 @@ TEST_F(NotificationWindowControllerTest, theMemoryButtonFallsThroughToTheOtherMe
 TEST_F(NotificationWindowControllerTest, aHoldIsNotCutByTheWaitButByTheMainWindow)
 {
     startWithDesk();
-    QWidget& window = remind(kStandUp);
+    QWidget& window = remind(kStanding);
     pass(kFade);
     press(window, "buttonMemory");
     pass(50);
@@ -183,7 +182,7 @@ TEST_F(NotificationWindowControllerTest, takesNoKeyUntilItHasBeenClicked)
 {
     startWithDesk();
     for (int time = 0; time < 2; ++time) {
-        QWidget& window = remind(kStandUp);
+        QWidget& window = remind(kStanding);
         pass(kFade);
         EXPECT_FALSE(qobject_cast<Button*>(window.focusWidget()));
         const QPoint up = in(window, "buttonUp").mapTo(&window, QPoint(5, 5));
@@ -198,7 +197,7 @@ TEST_F(NotificationWindowControllerTest, takesNoKeyUntilItHasBeenClicked)
         EXPECT_TRUE(isSnoozed());
         pass(kFade);
     }
-    QWidget& window = remind(kSitDown);
+    QWidget& window = remind(kSitting);
     pass(kFade);
     movePointer(window.geometry().center());
     QTest::mouseClick(
@@ -219,12 +218,12 @@ TEST_F(NotificationWindowControllerTest, everyMessageFitsInEveryLanguageAndDirec
     for (const char* language : {"en", "de", "fr", "es", "nl"}) {
         installTexts(*qApp, QString::fromLatin1(language));
         NotificationWindowController controller(world->workspace);
-        for (const int position : {kStandUp, kSitDown}) {
-            QApplication::setLayoutDirection(position == kSitDown ? Qt::RightToLeft : Qt::LeftToRight);
+        for (const int position : {kStanding, kSitting}) {
+            QApplication::setLayoutDirection(position == kSitting ? Qt::RightToLeft : Qt::LeftToRight);
             controller.setNotification(std::make_shared<Notification>(position));
             controller.fadeIn();
             for (int i = 1; i <= 10; ++i) {
-                const char* const key = position == kSitDown ? "StandingMessage%1" : "SittingMessage%1";
+                const char* const key = position == kSitting ? "StandingMessage%1" : "SittingMessage%1";
                 in<QLabel>(controller.window(), "labelTitle")
                     .setText(Bundle::main().localizedString(QString::fromLatin1(key).arg(i)));
                 QApplication::processEvents();

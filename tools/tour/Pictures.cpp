@@ -1,8 +1,10 @@
 #include "Pictures.h"
 
 #include "TourWorld.h"
+#include "data/ActivityMode.h"
 #include "data/ActivityPersister.h"
 #include "data/AppProperties.h"
+#include "desk/Posture.h"
 #include "desk/ZelvoController.h"
 #include "platform/NotificationCenter.h"
 #include "screens/HistoryWindowController.h"
@@ -17,10 +19,6 @@
 #include <memory>
 
 namespace {
-constexpr int kStandUp = 1;
-constexpr int kSitDown = 2;
-constexpr int kCalories = 1;
-constexpr int kTime = 2;
 constexpr double kDay = 86400;
 
 /// Pictures of one program in one language.
@@ -69,7 +67,7 @@ void completeSetup(int mode)
     AppProperties& properties = AppProperties::instance();
     properties.setWeight(80);
     properties.setActivityMode(mode);
-    properties.setActivityGoal(mode == kTime ? 15 : 150);
+    properties.setActivityGoal(mode == kTimeGoal ? 15 : 150);
     properties.setNumberOfStandUps(2);
 }
 
@@ -112,7 +110,7 @@ void focusByTab(const QString& windowName, const QString& control)
 /// A reminder with the first of its headlines, which are drawn by lot: pictures are to be comparable.
 std::shared_ptr<Notification> reminder(int position)
 {
-    const QString& headline = position == kSitDown ? Notification::messagesStanding().first()
+    const QString& headline = position == kSitting ? Notification::messagesStanding().first()
                                                    : Notification::messagesSitting().first();
     std::shared_ptr<Notification> notification;
     do
@@ -156,7 +154,7 @@ void takeSettings(Photographer& photographer, int mode, const QString& name)
     world.app->menuSettingsClicked();
     world.pass(1);
     photographer.take(QStringLiteral("WizardWindow"), name);
-    if (mode == kCalories)
+    if (mode == kCalorieGoal)
         return;
     QTest::mouseClick(
         TourWorld::control(QStringLiteral("WizardWindow"), QStringLiteral("buttonMemory2")), Qt::LeftButton);
@@ -178,7 +176,7 @@ void takeMainWindow(Photographer& photographer, int mode, const QString& name)
     world.pass(1);
     const QString window = QStringLiteral("MainWindow");
     photographer.take(window, name);
-    if (mode == kCalories)
+    if (mode == kCalorieGoal)
         return;
     hover(TourWorld::control(window, QStringLiteral("buttonMemory2")));
     hover(TourWorld::control(window, QStringLiteral("buttonHistory")));
@@ -191,7 +189,7 @@ void takeMainWindow(Photographer& photographer, int mode, const QString& name)
     world.pass(0);
     photographer.take(window, QStringLiteral("main-window-many-errors"));
     world.app->menuletController().mainWindowButtonCloseClicked();
-    world.app->menuletController().showNotification(reminder(kStandUp));
+    world.app->menuletController().showNotification(reminder(kStanding));
     world.pass(1);
     photographer.take(QStringLiteral("NotificationWindow"), QStringLiteral("reminder-error"));
 }
@@ -199,7 +197,7 @@ void takeMainWindow(Photographer& photographer, int mode, const QString& name)
 void takeFocusMarks(Photographer& photographer)
 {
     TourWorld world(photographer.locale(), TourWorld::Wire::Silent);
-    completeSetup(kTime);
+    completeSetup(kTimeGoal);
     world.app->applicationDidFinishLaunching();
     world.pass(2);
     world.app->menuletController().menuletClicked();
@@ -216,7 +214,7 @@ void takeFocusMarks(Photographer& photographer)
 void takeTestWindow(Photographer& photographer)
 {
     TourWorld world(photographer.locale(), TourWorld::Wire::Silent);
-    completeSetup(kTime);
+    completeSetup(kTimeGoal);
     world.app->applicationDidFinishLaunching();
     world.app->showTestWindow();
     world.pass(2);
@@ -226,7 +224,7 @@ void takeTestWindow(Photographer& photographer)
 void takeMainWindowWithoutDesk(Photographer& photographer)
 {
     TourWorld world(photographer.locale(), TourWorld::Wire::Silent);
-    completeSetup(kTime);
+    completeSetup(kTimeGoal);
     world.simulated.unplug();
     world.app->applicationDidFinishLaunching();
     world.app->menuletController().menuletClicked();
@@ -237,11 +235,11 @@ void takeMainWindowWithoutDesk(Photographer& photographer)
 void takeReminders(Photographer& photographer)
 {
     TourWorld world(photographer.locale(), TourWorld::Wire::Silent);
-    completeSetup(kCalories);
+    completeSetup(kCalorieGoal);
     world.app->applicationDidFinishLaunching();
     world.pass(2);
     const std::pair<int, const char*> kReminders[] = {
-        {kStandUp, "reminder-stand"}, {kSitDown, "reminder-sit"}};
+        {kStanding, "reminder-stand"}, {kSitting, "reminder-sit"}};
     for (const auto& [position, name] : kReminders) {
         world.app->menuletController().showNotification(reminder(position));
         world.pass(1);
@@ -252,7 +250,7 @@ void takeReminders(Photographer& photographer)
 void takeHistory(Photographer& photographer)
 {
     TourWorld world(photographer.locale(), TourWorld::Wire::Silent);
-    completeSetup(kTime);
+    completeSetup(kTimeGoal);
     world.pass(9 * kDay); // The middle of a week, a month and a quarter.
     world.app->applicationDidFinishLaunching();
     fillHistory(world);
@@ -272,10 +270,10 @@ bool makePictures(const QString& folder, const QString& suffix, const QLocale& l
 {
     Photographer photographer(folder, suffix, locale);
     takeFirstRun(photographer);
-    takeSettings(photographer, kTime, QStringLiteral("settings-time"));
-    takeSettings(photographer, kCalories, QStringLiteral("settings-calories"));
-    takeMainWindow(photographer, kTime, QStringLiteral("main-window"));
-    takeMainWindow(photographer, kCalories, QStringLiteral("main-window-calories"));
+    takeSettings(photographer, kTimeGoal, QStringLiteral("settings-time"));
+    takeSettings(photographer, kCalorieGoal, QStringLiteral("settings-calories"));
+    takeMainWindow(photographer, kTimeGoal, QStringLiteral("main-window"));
+    takeMainWindow(photographer, kCalorieGoal, QStringLiteral("main-window-calories"));
     takeMainWindowWithoutDesk(photographer);
     takeFocusMarks(photographer);
     takeTestWindow(photographer);
