@@ -1,6 +1,6 @@
 #include "desk/DeskHold.h"
 
-#include "desk/HubAccess.h"
+#include "desk/AdoptedDesk.h"
 
 ZelvoHIDDevice* DeskHold::begin()
 {

@@ -1,7 +1,7 @@
 #include "screens/MemoryRow.h"
 
 #include "data/AppProperties.h"
-#include "desk/HubAccess.h"
+#include "desk/AdoptedDesk.h"
 #include "ui/FontAndTextHandler.h"
 #include "ui/Palette.h"
 #include "ui_SetupView.h"
@@ -9,11 +9,6 @@
 namespace {
 constexpr void (AppProperties::*kSetPosition[])(int32_t) = {&AppProperties::setDevicePosition1,
     &AppProperties::setDevicePosition2, &AppProperties::setDevicePosition3};
-
-bool isDeskActive()
-{
-    return hub() && hub()->isActive();
-}
 
 /// How the focus goes on from a control that was pressed: as by Tab when the keyboard pressed it, so that the
 /// focus mark stays in sight.

@@ -4,7 +4,7 @@
 #include "data/DecimalFormatter.h"
 #include "data/Helper.h"
 #include "data/Saturation.h"
-#include "desk/HubAccess.h"
+#include "desk/AdoptedDesk.h"
 #include "platform/Bundle.h"
 #include "screens/EntryNumber.h"
 #include "ui/FontAndTextHandler.h"
@@ -171,7 +171,7 @@ double SetupEntries::kilograms() const
 int32_t SetupEntries::tablePositionOffset() const
 {
     const double centimetres = Helper::systemUnitToCm(decimalValue(m_ui.textFieldTableHeight->text()));
-    return saturated<int32_t>(centimetres * kUnitsPerCentimetre - (device() ? device()->position() : 0));
+    return saturated<int32_t>(centimetres * kUnitsPerCentimetre - deskPosition());
 }
 
 int32_t SetupEntries::numberOfStandUps() const

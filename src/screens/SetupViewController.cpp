@@ -1,9 +1,8 @@
 #include "screens/SetupViewController.h"
 
+#include "data/ActivityMode.h"
 #include "data/AppProperties.h"
 #include "data/Saturation.h"
-#include "desk/HubAccess.h"
-#include "desk/PositionListener.h"
 #include "platform/Bundle.h"
 #include "platform/Workspace.h"
 #include "screens/EntryNumber.h"
@@ -20,8 +19,6 @@
 #include <utility>
 
 namespace {
-constexpr int32_t kCalorieGoal = 1;
-constexpr int32_t kTimeGoal = 2;
 constexpr int32_t kMiddleStep = 2;
 constexpr double kRoomForUnit = 4; // Number and unit together stand in the middle of their circle.
 
@@ -53,11 +50,7 @@ SetupViewController::SetupViewController(Workspace& workspace)
 
 SetupViewController::~SetupViewController()
 {
-    for (const auto& listener : m_positionListeners) {
-        listener->cutOff();
-        if (hub())
-            hub()->removeDelegate(listener);
-    }
+    m_heights.clear();
     // A held button stops the desk through this object, which is still whole here.
     delete std::exchange(m_view, nullptr).data();
 }
@@ -93,10 +86,7 @@ void SetupViewController::observe()
     m_observations.push_back(
         NotificationCenter::defaultCenter().addObserver(ZelvoController::kDeviceStateDidChange,
             [this](const PostedNotification&) { observerDeviceStateDidChange(); }));
-    m_positionListeners.push_back(
-        std::make_shared<PositionListener>([this](int32_t height) { positionUpdated(height); }));
-    if (hub())
-        hub()->addDelegate(m_positionListeners.back());
+    m_heights.push_back(observeDeskPosition([this](int32_t height) { positionUpdated(height); }));
 }
 
 void SetupViewController::setLocalizationText()

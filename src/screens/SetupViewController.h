@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/ActivityManager.h"
+#include "desk/AdoptedDesk.h"
 #include "platform/NotificationCenter.h"
 #include "screens/GoalCircleView.h"
 #include "screens/MemoryRow.h"
@@ -14,7 +15,6 @@
 #include <memory>
 #include <vector>
 
-class PositionListener;
 class QLineEdit;
 class QWidget;
 class Workspace;
@@ -111,6 +111,6 @@ private:
     SetupEntries m_entries;
     MemoryRow m_memories;
     std::vector<NotificationCenter::Observation> m_observations;
-    std::vector<std::shared_ptr<PositionListener>> m_positionListeners;
+    std::vector<PositionObservation> m_heights;
     QPointer<QWidget> m_view;
 };

@@ -1,9 +1,8 @@
 #include "shell/MainWindowController.h"
 
+#include "data/ActivityMode.h"
 #include "data/AppProperties.h"
 #include "data/Helper.h"
-#include "desk/HubAccess.h"
-#include "desk/PositionListener.h"
 #include "platform/Bundle.h"
 #include "platform/Workspace.h"
 #include "shell/ErrorLine.h"
@@ -24,8 +23,6 @@ constexpr double kRefreshSeconds = 5.0;
 constexpr int kErrorHeight = 300;
 constexpr double kFullScale = 100.0;
 constexpr double kSecondsPerMinute = 60.0;
-constexpr int32_t kCalorieGoal = 1;
-constexpr int32_t kTimeGoal = 2;
 
 QString localized(const QString& key)
 {
@@ -67,9 +64,6 @@ MainWindowController::MainWindowController(Dependencies dependencies)
 
 MainWindowController::~MainWindowController()
 {
-    m_positionListener->cutOff();
-    if (hub())
-        hub()->removeDelegate(m_positionListener);
     m_window->onWillClose({});
 }
 
@@ -114,9 +108,7 @@ void MainWindowController::observe()
         ScheduleManager::kNewSession, [this](const PostedNotification&) { observerNewSession(); }));
     m_errorLine = std::make_unique<ErrorLine>(
         *m_ui->labelErrorText, *m_ui->errorArea, ErrorLine::WithoutUrl::PlainText);
-    m_positionListener = std::make_shared<PositionListener>([this](int32_t) { setTabelHeight(); });
-    if (hub())
-        hub()->addDelegate(m_positionListener);
+    m_heights = observeDeskPosition([this](int32_t) { setTabelHeight(); });
 }
 
 void MainWindowController::connectButtons()
@@ -255,7 +247,7 @@ void MainWindowController::updateData()
 {
     showGoalProgress();
     setTabelHeight();
-    const bool isActive = hub() && hub()->isActive();
+    const bool isActive = isDeskActive();
     ScheduleManager* const schedule = isActive ? hub()->scheduleManager() : nullptr;
     if (schedule && schedule->isScheduled())
         showSchedule();

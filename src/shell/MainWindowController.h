@@ -1,6 +1,7 @@
 #pragma once
 
 #include "data/ActivityPersister.h"
+#include "desk/AdoptedDesk.h"
 #include "desk/DeskHold.h"
 #include "platform/NotificationCenter.h"
 #include "platform/RunLoop.h"
@@ -13,7 +14,6 @@
 class ErrorLine;
 class MenuletController;
 class PanelWindow;
-class PositionListener;
 class QWidget;
 class Workspace;
 
@@ -91,7 +91,7 @@ private:
     std::unique_ptr<PanelWindow> m_window;
     std::unique_ptr<Ui::MainWindow> m_ui;
     std::unique_ptr<ErrorLine> m_errorLine;
-    std::shared_ptr<PositionListener> m_positionListener;
+    PositionObservation m_heights;
     std::vector<NotificationCenter::Observation> m_observations;
     bool m_errorRecievedUnderCountdown = false;
     TimerRef m_updateDateTimer;

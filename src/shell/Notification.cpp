@@ -1,18 +1,16 @@
 #include "shell/Notification.h"
 
+#include "data/ActivityMode.h"
 #include "data/AppProperties.h"
 #include "data/CalorieCalculator.h"
 #include "data/Saturation.h"
-#include "desk/ScheduleManager.h"
-#include "desk/ZelvoController.h"
+#include "desk/AdoptedDesk.h"
+#include "desk/Posture.h"
 #include "platform/Bundle.h"
 
 #include <QRandomGenerator>
 
 namespace {
-constexpr int32_t kStandUp = 1;
-constexpr int32_t kSitDown = 2;
-constexpr int32_t kTimeGoal = 2;
 constexpr int kMessageCount = 10;
 
 QString localized(const QString& key)
@@ -41,8 +39,7 @@ QStringList messages(const QString& keyPrefix)
 
 ScheduleManager* schedule()
 {
-    const auto& controller = AppProperties::instance().zelvoController();
-    return controller ? controller->scheduleManager() : nullptr;
+    return hub() ? hub()->scheduleManager() : nullptr;
 }
 
 /// The minutes of one stand-up, out of the minutes of an hour.
@@ -57,15 +54,15 @@ Notification::Notification(int32_t newPosition)
     , m_message(QStringLiteral(""))
     , m_position(newPosition)
 {
-    if (newPosition == kStandUp)
+    if (newPosition == kStanding)
         describeStandingUp();
-    else if (newPosition == kSitDown)
+    else if (newPosition == kSitting)
         describeSittingDown();
 }
 
 QString Notification::randomMessageFromPosition(int32_t position)
 {
-    const QStringList& list = position == kSitDown ? messagesStanding() : messagesSitting();
+    const QStringList& list = position == kSitting ? messagesStanding() : messagesSitting();
     const quint32 drawn = QRandomGenerator::system()->generate();
     return list.at(qsizetype(drawn % quint32(list.size())));
 }

@@ -2,8 +2,7 @@
 
 #include "data/AppProperties.h"
 #include "data/Helper.h"
-#include "desk/HubAccess.h"
-#include "desk/PositionListener.h"
+#include "desk/Posture.h"
 #include "platform/Bundle.h"
 #include "platform/Workspace.h"
 #include "shell/ErrorLine.h"
@@ -19,7 +18,6 @@
 #include <utility>
 
 namespace {
-constexpr int32_t kSitDown = 2;
 constexpr Qt::WindowFlags kFloating = Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
 
 QString localized(const QString& key)
@@ -39,19 +37,12 @@ NotificationWindowController::NotificationWindowController(Workspace& workspace)
     awakeFromNib();
 }
 
-NotificationWindowController::~NotificationWindowController()
-{
-    m_positionListener->cutOff();
-    if (hub())
-        hub()->removeDelegate(m_positionListener);
-}
+NotificationWindowController::~NotificationWindowController() = default;
 
 void NotificationWindowController::awakeFromNib()
 {
     m_ui->notificationView->setDelegate(this);
-    m_positionListener = std::make_shared<PositionListener>([this](int32_t) { setTabelHeight(); });
-    if (hub())
-        hub()->addDelegate(m_positionListener);
+    m_heights = observeDeskPosition([this](int32_t) { setTabelHeight(); });
     for (MouseEventButton* button : {m_ui->buttonMemory, m_ui->buttonUp, m_ui->buttonDown})
         button->setDelegate(this);
     m_errorLine = std::make_unique<ErrorLine>(
@@ -145,7 +136,7 @@ void NotificationWindowController::updateControls()
     m_ui->labelTitle->setText(m_notification ? m_notification->title() : QString());
     m_ui->labelMessage->setText(m_notification ? m_notification->message() : QString());
     if (m_notification) {
-        const bool isSit = m_notification->position() == kSitDown;
+        const bool isSit = m_notification->position() == kSitting;
         m_ui->buttonMemory->setText(localized(isSit ? QStringLiteral("Memory1") : QStringLiteral("Memory2")));
         m_ui->buttonMemory->setImage(isSit ? m_buttonMemoryIconSitImage : m_buttonMemoryIconStandImage);
         m_ui->buttonMemory->setAlternateImage(
@@ -181,7 +172,7 @@ void NotificationWindowController::buttonSnoozeClicked()
 void NotificationWindowController::snooze()
 {
     stopDismissTimer();
-    if (hub() && hub()->isActive() && hub()->scheduleManager())
+    if (isDeskActive() && hub()->scheduleManager())
         hub()->scheduleManager()->snoozeForPosition(device()->positionState());
     m_fade->fadeOut();
 }
@@ -196,7 +187,7 @@ void NotificationWindowController::cancelPeriod()
 {
     // The dismiss timer is left alone: the pointer that pressed the button has stopped it already, and where
     // it still runs its own rule applies.
-    if (hub() && hub()->isActive() && hub()->scheduleManager())
+    if (isDeskActive() && hub()->scheduleManager())
         hub()->scheduleManager()->cancelPeriodForPosition(device()->positionState());
 }
 
@@ -276,7 +267,7 @@ void NotificationWindowController::mouseEventButtonMouseUp(MouseEventButton&)
 void NotificationWindowController::moveToMemory(ZelvoHIDDevice& desk)
 {
     AppProperties& properties = AppProperties::instance();
-    const bool isSit = m_notification && m_notification->position() == kSitDown;
+    const bool isSit = m_notification && m_notification->position() == kSitting;
     if (isSit && properties.hasDevicePosition1())
         desk.moveToPosition(properties.devicePosition1());
     else if (properties.hasDevicePosition2()) // A sit reminder without a sit memory offers the other one.

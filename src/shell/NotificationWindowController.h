@@ -1,5 +1,6 @@
 #pragma once
 
+#include "desk/AdoptedDesk.h"
 #include "desk/DeskHold.h"
 #include "platform/RunLoop.h"
 #include "shell/NotificationView.h"
@@ -11,7 +12,6 @@
 class ErrorLine;
 class Notification;
 class PanelWindow;
-class PositionListener;
 class WindowFade;
 class Workspace;
 
@@ -73,7 +73,7 @@ private:
     std::unique_ptr<Ui::NotificationWindow> m_ui;
     std::unique_ptr<WindowFade> m_fade;
     std::unique_ptr<ErrorLine> m_errorLine;
-    std::shared_ptr<PositionListener> m_positionListener;
+    PositionObservation m_heights;
     Picture m_buttonMemoryIconSitImage;
     Picture m_buttonMemoryIconSitAlternateImage;
     Picture m_buttonMemoryIconStandImage;

@@ -1,6 +1,6 @@
 #include "shell/TestWindowController.h"
 
-#include "desk/HubAccess.h"
+#include "desk/AdoptedDesk.h"
 #include "platform/simulated/SimulatedHidManager.h"
 #include "shell/MenuletController.h"
 #include "shell/Notification.h"

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "desk/DeskTest.h"
-#include "desk/PositionListener.h"
 #include "desk/ZelvoController.h"
 #include "fakes/TestStore.h"
 #include "platform/NotificationCenter.h"
@@ -31,6 +30,17 @@ private:
     bool m_isActive = true;
 };
 
+/// A delegate of the hub as the windows have one.
+struct HeightListener final : ZelvoControllerDelegate {
+    explicit HeightListener(std::function<void(int32_t)> callback)
+        : heard(std::move(callback))
+    {
+    }
+    void positionUpdated(int32_t height) override { heard(height); }
+
+    std::function<void(int32_t)> heard;
+};
+
 /// The hub with a desk, a user and a store around it. The plan is 20 standing minutes an hour in two goes:
 /// 600 s standing, 1200 s sitting; 170 s without input are an absence. What others hear of the hub is kept in
 /// a diary, a row an event: "awake seconds: what".
@@ -50,7 +60,7 @@ public:
                 return context;
             },
             [this](int32_t newPosition) { note(QStringLiteral("reminder %1").arg(newPosition)); }});
-        hub->addDelegate(std::make_shared<PositionListener>(
+        hub->addDelegate(std::make_shared<HeightListener>(
             [this](int32_t height) { note(QStringLiteral("height %1").arg(height)); }));
     }
 

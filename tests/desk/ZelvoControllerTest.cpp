@@ -108,7 +108,7 @@ TEST_F(ZelvoControllerTest, IgnoresWhatItKnowsAndWhomItDoesNot)
 TEST_F(ZelvoControllerTest, TellsItsDelegatesInOrderAlsoWhileTheyChange)
 {
     const auto listener = [&](const char* name, std::function<void()> meddle = {}) {
-        return std::make_shared<PositionListener>([this, name, meddle](int32_t) {
+        return std::make_shared<HeightListener>([this, name, meddle](int32_t) {
             note(QString::fromLatin1(name));
             if (meddle)
                 meddle();
@@ -116,7 +116,7 @@ TEST_F(ZelvoControllerTest, TellsItsDelegatesInOrderAlsoWhileTheyChange)
     };
     const auto newcomer = listener("newcomer");
     const auto leaving = listener("leaving");
-    std::shared_ptr<PositionListener> meddler;
+    std::shared_ptr<HeightListener> meddler;
     meddler = listener("meddler", [&] {
         hub->removeDelegate(leaving);
         hub->removeDelegate(meddler);

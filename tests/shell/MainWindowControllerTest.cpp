@@ -1,7 +1,7 @@
 #include "shell/MainWindowController.h"
 
 #include "data/CalorieCalculator.h"
-#include "desk/HubAccess.h"
+#include "desk/AdoptedDesk.h"
 #include "screens/CircleIndicatorView.h"
 #include "shell/WindowTest.h"
 #include "ui/HyperLinkTextField.h"

@@ -1,0 +1,52 @@
+#include "desk/AdoptedDesk.h"
+
+#include "data/AppProperties.h"
+
+#include <utility>
+
+namespace {
+constexpr int64_t kTenthsPerMillimetre = 10;
+
+struct PositionListener final : ZelvoControllerDelegate {
+    void positionUpdated(int32_t height) override { callback(height); }
+
+    std::function<void(int32_t height)> callback;
+};
+}
+
+ZelvoController* hub()
+{
+    return AppProperties::instance().zelvoController().get();
+}
+
+ZelvoHIDDevice* device()
+{
+    return hub() ? hub()->device().get() : nullptr;
+}
+
+bool isDeskActive()
+{
+    return device() && device()->isActive();
+}
+
+int32_t deskPosition()
+{
+    return device() ? device()->position() : 0;
+}
+
+int64_t deskHeightMillimetres()
+{
+    return (int64_t(deskPosition()) + AppProperties::instance().tablePositionOffset()) / kTenthsPerMillimetre;
+}
+
+PositionObservation observeDeskPosition(std::function<void(int32_t height)> callback)
+{
+    const auto listener = std::make_shared<PositionListener>();
+    listener->callback = std::move(callback);
+    if (hub())
+        hub()->addDelegate(listener);
+    return {listener.get(), [listener](void*) {
+                if (hub())
+                    hub()->removeDelegate(listener);
+            }};
+}

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "desk/ZelvoController.h"
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+
+// What the windows ask of the one desk. The hub may not exist yet, and it may not have adopted an adapter.
+
+/// The hub, or null before it has been started.
+[[nodiscard]] ZelvoController* hub();
+/// The adopted desk, or null.
+[[nodiscard]] ZelvoHIDDevice* device();
+/// Whether a desk is adopted, communicates and has told its height.
+[[nodiscard]] bool isDeskActive();
+/// Raw, 0.1 mm above the adapter's zero; 0 without a desk.
+[[nodiscard]] int32_t deskPosition();
+/// Raw height and table offset together, in whole millimetres (truncated toward zero); the offset alone
+/// without a desk.
+[[nodiscard]] int64_t deskHeightMillimetres();
+
+/// A registration; it ends with its last copy.
+using PositionObservation = std::shared_ptr<void>;
+/// Hears each new height (raw) of the hub that exists now.
+[[nodiscard]] PositionObservation observeDeskPosition(std::function<void(int32_t height)> callback);
