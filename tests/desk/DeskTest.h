@@ -6,10 +6,14 @@
 
 #include <gtest/gtest.h>
 
+class ZelvoHIDDevice;
+
 /// A test with a world of its own and fresh settings: memory positions 700 and 4300, so standing starts at
 /// 2500.
 class DeskTest : public testing::Test {
 protected:
+    using Device = std::shared_ptr<ZelvoHIDDevice>;
+
     void store(const char* key, const QVariant& value)
     {
         platform.defaults.values.insert(QString::fromLatin1(key), value);

@@ -1,10 +1,13 @@
 #pragma once
 
 #include "desk/DeskTest.h"
+#include "desk/Posture.h"
 #include "desk/ZelvoController.h"
 #include "fakes/TestStore.h"
 #include "platform/NotificationCenter.h"
 #include "platform/SleepAwareEventSource.h"
+
+#include <QRegularExpression>
 
 #include <sqlite3.h>
 #include <utility>
@@ -74,19 +77,23 @@ public:
     /// What a new process would find on disk, in seconds of the wall clock since the test's start.
     std::string records()
     {
+        const auto shown = [](Date date) {
+            return QString::number(date.secondsSince1970() - TestPlatform::kStart, 'f', 1);
+        };
         QStringList texts;
         for (const auto& activity : TestStore(platform).all()) {
             EXPECT_EQ(activity->weight(), 67.5);
-            texts.append(QStringLiteral("%1 %2..%3")
-                             .arg(activity->isStanding() ? QStringLiteral("stand") : QStringLiteral("sit"))
-                             .arg(activity->startDate().secondsSince1970() - TestPlatform::kStart, 0, 'f', 1)
-                             .arg(activity->endDate().secondsSince1970() - TestPlatform::kStart, 0, 'f', 1));
+            texts.append((activity->isStanding() ? QStringLiteral("stand ") : QStringLiteral("sit "))
+                + shown(activity->startDate()) + QStringLiteral("..") + shown(activity->endDate()));
         }
         return texts.join(QStringLiteral(", ")).remove(QStringLiteral(".0")).toStdString();
     }
 
-    /// The diary in one line, and the next one begins.
-    std::string heard() { return std::exchange(diary, {}).join(QStringLiteral(", ")).toStdString(); }
+    /// The diary's rows that tell of that, in one line; then the next one begins.
+    std::string heard(const QRegularExpression& of = {})
+    {
+        return std::exchange(diary, {}).filter(of).join(QStringLiteral(", ")).toStdString();
+    }
 
     /// Lets the machine be awake until so many seconds after the test's start.
     void until(double awakeSeconds)
@@ -100,9 +107,8 @@ public:
     }
 
     /// Plugs an adapter in and lets it be polled once; the diary starts after that.
-    void plugAndPoll(uint16_t height = 1000)
+    void plugAndPoll()
     {
-        adapter->setHeight(height);
         hid.plug(adapter);
         platform.runLoop.advance(1.2);
         diary.clear();

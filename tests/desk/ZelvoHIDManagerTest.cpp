@@ -4,8 +4,6 @@
 #include "desk/ZelvoHIDDevice.h"
 
 namespace {
-using Device = std::shared_ptr<ZelvoHIDDevice>;
-
 class ZelvoHIDManagerTest : public DeskTest, public ZelvoHIDManagerDelegate {
 protected:
     ZelvoHIDManagerTest() { manager->setDelegate(this); }
@@ -14,8 +12,7 @@ protected:
     {
         added.push_back(device);
         EXPECT_FALSE(isListed(device)) << "told first";
-        EXPECT_TRUE(added.size() > 1 || first->written.empty())
-            << "the delegate hears of it before the first report";
+        EXPECT_TRUE(added.size() > 1 || first->written.empty()) << "and before the first report";
     }
     void deviceRemoved(const Device& device) override
     {
@@ -28,11 +25,14 @@ protected:
         return std::count(manager->devices().begin(), manager->devices().end(), device) == 1;
     }
     template <typename Action>
-    static QString logOf(Action&& action)
+    static void expectLog(const QStringList& parts, Action&& action)
     {
         testing::internal::CaptureStderr();
         action();
-        return QString::fromStdString(testing::internal::GetCapturedStderr());
+        const QString log = QString::fromStdString(testing::internal::GetCapturedStderr());
+        for (const QString& part : parts)
+            EXPECT_TRUE(log.contains(part)) << qPrintable(part) << qPrintable(log);
+        EXPECT_EQ(log.isEmpty(), parts.isEmpty()) << qPrintable(log);
     }
     static QString address(const HidDeviceRef& reference)
     {
@@ -47,66 +47,54 @@ protected:
 };
 }
 
-TEST_F(ZelvoHIDManagerTest, FollowsAnAdapterInAndOut)
+TEST_F(ZelvoHIDManagerTest, followsAnAdapterInAndOut)
 {
     EXPECT_EQ(hid.matching(),
         (HidManager::Matching {{QStringLiteral("Manufacturer"), QStringLiteral("Zelvo Ardenta A/S")}}));
-    EXPECT_TRUE(logOf([&] { hid.plug(first); })
-                    .contains(QStringLiteral("\nDevice added: %1\nModel: Desk adapter\nDevice count: 1\n")
-                                  .arg(address(first))));
+    expectLog(
+        {QStringLiteral("\nDevice added: %1\nModel: Desk adapter\nDevice count: 1\n").arg(address(first))},
+        [&] { hid.plug(first); });
     ASSERT_EQ(added.size(), 1u);
-    EXPECT_EQ(first->written.size(), 2u) << "init and stop";
     EXPECT_TRUE(added[0]->isConnected());
     EXPECT_EQ(manager->devices(), added);
     EXPECT_TRUE(manager->isDeviceConneced());
     EXPECT_EQ(manager->connectedDevice()->ownNode(), added[0]->ownNode());
 
-    EXPECT_TRUE(logOf([&] {
-        hid.unplug(first);
-    }).contains(QStringLiteral("\nDevice removed: %1\nDevice count: 0\n").arg(address(first))));
+    expectLog({QStringLiteral("\nDevice removed: %1\nDevice count: 0\n").arg(address(first))},
+        [&] { hid.unplug(first); });
     EXPECT_EQ(removed, added);
     EXPECT_FALSE(removed[0]->isConnected());
     EXPECT_TRUE(manager->devices().empty());
     EXPECT_EQ(manager->connectedDevice(), nullptr);
-    EXPECT_EQ(logOf([&] {
+    expectLog({}, [&] {
         ZelvoHIDDevice::Report report {5};
-        EXPECT_FALSE(ZelvoHIDManager::writeBuffer(report, *removed[0]));
+        EXPECT_FALSE(ZelvoHIDManager::writeBuffer(report, *removed[0])) << "not even tried";
         EXPECT_FALSE(ZelvoHIDManager::readBuffer(report, *removed[0]));
-    }),
-        QString())
-        << "a device that is gone is not even tried";
+    });
 }
 
-TEST_F(ZelvoHIDManagerTest, NamesWhatFails)
+TEST_F(ZelvoHIDManagerTest, namesWhatFails)
 {
-    const auto expectLog = [](std::initializer_list<const char*> words, const std::function<void()>& action) {
-        const QString log = logOf(action);
-        for (const char* word : words)
-            EXPECT_TRUE(log.contains(QLatin1String(word))) << word;
-        EXPECT_FALSE(log.contains(QStringLiteral("Device added")));
-    };
     FakeHidManager closed;
     closed.openStatus = EACCES;
     expectLog({"IOHIDManagerOpen failed.\n"}, [&] { const ZelvoHIDManager other(closed); });
     first->openStatus = EBUSY;
     expectLog({"Open failed\n"}, [&] { hid.plug(first); });
-    EXPECT_TRUE(added.empty());
     hid.unplug(first);
-    EXPECT_TRUE(removed.empty());
+    EXPECT_TRUE(added.empty() && removed.empty());
 
     second->writeStatus = EPIPE;
     expectLog({"IOHIDDeviceSetReport return value: 00000020\n", "Could not init device\n"},
         [&] { hid.plug(second); });
-    ASSERT_EQ(manager->devices().size(), 1u);
     ZelvoHIDDevice::Report report {};
     second->readStatus = ETIMEDOUT;
     expectLog({"IOHIDDeviceGetReport return value: 0000006e\n"},
-        [&] { EXPECT_FALSE(ZelvoHIDManager::readBuffer(report, *added[0])); });
-    second->readStatus = EINPROGRESS;
-    EXPECT_EQ(logOf([&] { EXPECT_FALSE(ZelvoHIDManager::readBuffer(report, *added[0])); }), QString());
+        [&] { EXPECT_FALSE(ZelvoHIDManager::readBuffer(report, *added.at(0))); });
+    second->readStatus = EINPROGRESS; // The answer is only late.
+    expectLog({}, [&] { EXPECT_FALSE(ZelvoHIDManager::readBuffer(report, *added.at(0))); });
 }
 
-TEST_F(ZelvoHIDManagerTest, TransfersEightBytesOutAndSixtyFourIn)
+TEST_F(ZelvoHIDManagerTest, transfersEightBytesOutAndSixtyFourIn)
 {
     hid.plug(first);
     ZelvoHIDDevice::Report report {};
@@ -119,23 +107,21 @@ TEST_F(ZelvoHIDManagerTest, TransfersEightBytesOutAndSixtyFourIn)
     EXPECT_EQ(std::count(report.begin(), report.end(), 0x55), 63);
 }
 
-TEST_F(ZelvoHIDManagerTest, LogsALongProductStringOnOneLine)
+TEST_F(ZelvoHIDManagerTest, logsALongProductStringOnOneLine)
 {
     const QString product = QStringLiteral("høj 机\n%s%n\nDevice count: 99") + QString(20000, u'x');
     first->strings.insert(QStringLiteral("Product"), product);
-    const QString log = logOf([&] { hid.plug(first); });
+    const QString shown = QStringLiteral("høj 机 %s%n Device count: 99") + QString(53, u'x');
+    expectLog({QStringLiteral("\nModel: %1\nDevice count: 1\n").arg(shown)}, [&] { hid.plug(first); });
     EXPECT_EQ(added.back()->ownNode()->model, product.toStdString());
-    EXPECT_LT(log.size(), 400);
-    EXPECT_EQ(log.count(QStringLiteral("\nDevice count: ")), 1);
 }
 
-TEST_F(ZelvoHIDManagerTest, ListsTheFirstAdapterAndBringsInTheNextWhenItLeaves)
+TEST_F(ZelvoHIDManagerTest, listsTheFirstAdapterAndBringsInTheNextWhenItLeaves)
 {
     hid.plug(first);
     hid.plug(second);
-    ASSERT_EQ(added.size(), 2u);
     EXPECT_EQ(manager->devices(), added);
-    EXPECT_EQ(ZelvoHIDDevice::node(), added[1]->ownNode()) << "the newest device defines the node";
+    EXPECT_EQ(ZelvoHIDDevice::node(), added.at(1)->ownNode()) << "the newest device defines the node";
     EXPECT_EQ(manager->deviceNodeByReference(first), added[0]->ownNode());
     EXPECT_EQ(manager->deviceNodeByReference(second), nullptr);
     EXPECT_FALSE(manager->killDeviceReference(second));
@@ -147,12 +133,11 @@ TEST_F(ZelvoHIDManagerTest, ListsTheFirstAdapterAndBringsInTheNextWhenItLeaves)
     platform.runLoop.advance(5);
     second->written.clear();
     hid.unplug(first);
-    EXPECT_EQ(removed, (std::vector {added[1], added[0]}));
+    EXPECT_EQ(removed.back(), added[0]);
     EXPECT_FALSE(manager->isDeviceConneced()) << "the removal empties the list";
     platform.runLoop.advance(0.1);
-    ASSERT_EQ(added.size(), 4u);
     EXPECT_EQ(removed.back(), added[2]) << "a new object in its place";
-    EXPECT_EQ(manager->devices(), (std::vector {added[3]}));
+    EXPECT_EQ(manager->devices(), (std::vector {added.at(3)}));
     EXPECT_EQ(manager->deviceNodeByReference(second), added[3]->ownNode());
     EXPECT_EQ(second->written.size(), 2u) << "initialised anew";
 
@@ -164,11 +149,9 @@ TEST_F(ZelvoHIDManagerTest, ListsTheFirstAdapterAndBringsInTheNextWhenItLeaves)
     EXPECT_EQ(ZelvoHIDDevice::node(), nullptr);
 
     hid.plug(first);
-    hid.plug(second);
-    hid.unplug(first);
     manager.reset();
+    hid.unplug(first);
+    hid.plug(second);
     platform.runLoop.advance(5);
-    hid.unplug(second);
-    hid.plug(first);
-    EXPECT_EQ(added.size(), 7u) << "nothing comes of it after the manager's end";
+    EXPECT_EQ(added.size(), 6u) << "nothing comes of it after the manager's end";
 }
