@@ -37,9 +37,8 @@ std::optional<QMap<QString, QString>> ErrorCodeHandler::setErrorCode(std::span<c
     }
     // The kinds come last: a code that is also listed gets its text.
     for (const Kind& kind : kKinds) {
-        if (report[kKindsByte] & kind.bit) {
+        if (report[kKindsByte] & kind.bit)
             codes.insert(QString::fromLatin1(kind.code), qtTrId(kind.textKey));
-        }
     }
     return codes;
 }

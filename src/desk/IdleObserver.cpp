@@ -8,23 +8,11 @@ namespace {
 using EventType = EventSource::EventType;
 
 constexpr double kPollInterval = 10.0;
-constexpr std::array kCombinedEventTypes {
-    EventType::LeftMouseDown,
-    EventType::LeftMouseUp,
-    EventType::RightMouseDown,
-    EventType::RightMouseUp,
-    EventType::MouseMoved,
-    EventType::LeftMouseDragged,
-    EventType::RightMouseDragged,
-    EventType::KeyDown,
-    EventType::KeyUp,
-    EventType::FlagsChanged,
-    EventType::ScrollWheel,
-    EventType::TabletPointer,
-    EventType::TabletProximity,
-    EventType::OtherMouseDown,
-    EventType::OtherMouseUp,
-};
+constexpr std::array kCombinedEventTypes {EventType::LeftMouseDown, EventType::LeftMouseUp,
+    EventType::RightMouseDown, EventType::RightMouseUp, EventType::MouseMoved, EventType::LeftMouseDragged,
+    EventType::RightMouseDragged, EventType::KeyDown, EventType::KeyUp, EventType::FlagsChanged,
+    EventType::ScrollWheel, EventType::TabletPointer, EventType::TabletProximity, EventType::OtherMouseDown,
+    EventType::OtherMouseUp};
 }
 
 IdleObserver::IdleObserver(EventSource& eventSource)
@@ -46,11 +34,6 @@ void IdleObserver::startIdleObserverTimer()
         kPollInterval, RunLoop::Repeat::Yes, [this](Timer& timer) { onIdleObserverTimerTick(timer); });
 }
 
-void IdleObserver::stopIdleObserverTimer()
-{
-    invalidate(m_idleObserverTimer);
-}
-
 double IdleObserver::idleTimeInSeconds()
 {
     // A zero may stand for "not known": it gives way to whatever comes next, and what was gathered before it
@@ -70,16 +53,11 @@ void IdleObserver::onIdleObserverTimerTick(const Timer&)
 {
     const double idleTime = idleTimeInSeconds();
     Log::line(QString::asprintf("IdleTime: %f", idleTime));
-    if (!m_isIdle && idleTime >= m_timeIdle) {
-        Log::line(QStringLiteral("IdleObserver - Idle"));
-        m_isIdle = true;
+    if (const bool isIdle = idleTime >= m_timeIdle; isIdle != m_isIdle) {
+        Log::line(isIdle ? QStringLiteral("IdleObserver - Idle") : QStringLiteral("IdleObserver - Active"));
+        m_isIdle = isIdle;
         if (m_delegate)
-            m_delegate->updatedIdleObserverIsIdle(true);
-    } else if (m_isIdle && m_timeIdle > idleTime) {
-        Log::line(QStringLiteral("IdleObserver - Active"));
-        m_isIdle = false;
-        if (m_delegate)
-            m_delegate->updatedIdleObserverIsIdle(false);
+            m_delegate->updatedIdleObserverIsIdle(isIdle);
     } else if (m_isIdle && m_stillIdle) {
         m_stillIdle();
     }

@@ -21,7 +21,7 @@ public:
     IdleObserver(EventSource& eventSource, double timeIdle);
 
     void startIdleObserverTimer();
-    void stopIdleObserverTimer();
+    void stopIdleObserverTimer() { invalidate(m_idleObserverTimer); }
     /// Seconds since the most recent input event.
     [[nodiscard]] double idleTimeInSeconds();
     void onIdleObserverTimerTick(const Timer& timer);

@@ -23,18 +23,14 @@ ScheduleManager::ScheduleManager(int32_t activityMode)
 void ScheduleManager::updateGoals()
 {
     auto& properties = AppProperties::instance();
-    switch (properties.activityMode()) {
-    case kTimeGoal:
-        setStandingPerHour(properties.activityGoal());
-        break;
-    case kCalorieGoal:
-        setStandingPerHour(CalorieCalculator::standingPerHourForDailyCalories(
-            properties.activityGoal(), properties.weight()));
-        break;
-    default:
+    const double goal = properties.activityGoal();
+    const int32_t mode = properties.activityMode();
+    if (mode == kTimeGoal)
+        setStandingPerHour(goal);
+    else if (mode == kCalorieGoal)
+        setStandingPerHour(CalorieCalculator::standingPerHourForDailyCalories(goal, properties.weight()));
+    else
         setStandingPerHour(0);
-        break;
-    }
 }
 
 void ScheduleManager::setStandingPerHour(double minutes)
@@ -87,10 +83,8 @@ void ScheduleManager::snoozeForPosition(int32_t position)
 
 void ScheduleManager::cancelPeriodForPosition(int32_t position)
 {
-    // The two rates add up to an hour, unless a rate is too large to be one.
-    const double cycle = std::fmin(standingPerHour() + sittingPerHour(), kMinutesPerHour) * kSecondsPerMinute;
-    const int32_t seconds = int32_t(cycle) / AppProperties::instance().standUpsForDivision();
-    startScheduledTimerWithInterval(seconds, position);
+    const auto cycle = int32_t((standingPerHour() + sittingPerHour()) * kSecondsPerMinute);
+    startScheduledTimerWithInterval(cycle / AppProperties::instance().standUpsForDivision(), position);
 }
 
 std::optional<Date> ScheduleManager::scheduledDate() const
@@ -101,19 +95,4 @@ std::optional<Date> ScheduleManager::scheduledDate() const
 std::optional<Date> ScheduleManager::scheduleUpdatedDate() const
 {
     return m_running ? std::optional(Date::now().dateByAddingSeconds(-timeScheduleRunning())) : std::nullopt;
-}
-
-double ScheduleManager::timeToSchedule() const
-{
-    return currentScheduleInterval() - timeScheduleRunning();
-}
-
-double ScheduleManager::timeScheduleRunning() const
-{
-    return m_running ? m_running->sinceStart.seconds() : 0;
-}
-
-double ScheduleManager::currentScheduleInterval() const
-{
-    return m_running ? m_running->interval : 0;
 }

@@ -9,7 +9,7 @@
 
 class ScheduleManagerDelegate {
 public:
-    /// The period is over: 1 = the user should stand up, 2 = sit down.
+    /// The period is over, and the user should take that Posture.
     virtual void activityScheduledToPosition(int32_t position) = 0;
 
 protected:
@@ -27,8 +27,7 @@ public:
 
     /// Takes the planned standing minutes from the goal in the settings.
     void updateGoals();
-    /// Starts a period for position 1 (standing) or 2 (sitting); nothing for others or when the plan has no
-    /// minutes.
+    /// Starts a period for that Posture; nothing for another number or when the plan has no minutes for it.
     void startScheduledTimerForPosition(int32_t position);
     void startScheduledTimerWithInterval(double seconds, int32_t userInfo);
     void stopScheduleTimer();
@@ -38,9 +37,13 @@ public:
     /// Skips the change: the position goes on for a full cycle of standing and sitting.
     void cancelPeriodForPosition(int32_t position);
     [[nodiscard]] bool isScheduled() const { return m_running.has_value(); }
-    [[nodiscard]] double timeToSchedule() const; ///< seconds; 0 when nothing is scheduled
-    [[nodiscard]] double timeScheduleRunning() const; ///< seconds; 0 when nothing is scheduled
-    [[nodiscard]] double currentScheduleInterval() const; ///< seconds; 0 when nothing is scheduled
+    /// Seconds; 0 when nothing is scheduled.
+    [[nodiscard]] double timeToSchedule() const { return currentScheduleInterval() - timeScheduleRunning(); }
+    [[nodiscard]] double timeScheduleRunning() const
+    {
+        return m_running ? m_running->sinceStart.seconds() : 0;
+    }
+    [[nodiscard]] double currentScheduleInterval() const { return m_running ? m_running->interval : 0; }
 
     [[nodiscard]] ScheduleManagerDelegate* delegate() const { return m_delegate; }
     void setDelegate(ScheduleManagerDelegate* delegate) { m_delegate = delegate; }
