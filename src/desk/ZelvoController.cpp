@@ -40,18 +40,12 @@ ZelvoController::~ZelvoController()
 
 void ZelvoController::addDelegate(std::shared_ptr<ZelvoControllerDelegate> delegate)
 {
-    if (delegate)
-        m_delegates.push_back(std::move(delegate));
+    m_delegates.push_back(std::move(delegate));
 }
 
 void ZelvoController::removeDelegate(const std::shared_ptr<ZelvoControllerDelegate>& delegate)
 {
     std::erase(m_delegates, std::shared_ptr(delegate)); // A copy: the argument may be the element itself.
-}
-
-bool ZelvoController::isActive() const
-{
-    return m_device && m_device->isActive();
 }
 
 void ZelvoController::startNewActivity()
@@ -123,7 +117,7 @@ void ZelvoController::deviceAdded(const std::shared_ptr<ZelvoHIDDevice>& device)
 
 void ZelvoController::deviceRemoved(const std::shared_ptr<ZelvoHIDDevice>& device)
 {
-    if (!m_device || device != m_device)
+    if (device != m_device)
         return;
     // Whoever still holds the device hears nothing of it through this hub: its state would be taken for the
     // next adapter's.
@@ -180,8 +174,7 @@ void ZelvoController::receiveSleepNotification()
 {
     Log::line(QStringLiteral("receiveSleepNotification"));
     // A fresh period from here on: what follows is time in front of dark screens.
-    if (m_device && m_device->isActive())
-        startNewActivity();
+    startNewActivity();
 }
 
 void ZelvoController::receiveWakeNotification()
@@ -195,8 +188,7 @@ void ZelvoController::receiveWakeNotification()
 
 void ZelvoController::receiveWillSleepNotification()
 {
-    stopHeldMovement();
-    stopCurrentActivity();
+    terminate(); // Nobody knows whether the machine wakes again.
 }
 
 void ZelvoController::stopHeldMovement()

@@ -35,7 +35,7 @@ public:
         EventSource& eventSource;
         Workspace& workspace;
         ManagedObjectContextProvider managedObjectContext;
-        /// Shows a reminder to take the position: 1 stand up, 2 sit down.
+        /// Shows a reminder to take that Posture.
         std::function<void(int32_t newPosition)> showReminder;
     };
 
@@ -48,11 +48,11 @@ public:
     ZelvoController(const ZelvoController&) = delete;
     ZelvoController& operator=(const ZelvoController&) = delete;
 
-    /// Delegates are held strongly and hear in the order added; one that joins during a call hears the next
-    /// one.
+    /// Delegates are held strongly and hear in the order added; one that joins during a call waits for the
+    /// next.
     void addDelegate(std::shared_ptr<ZelvoControllerDelegate> delegate);
     void removeDelegate(const std::shared_ptr<ZelvoControllerDelegate>& delegate);
-    [[nodiscard]] bool isActive() const;
+    [[nodiscard]] bool isActive() const { return m_device && m_device->isActive(); }
     /// Opens a period for the present position and starts its schedule; the open one ends there. Nothing
     /// while no desk is active or set-up is incomplete.
     void startNewActivity();
@@ -102,7 +102,7 @@ public:
     /// Null when the store cannot be opened; each call then tries again.
     [[nodiscard]] ActivityPersister* activityPersister();
     [[nodiscard]] const TimerRef& pulseTimer() const { return m_pulseTimer; }
-    /// The last position state taken from the device: 0 none, 1 standing, 2 sitting.
+    /// The Posture last taken from the device; 0 for none.
     [[nodiscard]] int32_t position() const { return m_position; }
 
 private:

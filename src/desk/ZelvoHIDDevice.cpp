@@ -21,16 +21,12 @@ constexpr uint16_t kMoveUp = 0x8000;
 constexpr uint16_t kMoveDown = 0x7FFF;
 constexpr uint16_t kStop = 0x8001;
 
-constexpr int32_t kDirectionUp = 1;
-constexpr int32_t kDirectionDown = 2;
-constexpr int32_t kDirectionToPosition = 3;
+const QString kDirectionKey = QStringLiteral("direction");
 
 constexpr double kPollInterval = 1.0;
 constexpr double kMoveInterval = 0.2;
 constexpr double kCommunicationCheckDelay = 0.2;
 constexpr double kStandingPointWithoutMemory = 2540.0;
-
-ZelvoDeviceNodeRef s_node; // Shared by all devices: the program drives one desk.
 
 /// The value four times over, low byte first. A write ends before the last high byte, as the adapter expects.
 Report movementReport(uint16_t value)
@@ -48,13 +44,7 @@ int32_t littleEndian(const Report& report, size_t at)
     return report[at] | report[at + 1] << 8;
 }
 
-QString directionKey()
-{
-    return QStringLiteral("direction");
 }
-}
-
-ZelvoHIDDevice::ZelvoHIDDevice() = default;
 
 ZelvoHIDDevice::ZelvoHIDDevice(const ZelvoDeviceNodeRef& deviceNode)
     : m_ownNode(deviceNode)
@@ -62,21 +52,9 @@ ZelvoHIDDevice::ZelvoHIDDevice(const ZelvoDeviceNodeRef& deviceNode)
     setNode(deviceNode);
 }
 
-ZelvoHIDDevice::~ZelvoHIDDevice() = default;
-
 Report ZelvoHIDDevice::stopReport()
 {
     return movementReport(kStop);
-}
-
-const ZelvoDeviceNodeRef& ZelvoHIDDevice::node()
-{
-    return s_node;
-}
-
-void ZelvoHIDDevice::setNode(const ZelvoDeviceNodeRef& node)
-{
-    s_node = node;
 }
 
 bool ZelvoHIDDevice::initHID()
@@ -121,20 +99,10 @@ bool ZelvoHIDDevice::sendSingle(const Report& report)
     return written;
 }
 
-void ZelvoHIDDevice::moveUp()
-{
-    moveToDirection(kDirectionUp);
-}
-
-void ZelvoHIDDevice::moveDown()
-{
-    moveToDirection(kDirectionDown);
-}
-
 void ZelvoHIDDevice::moveToPosition(int32_t height)
 {
     m_moveToposition = height;
-    moveToDirection(kDirectionToPosition);
+    moveToDirection(kToPosition);
 }
 
 void ZelvoHIDDevice::moveToDirection(int32_t direction)
@@ -144,7 +112,7 @@ void ZelvoHIDDevice::moveToDirection(int32_t direction)
     stop();
     // The stop's read can reach a delegate that stops the desk, or starts another movement: that is newer.
     if (m_stops == ownStop)
-        startMoveTimer({{directionKey(), direction}});
+        startMoveTimer({{kDirectionKey, direction}});
 }
 
 void ZelvoHIDDevice::startMoveTimer(const QVariantMap& userInfo)
@@ -165,19 +133,13 @@ void ZelvoHIDDevice::onMoveTimerTick(const Timer& timer)
         return;
     }
     m_moveDueAt += kMoveInterval;
-    switch (userInfo.value(directionKey()).toInt()) {
-    case kDirectionToPosition:
+    const int direction = userInfo.value(kDirectionKey).toInt();
+    if (direction == kToPosition)
         moveToPositionSingle(m_moveToposition);
-        break;
-    case kDirectionDown:
+    else if (direction == kDown)
         moveDownSingle();
-        break;
-    case kDirectionUp:
+    else if (direction == kUp)
         moveUpSingle();
-        break;
-    default:
-        break;
-    }
 }
 
 /// Nothing while the first answer is under way: from its absence nothing follows.
@@ -267,8 +229,7 @@ double ZelvoHIDDevice::getStandingPoint()
     const int64_t second = properties.devicePosition2();
     if (first <= 0 || second <= 0)
         return kStandingPointWithoutMemory;
-    const int64_t middle = (first + second) / 2; // A whole unit, as heights are.
-    return double(middle);
+    return double((first + second) / 2); // A whole unit, as heights are.
 }
 
 void ZelvoHIDDevice::setPositionStateFromPosition(int32_t height)
@@ -303,11 +264,6 @@ void ZelvoHIDDevice::takeHeight(int32_t height)
     setPositionStateFromPosition(height);
 }
 
-void ZelvoHIDDevice::onReadPositionTimerTick(const Timer&)
-{
-    readPosition();
-}
-
 void ZelvoHIDDevice::startReadPositionTimer()
 {
     Log::line(QStringLiteral("ReadPositionTimer started"));
@@ -323,9 +279,4 @@ void ZelvoHIDDevice::stopReadPositionTimer()
     // The ended timer stays in its place, so a later stop says so again.
     Log::line(QStringLiteral("ReadPositionTimer stopped"));
     invalidate(m_readPositionTimer);
-}
-
-bool ZelvoHIDDevice::isActive() const
-{
-    return m_isConnected && m_isCommunicating && m_positionState != 0;
 }

@@ -35,16 +35,16 @@ public:
     using Report = std::array<uint8_t, 64>;
     using StatusBits = std::array<int, 14>;
     using ErrorCodes = QMap<QString, QString>; ///< code ("E01") -> text, empty for a code without one
+    enum Direction : int32_t { kUp = 1, kDown = 2, kToPosition = 3 }; ///< of a held movement
 
     /// Posted with this device and its error codes at each read that has some.
     static inline const QString kErrorCode = QStringLiteral("error_code");
     /// Posted once when the errors are over; no object, no user info.
     static inline const QString kErrorCodeRemoved = QStringLiteral("error_code_removed");
 
-    ZelvoHIDDevice();
+    ZelvoHIDDevice() = default;
     /// Stores the node in the slot that all devices share: the newest device defines the node for every one.
     explicit ZelvoHIDDevice(const ZelvoDeviceNodeRef& deviceNode);
-    ~ZelvoHIDDevice();
     ZelvoHIDDevice(const ZelvoHIDDevice&) = delete;
     ZelvoHIDDevice& operator=(const ZelvoHIDDevice&) = delete;
 
@@ -52,9 +52,9 @@ public:
     [[nodiscard]] static Report stopReport();
 
     /// The node that all devices transfer through; null when no adapter is attached.
-    [[nodiscard]] static const ZelvoDeviceNodeRef& node();
+    [[nodiscard]] static const ZelvoDeviceNodeRef& node() { return s_node; }
     /// Points all devices at another node, for when the adapter behind the shared one has left.
-    static void setNode(const ZelvoDeviceNodeRef& node);
+    static void setNode(const ZelvoDeviceNodeRef& node) { s_node = node; }
     /// The node this device was made over. It tells whose adapter has left and nothing else.
     [[nodiscard]] const ZelvoDeviceNodeRef& ownNode() const { return m_ownNode; }
 
@@ -69,10 +69,10 @@ public:
     /// Held movements: a stop at once, then the command every 0.2 s until stop(). Nothing else ends them, on
     /// purpose: the adapter stops by itself when the commands cease. A tick that is late by more than half an
     /// interval sends nothing, so that a release which waits behind it is heard first.
-    void moveUp();
-    void moveDown();
+    void moveUp() { moveToDirection(kUp); }
+    void moveDown() { moveToDirection(kDown); }
     void moveToPosition(int32_t height);
-    void moveToDirection(int32_t direction); ///< 1 up, 2 down, 3 to moveToposition()
+    void moveToDirection(int32_t direction);
     void onMoveTimerTick(const Timer& timer);
     /// Reads the status word and starts or stops the polling by it.
     void updateCommunicating();
@@ -91,7 +91,7 @@ public:
     void setPositionStateFromPosition(int32_t height);
     /// Reads the height while communicating; tells of it, and judges the state, only when it has changed.
     void readPosition();
-    void onReadPositionTimerTick(const Timer& timer);
+    void onReadPositionTimerTick(const Timer&) { readPosition(); }
     void startReadPositionTimer();
     void stopReadPositionTimer();
 
@@ -100,14 +100,14 @@ public:
     [[nodiscard]] int32_t position() const { return m_position; }
     [[nodiscard]] int32_t moveToposition() const { return m_moveToposition; }
     void setMoveToposition(int32_t height) { m_moveToposition = height; }
-    /// 0 unknown, 1 standing, 2 sitting.
+    /// A Posture, or 0 while it is unknown.
     [[nodiscard]] int32_t positionState() const { return m_positionState; }
     void setPositionState(int32_t positionState);
     [[nodiscard]] int32_t direction() const { return m_direction; }
     [[nodiscard]] bool isCommunicating() const { return m_isCommunicating; }
     [[nodiscard]] bool isConnected() const { return m_isConnected; }
     void setIsConnected(bool isConnected) { m_isConnected = isConnected; }
-    [[nodiscard]] bool isActive() const;
+    [[nodiscard]] bool isActive() const { return m_isConnected && m_isCommunicating && m_positionState != 0; }
     [[nodiscard]] const TimerRef& readPositionTimer() const { return m_readPositionTimer; }
     [[nodiscard]] const TimerRef& moveTimer() const { return m_moveTimer; }
     [[nodiscard]] bool errorRecieved() const { return m_errorRecieved; }
@@ -123,6 +123,8 @@ private:
     void judgeCommunication(const Report& report);
     [[nodiscard]] int32_t heightFrom(const Report& report);
     void takeHeight(int32_t height);
+
+    static inline ZelvoDeviceNodeRef s_node;
 
     ZelvoDeviceNodeRef m_ownNode;
     ZelvoHIDDeviceDelegate* m_delegate = nullptr;

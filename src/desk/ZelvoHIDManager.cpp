@@ -93,8 +93,8 @@ void ZelvoHIDManager::start(const HidDeviceRef& reference, const HidManager& sen
 void ZelvoHIDManager::handleRemovedDevice(const HidDeviceRef& device, const HidManager& sender, int32_t)
 {
     // Told apart before the list is asked: only the listed adapter can be found in it.
-    const bool isListed = s_deviceList && s_deviceList->deviceRef == device;
-    if (const auto left = isListed ? deviceByNode(deviceNodeByReference(device)) : deviceByReference(device))
+    const ZelvoDeviceNodeRef listed = deviceNodeByReference(device);
+    if (const auto left = listed ? deviceByNode(listed) : deviceByReference(device))
         removeDevice(left);
     killDeviceReference(device);
     // The newest device still attached defines the node again; with none the adapter may be closed.
@@ -103,7 +103,7 @@ void ZelvoHIDManager::handleRemovedDevice(const HidDeviceRef& device, const HidM
     endHeldMovements();
     Log::line(QString::asprintf("\nDevice removed: %p\nDevice count: %lld", address(device),
         static_cast<long long>(USBDeviceCount(sender))));
-    if (isListed && !m_devices.empty())
+    if (listed && !m_devices.empty())
         m_timers.schedule(0, RunLoop::Repeat::No, [this](Timer&) { bringInWaitingDevice(); });
 }
 
@@ -173,15 +173,13 @@ void ZelvoHIDManager::removeDevice(const std::shared_ptr<ZelvoHIDDevice>& device
 
 std::shared_ptr<ZelvoHIDDevice> ZelvoHIDManager::deviceByNode(const ZelvoDeviceNodeRef& node) const
 {
-    const auto found = std::find_if(m_devices.begin(), m_devices.end(),
-        [&](const auto& device) { return node && device->ownNode() == node; });
-    return found == m_devices.end() ? nullptr : *found;
+    return node ? deviceByReference(node->deviceRef) : nullptr;
 }
 
 std::shared_ptr<ZelvoHIDDevice> ZelvoHIDManager::deviceByReference(const HidDeviceRef& reference) const
 {
     const auto found = std::find_if(m_devices.begin(), m_devices.end(),
-        [&](const auto& device) { return device->ownNode() && device->ownNode()->deviceRef == reference; });
+        [&](const auto& device) { return device->ownNode()->deviceRef == reference; });
     return found == m_devices.end() ? nullptr : *found;
 }
 
@@ -215,11 +213,6 @@ bool ZelvoHIDManager::writeBuffer(std::span<const uint8_t> buffer, const ZelvoHI
     if (status != 0)
         Log::line(QString::asprintf("IOHIDDeviceSetReport return value: %08x", unsigned(status)));
     return status == 0;
-}
-
-bool ZelvoHIDManager::readBuffer(std::span<uint8_t> buffer, const ZelvoHIDDevice& toDevice)
-{
-    return readReport(buffer, toDevice) == 0;
 }
 
 HidStatus ZelvoHIDManager::readReport(std::span<uint8_t> buffer, const ZelvoHIDDevice& toDevice)

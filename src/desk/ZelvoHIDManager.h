@@ -25,8 +25,7 @@ protected:
 ///
 /// The program drives one desk. A further adapter gets a device object and is announced, but is not listed;
 /// when the listed one leaves, the one that has waited longest is brought in as if it had just been plugged
-/// in. When another adapter becomes the one that all devices transfer through, a held movement ends with a
-/// stop.
+/// in. When another adapter becomes the one that all devices transfer through, a held movement ends.
 class ZelvoHIDManager {
 public:
     using Devices = std::vector<std::shared_ptr<ZelvoHIDDevice>>;
@@ -59,7 +58,10 @@ public:
     /// at all, for a device that is not connected.
     static bool writeBuffer(std::span<const uint8_t> buffer, const ZelvoHIDDevice& toDevice);
     /// Reads up to 64 bytes into the buffer, whose byte 0 names the report.
-    static bool readBuffer(std::span<uint8_t> buffer, const ZelvoHIDDevice& toDevice);
+    static bool readBuffer(std::span<uint8_t> buffer, const ZelvoHIDDevice& toDevice)
+    {
+        return readReport(buffer, toDevice) == 0;
+    }
     /// The same, telling a failure (an errno) from a first answer that is still under way (EINPROGRESS).
     [[nodiscard]] static HidStatus readReport(std::span<uint8_t> buffer, const ZelvoHIDDevice& toDevice);
 
