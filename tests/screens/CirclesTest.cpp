@@ -29,10 +29,10 @@ QImage pie(const QSize& size, double percent, double scale)
 }
 
 /// How much of the pixel at that angle (degrees clockwise from twelve) and radius is filled: 0 to 1.
-double coverage(const QImage& image, const QPointF& center, double radius, double angle)
+double coverage(const QImage& image, double radius, double angle)
 {
     const double radians = angle * std::numbers::pi / 180;
-    const QPointF point = center + radius * QPointF(std::sin(radians), -std::cos(radians));
+    const QPointF point = QPointF(100, 100) + radius * QPointF(std::sin(radians), -std::cos(radians));
     const QPointF device = point * image.devicePixelRatio();
     return 1 - image.pixelColor(int(device.x()), int(device.y())).lightnessF();
 }
@@ -69,24 +69,15 @@ TEST(ProgressPie, theShareOfTheMiddleLineIsThePercentageAndItGrowsClockwiseFromT
     for (const double percent : {-5.0, 0.0, 1.0, 25.0, 99.5, 100.0, 107.0}) {
         for (const double scale : {1.0, 1.25, 2.0}) {
             SCOPED_TRACE(testing::Message() << percent << " % at scale " << scale);
-            const QImage image = pie({200, 200}, percent, scale);
+            const QImage image = pie({201, 260}, percent, scale); // In whole numbers 100 to the centre.
             double filled = 0;
-            for (int degree = 0; degree < 360; ++degree)
-                filled += coverage(image, {100, 100}, 48.5, degree + 0.5);
+            for (int degree = 0; degree < 360; ++degree) {
+                filled += coverage(image, 48.5, degree + 0.5);
+                EXPECT_LT(coverage(image, 98.5, degree + 0.5), 0.01);
+            }
             EXPECT_NEAR(filled / 360, std::clamp(percent / 100, 0.0, 1.0), 2.0 / 360);
-            EXPECT_EQ(coverage(image, {100, 100}, 94, 1.2) > 0.5, percent > 0) << "just after twelve";
-            EXPECT_EQ(coverage(image, {100, 100}, 94, -0.9) > 0.5, percent >= 100) << "just before twelve";
-        }
-    }
-}
-
-TEST(ProgressPie, theSmallerSideInWholeNumbersGivesCentreAndRadius)
-{
-    for (const auto& [size, center] : {std::pair(QSize(60, 60), 30), {{61, 61}, 30}, {{100, 207}, 50}}) {
-        const QImage image = pie(size, 100, 2);
-        for (const double angle : {0.0, 45.0, 90.0, 135.0, 180.0, 225.0, 270.0, 315.0}) {
-            EXPECT_GT(coverage(image, QPointF(center, center), center - 4.5, angle), 0.99) << center;
-            EXPECT_LT(coverage(image, QPointF(center, center), center - 1.5, angle), 0.01) << center;
+            EXPECT_EQ(coverage(image, 95.5, 1.2) > 0.5, percent > 0) << "just after twelve";
+            EXPECT_EQ(coverage(image, 95.5, -0.9) > 0.5, percent >= 100) << "just before twelve";
         }
     }
     EXPECT_EQ(pie({7, 7}, 100, 1), pie({7, 7}, 0, 1));
@@ -140,22 +131,17 @@ TEST_F(CircleIndicatorViewTest, showsItsShareOnAWhiteDiscAndTellsItToScreenReade
     const QColor frame = colorAt(image, {80, 3});
     EXPECT_TRUE(frame != QColor(Qt::white) && frame != zelvoHoverColor());
 
+    view.setPercent(66.7);
+    view.setAccessibleName("Today");
+    QAccessibleInterface* told = QAccessible::queryAccessibleInterface(&view);
+    EXPECT_EQ(told->text(QAccessible::Name), "Today");
     view.setValue(QStringLiteral("250"));
     view.setTitle("Calories");
-    view.setPercent(66.7);
-    QAccessibleInterface* told = QAccessible::queryAccessibleInterface(&view);
-    EXPECT_EQ(told->role(), QAccessible::ProgressBar);
-    EXPECT_EQ(told->text(QAccessible::Name), "250 Calories");
-    EXPECT_EQ(told->text(QAccessible::Value), "66 %");
-    EXPECT_TRUE(told->state().readOnly);
-    EXPECT_DOUBLE_EQ(told->valueInterface()->currentValue().toDouble(), 66.7);
-    EXPECT_EQ(told->valueInterface()->maximumValue().toDouble(), 100);
-    EXPECT_EQ(told->childCount(), 0);
-    view.setAccessibleName("Today");
     EXPECT_EQ(told->text(QAccessible::Name), "Today: 250 Calories");
-    view.setValue(QString());
-    view.setTitle(QString());
-    EXPECT_EQ(told->text(QAccessible::Name), "Today");
+    EXPECT_EQ(told->text(QAccessible::Value), "66 %");
+    EXPECT_EQ(told->valueInterface()->currentValue().toDouble(), 66.7);
+    EXPECT_EQ(told->valueInterface()->maximumValue().toDouble(), 100);
+    EXPECT_TRUE(told->state().readOnly && told->childCount() == 0);
 }
 
 TEST_F(GoalCircleViewTest, theStateChoosesThePictureAndActiveWinsOverHover)
@@ -171,7 +157,7 @@ TEST_F(GoalCircleViewTest, theStateChoosesThePictureAndActiveWinsOverHover)
     expectPicture("GoalCircle");
 }
 
-TEST_F(GoalCircleViewTest, aRadioButtonWhoseClickEndsTextEditingAndSelectsNothingItself)
+TEST_F(GoalCircleViewTest, aClickEndsTextEditingAndSelectsNothingByItself)
 {
     QObject::connect(&field, &QLineEdit::editingFinished, [this] { edited = field.text(); });
     field.setFocus();
@@ -185,15 +171,7 @@ TEST_F(GoalCircleViewTest, aRadioButtonWhoseClickEndsTextEditingAndSelectsNothin
         QTest::keyClick(&circle, key);
     EXPECT_TRUE(circle.hasFocus() && !circle.active());
 
-    circle.setValue(QStringLiteral("200"));
-    circle.setTitle("Calories");
     QAccessibleInterface* told = QAccessible::queryAccessibleInterface(&circle);
-    EXPECT_EQ(told->role(), QAccessible::RadioButton);
-    EXPECT_EQ(told->text(QAccessible::Name), "200 Calories");
-    EXPECT_TRUE(told->state().checkable && told->state().focusable && !told->state().checked);
-    circle.setActive(true);
-    EXPECT_TRUE(told->state().checked);
-    EXPECT_EQ(told->actionInterface()->actionNames().first(), QAccessibleActionInterface::pressAction());
     told->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
     EXPECT_EQ(clicks.join(' '), "80 80 80 80 80");
 }

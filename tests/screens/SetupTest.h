@@ -15,9 +15,6 @@
 class SetupTest : public ControlTest {
 protected:
     static constexpr uint16_t kHeight = 4300; // With the offset of 6200 the desk is 105 cm high.
-    static constexpr uint16_t kUp = 0x8000;
-    static constexpr uint16_t kDown = 0x7FFF;
-    static constexpr uint16_t kStop = 0x8001;
 
     SetupTest()
     {
@@ -49,18 +46,6 @@ protected:
         adapter->setHeight(height);
         platform.runLoop.advance(1);
     }
-    /// The movement that the adapter was told last; 0 when it was told none.
-    [[nodiscard]] int lastMovement() const
-    {
-        return adapter->written.empty() ? 0 : adapter->written.back()[1] | adapter->written.back()[2] << 8;
-    }
-    /// What a hold that has begun repeats; it begins with a stop.
-    int heldMovement()
-    {
-        platform.runLoop.advance(0.5);
-        return lastMovement();
-    }
-
     static AppProperties& properties() { return AppProperties::instance(); }
     static ZelvoController& hub() { return *properties().zelvoController(); }
     void store(const char* key, const QVariant& value)
