@@ -22,10 +22,8 @@ struct DateComponents {
 };
 
 /// An instant, and what the user's calendar says of it. "Adding days" is a fixed step of 86,400 s, so a day
-/// across a daylight-saving change ends an hour beside midnight; totals rest on that.
-///
-/// To the calendar an instant beyond the years 1 to 9999 is the nearest one inside, and one that is not a
-/// number is 1970-01-01 UTC.
+/// across a daylight-saving change ends an hour beside midnight; totals rest on that. Differences are
+/// truncated toward zero.
 class Date {
 public:
     static constexpr double kMinute = 60;
@@ -40,14 +38,14 @@ public:
     }
 
     static Date now();
-    static Date dateWithDaysFromNow(int64_t days);
-    static Date dateWithDaysBeforeNow(int64_t days);
-    static Date dateTomorrow();
-    static Date dateYesterday();
-    static Date dateWithHoursFromNow(int64_t hours);
-    static Date dateWithHoursBeforeNow(int64_t hours);
-    static Date dateWithMinutesFromNow(int64_t minutes);
-    static Date dateWithMinutesBeforeNow(int64_t minutes);
+    static Date dateWithDaysFromNow(int64_t days) { return now().dateByAddingDays(days); }
+    static Date dateWithDaysBeforeNow(int64_t days) { return now().dateBySubtractingDays(days); }
+    static Date dateTomorrow() { return dateWithDaysFromNow(1); }
+    static Date dateYesterday() { return dateWithDaysBeforeNow(1); }
+    static Date dateWithHoursFromNow(int64_t hours) { return now().dateByAddingHours(hours); }
+    static Date dateWithHoursBeforeNow(int64_t hours) { return now().dateBySubtractingHours(hours); }
+    static Date dateWithMinutesFromNow(int64_t minutes) { return now().dateByAddingMinutes(minutes); }
+    static Date dateWithMinutesBeforeNow(int64_t minutes) { return now().dateBySubtractingMinutes(minutes); }
     /// The start of a day of the Gregorian calendar, whose year 2013 is the same for every user.
     static Date dateFromComponents(int year, int month, int day);
 
@@ -56,32 +54,44 @@ public:
     [[nodiscard]] Date dateByAddingSeconds(double seconds) const { return Date(m_seconds + seconds); }
 
     [[nodiscard]] bool isEqualToDateIgnoringTime(Date date) const;
-    [[nodiscard]] bool isToday() const;
-    [[nodiscard]] bool isTomorrow() const;
-    [[nodiscard]] bool isYesterday() const;
+    [[nodiscard]] bool isToday() const { return isEqualToDateIgnoringTime(now()); }
+    [[nodiscard]] bool isTomorrow() const { return isEqualToDateIgnoringTime(dateTomorrow()); }
+    [[nodiscard]] bool isYesterday() const { return isEqualToDateIgnoringTime(dateYesterday()); }
     [[nodiscard]] bool isSameWeekAsDate(Date date) const;
-    [[nodiscard]] bool isThisWeek() const;
-    [[nodiscard]] bool isNextWeek() const;
-    [[nodiscard]] bool isLastWeek() const;
+    [[nodiscard]] bool isThisWeek() const { return isSameWeekAsDate(now()); }
+    [[nodiscard]] bool isNextWeek() const { return isSameWeekAsDate(now().dateByAddingSeconds(kWeek)); }
+    [[nodiscard]] bool isLastWeek() const { return isSameWeekAsDate(now().dateByAddingSeconds(-kWeek)); }
     [[nodiscard]] bool isSameMonthAsDate(Date date) const;
-    [[nodiscard]] bool isThisMonth() const;
-    [[nodiscard]] bool isSameYearAsDate(Date date) const;
-    [[nodiscard]] bool isThisYear() const;
-    [[nodiscard]] bool isNextYear() const;
-    [[nodiscard]] bool isLastYear() const;
+    [[nodiscard]] bool isThisMonth() const { return isSameMonthAsDate(now()); }
+    [[nodiscard]] bool isSameYearAsDate(Date date) const { return year() == date.year(); }
+    [[nodiscard]] bool isThisYear() const { return isSameYearAsDate(now()); }
+    [[nodiscard]] bool isNextYear() const { return year() == now().year() + 1; }
+    [[nodiscard]] bool isLastYear() const { return year() == now().year() - 1; }
     [[nodiscard]] bool isEarlierThanDate(Date date) const { return m_seconds < date.m_seconds; }
     [[nodiscard]] bool isLaterThanDate(Date date) const { return m_seconds > date.m_seconds; }
-    [[nodiscard]] bool isInFuture() const;
-    [[nodiscard]] bool isInPast() const;
+    [[nodiscard]] bool isInFuture() const { return isLaterThanDate(now()); }
+    [[nodiscard]] bool isInPast() const { return isEarlierThanDate(now()); }
     [[nodiscard]] bool isTypicallyWeekend() const;
-    [[nodiscard]] bool isTypicallyWorkday() const;
+    [[nodiscard]] bool isTypicallyWorkday() const { return !isTypicallyWeekend(); }
 
-    [[nodiscard]] Date dateByAddingDays(int64_t days) const;
-    [[nodiscard]] Date dateBySubtractingDays(int64_t days) const;
-    [[nodiscard]] Date dateByAddingHours(int64_t hours) const;
-    [[nodiscard]] Date dateBySubtractingHours(int64_t hours) const;
-    [[nodiscard]] Date dateByAddingMinutes(int64_t minutes) const;
-    [[nodiscard]] Date dateBySubtractingMinutes(int64_t minutes) const;
+    [[nodiscard]] Date dateByAddingDays(int64_t days) const
+    {
+        return dateByAddingSeconds(double(days) * kDay);
+    }
+    [[nodiscard]] Date dateBySubtractingDays(int64_t days) const { return dateByAddingDays(-days); }
+    [[nodiscard]] Date dateByAddingHours(int64_t hours) const
+    {
+        return dateByAddingSeconds(double(hours) * kHour);
+    }
+    [[nodiscard]] Date dateBySubtractingHours(int64_t hours) const { return dateByAddingHours(-hours); }
+    [[nodiscard]] Date dateByAddingMinutes(int64_t minutes) const
+    {
+        return dateByAddingSeconds(double(minutes) * kMinute);
+    }
+    [[nodiscard]] Date dateBySubtractingMinutes(int64_t minutes) const
+    {
+        return dateByAddingMinutes(-minutes);
+    }
     [[nodiscard]] Date dateAtStartOfDay() const;
     /// Monday 00:00, whatever the locale's first weekday; where weeks begin on Sunday, a Sunday gives the day
     /// after.
@@ -90,26 +100,35 @@ public:
     [[nodiscard]] Date dateAtStartOfYear() const;
 
     [[nodiscard]] DateComponents componentsWithOffsetFromDate(Date date) const;
-    [[nodiscard]] int64_t minutesAfterDate(Date date) const;
-    [[nodiscard]] int64_t minutesBeforeDate(Date date) const;
-    [[nodiscard]] int64_t hoursAfterDate(Date date) const;
-    [[nodiscard]] int64_t hoursBeforeDate(Date date) const;
-    [[nodiscard]] int64_t daysAfterDate(Date date) const;
-    [[nodiscard]] int64_t daysBeforeDate(Date date) const;
+    [[nodiscard]] int64_t minutesAfterDate(Date date) const
+    {
+        return int64_t(timeIntervalSinceDate(date) / kMinute);
+    }
+    [[nodiscard]] int64_t minutesBeforeDate(Date date) const { return date.minutesAfterDate(*this); }
+    [[nodiscard]] int64_t hoursAfterDate(Date date) const
+    {
+        return int64_t(timeIntervalSinceDate(date) / kHour);
+    }
+    [[nodiscard]] int64_t hoursBeforeDate(Date date) const { return date.hoursAfterDate(*this); }
+    [[nodiscard]] int64_t daysAfterDate(Date date) const
+    {
+        return int64_t(timeIntervalSinceDate(date) / kDay);
+    }
+    [[nodiscard]] int64_t daysBeforeDate(Date date) const { return date.daysAfterDate(*this); }
     /// Whole days to the date, counted in the Gregorian calendar even where the user's calendar is another.
     [[nodiscard]] int64_t distanceInDaysToDate(Date date) const;
 
     /// The hour of half an hour from now; the receiver's own value is not used.
-    [[nodiscard]] int nearestHour() const;
-    [[nodiscard]] int hour() const;
-    [[nodiscard]] int minute() const;
-    [[nodiscard]] int seconds() const;
-    [[nodiscard]] int day() const;
-    [[nodiscard]] int month() const;
-    [[nodiscard]] int week() const;
-    [[nodiscard]] int weekday() const;
-    [[nodiscard]] int nthWeekday() const;
-    [[nodiscard]] int year() const;
+    [[nodiscard]] int nearestHour() const { return now().dateByAddingSeconds(kHour / 2).hour(); }
+    [[nodiscard]] int hour() const { return components().hour; }
+    [[nodiscard]] int minute() const { return components().minute; }
+    [[nodiscard]] int seconds() const { return components().second; }
+    [[nodiscard]] int day() const { return components().day; }
+    [[nodiscard]] int month() const { return components().month; }
+    [[nodiscard]] int week() const { return components().week; }
+    [[nodiscard]] int weekday() const { return components().weekday; }
+    [[nodiscard]] int nthWeekday() const { return components().weekdayOrdinal; }
+    [[nodiscard]] int year() const { return components().year; }
     [[nodiscard]] QString monthName() const;
     [[nodiscard]] DateComponents components() const;
 

@@ -1,12 +1,9 @@
 #include "data/LocalTime.h"
 
 #include <algorithm>
-#include <cmath>
 #include <ctime>
 
 namespace {
-constexpr double kDay = 86400;
-
 /// Seconds east of UTC.
 double offset(double instant)
 {
@@ -14,18 +11,6 @@ double offset(double instant)
     tm local {};
     localtime_r(&seconds, &local);
     return double(local.tm_gmtoff);
-}
-
-/// The first whole second with the offset that holds at `after` but not at `before`.
-double changeOfOffset(double before, double after)
-{
-    const double offsetAfter = offset(after);
-    before = std::floor(before);
-    while (after - before > 1) {
-        const double middle = std::floor((before + after) / 2);
-        (offset(middle) == offsetAfter ? after : before) = middle;
-    }
-    return std::floor(after);
 }
 }
 
@@ -41,12 +26,10 @@ double LocalTime::atInstant(double instant)
 
 double LocalTime::firstInstant(double wallTime)
 {
-    // Taken as an instant, yesterday's wall time lies some hours before the wall time, in every zone.
-    const double yesterday = wallTime - kDay;
-    const double offsetBefore = offset(yesterday);
-    const double instant = wallTime - offsetBefore;
-    const double offsetThen = offset(instant);
-    if (offsetThen == offsetBefore)
-        return instant;
-    return std::max(changeOfOffset(yesterday, instant), wallTime - offsetThen);
+    // Two offsets come into question: taken as an instant, yesterday's wall time lies before the wall time in
+    // every zone, and tomorrow's after it.
+    constexpr double kDay = 86400;
+    const auto [smaller, larger] = std::minmax({offset(wallTime - kDay), offset(wallTime + kDay)});
+    const double earlier = wallTime - larger;
+    return atInstant(earlier) == wallTime ? earlier : wallTime - smaller;
 }

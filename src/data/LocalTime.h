@@ -8,7 +8,8 @@ namespace LocalTime {
 /// To be called when TZ or the system's time zone may have changed.
 void followTimeZone();
 [[nodiscard]] double atInstant(double instant);
-/// The first instant at which the wall clock shows the time or, where the clocks leave it out, a later one.
+/// The first instant at which the wall clock shows the time; where the clocks leave it out, the one at which
+/// it would have, had they not changed.
 [[nodiscard]] double firstInstant(double wallTime);
 
 }

@@ -6,36 +6,18 @@
 #include "platform/ProcessServices.h"
 #include "platform/RunLoop.h"
 
-#include <QByteArray>
-
-#include <algorithm>
 #include <cmath>
-#include <sys/stat.h>
-#include <tuple>
 #include <unicode/dtfmtsym.h>
 #include <unicode/gregocal.h>
 #include <unicode/timezone.h>
-#include <utility>
 
 namespace {
 constexpr double kMillisecondsPerSecond = 1000;
-constexpr double kFirstInstant = -62135596800; // Year 1.
-constexpr double kLastInstant = 253402300799; // The end of the year 9999.
-constexpr double kLookAtZoneFileSeconds = 1;
-
-double clamped(double seconds)
-{
-    return std::isnan(seconds) ? 0 : std::clamp(seconds, kFirstInstant, kLastInstant);
-}
-
-double wallTime(double instant)
-{
-    return clamped(LocalTime::atInstant(clamped(instant)));
-}
+constexpr double kFollowZoneSeconds = 1;
 
 double wallMilliseconds(double instant)
 {
-    return wallTime(instant) * kMillisecondsPerSecond;
+    return LocalTime::atInstant(instant) * kMillisecondsPerSecond;
 }
 
 /// A day starts with its first instant, which is not 00:00 where the clocks leave that out.
@@ -49,61 +31,31 @@ double wallTime(const icu::Calendar& calendar)
     UErrorCode status = U_ZERO_ERROR;
     return calendar.getTime(status) / kMillisecondsPerSecond;
 }
-
-/// Tells one state of the system's time zone from another: setting it replaces the file.
-using ZoneFileState = std::tuple<dev_t, ino_t, time_t, long>;
-
-ZoneFileState zoneFileState()
-{
-    struct stat file { };
-    if (lstat("/etc/localtime", &file) != 0)
-        return {};
-    return {file.st_dev, file.st_ino, file.st_ctim.tv_sec, file.st_ctim.tv_nsec};
-}
 }
 
-/// The kept calendar and where it came from. The locale's name and TZ are compared at each question; the
-/// system's time zone, which costs a call to the kernel, is looked at once a second at most. The clock for
-/// that counts sleep: a traveller's machine wakes up in another zone.
-struct UserCalendar::Source {
-    QString localeName;
-    QByteArray zoneVariable;
-    ZoneFileState zoneFile;
-    double lookedAt = 0;
+/// The kept calendar. The locale's name is compared at each question; the time zone, whose file the C library
+/// has to look at, is followed once a second at most. The clock for that counts sleep: a traveller's machine
+/// wakes up in another zone.
+struct UserCalendar::Kept {
     std::unique_ptr<UserCalendar> calendar;
-
-    bool changed();
+    QString localeName;
+    double followZoneAt = 0;
 };
-
-bool UserCalendar::Source::changed()
-{
-    bool isOther = false;
-    const QString name = Bundle::main().calendarLocaleName();
-    if (name != localeName) {
-        localeName = name;
-        isOther = true;
-    }
-    const char* variable = getenv("TZ");
-    if (variable != zoneVariable) {
-        zoneVariable = variable;
-        isOther = true;
-    }
-    const double now = RunLoop::main().bootTimeNow();
-    if (now < lookedAt || now >= lookedAt + kLookAtZoneFileSeconds) {
-        lookedAt = now;
-        isOther |= std::exchange(zoneFile, zoneFileState()) != zoneFile;
-    }
-    return isOther;
-}
 
 UserCalendar& UserCalendar::current()
 {
-    auto& source = ProcessServices::installed().shared<Source>();
-    if (source.changed() || !source.calendar) {
+    auto& kept = ProcessServices::installed().shared<Kept>();
+    const double now = RunLoop::main().bootTimeNow();
+    if (now >= kept.followZoneAt) {
+        kept.followZoneAt = now + kFollowZoneSeconds;
         LocalTime::followTimeZone();
-        source.calendar.reset(new UserCalendar(icuLocale(source.localeName)));
     }
-    return *source.calendar;
+    const QString localeName = Bundle::main().calendarLocaleName();
+    if (!kept.calendar || localeName != kept.localeName) {
+        kept.localeName = localeName;
+        kept.calendar.reset(new UserCalendar(icuLocale(localeName)));
+    }
+    return *kept.calendar;
 }
 
 UserCalendar::UserCalendar(const icu::Locale& locale)
@@ -162,8 +114,8 @@ DateComponents UserCalendar::difference(double fromInstant, double toInstant)
     result.day = steps(UCAL_DATE);
     // What is left is time that passed, whatever the clocks on the wall did meanwhile.
     const double reached = wallTime(*m_calendar);
-    const double from = reached == start ? clamped(fromInstant) : LocalTime::firstInstant(reached);
-    const int rest = int(clamped(toInstant) - from);
+    const double from = reached == start ? fromInstant : LocalTime::firstInstant(reached);
+    const int rest = int(toInstant - from);
     result.hour = rest / 3600;
     result.minute = rest % 3600 / 60;
     result.second = rest % 60;
@@ -179,7 +131,7 @@ int64_t UserCalendar::gregorianDays(double fromInstant, double toInstant)
 
 double UserCalendar::startOfDay(double instant)
 {
-    return startOfWallDay(wallTime(instant));
+    return startOfWallDay(LocalTime::atInstant(instant));
 }
 
 double UserCalendar::startOfWeek(double instant)
@@ -192,7 +144,7 @@ double UserCalendar::startOfWeek(double instant)
         return (weekday - firstWeekday + kDaysPerWeek) % kDaysPerWeek;
     };
     const int days = placeInWeek(UCAL_MONDAY) - placeInWeek(field(UCAL_DAY_OF_WEEK));
-    return startOfWallDay(wallTime(instant) + days * Date::kDay);
+    return startOfWallDay(LocalTime::atInstant(instant) + days * Date::kDay);
 }
 
 double UserCalendar::startOfMonth(double instant)
@@ -225,8 +177,6 @@ QString UserCalendar::monthName(int month) const
     // The form for a name that stands alone: several languages inflect it beside a day.
     const icu::UnicodeString* names =
         symbols.getMonths(count, icu::DateFormatSymbols::STANDALONE, icu::DateFormatSymbols::WIDE);
-    if (U_FAILURE(status) || month < 1 || month > count)
-        return {};
     const icu::UnicodeString& name = names[month - 1];
     return QString::fromUtf16(name.getBuffer(), name.length());
 }

@@ -11,8 +11,7 @@
 /// The user's calendar in the user's time zone, which Date asks. A new one costs as much as a hundred
 /// questions, so one is kept, and remade when the locale or the time zone is another than before.
 ///
-/// Instants are seconds since 1970-01-01 UTC; beyond the years 1 to 9999 the nearest of these answers, and
-/// what is not a number counts as 0. Main thread only.
+/// Instants are seconds since 1970-01-01 UTC. Main thread only.
 class UserCalendar {
 public:
     static UserCalendar& current();
@@ -30,11 +29,11 @@ public:
     /// The start of a day of the Gregorian calendar.
     [[nodiscard]] double gregorianDay(int year, int month, int day);
 
-    /// The full name of a month, 1 being the first; empty when there is no such month.
+    /// The full name of a month, 1 being the first.
     [[nodiscard]] QString monthName(int month) const;
 
 private:
-    struct Source;
+    struct Kept;
     explicit UserCalendar(const icu::Locale& locale);
 
     void moveTo(double instant);
