@@ -3,19 +3,6 @@
 #include "data/ManagedObjectContext.h"
 #include "platform/Log.h"
 
-#include <cmath>
-
-namespace {
-/// An undefined date would be found by no query and would make every save fail.
-bool canBeStored(Date date)
-{
-    if (std::isfinite(date.secondsSince1970()))
-        return true;
-    Log::line(QStringLiteral("An activity's date is not a number and is left as it was."));
-    return false;
-}
-}
-
 Activity::Activity(ManagedObjectContext& context)
     : m_context(&context)
 {
@@ -29,7 +16,7 @@ Activity::~Activity()
 
 void Activity::setStartDate(Date startDate)
 {
-    if (startDate == m_period.startDate || !canBeStored(startDate))
+    if (startDate == m_period.startDate)
         return;
     m_period.startDate = startDate;
     changed();
@@ -37,7 +24,7 @@ void Activity::setStartDate(Date startDate)
 
 void Activity::setEndDate(Date endDate)
 {
-    if (endDate == m_period.endDate || !canBeStored(endDate))
+    if (endDate == m_period.endDate)
         return;
     m_period.endDate = endDate;
     changed();

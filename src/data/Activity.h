@@ -8,7 +8,6 @@
 class ManagedObjectContext;
 
 /// One stored period of sitting or standing. A change is kept in the context until the next successful save.
-/// A date that is no finite number is refused with a log line and leaves the record as it was.
 class Activity {
 public:
     Activity(const Activity&) = delete;

@@ -4,8 +4,6 @@
 #include "data/SqlStatement.h"
 
 #include <algorithm>
-#include <cmath>
-#include <sqlite3.h>
 #include <string>
 #include <unordered_map>
 #include <utility>
@@ -29,11 +27,6 @@ std::string fetchQuery()
         + meetsInterval + " ORDER BY startDate";
 }
 
-constexpr const char* kWrite = "INSERT INTO Activity(id, startDate, endDate, isStanding, weight) "
-                               "VALUES(?1, ?2, ?3, ?4, ?5) ON CONFLICT(id) DO UPDATE SET "
-                               "startDate = excluded.startDate, endDate = excluded.endDate, "
-                               "isStanding = excluded.isStanding, weight = excluded.weight";
-
 /// A day, and a second for the rounding of differences.
 constexpr double kLongestUsualPeriod = Date::kDay + 1;
 
@@ -54,7 +47,9 @@ struct Statements {
     explicit Statements(sqlite3* connection)
         : fetch(connection, fetchQuery().c_str())
         , count(connection, "SELECT count(*) FROM Activity")
-        , write(connection, kWrite)
+        , write(connection,
+              "INSERT OR REPLACE INTO Activity(id, startDate, endDate, isStanding, weight) "
+              "VALUES(?1, ?2, ?3, ?4, ?5)")
         , begin(connection, "BEGIN IMMEDIATE")
         , commit(connection, "COMMIT")
         , rollback(connection, "ROLLBACK")
@@ -93,8 +88,8 @@ struct ManagedObjectContext::Store {
 
     std::vector<ActivityRef> inserted; ///< Not stored yet, in the order of insertion.
     std::unordered_map<int64_t, ActivityRef> changed; ///< Stored with other values.
-    std::unordered_map<int64_t, std::weak_ptr<Activity>>
-        registered; ///< Every stored record that has an object.
+    /// Every stored record that has an object.
+    std::unordered_map<int64_t, std::weak_ptr<Activity>> registered;
 };
 
 /// The unsaved records that meet the query by their values in memory, by start date.
@@ -122,8 +117,6 @@ int ManagedObjectContext::Store::visit(const Query& query, RowVisitor visitRow, 
 {
     const double from = query.fromDate.secondsSince1970();
     const double to = query.toDate.secondsSince1970();
-    if (std::isnan(from) || std::isnan(to))
-        return SQLITE_OK;
     const std::vector<const ActivityRef*> pending = pendingThatMeet(query);
     SqlStatement& fetch = statements->fetch;
     auto next = pending.begin();
@@ -139,7 +132,7 @@ int ManagedObjectContext::Store::visit(const Query& query, RowVisitor visitRow, 
     for (; result == SQLITE_ROW; result = fetch.step()) {
         const StoredRow row {fetch.integer(0),
             {Date(fetch.number(1)), Date(fetch.number(2)), fetch.integer(3) != 0}, fetch.number(4)};
-        if (!changed.empty() && changed.contains(row.id))
+        if (changed.contains(row.id))
             continue;
         for (; next != pending.end() && (**next)->startDate().isEarlierThanDate(row.period.startDate); ++next)
             visitPending(**next);
@@ -273,7 +266,8 @@ bool ManagedObjectContext::renewStore(Error& error)
     PersistentStoreCoordinator& coordinator = *m_store->coordinator;
     if (!coordinator.isGone())
         return true;
-    if (coordinator.connection()) // Said once, however often it has to be tried.
+    // Said once, however often it has to be tried.
+    if (coordinator.connection())
         report(coordinator.goneError());
     m_store->statements.reset();
     const bool isOpen = coordinator.reopen(error);
@@ -299,8 +293,7 @@ bool ManagedObjectContext::writePending(Error& error)
         m_store->inserted[i]->m_rowId = insertedIds[i];
         m_store->registered[insertedIds[i]] = m_store->inserted[i];
     }
-    // Moved out first: a record that nobody else holds goes away with these lists and takes itself off the
-    // register.
+    // Moved out first: a record that nobody else holds goes with them and takes itself off the register.
     const auto inserted = std::exchange(m_store->inserted, {});
     const auto changed = std::exchange(m_store->changed, {});
     report(std::nullopt);
