@@ -18,8 +18,8 @@
 #include <utility>
 
 namespace {
-/// Result codes of our own, beside SQLite's: what only this program can tell of a file.
-enum StoreResult { NotAFile = 1001, LogWithoutStore, ForeignStore, NewerStore, StoreGone };
+/// Result codes of our own, beyond SQLite's primary ones: what only this program can tell of a file.
+enum StoreResult { NotAFile = 201, LogWithoutStore, ForeignStore, NewerStore, StoreGone };
 
 /// The main thread never waits longer than this for another program that holds the store.
 constexpr int kBusyTimeoutMilliseconds = 100;
@@ -55,28 +55,20 @@ Meaning meaningOfResult(int result)
     case SQLITE_FULL:
         return {qtTrId("StoreDiskFull"), qtTrId("StoreAdviceMakeRoom")};
     case SQLITE_BUSY:
-    case SQLITE_LOCKED:
         return {qtTrId("StoreInUse"), qtTrId("StoreAdviceCloseOther")};
     case SQLITE_READONLY:
-    case SQLITE_PERM:
     case SQLITE_CANTOPEN:
         return {qtTrId("StoreNotWritable"), qtTrId("StoreAdvicePermissions")};
-    default:
-        return {qtTrId("StoreUnreadable"), qtTrId("StoreAdvicePermissions")};
-    }
-}
-
-Meaning meaningOfStoreResult(int result)
-{
-    switch (result) {
     case NotAFile:
         return {qtTrId("StoreNotAFile"), qtTrId("StoreAdviceReplace")};
     case LogWithoutStore:
         return {qtTrId("StoreMissingBesideLog"), qtTrId("StoreAdviceReplace")};
+    case ForeignStore:
+        return {qtTrId("StoreForeign"), qtTrId("StoreAdviceReplace")};
     case NewerStore:
         return {qtTrId("StoreTooNew"), qtTrId("StoreAdviceNewerProgram")};
     default:
-        return {qtTrId("StoreForeign"), qtTrId("StoreAdviceReplace")};
+        return {qtTrId("StoreUnreadable"), qtTrId("StoreAdvicePermissions")};
     }
 }
 
@@ -155,18 +147,13 @@ int PersistentStoreCoordinator::lock()
 {
     const QByteArray path = QFile::encodeName(m_path + QStringLiteral(".lock"));
     m_lock = ::open(path.constData(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
-    if (m_lock >= 0 && lockf(m_lock, F_TLOCK, 0) == 0)
+    // No test fills a disk.
+    if (m_lock < 0)
+        return errno == ENOSPC || errno == EDQUOT ? SQLITE_FULL : SQLITE_CANTOPEN;
+    if (lockf(m_lock, F_TLOCK, 0) == 0)
         return SQLITE_OK;
-    switch (errno) {
-    case EACCES:
-    case EAGAIN:
-        return m_lock >= 0 ? SQLITE_BUSY : SQLITE_CANTOPEN;
-    case ENOSPC:
-    case EDQUOT:
-        return SQLITE_FULL;
-    default:
-        return SQLITE_CANTOPEN;
-    }
+    // Some file systems of networks know no locks.
+    return errno == EACCES || errno == EAGAIN ? SQLITE_BUSY : SQLITE_CANTOPEN;
 }
 
 int PersistentStoreCoordinator::checkFile()
@@ -199,28 +186,22 @@ int PersistentStoreCoordinator::connect()
 
 int PersistentStoreCoordinator::identify()
 {
-    int version = 0;
-    int objects = 0;
-    int tables = 0;
-    int result = queryInteger("PRAGMA user_version", version);
-    if (result == SQLITE_OK)
-        result = queryInteger("SELECT count(*) FROM sqlite_master", objects);
-    if (result == SQLITE_OK)
-        result = queryInteger(
-            "SELECT count(*) FROM sqlite_master WHERE type = 'table' AND name = 'Activity'", tables);
-    if (result != SQLITE_OK)
+    SqlStatement question(
+        m_connection, "SELECT user_version, (SELECT count(*) FROM sqlite_master) FROM pragma_user_version");
+    if (const int result = question.step(); result != SQLITE_ROW)
         return result;
+    const int64_t version = question.integer(0);
+    m_isNew = version == 0 && question.integer(1) == 0;
+    question.reset();
     if (sqlite3_db_readonly(m_connection, "main") == 1)
         return SQLITE_READONLY;
-    m_isNew = version == 0 && objects == 0;
     if (m_isNew)
         return SQLITE_OK;
     if (version > m_model.version)
         return NewerStore;
     const SqlStatement columns(
         m_connection, "SELECT id, startDate, endDate, isStanding, weight FROM Activity");
-    return version == m_model.version && tables == 1 && columns.prepareResult() == SQLITE_OK ? SQLITE_OK
-                                                                                             : ForeignStore;
+    return version == m_model.version && columns.prepareResult() == SQLITE_OK ? SQLITE_OK : ForeignStore;
 }
 
 int PersistentStoreCoordinator::checkPages()
@@ -228,9 +209,8 @@ int PersistentStoreCoordinator::checkPages()
     if (!m_endedUncleanly && QFileInfo(m_path).size() > kAlwaysCheckedBytes)
         return SQLITE_OK;
     SqlStatement check(m_connection, "PRAGMA quick_check(1)");
-    const int result = check.step();
-    if (result != SQLITE_ROW)
-        return result == SQLITE_DONE ? SQLITE_CORRUPT : result;
+    if (const int result = check.step(); result != SQLITE_ROW)
+        return result;
     return check.text(0) == "ok" ? SQLITE_OK : SQLITE_CORRUPT;
 }
 
@@ -238,17 +218,12 @@ int PersistentStoreCoordinator::prepareForWriting()
 {
     if (m_isNew)
         QFile::setPermissions(m_path, QFile::ReadOwner | QFile::WriteOwner);
-    int result = execute("PRAGMA journal_mode = WAL");
-    if (result == SQLITE_OK && m_isNew)
-        result = execute("BEGIN IMMEDIATE");
     // The indexes are made again should somebody's tool have dropped them: the queries name them.
-    for (const char* sql : m_model.statements) {
-        if (result == SQLITE_OK)
-            result = execute(sql);
-    }
-    if (result == SQLITE_OK && m_isNew)
-        result = execute(
-            QStringLiteral("PRAGMA user_version = %1; COMMIT").arg(m_model.version).toLatin1().constData());
+    QByteArray sql = m_model.statements;
+    if (m_isNew)
+        sql = "BEGIN IMMEDIATE;" + sql + "PRAGMA user_version = " + QByteArray::number(m_model.version)
+            + "; COMMIT";
+    const int result = execute("PRAGMA journal_mode = WAL;" + sql);
     if (result == SQLITE_OK)
         sqlite3_db_config(m_connection, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 0, nullptr);
     return result;
@@ -264,33 +239,20 @@ int PersistentStoreCoordinator::remember()
     return SQLITE_OK;
 }
 
-int PersistentStoreCoordinator::execute(const char* sql)
+int PersistentStoreCoordinator::execute(const QByteArray& sql)
 {
-    return sqlite3_exec(m_connection, sql, nullptr, nullptr, nullptr);
-}
-
-int PersistentStoreCoordinator::queryInteger(const char* sql, int& value)
-{
-    SqlStatement statement(m_connection, sql);
-    const int result = statement.step();
-    if (result != SQLITE_ROW)
-        return result == SQLITE_DONE ? SQLITE_CORRUPT : result;
-    value = int(statement.integer(0));
-    return SQLITE_OK;
+    return sqlite3_exec(m_connection, sql.constData(), nullptr, nullptr, nullptr);
 }
 
 Error PersistentStoreCoordinator::errorForResult(int result) const
 {
-    // Before the store is open there is nothing that could be kept.
-    const QString consequence =
-        QLatin1Char(' ') + (m_file ? qtTrId("StoreKept") : qtTrId("StoreNothingRecorded"));
-    if (result >= NotAFile && result <= NewerStore) {
-        const Meaning meaning = meaningOfStoreResult(result);
-        return makeError(result, meaning.description, meaning.advice + consequence, m_path);
+    if ((result & 0xFF) < NotAFile) {
+        const bool isLatest = m_connection && sqlite3_extended_errcode(m_connection) == result;
+        const char* reason = isLatest ? sqlite3_errmsg(m_connection) : sqlite3_errstr(result);
+        Log::line(QStringLiteral("SQLite answers %1: %2").arg(result).arg(QString::fromUtf8(reason)));
     }
-    const bool isLatest = m_connection && sqlite3_extended_errcode(m_connection) == result;
-    const char* reason = isLatest ? sqlite3_errmsg(m_connection) : sqlite3_errstr(result);
-    Log::line(QStringLiteral("SQLite answers %1: %2").arg(result).arg(QString::fromUtf8(reason)));
     const Meaning meaning = meaningOfResult(isDiskFull(result, m_path) ? SQLITE_FULL : result);
-    return makeError(result, meaning.description, meaning.advice + consequence, m_path);
+    // Before the store is open there is nothing that could be kept.
+    const QString consequence = m_file ? qtTrId("StoreKept") : qtTrId("StoreNothingRecorded");
+    return makeError(result, meaning.description, meaning.advice + QLatin1Char(' ') + consequence, m_path);
 }

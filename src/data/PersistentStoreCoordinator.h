@@ -3,6 +3,7 @@
 #include "data/ManagedObjectModel.h"
 #include "platform/Error.h"
 
+#include <QByteArray>
 #include <QString>
 
 #include <memory>
@@ -35,8 +36,7 @@ public:
     [[nodiscard]] bool reopen(Error& error);
 
     /// What a result code of this connection means to the user, in the user's language, and as the reason
-    /// what can be done about it; domain "SQLite", the code is the result. SQLite's own words go into the
-    /// log.
+    /// what can be done about it; domain "SQLite", the code is the result. The log has SQLite's own words.
     [[nodiscard]] Error errorForResult(int result) const;
 
 private:
@@ -53,8 +53,7 @@ private:
     [[nodiscard]] int prepareForWriting();
     [[nodiscard]] int remember();
 
-    [[nodiscard]] int execute(const char* sql);
-    [[nodiscard]] int queryInteger(const char* sql, int& value);
+    [[nodiscard]] int execute(const QByteArray& sql);
 
     ManagedObjectModel m_model;
     QString m_path;
