@@ -11,8 +11,7 @@ struct ActivityPeriod {
     bool isStanding = false;
 
     /// Whether the period lies inside [fromDate, toDate), covers fromDate or covers toDate. The posture is
-    /// asked of periods that lie inside only, never of those that cover an end: the shown totals rest on
-    /// that.
+    /// asked of periods that lie inside only, never of those that cover an end: shown totals rest on it.
     [[nodiscard]] bool meets(Date fromDate, Date toDate, std::optional<bool> withPosture) const;
 
     /// Seconds of the period inside the interval; negative for a period that does not meet it.

@@ -36,8 +36,7 @@ public:
     /// Makes the one desk hub; does nothing when it exists.
     void startZelvoController();
     void setDefaultAppSettings();
-    /// Back to the defaults, except for "Version". Values cached in this process stay until they are set
-    /// again.
+    /// Back to the defaults, except for "Version". Values cached in this process stay until the next set.
     void clearProperties();
     [[nodiscard]] bool isUserSetupCompleted();
     /// Completes a half-done set-up with the defaults. Always answers true.
@@ -92,16 +91,14 @@ public:
     {
         return getDoubleForKey(QStringLiteral("ActivityGoalDefault"));
     }
-    [[nodiscard]] double weightDefault() const
-    {
-        return getDoubleForKey(QStringLiteral("WeightDefault"));
-    } ///< kg
+    /// Weights in kg.
+    [[nodiscard]] double weightDefault() const { return getDoubleForKey(QStringLiteral("WeightDefault")); }
     [[nodiscard]] double tablePositionOffsetDefault() const { return 0; }
     [[nodiscard]] double numberOfStandUpsDefault() const
     {
         return getDoubleForKey(QStringLiteral("NumberOfStandupsdefault"));
     }
-    [[nodiscard]] double weight() { return m_weight.value(); } ///< kg
+    [[nodiscard]] double weight() { return m_weight.value(); }
     void setWeight(double weight) { m_weight.setValue(weight); }
     /// 0 = not chosen, 1 = calorie goal, 2 = standing-time goal.
     [[nodiscard]] int32_t activityMode();
@@ -136,8 +133,7 @@ public:
         return saturated<int32_t>(getDoubleForKey(QStringLiteral("DevicePositionOffset")));
     }
 
-    /// Store primitives. Without a store the getters answer nothing (NaN for doubles) and the setters do
-    /// nothing.
+    /// Store primitives. Without a store the getters answer nothing (doubles NaN), and setters do nothing.
     static QString getStringForKey(const QString& key) { return stored(key).toString(); }
     static int64_t getIntegerForkey(const QString& key) { return saturated<int64_t>(getDoubleForKey(key)); }
     static double getDoubleForKey(const QString& key);

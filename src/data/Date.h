@@ -93,8 +93,8 @@ public:
         return dateByAddingMinutes(-minutes);
     }
     [[nodiscard]] Date dateAtStartOfDay() const;
-    /// Monday 00:00, whatever the locale's first weekday; where weeks begin on Sunday, a Sunday gives the day
-    /// after.
+    /// Monday 00:00, whatever the locale's first weekday. Where weeks begin on Sunday, a Sunday gives the
+    /// Monday after it.
     [[nodiscard]] Date dateAtStartOfWeek() const;
     [[nodiscard]] Date dateAtStartOfMonth() const;
     [[nodiscard]] Date dateAtStartOfYear() const;

@@ -15,8 +15,6 @@ double parsedNumber(const QString& text)
     UErrorCode status = U_ZERO_ERROR;
     const std::unique_ptr<icu::NumberFormat> format(
         icu::NumberFormat::createInstance(icuLocale(Bundle::main().locale().name()), UNUM_DECIMAL, status));
-    if (U_FAILURE(status))
-        return 0;
     const icu::UnicodeString characters(text.utf16(), int32_t(text.size()));
     icu::Formattable number;
     icu::ParsePosition position;
@@ -26,36 +24,17 @@ double parsedNumber(const QString& text)
 }
 }
 
-bool DecimalFormatter::getObjectValue(QString& objectValue, const QString& forString, QString*) const
-{
-    objectValue = forString;
-    return true;
-}
-
-std::nullopt_t DecimalFormatter::attributedStringForObjectValue(const QString&, const QVariantMap&) const
-{
-    return std::nullopt;
-}
-
-bool DecimalFormatter::isPartialStringValid(QString& partialString, int&, const QString&, int, QString*) const
-{
-    return isPartialStringValid(partialString);
-}
-
 bool DecimalFormatter::isPartialStringValid(const QString& partialString) const
 {
     if (partialString.isEmpty())
         return true;
+    const auto isAllowed = [this](char32_t character) {
+        return m_acceptComma ? (character >= U'0' && character <= U'9') || character == U'.'
+                             : QChar::isDigit(character);
+    };
     const auto characters = partialString.toUcs4();
-    if (!std::all_of(characters.begin(), characters.end(), [this](char32_t c) { return isAllowed(c); }))
+    if (!std::all_of(characters.begin(), characters.end(), isAllowed))
         return false;
     const double value = parsedNumber(partialString);
     return value >= m_minValue && (m_maxValue <= 0 || value <= m_maxValue);
-}
-
-bool DecimalFormatter::isAllowed(char32_t character) const
-{
-    if (m_acceptComma)
-        return (character >= U'0' && character <= U'9') || character == U'.';
-    return QChar::isDigit(character);
 }

@@ -20,21 +20,29 @@ public:
 
     [[nodiscard]] QString stringForObjectValue(const QString& objectValue) const { return objectValue; }
     /// Any text is a value. Always true; no error is ever described.
-    bool getObjectValue(QString& objectValue, const QString& forString, QString* errorDescription) const;
+    bool getObjectValue(QString& objectValue, const QString& forString, QString* /*errorDescription*/) const
+    {
+        objectValue = forString;
+        return true;
+    }
     /// There is no form with attributes.
     [[nodiscard]] std::nullopt_t attributedStringForObjectValue(
-        const QString& objectValue, const QVariantMap& withDefaultAttributes) const;
+        const QString& /*objectValue*/, const QVariantMap& /*withDefaultAttributes*/) const
+    {
+        return std::nullopt;
+    }
 
     /// Whether the text may stand in the field while it is being typed. It is read as a decimal number of the
     /// user's locale; one that is none counts as 0.
     [[nodiscard]] bool isPartialStringValid(const QString& partialString) const;
     /// The same with what an input method tells; the text is never rewritten, no error is ever described.
-    [[nodiscard]] bool isPartialStringValid(QString& partialString, int& proposedSelectedRange,
-        const QString& originalString, int originalSelectedRange, QString* errorDescription) const;
+    [[nodiscard]] bool isPartialStringValid(QString& partialString, int& /*proposedSelectedRange*/,
+        const QString& /*originalString*/, int /*originalSelectedRange*/, QString* /*errorDescription*/) const
+    {
+        return isPartialStringValid(partialString);
+    }
 
 private:
-    [[nodiscard]] bool isAllowed(char32_t character) const;
-
     double m_minValue = 0;
     double m_maxValue = std::numeric_limits<double>::max();
     bool m_acceptComma = false;

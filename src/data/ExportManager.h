@@ -10,8 +10,7 @@ class ExportManager {
 public:
     /// Asks for the place and writes the titles and the values: UTF-8 without byte-order mark, a semicolon
     /// after each title, a semicolon and a space after each value, one line feed between the two lines, no
-    /// quoting. True when the user chose a place, whether or not the file could be written; false when
-    /// cancelled.
+    /// quoting. True when the user chose a place, whether or not the file could be written.
     static bool exportHistoryToCSV(const QStringList& values, Dialogs& dialogs);
 
     /// The proposed name, with the day of today in it.

@@ -12,8 +12,7 @@ template <typename Integer>
     using Limits = std::numeric_limits<Integer>;
     if (std::isnan(value))
         return 0;
-    // The largest 64-bit integer is no double; the comparison with its rounded neighbour keeps the cast
-    // defined.
+    // The largest 64-bit integer is no double, its rounded neighbour is: the cast stays defined.
     if (value >= static_cast<double>(Limits::max()))
         return Limits::max();
     if (value <= static_cast<double>(Limits::min()))

@@ -17,8 +17,7 @@ public:
     static UserCalendar& current();
 
     [[nodiscard]] DateComponents components(double instant);
-    /// The calendar steps from one instant to the other, the longest ones first; negative when it lies
-    /// before.
+    /// The calendar steps from one instant to the other, the longest ones first; negative back in time.
     [[nodiscard]] DateComponents difference(double fromInstant, double toInstant);
     [[nodiscard]] int64_t gregorianDays(double fromInstant, double toInstant);
 
