@@ -29,13 +29,13 @@ protected:
         time.setTimeZone(m_zone);
         return Date(double(time.toSecsSinceEpoch()));
     }
-    /// What the wall clock shows at the instant.
-    [[nodiscard]] std::string show(Date date) const
+    /// Month and day that the wall clock shows at the instant, and the time unless it is midnight.
+    [[nodiscard]] QString show(Date date) const
     {
         return QDateTime::fromMSecsSinceEpoch(qint64(date.secondsSince1970() * 1000), m_zone)
-            .toString(QStringLiteral("yyyy-MM-dd HH:mm:ss.zzz"))
-            .replace(QStringLiteral(":00.000"), QString())
-            .toStdString();
+            .toString(QStringLiteral("MM-dd HH:mm:ss.zzz"))
+            .remove(QStringLiteral(":00.000"))
+            .remove(QStringLiteral(" 00:00"));
     }
 
     TestPlatform platform;
@@ -44,119 +44,89 @@ protected:
 };
 }
 
-TEST_F(DateTest, startsDaysWithTheirFirstInstant)
+TEST_F(DateTest, startsDaysWeeksMonthsAndYearsInTheUsersCalendarAndZone)
 {
-    const char* const kTestCases[][3] = {
-        // Zone, time, start of the day.
-        {"UTC", "2024-03-15 23:59", "2024-03-15 00:00"},
-        {"UTC", "1969-12-30 00:01", "1969-12-30 00:00"},
-        // A 23-hour day and a 25-hour day, asked before and after the change.
-        {"Europe/Berlin", "2024-03-31 01:30", "2024-03-31 00:00"},
-        {"Europe/Berlin", "2024-03-31 22:00", "2024-03-31 00:00"},
-        {"America/New_York", "2024-11-03 12:00", "2024-11-03 00:00"},
-        // Clocks that go forward at midnight: the day begins at 01:00.
-        {"America/Sao_Paulo", "2017-10-15 12:00", "2017-10-15 01:00"},
-        // The last hour of a day comes twice, and midnight itself does.
-        {"America/Sao_Paulo", "2018-02-17 23:30", "2018-02-17 00:00"},
-        {"Asia/Amman", "2021-10-29 12:00", "2021-10-29 00:00"},
-        // A left-out 23:00 to 00:00, a change by half an hour, an offset of 5:45.
-        {"America/Nuuk", "2024-03-31 12:00", "2024-03-31 00:00"},
-        {"Australia/Lord_Howe", "2024-10-06 12:00", "2024-10-06 00:00"},
-        {"Asia/Kathmandu", "2024-03-15 03:00", "2024-03-15 00:00"},
-        // The days around the one that was skipped altogether, and the zones farthest from UTC.
-        {"Pacific/Apia", "2011-12-29 12:00", "2011-12-29 00:00"},
-        {"Pacific/Apia", "2011-12-31 12:00", "2011-12-31 00:00"},
-        {"Pacific/Kiritimati", "2024-03-15 01:00", "2024-03-15 00:00"},
-        {"Etc/GMT+12", "2024-03-15 23:00", "2024-03-15 00:00"},
-        // A rule instead of a name, and a rule that changed lately.
-        {"CET-1CEST,M3.5.0,M10.5.0/3", "2024-03-31 12:00", "2024-03-31 00:00"},
-        {"America/Asuncion", "2025-07-15 12:00", "2025-07-15 00:00"},
+    const char* const kTestCases[][4] = {
+        // Locale, zone, time; first instants of day, week, month and year; numbers of week and month.
+        // A 23-hour day, asked before and after the change, and a 25-hour day.
+        {"de_DE", "Europe/Berlin", "2024-03-31 01:30", "03-31 03-25 03-01 01-01, 13/2024, März 3/2024"},
+        {"de_DE", "Europe/Berlin", "2024-03-31 22:00", "03-31 03-25 03-01 01-01, 13/2024, März 3/2024"},
+        {"en_US", "America/New_York", "2024-11-03 12:00",
+            "11-03 11-04 11-01 01-01, 45/2024, November 11/2024"},
+        // The clocks go forward at midnight or across it; the last hour of a day or midnight come twice.
+        {"pt_BR", "America/Sao_Paulo", "2017-10-15 12:00",
+            "10-15 01:00 10-16 10-01 01-01, 42/2017, outubro 10/2017"},
+        {"en_US", "America/Nuuk", "2024-03-31 12:00", "03-31 04-01 03-01 01-01, 14/2024, March 3/2024"},
+        {"pt_BR", "America/Sao_Paulo", "2018-02-17 23:30",
+            "02-17 02-12 02-01 01-01, 7/2018, fevereiro 2/2018"},
+        {"en_US", "Asia/Amman", "2021-10-29 12:00", "10-29 10-25 10-01 01-01, 44/2021, October 10/2021"},
+        // Odd steps and offsets, the days around one that was left out, the zones farthest from UTC.
+        {"en_US", "Australia/Lord_Howe", "2024-10-06 12:00",
+            "10-06 10-07 10-01 01-01, 41/2024, October 10/2024"},
+        {"en_US", "Asia/Kathmandu", "2024-03-15 03:00", "03-15 03-11 03-01 01-01, 11/2024, March 3/2024"},
+        {"en_US", "Pacific/Apia", "2011-12-29 12:00", "12-29 12-26 12-01 01-01, 53/2011, December 12/2011"},
+        {"en_US", "Pacific/Apia", "2011-12-31 12:00", "12-31 12-26 12-01 01-01, 53/2011, December 12/2011"},
+        {"en_US", "Pacific/Kiritimati", "2024-03-15 01:00", "03-15 03-11 03-01 01-01, 11/2024, March 3/2024"},
+        {"en_US", "Etc/GMT+12", "2024-03-15 23:00", "03-15 03-11 03-01 01-01, 11/2024, March 3/2024"},
+        // A rule instead of a name, and one that changed lately.
+        {"de_DE", "CET-1CEST,M3.5.0,M10.5.0/3", "2024-03-31 12:00",
+            "03-31 03-25 03-01 01-01, 13/2024, März 3/2024"},
+        {"es_PY", "America/Asuncion", "2025-07-15 12:00", "07-15 07-14 07-01 01-01, 29/2025, julio 7/2025"},
+        // Weeks begin on Monday, Sunday and Saturday. Some belong to the other year.
+        {"de_DE", "UTC", "2024-03-17 10:00", "03-17 03-11 03-01 01-01, 11/2024, März 3/2024"},
+        {"en_US", "UTC", "2024-03-17 10:00", "03-17 03-18 03-01 01-01, 12/2024, March 3/2024"},
+        {"en_US", "UTC", "2024-03-11 10:00", "03-11 03-11 03-01 01-01, 11/2024, March 3/2024"},
+        {"fa_IR@calendar=gregorian", "UTC", "2024-03-16 10:00",
+            "03-16 03-18 03-01 01-01, 12/2024, مارس 3/2024"},
+        {"de_DE", "UTC", "2021-01-03 10:00", "01-03 12-28 01-01 01-01, 53/2020, Januar 1/2021"},
+        {"de_DE", "UTC", "2024-12-30 10:00", "12-30 12-30 12-01 01-01, 1/2025, Dezember 12/2024"},
+        // Before 1970, and other calendars: a year that turns within a week, a month that comes twice.
+        {"C.UTF-8", "UTC", "1969-12-30 00:01", "12-30 12-29 12-01 01-01, 1/1970, December 12/1969"},
+        {"ru_RU", "UTC", "2024-05-15 10:00", "05-15 05-13 05-01 01-01, 20/2024, май 5/2024"},
+        {"th_TH", "Asia/Bangkok", "2024-03-15 10:00", "03-15 03-11 03-01 01-01, 11/2024, มีนาคม 3/2567"},
+        {"en_US@calendar=hebrew", "Asia/Jerusalem", "2024-10-05 10:00",
+            "10-05 09-30 10-03 10-03, 1/5785, Tishri 1/5785"},
+        {"fa_IR@numbers=latn", "Asia/Tehran", "2024-03-22 10:00",
+            "03-22 03-18 03-20 03-20, 1/1403, فروردین 1/1403"},
+        {"en_US@calendar=chinese", "Asia/Shanghai", "2023-04-01 10:00",
+            "04-01 03-27 03-22 01-22, 10/4660, Second Month 2/40"},
     };
-    for (const auto& [zoneName, time, startOfDay] : kTestCases) {
-        SCOPED_TRACE(testing::Message() << zoneName << " " << time);
-        useZone(zoneName);
-        const Date start = at(time).dateAtStartOfDay();
-        EXPECT_EQ(show(start), startOfDay);
-        EXPECT_EQ(start.dateAtStartOfDay(), start);
-        EXPECT_NE(start.dateByAddingSeconds(-1).day(), start.day());
-    }
-    useZone("America/Havana"); // 01:00 becomes 00:00 again on 2024-11-03: the first of two midnights.
-    const Date day = at("2024-11-03 12:00");
-    EXPECT_EQ(day.timeIntervalSinceDate(day.dateAtStartOfDay()), 13 * Date::kHour);
-}
-
-TEST_F(DateTest, startsWeeksOnMondayWithinTheLocalesWeek)
-{
-    const char* const kTestCases[][3] = {
-        // Locale, time, start and number of the week with its year.
-        {"de_DE", "2024-03-13 10:00", "2024-03-11 00:00, 11 of 2024"}, // Wednesday
-        {"de_DE", "2024-03-17 10:00", "2024-03-11 00:00, 11 of 2024"}, // Sunday
-        {"en_US", "2024-03-11 10:00", "2024-03-11 00:00, 11 of 2024"},
-        {"en_US", "2024-03-17 10:00", "2024-03-18 00:00, 12 of 2024"}, // Sunday begins the next week
-        {"fa_IR@calendar=gregorian", "2024-03-16 10:00", "2024-03-18 00:00, 12 of 2024"}, // from Saturday
-        // Weeks that belong to the other year, week 53 among them.
-        {"de_DE", "2021-01-03 10:00", "2020-12-28 00:00, 53 of 2020"},
-        {"de_DE", "2024-12-30 10:00", "2024-12-30 00:00, 1 of 2025"},
-        // Across a change of the clocks.
-        {"de_DE", "2024-10-27 23:30", "2024-10-21 00:00, 43 of 2024"},
-        // A year of another calendar turns in the middle of these weeks.
-        {"en_US@calendar=hebrew", "2024-10-05 10:00", "2024-09-30 00:00, 1 of 5785"},
-        {"de_DE@calendar=persian", "2024-03-22 10:00", "2024-03-18 00:00, 1 of 1403"},
-    };
-    useZone("Europe/Berlin");
-    for (const auto& [locale, time, expected] : kTestCases) {
-        useLocale(locale);
-        const Date date = at(time);
-        const std::string week =
-            std::to_string(date.week()) + " of " + std::to_string(date.components().yearForWeekOfYear);
-        EXPECT_EQ(show(date.dateAtStartOfWeek()) + ", " + week, expected) << locale << " " << time;
-    }
-}
-
-TEST_F(DateTest, startsMonthsAndYearsInTheUsersCalendar)
-{
-    const char* const kTestCases[][5] = {
-        // Locale, zone, time, start of the month and of the year, name and numbers of the month.
-        {"de_DE", "UTC", "2024-03-31 23:59", "2024-03-01 00:00, 2024-01-01 00:00", "März 3/2024"},
-        {"ru_RU", "UTC", "2024-05-15 10:00", "2024-05-01 00:00, 2024-01-01 00:00", "май 5/2024"},
-        {"C", "America/New_York", "2024-11-30 20:00", "2024-11-01 00:00, 2024-01-01 00:00",
-            "November 11/2024"},
-        {"th_TH", "Asia/Bangkok", "2024-03-15 10:00", "2024-03-01 00:00, 2024-01-01 00:00", "มีนาคม 3/2567"},
-        {"en_US@calendar=hebrew", "Asia/Jerusalem", "2024-03-15 10:00", "2024-03-11 00:00, 2023-09-16 00:00",
-            "Adar 7/5784"},
-        {"fa_IR@numbers=latn", "Asia/Tehran", "2024-03-25 10:00", "2024-03-20 00:00, 2024-03-20 00:00",
-            "فروردین 1/1403"},
-        {"en_US@calendar=chinese", "Asia/Shanghai", "2023-04-01 10:00", // in a month that comes twice
-            "2023-03-22 00:00, 2023-01-22 00:00", "Second Month 2/40"},
-    };
-    for (const auto& [locale, zone, time, starts, name] : kTestCases) {
+    for (const auto& [locale, zone, time, expected] : kTestCases) {
+        SCOPED_TRACE(testing::Message() << locale << " " << zone << " " << time);
         useLocale(locale);
         useZone(zone);
         const Date date = at(time);
-        EXPECT_EQ(show(date.dateAtStartOfMonth()) + ", " + show(date.dateAtStartOfYear()), starts) << locale;
-        EXPECT_EQ(
-            QStringLiteral("%1 %2/%3").arg(date.monthName()).arg(date.month()).arg(date.year()).toStdString(),
-            name);
+        const Date day = date.dateAtStartOfDay();
+        EXPECT_EQ(QStringLiteral("%1 %2 %3 %4, %5/%6, %7 %8/%9")
+                      .arg(show(day), show(date.dateAtStartOfWeek()), show(date.dateAtStartOfMonth()),
+                          show(date.dateAtStartOfYear()))
+                      .arg(date.week())
+                      .arg(date.components().yearForWeekOfYear)
+                      .arg(date.monthName())
+                      .arg(date.month())
+                      .arg(date.year())
+                      .toStdString(),
+            expected);
+        EXPECT_EQ(day.dateAtStartOfDay(), day);
+        EXPECT_NE(day.dateByAddingSeconds(-1).day(), day.day());
     }
+    useZone("America/Havana"); // 01:00 becomes 00:00 again on 2024-11-03: the first of two midnights.
+    const Date date = at("2024-11-03 12:00");
+    EXPECT_EQ(date.timeIntervalSinceDate(date.dateAtStartOfDay()), 13 * Date::kHour);
 }
 
 TEST_F(DateTest, tellsTheFieldsOfADate)
 {
     useZone("America/New_York");
-    useLocale("de_DE");
     const Date date = at("2024-03-31 17:45").dateByAddingSeconds(12.75); // The fifth Sunday.
     const DateComponents expected {2024, 3, 31, 17, 45, 12, 13, 2024, 1, 5};
     EXPECT_EQ(date.components(), expected);
     EXPECT_EQ((DateComponents {date.year(), date.month(), date.day(), date.hour(), date.minute(),
                   date.seconds(), date.week(), 2024, date.weekday(), date.nthWeekday()}),
         expected);
-    for (const auto& [day, isWeekend] : {std::pair("2024-03-29 12:00", false), {"2024-03-30 12:00", true},
-             {"2024-03-31 12:00", true}, {"2024-04-01 12:00", false}}) {
-        EXPECT_EQ(std::pair(at(day).isTypicallyWeekend(), at(day).isTypicallyWorkday()),
-            std::pair(isWeekend, !isWeekend))
-            << day;
-    }
-    EXPECT_EQ(at("1969-12-31 23:59").dateByAddingSeconds(30.5).seconds(), 30);
+    for (const int days : {-2, -1, 0, 1})
+        EXPECT_EQ(date.dateByAddingDays(days).isTypicallyWeekend(), days == -1 || days == 0);
+    EXPECT_FALSE(date.isTypicallyWorkday());
 }
 
 TEST_F(DateTest, comparesWithNow)
@@ -273,12 +243,9 @@ TEST_F(DateTest, countsCalendarDifferences)
             EXPECT_EQ(at(from).distanceInDaysToDate(at(to)), days);
         }
     }
-    DateComponents aMinute;
-    aMinute.minute = 1;
-    aMinute.second = 3;
     const Date secondHalfPastTwo = at("2024-10-27 01:30").dateByAddingHours(2);
-    EXPECT_EQ(
-        secondHalfPastTwo.dateByAddingSeconds(63).componentsWithOffsetFromDate(secondHalfPastTwo), aMinute);
+    EXPECT_EQ(secondHalfPastTwo.dateByAddingSeconds(63).componentsWithOffsetFromDate(secondHalfPastTwo),
+        (DateComponents {.minute = 1, .second = 3}));
 }
 
 TEST_F(DateTest, countsGregorianYearsForTheExportInEveryLocale)
@@ -286,7 +253,7 @@ TEST_F(DateTest, countsGregorianYearsForTheExportInEveryLocale)
     useZone("Asia/Tehran");
     for (const char* locale : {"fa_IR", "ps_AF", "ar_SA", "th_TH", "ja_JP@calendar=japanese"}) {
         useLocale(locale);
-        EXPECT_EQ(show(Date::dateFromComponents(2016, 2, 29)), "2016-02-29 00:00") << locale;
+        EXPECT_EQ(show(Date::dateFromComponents(2016, 2, 29)), "02-29") << locale;
     }
 }
 
@@ -319,11 +286,11 @@ TEST_F(DateTest, followsAnotherLocaleAtOnceAndAnotherTimeZoneWithinASecond)
 TEST_F(DateTest, answersForLocalesThatThereAreNot)
 {
     const QByteArray endless(5000, 'x');
-    for (const char* locale : {"de_DE@calendar=none", "@@@==;", "\xe4", "C.UTF-8", endless.constData()}) {
+    for (const char* locale : {"de_DE@calendar=none", "@@@==;", "\xe4", endless.constData()}) {
         useLocale(locale);
         const Date date = at("2024-03-17 20:00");
         EXPECT_EQ(date.year(), 2024) << locale;
-        EXPECT_EQ(show(date.dateAtStartOfWeek().dateAtStartOfMonth()), "2024-03-01 00:00") << locale;
+        EXPECT_EQ(show(date.dateAtStartOfWeek().dateAtStartOfMonth()), "03-01") << locale;
         EXPECT_FALSE(date.monthName().isEmpty()) << locale;
     }
 }
