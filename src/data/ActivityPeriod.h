@@ -16,4 +16,6 @@ struct ActivityPeriod {
 
     /// Seconds of the period inside the interval; negative for a period that does not meet it.
     [[nodiscard]] double secondsInside(Date fromDate, Date toDate) const;
+
+    bool operator==(const ActivityPeriod&) const = default;
 };

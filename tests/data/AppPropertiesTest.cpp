@@ -4,7 +4,6 @@
 
 #include <cmath>
 #include <gtest/gtest.h>
-#include <limits>
 #include <utility>
 
 class ZelvoController { };
@@ -12,7 +11,6 @@ class ZelvoController { };
 namespace {
 using P = AppProperties;
 
-constexpr double kInfinity = std::numeric_limits<double>::infinity();
 const QString kDefaulted = "AverageWorkDayHours TimeIdle TimeSnooze TimeNotificationDismiss "
                            "TimeNotificationDismissOnAction ActivityGoal WeightDefault DevicePosition1 "
                            "DevicePosition2 DevicePosition3 TablePositionOffset NumberOfStandupsdefault";
@@ -20,32 +18,25 @@ const QString kDefaulted = "AverageWorkDayHours TimeIdle TimeSnooze TimeNotifica
 class AppPropertiesTest : public testing::Test {
 protected:
     static P& properties() { return P::instance(); }
-    /// The settings as a new process sees them.
-    P& restarted()
-    {
-        platform.restart();
-        return properties();
-    }
-    QVariant& stored(const QString& key) { return platform.defaults.values[key]; }
-    /// The keys written since the last call.
-    QString written() { return std::exchange(platform.defaults.writes, {}).join(' '); }
-    /// A new process of a program with another value under that information key; undefined: with none.
-    P& informed(const QString& key, const QJsonValue& value)
+    /// The settings as a new process sees them, of a program with another value under an information key.
+    P& restarted(const QString& key, const QJsonValue& value)
     {
         QJsonObject information = TestPlatform::defaultInformation();
         information.insert(key, value);
         auto next = std::make_unique<TestBundle>(information);
         platform.restart(next.get());
-        otherBundle = std::move(next);
+        bundle = std::move(next);
         return properties();
     }
+    QVariant& stored(const QString& key) { return platform.defaults.values[key]; }
+    /// The keys written since the last call.
+    QString written() { return std::exchange(platform.defaults.writes, {}).join(' '); }
 
     /// A value is written when it differs from the known one, which is 0 at first. One that changes in the
     /// file is read again at each call, or when the known one is 0 once more.
     template <typename Number>
     void expectWrites(const char* key, void (P::*set)(Number), Number (P::*get)(), bool isReadAgain)
     {
-        SCOPED_TRACE(key);
         P& settings = properties();
         written();
         for (const int value : {0, 2, 2})
@@ -53,15 +44,15 @@ protected:
         EXPECT_EQ(written(), key);
         EXPECT_EQ(stored(key), 2);
         stored(key) = 3;
-        EXPECT_EQ((settings.*get)(), isReadAgain ? 3 : 2);
+        EXPECT_EQ((settings.*get)(), isReadAgain ? 3 : 2) << key;
         (settings.*set)(isReadAgain ? 3 : 2);
         EXPECT_EQ(written(), "") << "what was read counts as known";
         (settings.*set)(0);
         stored(key) = 4;
-        EXPECT_EQ((settings.*get)(), 4);
+        EXPECT_EQ((settings.*get)(), 4) << key;
     }
 
-    std::unique_ptr<TestBundle> otherBundle;
+    std::unique_ptr<TestBundle> bundle;
     TestPlatform platform;
 };
 }
@@ -77,59 +68,49 @@ TEST_F(AppPropertiesTest, writesTheMissingDefaultsInOrderAndFlushesEach)
     for (const QString& key : kDefaulted.split(' '))
         texts.append(stored(key).toString());
     EXPECT_EQ(texts.join(' '), "8 42 600 20 5 50 80 700 0 4700 6200 1");
-    platform.defaults.values.clear();
-    EXPECT_EQ(informed("DevicePosition3", "4711.9").devicePosition3(), 4711);
-    platform.defaults.values.clear();
-    EXPECT_EQ(informed("DevicePosition3", QJsonValue::Undefined).devicePosition3(), 0);
-    EXPECT_TRUE(properties().hasDevicePosition3());
-}
-
-TEST_F(AppPropertiesTest, readsEachSettingUnderItsKey)
-{
-    const char* const kStored[] = {"AverageWorkDayHours=7.5", "TimeIdle=301", "TimeSnooze=602",
-        "TimeNotificationDismiss=23", "TimeNotificationDismissOnAction=4", "ActivityGoal=150",
-        "ActivityGoalDefault=75", "Weight=71.5", "WeightDefault=77", "DevicePosition1=711",
-        "DevicePosition2=4312", "DevicePosition3=4713", "TablePositionOffset=-620", "NumberOfStandUps=3",
-        "NumberOfStandupsdefault=2", "ActivityMode=1", "TablePositionOffsetDefault=12.5",
-        "DevicePositionOffset=-12.9", "Version=0.9"};
-    for (const QString pair : kStored)
-        stored(pair.section('=', 0, 0)) = pair.section('=', 1);
-    P& p = restarted();
-    EXPECT_EQ((QList<double> {p.averageWorkDayHours(), p.timeIdle(), p.timeSnooze(),
-                  p.timeNotificationDismiss(), p.timeNotificationDismissOnAction(), p.activityGoal(),
-                  p.activitGoalDefault(), p.weight(), p.weightDefault()}),
-        (QList<double> {7.5, 301, 602, 23, 4, 150, 75, 71.5, 77}));
-    EXPECT_EQ((QList<double> {double(p.devicePosition1()), double(p.devicePosition2()),
-                  double(p.devicePosition3()), double(p.tablePositionOffset()), double(p.numberOfStandUps()),
-                  p.numberOfStandUpsDefault(), double(p.activityMode()), p.tablePositionDefault(),
-                  double(p.devicePositionOffset()), p.tablePositionOffsetDefault()}),
-        (QList<double> {711, 4312, 4713, -620, 3, 2, 1, 12.5, -12, 0}));
-    EXPECT_EQ(p.version(), "0.9");
-    for (const auto& [key, has] : {std::pair("DevicePosition1", &P::hasDevicePosition1),
-             {"DevicePosition2", &P::hasDevicePosition2}, {"DevicePosition3", &P::hasDevicePosition3}}) {
-        EXPECT_TRUE((p.*has)());
-        P::removeValueForKey(key);
-        EXPECT_FALSE((p.*has)());
+    for (const auto& [value, position] : {std::pair<QJsonValue, int>("4711.9", 4711), {QJsonValue(), 0}}) {
+        platform.defaults.values.clear();
+        EXPECT_EQ(restarted("DevicePosition3", value).devicePosition3(), position);
+        EXPECT_TRUE(properties().hasDevicePosition3());
     }
 }
 
-TEST_F(AppPropertiesTest, clearsInOrderKeepsTheVersionAndTheCaches)
+TEST_F(AppPropertiesTest, readsEachSettingUnderItsKeyAndClearsAllButTheVersionInOrder)
 {
-    P& settings = properties();
-    settings.setVersion("1.0");
-    settings.setWeight(91);
-    settings.setNumberOfStandUps(3);
-    written();
-    settings.clearProperties();
+    const QString kStored = "AverageWorkDayHours=7.5 TimeIdle=301 TimeSnooze=602 TimeNotificationDismiss=23 "
+                            "TimeNotificationDismissOnAction=4 ActivityGoal=150 ActivityGoalDefault=75 "
+                            "Weight=71.5 WeightDefault=77 DevicePosition1=711 DevicePosition2=4312 "
+                            "DevicePosition3=4713 TablePositionOffset=-620 NumberOfStandUps=3 "
+                            "NumberOfStandupsdefault=2 ActivityMode=1 TablePositionOffsetDefault=12.5 "
+                            "DevicePositionOffset=-12.9 Version=0.9";
+    for (const QString& pair : kStored.split(' '))
+        stored(pair.section('=', 0, 0)) = pair.section('=', 1);
+    P& p = properties();
+    EXPECT_EQ((QList<double> {p.averageWorkDayHours(), p.timeIdle(), p.timeSnooze(),
+                  p.timeNotificationDismiss(), p.timeNotificationDismissOnAction(), p.activityGoal(),
+                  p.activitGoalDefault(), p.weight(), p.weightDefault(), p.numberOfStandUpsDefault(),
+                  p.tablePositionDefault(), p.tablePositionOffsetDefault()}),
+        (QList<double> {7.5, 301, 602, 23, 4, 150, 75, 71.5, 77, 2, 12.5, 0}));
+    EXPECT_EQ((QList<int> {p.devicePosition1(), p.devicePosition2(), p.devicePosition3(),
+                  p.tablePositionOffset(), p.numberOfStandUps(), p.activityMode(), p.devicePositionOffset()}),
+        (QList<int> {711, 4312, 4713, -620, 3, 1, -12}));
+    EXPECT_EQ(written(), "");
+    p.clearProperties();
     EXPECT_EQ(written(),
         "AverageWorkDayHours TimeIdle TimeSnooze TimeNotificationDismiss TimeNotificationDismissOnAction "
         "WeightDefault TablePositionOffset TablePositionOffsetDefault NumberOfStandUps "
         "NumberOfStandupsdefault DevicePosition1 DevicePosition2 DevicePosition3 Weight ActivityMode "
         "ActivityGoal "
             + kDefaulted);
-    EXPECT_EQ(stored("Version"), "1.0");
-    EXPECT_EQ(settings.weight(), 91);
-    EXPECT_EQ(settings.numberOfStandUps(), 0); // Read again at each call.
+    EXPECT_EQ(stored("Version"), "0.9");
+    EXPECT_EQ(p.weight(), 71.5) << "what is known stays";
+    EXPECT_EQ(p.numberOfStandUps(), 0) << "and this is read again at each call";
+    for (const auto& [key, has] : {std::pair("DevicePosition1", &P::hasDevicePosition1),
+             {"DevicePosition2", &P::hasDevicePosition2}, {"DevicePosition3", &P::hasDevicePosition3}}) {
+        EXPECT_TRUE((p.*has)());
+        P::removeValueForKey(key);
+        EXPECT_FALSE((p.*has)());
+    }
 }
 
 TEST_F(AppPropertiesTest, writesWhatDiffersFromTheCacheAndReadsSomeValuesAgain)
@@ -142,41 +123,35 @@ TEST_F(AppPropertiesTest, writesWhatDiffersFromTheCacheAndReadsSomeValuesAgain)
     expectWrites("DevicePosition3", &P::setDevicePosition3, &P::devicePosition3, false);
     expectWrites("TablePositionOffset", &P::setTablePositionOffset, &P::tablePositionOffset, true);
     expectWrites("NumberOfStandUps", &P::setNumberOfStandUps, &P::numberOfStandUps, true);
-}
-
-TEST_F(AppPropertiesTest, comparesTheVersionByTheIdentityOfItsText)
-{
-    P& settings = properties();
-    EXPECT_TRUE(settings.version().isNull());
-    written();
+    // The version is compared by the identity of its text.
+    EXPECT_TRUE(properties().version().isNull());
     const QString version = QString::fromLatin1("1.0.1");
-    settings.setVersion(version);
-    settings.setVersion(version);
-    EXPECT_EQ(written(), "Version");
-    settings.setVersion(QString::fromLatin1("1.0.1"));
-    EXPECT_EQ(written(), "Version");
-    settings.setVersion(QString());
-    EXPECT_FALSE(stored("Version").isValid());
-    EXPECT_TRUE(settings.version().isNull());
+    const std::pair<QString, const char*> kVersions[] = {
+        {version, "Version"}, {version, ""}, {QString::fromLatin1("1.0.1"), "Version"}, {{}, "Version"}};
+    for (const auto& [text, keys] : kVersions) {
+        written();
+        properties().setVersion(text);
+        EXPECT_EQ(written(), keys);
+        EXPECT_EQ(stored("Version").isValid(), !text.isNull());
+    }
 }
 
 TEST_F(AppPropertiesTest, crossesTheNumbersOfTheActivityModesAndCompletesAHalfDoneSetUp)
 {
-    const std::pair<QJsonValue, int32_t> kCases[] = {
-        {"1", 2}, {"2", 1}, {"3", 0}, {" 1", 0}, {"", 0}, {QJsonValue::Undefined, 0}};
+    const std::pair<QJsonValue, int32_t> kCases[] = {{"1", 2}, {"2", 1}, {"3", 0}, {" 1", 0}, {{}, 0}};
     for (const auto& [information, mode] : kCases) {
-        SCOPED_TRACE(qPrintable(information.toString()));
-        platform.defaults.values.clear();
-        P& settings = informed("ActivityModeDefault", information);
+        SCOPED_TRACE(mode);
+        platform.defaults.values = {{"WeightDefault", 77}};
+        P& settings = restarted("ActivityModeDefault", information);
         EXPECT_EQ(settings.activityMode(), mode);
-        EXPECT_FALSE(stored("ActivityMode").isValid()); // The fallback stays in memory.
+        EXPECT_FALSE(stored("ActivityMode").isValid()) << "the fallback stays in memory";
         EXPECT_FALSE(settings.isUserSetupCompleted());
-        stored("WeightDefault") = 77;
         EXPECT_TRUE(settings.setDefaultUserValues());
         EXPECT_EQ(stored("Weight"), 77.0);
         EXPECT_EQ(settings.isUserSetupCompleted(), mode != 0);
-        stored("ActivityGoal") = 0.0;
-        restarted().setDefaultUserValues();
+        settings.setActivityGoal(0);
+        stored("ActivityGoal") = 0;
+        settings.setDefaultUserValues();
         EXPECT_FALSE(properties().isUserSetupCompleted()) << "no default goal has ever been written";
         stored("ActivityGoalDefault") = 75;
         properties().setDefaultUserValues();
@@ -187,47 +162,42 @@ TEST_F(AppPropertiesTest, crossesTheNumbersOfTheActivityModesAndCompletesAHalfDo
 /// A stored value as somebody left it in the file, and what the program goes by.
 TEST_F(AppPropertiesTest, neverGoesByANumberThatASettingCannotHold)
 {
-    const struct {
-        QString key;
-        double least, most, otherwise;
-    } kSettings[] = {{"AverageWorkDayHours", 0.01, 24, 8}, {"TimeIdle", 1, 86400, 300},
-        {"TimeSnooze", 1, 86400, 600}, {"TimeNotificationDismiss", 1, 86400, 20},
-        {"TimeNotificationDismissOnAction", 1, 86400, 5}, {"ActivityGoal", 0, 10000, 50},
-        {"WeightDefault", 0, 999, 80}, {"Weight", 0, 999, 80}, {"DevicePosition1", 0, 65535, 700},
-        {"DevicePosition2", 0, 65535, 4300}, {"DevicePosition3", 0, 65535, 4700},
-        {"TablePositionOffset", -635000, 635000, 6200}, {"NumberOfStandUps", 0, 6, 0},
-        {"NumberOfStandupsdefault", 1, 6, 1}};
-    const std::pair<QVariant, const char*> kNoNumbers[] = {{"1e400", "1e400"}, {kInfinity, "inf"},
-        {-kInfinity, "-inf"}, {"nan", "nan"}, {" 80\nkg", "80 kg"}, {QStringList {"80", "5"}, "80,5"},
-        {QString(4000, 'x'), "xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx"},
-        {QVariantMap {{"a", 1}}, ""}};
+    // Key, least, most, and what counts otherwise.
+    const QString kSettings = "AverageWorkDayHours 0.01 24 8,TimeIdle 1 86400 300,TimeSnooze 1 86400 600,"
+                              "TimeNotificationDismiss 1 86400 20,TimeNotificationDismissOnAction 1 86400 5,"
+                              "ActivityGoal 0 10000 50,WeightDefault 0 999 80,Weight 0 999 80,"
+                              "DevicePosition1 0 65535 700,DevicePosition2 0 65535 4300,"
+                              "DevicePosition3 0 65535 4700,TablePositionOffset -635000 635000 6200,"
+                              "NumberOfStandUps 0 6 0,NumberOfStandupsdefault 1 6 1";
+    const std::pair<QVariant, QString> kNoNumbers[] = {{"1e400", "1e400"}, {INFINITY, "inf"},
+        {-INFINITY, "-inf"}, {"nan", "nan"}, {" 80\nkg", "80 kg"}, {QStringList {"80", "5"}, "80,5"},
+        {QString(61, 'x'), QString(60, 'x')}, {QVariantMap {{"a", 1}}, ""}};
     // The default locale has no say: a decimal comma would turn 0.5 into something else.
     QLocale::setDefault(QLocale("de_DE"));
-    for (const auto& [key, least, most, otherwise] : kSettings) {
-        SCOPED_TRACE(qPrintable(key));
-        testing::internal::CaptureStderr();
-        for (const double held : {least, most}) {
-            stored(key) = QString::number(held, 'g', 12);
+    for (const QString& setting : kSettings.split(',')) {
+        SCOPED_TRACE(qPrintable(setting));
+        const QString key = setting.section(' ', 0, 0);
+        const double otherwise = setting.section(' ', 3).toDouble();
+        for (const int limit : {1, 2}) {
+            const double held = setting.section(' ', limit, limit).toDouble();
+            stored(key) = setting.section(' ', limit, limit);
             EXPECT_EQ(P::getDoubleForKey(key), held);
-        }
-        for (const double notHeld : {least - 1, most + 1}) {
-            stored(key) = notHeld;
+            stored(key) = held + (limit == 1 ? -1 : 1);
             EXPECT_EQ(P::getDoubleForKey(key), otherwise);
         }
-        EXPECT_EQ(QString::fromStdString(testing::internal::GetCapturedStderr()).count('\n'), 2);
         for (const auto& [value, shown] : kNoNumbers) {
             testing::internal::CaptureStderr();
             stored(key) = value;
             for (int i = 0; i < 2; ++i)
                 EXPECT_EQ(P::getDoubleForKey(key), otherwise);
-            const QString log = QString::fromStdString(testing::internal::GetCapturedStderr());
-            EXPECT_EQ(log.section("] ", 1),
+            EXPECT_EQ(QString::fromStdString(testing::internal::GetCapturedStderr()).section("] ", 1),
                 QString("The setting \"%1\" cannot hold \"%2\"; %3 counts instead.\n")
                     .arg(key, shown)
                     .arg(otherwise))
                 << "said once";
         }
-        restarted();
+        platform.restart();
+        properties();
         EXPECT_EQ(stored(key), otherwise) << "the next start mends the file";
         stored(key) = QVariant();
         EXPECT_EQ(P::getDoubleForKey(key), 0) << "what is missing";
@@ -235,26 +205,21 @@ TEST_F(AppPropertiesTest, neverGoesByANumberThatASettingCannotHold)
     QLocale::setDefault(QLocale::system());
 }
 
-TEST_F(AppPropertiesTest, givesACountThatMayDivide)
+TEST_F(AppPropertiesTest, givesACountThatMayDivideReadsAddressesAndMakesOneHub)
 {
     const struct {
         QVariant count, defaultCount;
         int32_t divisor;
     } kCases[] = {{4, 3, 4}, {QVariant(), 3, 3}, {0, 3.9, 3}, {0, QVariant(), 1}, {1, 3, 1}};
+    properties().startZelvoController();
     for (const auto& [count, defaultCount, divisor] : kCases) {
-        properties();
         stored("NumberOfStandUps") = count;
         stored("NumberOfStandupsdefault") = defaultCount;
         EXPECT_EQ(properties().standUpsForDivision(), divisor) << qPrintable(count.toString());
     }
-}
-
-TEST_F(AppPropertiesTest, readsTheBundleAndMakesOneHub)
-{
     for (const QString url : {"https://zelvo.example/a?b=c", "", "http://[::1", "a b"})
-        EXPECT_EQ(informed("InfoUrl", url).infoUrl().toString(), url.startsWith("https") ? url : QString());
+        EXPECT_EQ(restarted("InfoUrl", url).infoUrl().toString(), url.startsWith("https") ? url : QString());
     EXPECT_EQ(properties().errorUrl().path() + properties().videoUrl().path(), "/errors/video");
-    properties().startZelvoController();
     int made = 0;
     properties().setZelvoControllerFactory([&made] { return ++made, std::make_shared<ZelvoController>(); });
     for (int i = 0; i < 2; ++i)
@@ -274,16 +239,15 @@ TEST_F(AppPropertiesTest, everyKindOfValueHasAPrimitiveAndWithoutAStoreNoneDoesA
         P::setBool(true, "Bool");
         P::setArray({1, "x"}, "Array");
         P::setDict({{"a", 1}}, "Dict");
-        EXPECT_EQ(written(), hasStore ? "String Integer Double Bool Array Dict" : "");
-        EXPECT_EQ(platform.defaults.flushes, hasStore ? 6 : 7);
         EXPECT_EQ(P::getStringForKey("String"), hasStore ? "a;b" : "");
         EXPECT_EQ(P::getIntegerForkey("Integer"), hasStore ? -7 : 0);
-        EXPECT_TRUE(
-            hasStore ? P::getDoubleForKey("Double") == 2.5 : std::isnan(P::getDoubleForKey("Double")));
+        EXPECT_TRUE(P::getDoubleForKey("Double") == 2.5 || !hasStore);
+        EXPECT_EQ(std::isnan(P::getDoubleForKey("Double")), !hasStore);
         EXPECT_EQ(P::getBoolForKey("Bool"), hasStore);
         EXPECT_EQ(P::getArrayForKey("Array"), hasStore ? QVariantList({1, "x"}) : QVariantList());
         EXPECT_EQ(P::getDictForKey("Dict"), hasStore ? QVariantMap({{"a", 1}}) : QVariantMap());
         P::removeValueForKey("Bool");
-        EXPECT_EQ(written(), hasStore ? "Bool" : "");
+        EXPECT_EQ(written(), hasStore ? "String Integer Double Bool Array Dict Bool" : "");
+        EXPECT_EQ(platform.defaults.flushes, 7);
     }
 }

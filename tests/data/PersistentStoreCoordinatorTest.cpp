@@ -1,43 +1,24 @@
 #include "data/PersistentStoreCoordinator.h"
 
 #include "data/SqlStatement.h"
-#include "fakes/TestStore.h"
+#include "data/StoreFile.h"
 
 #include <QDir>
-#include <QFile>
+#include <QElapsedTimer>
 
-#include <functional>
+#include <csignal>
+#include <fcntl.h>
 #include <random>
-#include <sqlite3.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace {
-QByteArray contents(const QString& path)
+QByteArray randomBytes(qsizetype size)
 {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void write(const QString& path, const QByteArray& bytes)
-{
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    ASSERT_EQ(file.write(bytes), bytes.size());
-}
-
-QByteArray randomBytes(qsizetype size, unsigned seed = 1)
-{
-    std::mt19937 engine(seed);
+    std::mt19937 engine(1);
     QByteArray bytes(size, '\0');
     std::generate(bytes.begin(), bytes.end(), [&] { return char(engine()); });
     return bytes;
-}
-
-void executeOn(const QString& path, const char* sql)
-{
-    sqlite3* connection = nullptr;
-    ASSERT_EQ(sqlite3_open(qPrintable(path), &connection), SQLITE_OK);
-    EXPECT_EQ(sqlite3_exec(connection, sql, nullptr, nullptr, nullptr), SQLITE_OK);
-    sqlite3_close(connection);
 }
 
 class PersistentStoreCoordinatorTest : public testing::Test {
@@ -45,31 +26,46 @@ protected:
     PersistentStoreCoordinatorTest()
     {
         for (const QString key : {"StoreDamaged", "StoreForeign", "StoreMissingBesideLog", "StoreTooNew",
-                 "StoreNotAFile", "StoreInUse"})
+                 "StoreNotAFile", "StoreInUse", "StoreNotWritable"})
             platform.texts.byKey.insert(key, key + ": %1");
     }
 
-    /// A store of that many records, closed.
-    void makeStore(int records)
+    /// A store of some records, closed; the log that one more leaves behind after an unclean end.
+    QByteArray makeStore(int records)
     {
-        TestStore store(platform);
-        for (int i = 0; i < records; ++i)
-            store.insert(
-                TestPlatform::kStart + 1200.0 * i, TestPlatform::kStart + 1200.0 * (i + 1), i % 2 == 0);
         Error saveError;
-        ASSERT_TRUE(store.context->save(saveError));
+        for (const int count : {records, 1}) {
+            TestStore store(platform);
+            for (int i = 0; i < count; ++i)
+                store.insert(1200.0 * i, 1200.0 * (i + 1), i % 2 == 0);
+            EXPECT_TRUE(store.context->save(saveError));
+            if (count == 1)
+                return contents(path + "-wal");
+        }
+        return {};
     }
     std::unique_ptr<PersistentStoreCoordinator> open()
     {
         return PersistentStoreCoordinator::open({}, path, error);
     }
-    /// Opening fails with that text, which names the file, and advises what to do about it.
-    void expectRefusal(const QString& text)
+    /// Opening fails with that text, which names the file, and advises what to do about it. Answers after how
+    /// many milliseconds.
+    qint64 expectRefusal(const QString& text)
     {
+        QElapsedTimer clock;
+        clock.start();
         EXPECT_FALSE(open());
         EXPECT_EQ(error.localizedDescription, text + ": " + path);
         EXPECT_TRUE(error.failureReason.startsWith("StoreAdvice"));
         EXPECT_TRUE(error.failureReason.endsWith(" StoreNothingRecorded"));
+        return clock.elapsed();
+    }
+    sqlite3* connect(const char* sql)
+    {
+        sqlite3* connection = nullptr;
+        sqlite3_open(qPrintable(path), &connection);
+        execute(connection, sql);
+        return connection;
     }
 
     TestPlatform platform;
@@ -96,74 +92,76 @@ TEST_F(PersistentStoreCoordinatorTest, makesANewStoreOfNothingWhoseCommitsAreOnD
 
 TEST_F(PersistentStoreCoordinatorTest, refusesWhatIsNoGoodStoreAndLeavesItAsItIs)
 {
+    const QByteArray log = makeStore(1000);
+    const QByteArray sound = contents(path);
+    const auto after = [&](const char* sql) {
+        write(path, sound);
+        sqlite3_close(connect(sql));
+        return contents(path);
+    };
+    const auto withZeros = [](QByteArray store) { return store.replace(8192, 4096, QByteArray(4096, '\0')); };
+    const QByteArray large = after("CREATE TABLE Large AS SELECT zeroblob(9000000) AS bytes");
     const struct {
         const char* name;
-        std::function<void()> spoil;
+        QByteArray store;
+        QByteArray log;
         const char* text;
     } kCases[] = {
-        {"random bytes", [&] { write(path, randomBytes(9000)); }, "StoreDamaged"},
-        {"zeros", [&] { write(path, QByteArray(8192, '\0')); }, "StoreDamaged"},
-        {"cut in the first page", [&] { QFile::resize(path, 1000); }, "StoreDamaged"},
-        {"cut by a byte", [&] { QFile::resize(path, QFile(path).size() - 1); }, "StoreDamaged"},
-        {"pages overwritten", [&] { write(path, contents(path).left(4096) + randomBytes(40000)); },
-            "StoreDamaged"},
-        {"a page of zeros", [&] { write(path, contents(path).replace(8192, 4096, QByteArray(4096, '\0'))); },
-            "StoreDamaged"},
-        {"empty beside its log",
-            [&] {
-                write(path, {});
-                write(path + "-wal", randomBytes(5000));
-            },
-            "StoreMissingBesideLog"},
-        {"a page of zeros beside its log",
-            [&] {
-                TestStore store(platform);
-                store.insert(0, 1, true);
-                EXPECT_TRUE(store.context->save(error));
-                const QByteArray log = contents(path + "-wal");
-                store.close();
-                write(path, contents(path).replace(8192, 4096, QByteArray(4096, '\0')));
-                write(path + "-wal", log);
-            },
-            "StoreDamaged"},
-        {"foreign tables",
-            [&] { executeOn(path, "DROP TABLE Activity; PRAGMA user_version = 0; CREATE TABLE Other(a)"); },
+        {"random bytes", randomBytes(9000), {}, "StoreDamaged"},
+        {"zeros", QByteArray(8192, '\0'), {}, "StoreDamaged"},
+        {"cut in the first page", sound.left(1000), {}, "StoreDamaged"},
+        {"cut by a byte", sound.chopped(1), {}, "StoreDamaged"},
+        {"pages overwritten", sound.left(4096) + randomBytes(40000), {}, "StoreDamaged"},
+        {"a page of zeros", withZeros(sound), {}, "StoreDamaged"},
+        {"a page of zeros beside its log", withZeros(sound), log, "StoreDamaged"},
+        {"a page of zeros in a large store beside its log", withZeros(large), log, "StoreDamaged"},
+        {"empty beside its log", {}, log, "StoreMissingBesideLog"},
+        {"foreign tables", after("DROP TABLE Activity; PRAGMA user_version = 0; CREATE TABLE Other(a)"), {},
             "StoreForeign"},
-        {"no table", [&] { executeOn(path, "DROP TABLE Activity"); }, "StoreForeign"},
-        {"a column is missing",
-            [&] {
-                executeOn(path,
-                    "DROP INDEX UsualActivity; DROP INDEX OddActivity; ALTER TABLE Activity DROP COLUMN "
-                    "weight");
-            },
-            "StoreForeign"},
-        {"no version", [&] { executeOn(path, "PRAGMA user_version = 0"); }, "StoreForeign"},
-        {"a newer version", [&] { executeOn(path, "PRAGMA user_version = 2"); }, "StoreTooNew"},
+        {"no table", after("DROP TABLE Activity"), {}, "StoreForeign"},
+        {"a column of another name", after("ALTER TABLE Activity RENAME weight TO mass"), {}, "StoreForeign"},
+        {"no version", after("PRAGMA user_version = 0"), {}, "StoreForeign"},
+        {"a newer version", after("PRAGMA user_version = 2"), {}, "StoreTooNew"},
     };
     for (const auto& row : kCases) {
         SCOPED_TRACE(row.name);
-        makeStore(1000);
-        row.spoil();
-        const QByteArray before = contents(path);
-        const QByteArray logBefore = contents(path + "-wal");
-        expectRefusal(row.text);
-        EXPECT_TRUE(contents(path) == before && contents(path + "-wal") == logBefore);
-        QFile::remove(path);
         QFile::remove(path + "-wal");
+        write(path, row.store);
+        if (!row.log.isEmpty())
+            write(path + "-wal", row.log);
+        expectRefusal(row.text);
+        EXPECT_TRUE(contents(path) == row.store && contents(path + "-wal") == row.log);
     }
+    QFile::remove(path + "-wal");
+    write(path, withZeros(large));
+    EXPECT_TRUE(open()) << "a large store is read through after an unclean end only";
+    QFile::remove(path);
     ASSERT_TRUE(QDir().mkpath(path));
     expectRefusal("StoreNotAFile");
+    QFile::remove(path + ".lock");
+    ASSERT_TRUE(QDir().mkpath(path + ".lock"));
+    expectRefusal("StoreNotWritable");
 }
 
-TEST_F(PersistentStoreCoordinatorTest, doesNotWaitForAnotherProgramThatHasTheStore)
+TEST_F(PersistentStoreCoordinatorTest, hardlyWaitsForAnotherProgramThatHasTheStore)
 {
     makeStore(10);
-    sqlite3* connection = nullptr;
-    sqlite3_open(qPrintable(path), &connection);
-    ASSERT_EQ(sqlite3_exec(
-                  connection, "PRAGMA locking_mode = EXCLUSIVE; BEGIN IMMEDIATE", nullptr, nullptr, nullptr),
-        SQLITE_OK);
-    expectRefusal("StoreInUse");
+    int ready[2];
+    ASSERT_EQ(pipe(ready), 0);
+    const pid_t other = fork();
+    if (other == 0) {
+        const int lock = ::open(qPrintable(path + ".lock"), O_RDWR | O_CLOEXEC);
+        _exit(lockf(lock, F_TLOCK, 0) != 0 || ::write(ready[1], "", 1) != 1 || pause());
+    }
+    char byte = 0;
+    EXPECT_EQ(read(ready[0], &byte, 1), 1);
+    EXPECT_LT(expectRefusal("StoreInUse"), 80);
+    kill(other, SIGKILL);
+    waitpid(other, nullptr, 0);
+
+    sqlite3* connection = connect("PRAGMA locking_mode = EXCLUSIVE; BEGIN IMMEDIATE");
+    const qint64 waited = expectRefusal("StoreInUse");
+    EXPECT_TRUE(waited >= 80 && waited < 1000) << waited << " ms";
     sqlite3_close(connection);
     EXPECT_TRUE(open());
 }
@@ -171,6 +169,6 @@ TEST_F(PersistentStoreCoordinatorTest, doesNotWaitForAnotherProgramThatHasTheSto
 TEST_F(PersistentStoreCoordinatorTest, makesDroppedIndexesAgain)
 {
     makeStore(10);
-    executeOn(path, "DROP INDEX UsualActivity; DROP INDEX OddActivity");
-    EXPECT_EQ(TestStore(platform).all().size(), 10U);
+    sqlite3_close(connect("DROP INDEX UsualActivity; DROP INDEX OddActivity"));
+    EXPECT_EQ(TestStore(platform).all().size(), 11U);
 }
