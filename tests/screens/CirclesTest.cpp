@@ -136,7 +136,9 @@ TEST_F(CircleIndicatorViewTest, showsItsShareOnAWhiteDiscAndTellsItToScreenReade
     QAccessibleInterface* told = QAccessible::queryAccessibleInterface(&view);
     EXPECT_EQ(told->text(QAccessible::Name), "Today");
     view.setValue(QStringLiteral("250"));
+    EXPECT_EQ(view.textFieldValue()->text(), "250");
     view.setTitle("Calories");
+    EXPECT_EQ(view.textFieldTitle()->text(), "CALORIES");
     EXPECT_EQ(told->text(QAccessible::Name), "Today: 250 Calories");
     EXPECT_EQ(told->text(QAccessible::Value), "66 %");
     EXPECT_EQ(told->valueInterface()->currentValue().toDouble(), 66.7);

@@ -46,6 +46,8 @@ TEST_F(MemoryRowTest, theEditorTakesTheButtonsPlaceMovesTheDeskAndStoresItsHeigh
             EXPECT_EQ(memoryButton(other).isHidden(), other == index);
         EXPECT_EQ(wizard->window().findChildren<QWidget*>("MemoryView").size(), 1);
         EXPECT_TRUE(find("buttonUp").hasFocus());
+        EXPECT_EQ(find("buttonUp").accessibleDescription(), "Hold to raise the desk");
+        EXPECT_EQ(find("buttonDown").accessibleDescription(), "Hold to lower the desk");
         for (const auto& [button, expected] : {std::pair("buttonDown", kDown), {"buttonUp", kUp}}) {
             QTest::mousePress(&find(button), Qt::LeftButton);
             EXPECT_EQ(movement(), expected);

@@ -87,6 +87,9 @@ TEST_F(SetupEntriesTest, thatCannotBeStoredAreRefusedAndTheLimitsTold)
     click(find("buttonMemory2")); // This stores the height too.
     EXPECT_TRUE(refusal.isVisible());
     EXPECT_TRUE(platform.defaults.writes.isEmpty());
+    click(find("buttonDone"));
+    open();
+    EXPECT_FALSE(refusal.isVisible());
 }
 
 TEST_F(SetupEntriesTest, areRefilledWhenEmptyExceptTheHeight)
