@@ -5,7 +5,6 @@
 #include "ui/Button.h"
 #include "ui/Palette.h"
 
-#include <QFile>
 #include <QLabel>
 #include <QTest>
 
@@ -109,25 +108,6 @@ TEST_F(HistoryWindowControllerTest, sumsBelowZeroWithoutAStoreAndBeforeSetUpAreZ
     EXPECT_EQ(shown(), "0 0 0 0 Your week so far buttonWeek");
     click("exportToExcelLabel");
     EXPECT_TRUE(dialogs.proposedFileNames.isEmpty());
-}
-
-TEST_F(HistoryWindowControllerTest, theExportCoversEverythingUntilAPeriodButtonEndsThat)
-{
-    stood(0, 22);
-    stood(4000, 30); // 2013
-    stood(4100, 99); // 2012
-    open();
-    dialogs.savePanelAnswer = platform.folder.filePath("export.csv");
-    click("exportToExcelLabel");
-    QFile file(*dialogs.savePanelAnswer);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    EXPECT_EQ(file.readAll(),
-        "Standing Minutes;Calories burned;Standing session count;Goals met;\n52.00; 43.96; 2; 2; ");
-    EXPECT_EQ(shown(), "22 18 1 1 Your week so far buttonWeek");
-    controller->updateData(); // Keeps the export's start.
-    EXPECT_EQ(shown(), "52 43 2 2 Your week so far buttonWeek");
-    click("buttonDay");
-    EXPECT_EQ(shown(), "22 18 1 1 Your day so far buttonDay");
 }
 
 TEST_F(HistoryWindowControllerTest, numbersShareTheLargestSizeAtWhichEachFits)
