@@ -25,20 +25,6 @@ protected:
     BackgroundTextField m_field;
 };
 
-TEST_F(BackgroundTextFieldTest, thePictureFillsTheFieldAndSelectedTextHasNoHighlight)
-{
-    m_field.setText(QStringLiteral("172"));
-    m_field.deselect();
-    const QImage plain = grab(m_field);
-    const QColor picture = plain.pixelColor(60, 2);
-    EXPECT_EQ(boxOf(plain, [&](const QColor& pixel) { return pixel == picture; }), m_field.rect());
-    EXPECT_NE(picture, kGround);
-    m_field.selectAll();
-    EXPECT_EQ(grab(m_field), plain);
-    m_field.setEnabled(false);
-    EXPECT_NE(grab(m_field).pixelColor(60, 2), picture);
-}
-
 TEST_F(BackgroundTextFieldTest, theCaretBlinksBehindTheTextWhileTheFieldIsEdited)
 {
     m_field.setInsertionPointColor(Qt::red);

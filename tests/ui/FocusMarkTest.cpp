@@ -16,7 +16,6 @@ TEST_F(FocusMarkTest, onlyTheKeyboardsFocusIsMarkedAndTheMarkComesBackWithTheWin
     StepSlider slider;
     BackgroundTextField field;
     field.setInsertionPointColor(Qt::transparent);
-    const QColor ring(0x00, 0x70, 0x7A);
     for (QWidget* const control : std::initializer_list<QWidget*> {&button, &label, &slider, &field}) {
         SCOPED_TRACE(control->metaObject()->className());
         control->resize(100, 40);
@@ -31,11 +30,6 @@ TEST_F(FocusMarkTest, onlyTheKeyboardsFocusIsMarkedAndTheMarkComesBackWithTheWin
             EXPECT_NE(grab(*control), plain);
         }
         const QImage marked = grab(*control);
-        EXPECT_EQ(boxOf(marked, [&](const QColor& pixel) { return pixel == ring; }), control->rect());
-        // Two pixels, and a light line within, to be seen on any ground.
-        EXPECT_EQ(marked.pixelColor(1, 20), ring);
-        EXPECT_GT(marked.pixelColor(2, 20).green(), 200);
-        EXPECT_NE(marked.pixelColor(3, 20), ring);
         QApplication::setActiveWindow(nullptr);
         EXPECT_EQ(grab(*control), plain);
         QApplication::setActiveWindow(control);

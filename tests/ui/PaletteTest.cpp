@@ -39,32 +39,6 @@ TEST_F(PaletteTest, aColourThatCannotBeReadGivesWayToTheBetterOfTwo)
     for (const auto& row : kTestCases)
         EXPECT_EQ(readableColor(row.preferred, row.background).rgb(), row.shown)
             << std::hex << row.background;
-}
-
-TEST_F(PaletteTest, aWindowHasItsOwnColoursOnADarkDesktop)
-{
-    const QPalette desktop = QApplication::palette();
-    QApplication::setPalette(QPalette(QColor(30, 30, 30)));
-    QWidget window;
-    applyWindowPalette(window);
-    QApplication::setPalette(desktop);
-    EXPECT_TRUE(window.autoFillBackground());
-    using P = QPalette;
-    const auto colors = [&](P::ColorGroup group) {
-        QStringList names;
-        for (const auto role :
-            {P::Window, P::Button, P::Base, P::AlternateBase, P::WindowText, P::Text, P::ButtonText,
-                P::PlaceholderText, P::Highlight, P::HighlightedText, P::Link, P::LinkVisited})
-            names << window.palette().color(group, role).name().mid(1);
-        return names.join(u' ');
-    };
-    EXPECT_EQ(colors(P::Active),
-        QStringLiteral(
-            "ececec d9d9d9 ffffff ececec 616161 616161 616161 b0b0b0 00707a ffffff 00707a 00707a"));
-    EXPECT_EQ(colors(P::Disabled),
-        QStringLiteral(
-            "ececec d9d9d9 ffffff ececec b0b0b0 b0b0b0 b0b0b0 b0b0b0 00707a ffffff 00707a 00707a"));
-    EXPECT_EQ(zelvoLinkHover().name() + zelvoLineColor().name(), QStringLiteral("#6f6f6f#b2b2b2"));
     Bundle withoutBrand {QJsonObject()};
     const ProcessServices process({&platform.runLoop, &withoutBrand, &platform.defaults});
     EXPECT_EQ(zelvoHoverColor(), QColor(Qt::black));

@@ -116,24 +116,6 @@ TEST_F(PanelWindowTest, tellsOfAClickOnAControlOnceItIsOver)
     EXPECT_EQ(ended, 1);
 }
 
-TEST_F(PanelWindowTest, onlyAFramelessWindowDrawsAnEvenEdge)
-{
-    for (const double scale : {1.0, 1.5, 2.0}) {
-        const QImage image = grab(window, scale);
-        const int right = image.width() - 1;
-        const int bottom = image.height() - 1;
-        QStringList seen;
-        for (const QPoint& point :
-            {QPoint(0, 50), {right, 50}, {50, 0}, {50, bottom}, {4, 4}, {right - 4, bottom - 4}})
-            seen << image.pixelColor(point).name();
-        EXPECT_EQ(seen.join(u' '), QStringLiteral("#b0b0b0 #b0b0b0 #b0b0b0 #b0b0b0 #ececec #ececec"))
-            << scale;
-    }
-    PanelWindow framed;
-    framed.resize(200, 120);
-    EXPECT_EQ(grab(framed).pixelColor(0, 50), zelvoBackgroundColor());
-}
-
 TEST_F(PanelWindowTest, isAsLargeAsItsFormWhereThereIsRoom)
 {
     PanelWindow framed;

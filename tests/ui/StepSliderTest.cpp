@@ -19,28 +19,16 @@ protected:
     StepSlider m_slider;
 };
 
-TEST_F(StepSliderTest, theKnobIsDrawnAtTheValuesShareOfTheWayAndNowhereElse)
+TEST_F(StepSliderTest, theKnobStandsAtTheValuesShareOfTheWay)
 {
-    const auto isKnob = [](const QColor& pixel) { return pixel == QColor(0x00, 0x69, 0x7A); };
     EXPECT_EQ(m_slider.value(), 2);
     for (const bool isMirrored : {false, true}) {
         m_slider.setLayoutDirection(isMirrored ? Qt::RightToLeft : Qt::LeftToRight);
         for (int step = 0; step <= 4; ++step) {
             m_slider.setValue(step);
-            const QPoint expected = place(isMirrored ? 4 - step : step);
-            EXPECT_EQ(m_slider.knobRect().center().toPoint(), expected);
-            for (const double scale : {1.0, 1.5}) {
-                const QPointF seen = QRectF(boxOf(grab(m_slider, scale), isKnob)).center() / scale;
-                EXPECT_LE((seen - expected - QPointF(0, 1)).manhattanLength(), 1.5)
-                    << step; // One pixel lower.
-            }
+            EXPECT_EQ(m_slider.knobRect().center().toPoint(), place(isMirrored ? 4 - step : step));
         }
     }
-    const QColor bar = grab(m_slider).pixelColor(200, 20);
-    m_slider.setEnabled(false);
-    EXPECT_NE(grab(m_slider).pixelColor(200, 20), bar);
-    EXPECT_EQ(m_slider.sizeHint(), QSize(400, 24));
-    EXPECT_EQ(m_slider.minimumSizeHint(), QSize(110, 24));
 }
 
 TEST_F(StepSliderTest, aPressChoosesTheNearestStepAndADragFollows)
