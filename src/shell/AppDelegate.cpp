@@ -4,7 +4,6 @@
 #include "data/ManagedObjectContext.h"
 #include "data/PersistentStoreCoordinator.h"
 #include "desk/ZelvoController.h"
-#include "platform/Bundle.h"
 #include "platform/Log.h"
 #include "platform/LoginItems.h"
 #include "screens/HistoryWindowController.h"
@@ -29,10 +28,6 @@ constexpr int kExpectedFolder = 101;
 /// The release whose first start gives the reminder's dismiss time its new default.
 const QString kDismissTimeRelease = QStringLiteral("1.0.1");
 
-QString localized(const QString& key)
-{
-    return Bundle::main().localizedString(key);
-}
 }
 
 AppDelegate::AppDelegate(Dependencies dependencies)
@@ -89,11 +84,10 @@ void AppDelegate::setupStatusBar()
     m_menuletView = std::make_unique<MenuletView>(m_statusItem);
     m_menuletView->setDelegate(m_menuletController.get());
 
-    m_statusMenuOpen = addMenuItem(QStringLiteral("ContextMenuOpen"), &AppDelegate::menuOpenClicked);
-    m_statusMenuHistory = addMenuItem(QStringLiteral("ContextMenuHistory"), &AppDelegate::menuHistoryClicked);
-    m_statusMenuSettings =
-        addMenuItem(QStringLiteral("ContextMenuSettings"), &AppDelegate::menuSettingsClicked);
-    m_statusMenuQuit = addMenuItem(QStringLiteral("ContextMenuExit"), &AppDelegate::terminate);
+    m_statusMenuOpen = addMenuItem(qtTrId("ContextMenuOpen"), &AppDelegate::menuOpenClicked);
+    m_statusMenuHistory = addMenuItem(qtTrId("ContextMenuHistory"), &AppDelegate::menuHistoryClicked);
+    m_statusMenuSettings = addMenuItem(qtTrId("ContextMenuSettings"), &AppDelegate::menuSettingsClicked);
+    m_statusMenuQuit = addMenuItem(qtTrId("ContextMenuExit"), &AppDelegate::terminate);
     QObject::connect(&m_statusMenu, &QMenu::aboutToShow, &m_statusMenu, [this] { validateMenu(); });
     QObject::connect(
         &m_statusMenu, &QMenu::aboutToHide, &m_statusMenu, [this] { m_menuletController->menuDidClose(); });
@@ -186,17 +180,15 @@ bool AppDelegate::ensureFilesFolder(const QString& folder)
     if (QFileInfo(folder).isDir())
         return true;
     Error error {kErrorDomain, kExpectedFolder,
-        localized(QStringLiteral("Expected a folder to store application data, found a file (%1)."))
-            .arg(folder),
-        localized(QStringLiteral("DataFolderAdvice"))};
+        qtTrId("Expected a folder to store application data, found a file (%1).").arg(folder),
+        qtTrId("DataFolderAdvice")};
     if (!QFileInfo::exists(folder)) {
         std::error_code failure; // Made once more for its reason, which Qt does not tell.
         std::filesystem::create_directories(QFileInfo(folder).filesystemFilePath(), failure);
         if (!failure)
             return true;
         error = {QString::fromLatin1(failure.category().name()), failure.value(),
-            localized(QStringLiteral("DataFolderError")).arg(QDir::toNativeSeparators(folder)),
-            localized(QStringLiteral("DataFolderAdvice"))};
+            qtTrId("DataFolderError").arg(QDir::toNativeSeparators(folder)), qtTrId("DataFolderAdvice")};
         Log::line(QString::fromLocal8Bit(failure.message().c_str()));
     }
     m_dependencies.dialogs.presentError(error);
@@ -262,11 +254,10 @@ AppDelegate::TerminateReply AppDelegate::applicationShouldTerminate()
         return TerminateReply::Now;
     if (m_dependencies.dialogs.presentError(error))
         return TerminateReply::Cancel;
-    const int answer = m_dependencies.dialogs.runAlert(
-        localized(QStringLiteral("Could not save changes while quitting. Quit anyway?")),
-        localized(QStringLiteral(
-            "Quitting now will lose any changes you have made since the last successful save")),
-        {localized(QStringLiteral("Quit anyway")), localized(QStringLiteral("Cancel"))});
+    const int answer =
+        m_dependencies.dialogs.runAlert(qtTrId("Could not save changes while quitting. Quit anyway?"),
+            qtTrId("Quitting now will lose any changes you have made since the last successful save"),
+            {qtTrId("Quit anyway"), qtTrId("Cancel")});
     // Both buttons answer with a code above zero, so both quit: a program that is told to end ends.
     return answer == 0 ? TerminateReply::Cancel : TerminateReply::Now;
 }
@@ -318,9 +309,9 @@ MenuletController::Windows AppDelegate::makeWindows()
     };
 }
 
-QAction* AppDelegate::addMenuItem(const QString& key, void (AppDelegate::*action)())
+QAction* AppDelegate::addMenuItem(const QString& title, void (AppDelegate::*action)())
 {
-    QAction* item = m_statusMenu.addAction(localized(key));
+    QAction* item = m_statusMenu.addAction(title);
     QObject::connect(item, &QAction::triggered, &m_statusMenu, [this, action] { (this->*action)(); });
     return item;
 }

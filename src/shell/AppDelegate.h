@@ -100,7 +100,7 @@ public:
 
 private:
     MenuletController::Windows makeWindows();
-    QAction* addMenuItem(const QString& key, void (AppDelegate::*action)());
+    QAction* addMenuItem(const QString& title, void (AppDelegate::*action)());
     void validateMenu();
     void provideZelvoController();
     bool ensureFilesFolder(const QString& folder);

@@ -1,6 +1,5 @@
 #include "shell/MenuletView.h"
 
-#include "platform/Bundle.h"
 #include "shell/MenuletController.h"
 #include "shell/PictureIcon.h"
 #include "shell/StatusItem.h"
@@ -71,6 +70,5 @@ void MenuletView::redraw()
         return; // The window's opening and closing change nothing that is drawn.
     m_shownConnected = connected;
     m_statusItem.setIcon(icon(connected));
-    m_statusItem.setToolTip(Bundle::main().localizedString(
-        connected ? QStringLiteral("TrayTooltipConnected") : QStringLiteral("TrayTooltipDisconnected")));
+    m_statusItem.setToolTip(connected ? qtTrId("TrayTooltipConnected") : qtTrId("TrayTooltipDisconnected"));
 }

@@ -6,17 +6,11 @@
 #include "data/Saturation.h"
 #include "desk/AdoptedDesk.h"
 #include "desk/Posture.h"
-#include "platform/Bundle.h"
 
 #include <QRandomGenerator>
 
 namespace {
 constexpr int kMessageCount = 10;
-
-QString localized(const QString& key)
-{
-    return Bundle::main().localizedString(key);
-}
 
 /// Each word with a capital and small letters after it.
 QString capitalized(const QString& text)
@@ -33,7 +27,7 @@ QStringList messages(const QString& keyPrefix)
 {
     QStringList list;
     for (int number = 1; number <= kMessageCount; ++number)
-        list.append(localized(keyPrefix + QString::number(number)));
+        list.append(qtTrId(qPrintable(keyPrefix + QString::number(number))));
     return list;
 }
 
@@ -85,23 +79,22 @@ void Notification::describeStandingUp()
     const int32_t minutes = minutesPerStandUp(schedule() ? schedule()->standingPerHour() : 0);
     if (properties.activityMode() == kTimeGoal) {
         m_indicatorValue = QString::number(minutes);
-        m_indicatorTitle = capitalized(localized(QStringLiteral("Minutes")));
+        m_indicatorTitle = capitalized(qtTrId("Minutes"));
         return;
     }
     const auto calories =
         saturated<int32_t>(CalorieCalculator::caloriesBurnedInMinutes(minutes, properties.weight()));
-    m_message =
-        QStringLiteral("%1 %2").arg(localized(QStringLiteral("NotificationDetailMessage1")).arg(minutes),
-            localized(QStringLiteral("NotificationDetailMessage2")).arg(calories));
+    m_message = QStringLiteral("%1 %2").arg(qtTrId("NotificationDetailMessage1").arg(minutes),
+        qtTrId("NotificationDetailMessage2").arg(calories));
     m_indicatorValue = QString::number(calories);
-    m_indicatorTitle = capitalized(localized(QStringLiteral("Calories")));
+    m_indicatorTitle = capitalized(qtTrId("Calories"));
 }
 
 void Notification::describeSittingDown()
 {
     const int32_t minutes = minutesPerStandUp(schedule() ? schedule()->sittingPerHour() : 0);
     m_indicatorValue = QString::number(minutes);
-    m_indicatorTitle = capitalized(localized(QStringLiteral("Mins")));
+    m_indicatorTitle = capitalized(qtTrId("Mins"));
     if (AppProperties::instance().activityMode() != kTimeGoal)
-        m_message = localized(QStringLiteral("NotificationSittingmemory")).arg(minutes);
+        m_message = qtTrId("NotificationSittingmemory").arg(minutes);
 }
