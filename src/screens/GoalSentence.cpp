@@ -23,9 +23,7 @@ QString goalSentence(const ChosenGoal& chosen)
     }
     const double minutes = timeOfEachStandUp(goal, chosen.standUps);
     const int decimals = minutes == std::trunc(minutes) ? 0 : 1;
-    const Bundle& bundle = Bundle::main();
-    return bundle.localizedString(QStringLiteral("SliderText"))
-        .arg(bundle.locale().toString(minutes, 'f', decimals));
+    return qtTrId("SliderText").arg(Bundle::main().locale().toString(minutes, 'f', decimals));
 }
 
 double timeOfEachStandUp(double goal, int32_t standUps)

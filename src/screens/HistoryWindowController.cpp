@@ -3,11 +3,10 @@
 #include "data/AppProperties.h"
 #include "data/ExportManager.h"
 #include "data/FixedPoint.h"
-#include "platform/Bundle.h"
 #include "ui/FontAndTextHandler.h"
+#include "ui/FormStyle.h"
 #include "ui/Palette.h"
 #include "ui/PanelWindow.h"
-#include "ui/TextUtilities.h"
 #include "ui/WindowPlacement.h"
 #include "ui_HistoryWindow.h"
 
@@ -21,11 +20,6 @@ enum Period { kDay, kWeek, kMonth, kYear };
 constexpr int kFirstRecordedYear = 2013;
 constexpr int kSmallestFitted = 10;
 constexpr int kLargestFitted = 45;
-
-QString localized(const QString& key)
-{
-    return Bundle::main().localizedString(key);
-}
 
 /// The number without its fraction, and 0 for a negative or undefined one.
 QString shown(double number)
@@ -57,7 +51,7 @@ HistoryWindowController::HistoryWindowController(
     , m_ui(std::make_unique<Ui::HistoryWindow>())
 {
     m_ui->setupUi(m_window.get());
-    applyTypefaceToWrappingLabels(*m_window);
+    applyFormStyle(*m_window);
     awakeFromNib();
 }
 
@@ -72,71 +66,20 @@ void HistoryWindowController::awakeFromNib()
     setHighLightedButton(kWeek);
     // The first numbers keep their full size: fonts are set after them and fitted from the next refresh on.
     updateData();
-    setLocalizationText();
-    setFont();
+    for (QLabel* label : historyHeadTextfieldsArray())
+        label->setFont(FontAndTextHandler::Roman38());
+    m_ui->buttonClose->setText(QStringLiteral("   %1").arg(qtTrId("CloseButton")));
     connectButtons();
-}
-
-void HistoryWindowController::setLocalizationText()
-{
-    m_ui->historySubTitle1->setText(localized(QStringLiteral("Mins")));
-    m_ui->historySubTitle2->setText(localized(QStringLiteral("CaloriesCheckbox")));
-    m_ui->historySubTitle3->setText(localized(QStringLiteral("Stands")));
-    m_ui->historySubTitle4->setText(localized(QStringLiteral("GoalsMet")));
-    m_ui->historyTitle->setText(localized(QStringLiteral("History")));
-    m_window->setWindowTitle(localized(QStringLiteral("History")));
-    m_ui->labelHistoryStats->setText(localized(QStringLiteral("YourWeeklyStats")));
-    m_ui->buttonDay->setText(localized(QStringLiteral("Day")));
-    m_ui->buttonWeek->setText(localized(QStringLiteral("Week")));
-    m_ui->buttonMonth->setText(localized(QStringLiteral("Month")));
-    m_ui->buttonYear->setText(localized(QStringLiteral("Year")));
-    m_ui->buttonClose->setText(QStringLiteral("   %1").arg(localized(QStringLiteral("CloseButton"))));
-    m_ui->exportToExcelLabel->setText(localized(QStringLiteral("ExportData")));
-}
-
-void HistoryWindowController::setFont()
-{
-    using Fonts = FontAndTextHandler;
-    const auto setColor = [](QLabel& label, const QColor& color) {
-        QPalette palette = label.palette();
-        palette.setColor(QPalette::WindowText, color);
-        label.setPalette(palette);
-    };
-    m_ui->historyTitle->setFont(Fonts::Roman30());
-    m_ui->labelHistoryStats->setFont(Fonts::Roman22());
-    for (QLabel* label : historyHeadTextfieldsArray()) {
-        label->setFont(Fonts::Roman38());
-        setColor(*label, Qt::white);
-    }
-    for (QLabel* label :
-        {m_ui->historySubTitle1, m_ui->historySubTitle2, m_ui->historySubTitle3, m_ui->historySubTitle4}) {
-        label->setFont(Fonts::Light12());
-        setColor(*label, Qt::white);
-    }
-    m_ui->buttonClose->setFont(Fonts::Roman18());
-    m_ui->buttonClose->setBackgroundColor(zelvoButtonDarkBackgroundColor());
-    m_ui->exportToExcelLabel->setFont(Fonts::Roman12());
-    m_ui->exportToExcelLabel->setUnderLineText();
-    for (Button* button : {m_ui->buttonDay, m_ui->buttonWeek, m_ui->buttonMonth, m_ui->buttonYear}) {
-        button->setFont(Fonts::Roman22());
-        button->setTextColor(zelvoTextColor());
-    }
-    m_ui->buttonWeek->setTextColor(zelvoHoverColor());
-    m_ui->exportToExcelLabel->setTextColor(zelvoHoverColor());
 }
 
 void HistoryWindowController::connectButtons()
 {
-    const auto onClick = [this](QAbstractButton* button, void (HistoryWindowController::*action)()) {
-        QObject::connect(
-            button, &QAbstractButton::clicked, m_window.get(), [this, action] { (this->*action)(); });
-    };
-    onClick(m_ui->buttonDay, &HistoryWindowController::buttonDayClicked);
-    onClick(m_ui->buttonWeek, &HistoryWindowController::buttonWeekClicked);
-    onClick(m_ui->buttonMonth, &HistoryWindowController::buttonMonthClicked);
-    onClick(m_ui->buttonYear, &HistoryWindowController::buttonYearClicked);
-    onClick(m_ui->buttonClose, &HistoryWindowController::buttonCloseClicked);
-    onClick(m_ui->exportToExcelLabel, &HistoryWindowController::exportToExcelClicked);
+    m_ui->buttonDay->onClicked([this] { buttonDayClicked(); });
+    m_ui->buttonWeek->onClicked([this] { buttonWeekClicked(); });
+    m_ui->buttonMonth->onClicked([this] { buttonMonthClicked(); });
+    m_ui->buttonYear->onClicked([this] { buttonYearClicked(); });
+    m_ui->buttonClose->onClicked([this] { buttonCloseClicked(); });
+    m_ui->exportToExcelLabel->onClicked([this] { exportToExcelClicked(); });
 }
 
 void HistoryWindowController::showWindow()
@@ -174,26 +117,25 @@ void HistoryWindowController::selectPeriod(int index, Date startDate)
 void HistoryWindowController::buttonDayClicked()
 {
     selectPeriod(kDay, m_currentDate.dateAtStartOfDay());
-    m_ui->labelHistoryStats->setText(localized(QStringLiteral("YourDailyStats")));
+    m_ui->labelHistoryStats->setText(qtTrId("YourDailyStats"));
 }
 
 void HistoryWindowController::buttonWeekClicked()
 {
     selectPeriod(kWeek, m_currentDate.dateAtStartOfWeek());
-    m_ui->labelHistoryStats->setText(localized(QStringLiteral("YourWeeklyStats")));
+    m_ui->labelHistoryStats->setText(qtTrId("YourWeeklyStats"));
 }
 
 void HistoryWindowController::buttonMonthClicked()
 {
     selectPeriod(kMonth, m_currentDate.dateAtStartOfMonth());
-    m_ui->labelHistoryStats->setText(
-        localized(QStringLiteral("YourMonthlyStats")).arg(m_currentDate.monthName()));
+    m_ui->labelHistoryStats->setText(qtTrId("YourMonthlyStats").arg(m_currentDate.monthName()));
 }
 
 void HistoryWindowController::buttonYearClicked()
 {
     selectPeriod(kYear, m_currentDate.dateAtStartOfYear());
-    m_ui->labelHistoryStats->setText(localized(QStringLiteral("YourYearlyStats")).arg(m_currentDate.year()));
+    m_ui->labelHistoryStats->setText(qtTrId("YourYearlyStats").arg(m_currentDate.year()));
 }
 
 void HistoryWindowController::buttonCloseClicked()

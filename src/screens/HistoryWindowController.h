@@ -64,8 +64,6 @@ private:
     };
 
     void awakeFromNib();
-    void setLocalizationText();
-    void setFont();
     void connectButtons();
     void selectPeriod(int index, Date startDate);
     [[nodiscard]] Totals totals();

@@ -2,7 +2,6 @@
 
 #include "data/AppProperties.h"
 #include "desk/AdoptedDesk.h"
-#include "ui/FontAndTextHandler.h"
 #include "ui/Palette.h"
 #include "ui_SetupView.h"
 
@@ -30,11 +29,6 @@ void MemoryRow::awakeFromNib(MemoryViewControllerDelegate& delegate)
     m_editor = std::make_unique<MemoryViewController>();
     m_editor->setDelegate(&delegate);
     for (HoverButton* button : buttons()) {
-        button->setFont(FontAndTextHandler::Light11());
-        button->setTextColor(zelvoTextColor());
-        button->setImageNamed(QStringLiteral("ButtonMemory") + button->property("tag").toString());
-        button->setImagePosition(Button::ImagePosition::Above);
-        button->setBackgroundColor(zelvoButtonDarkBackgroundColor());
         button->setAlternateBackgroundColor(zelvoHoverColor());
         keepPlaceWhenHidden(*button);
     }

@@ -1,9 +1,7 @@
 #include "screens/MemoryViewController.h"
 
-#include "platform/Bundle.h"
-#include "ui/FontAndTextHandler.h"
+#include "ui/FormStyle.h"
 #include "ui/Palette.h"
-#include "ui/TextUtilities.h"
 #include "ui_MemoryView.h"
 
 MemoryViewController::MemoryViewController()
@@ -11,7 +9,7 @@ MemoryViewController::MemoryViewController()
     , m_ui(std::make_unique<Ui::MemoryView>())
 {
     m_ui->setupUi(m_view);
-    applyTypefaceToWrappingLabels(*m_view);
+    applyFormStyle(*m_view);
     awakeFromNib();
 }
 
@@ -22,31 +20,11 @@ MemoryViewController::~MemoryViewController()
 
 void MemoryViewController::awakeFromNib()
 {
-    setLocalizationText();
+    m_ui->textfieldSetFavHeight->setStyleSheet(
+        QStringLiteral("border-radius: 4px; background: white; color: %1").arg(zelvoTextColor().name()));
     m_ui->buttonUp->setDelegate(this);
     m_ui->buttonDown->setDelegate(this);
-    QObject::connect(m_ui->buttonDone, &HoverButton::clicked, m_view, [this] { buttonDoneClicked(); });
-    for (HoverButton* button : {m_ui->buttonDone, static_cast<HoverButton*>(m_ui->buttonUp),
-             static_cast<HoverButton*>(m_ui->buttonDown)}) {
-        button->setBackgroundColor(Qt::white);
-        button->setFont(FontAndTextHandler::Light12());
-    }
-    QPalette palette = m_ui->textfieldSetFavHeight->palette();
-    palette.setColor(QPalette::WindowText, zelvoTextColor());
-    m_ui->textfieldSetFavHeight->setPalette(palette);
-    m_ui->textfieldSetFavHeight->setFont(FontAndTextHandler::Light11());
-}
-
-void MemoryViewController::setLocalizationText()
-{
-    const auto localized = [](const QString& key) { return Bundle::main().localizedString(key); };
-    m_ui->textfieldSetFavHeight->setText(localized(QStringLiteral("MemoryInstruction")));
-    m_ui->buttonUp->setText(localized(QStringLiteral("UpButton")));
-    m_ui->buttonDown->setText(localized(QStringLiteral("DownButton")));
-    m_ui->buttonDone->setText(localized(QStringLiteral("DoneButton")));
-    m_ui->buttonUp->setAccessibleDescription(localized(QStringLiteral("AccessMoveUpHint")));
-    m_ui->buttonDown->setAccessibleDescription(localized(QStringLiteral("AccessMoveDownHint")));
-    m_ui->buttonDone->setAccessibleDescription(localized(QStringLiteral("AccessSetMemoryHint")));
+    m_ui->buttonDone->onClicked([this] { buttonDoneClicked(); });
 }
 
 void MemoryViewController::buttonDoneClicked()

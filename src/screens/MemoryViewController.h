@@ -53,7 +53,6 @@ public:
 
 private:
     void awakeFromNib();
-    void setLocalizationText();
 
     MemoryViewControllerDelegate* m_delegate = nullptr;
     int32_t m_index = 0;

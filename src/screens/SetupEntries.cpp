@@ -5,28 +5,18 @@
 #include "data/Helper.h"
 #include "data/Saturation.h"
 #include "desk/AdoptedDesk.h"
-#include "platform/Bundle.h"
 #include "screens/EntryNumber.h"
-#include "ui/FontAndTextHandler.h"
-#include "ui/HyperLinkTextField.h"
 #include "ui/NumberEntryValidator.h"
-#include "ui/Palette.h"
 #include "ui_SetupView.h"
 
 #include <algorithm>
 
 namespace {
 constexpr double kUnitsPerCentimetre = 100; // Raw heights are in 0.1 mm.
-constexpr int kRefusalMargin = 2;
 
 AppProperties& properties()
 {
     return AppProperties::instance();
-}
-
-QString localized(const QString& key)
-{
-    return Bundle::main().localizedString(key);
 }
 
 /// The number without its fraction.
@@ -61,21 +51,19 @@ void fill(QLineEdit& field, const QString& text)
 
 void SetupEntries::awakeFromNib()
 {
-    setUpRefusal();
     const bool isMetric = properties().isMetric();
-    m_ui.labelSystemOfUnits->setText(localized(isMetric ? QStringLiteral("Kg") : QStringLiteral("Lbs")));
+    m_ui.labelSystemOfUnits->setText(isMetric ? qtTrId("Kg") : qtTrId("Lbs"));
     m_ui.labelCm->setText(Helper::TableHeightUnit());
     const struct {
         BackgroundTextField* field;
-        const QLabel* heading;
         const QLabel* unit;
         double minValue;
         double maxValue;
         bool acceptComma; // Inches have one decimal, centimetres are whole.
-    } kEntries[] = {{m_ui.textFieldWeight, m_ui.labelYourWeight, m_ui.labelSystemOfUnits, 0, 999, false},
-        {m_ui.textFieldTableHeight, m_ui.labelTabelHeight, m_ui.labelCm, 0, 2500, !isMetric},
-        {m_ui.textFieldStandUpNumber, m_ui.labelNumberOfSessions, m_ui.LabelEachHour, 1, 6, false}};
-    for (const auto& [field, heading, unit, minValue, maxValue, acceptComma] : kEntries) {
+    } kEntries[] = {{m_ui.textFieldWeight, m_ui.labelSystemOfUnits, 0, 999, false},
+        {m_ui.textFieldTableHeight, m_ui.labelCm, 0, 2500, !isMetric},
+        {m_ui.textFieldStandUpNumber, m_ui.LabelEachHour, 1, 6, false}};
+    for (const auto& [field, unit, minValue, maxValue, acceptComma] : kEntries) {
         auto* validator = new NumberEntryValidator(field);
         validator->formatter().setMinValue(minValue);
         validator->formatter().setMaxValue(maxValue);
@@ -84,28 +72,10 @@ void SetupEntries::awakeFromNib()
         field->setBackgroundImage(Picture(QStringLiteral("SetupTextField")));
         field->setTextColor(Qt::white);
         field->setInsertionPointColor(Qt::white);
-        field->setFont(FontAndTextHandler::Bold15());
-        field->setAccessibleName(heading->text());
         field->setAccessibleDescription(unit->text());
         refill(*field);
-        QObject::connect(field, &QLineEdit::textEdited, m_refusal, &QWidget::hide);
+        QObject::connect(field, &QLineEdit::textEdited, m_ui.labelRefusal, &QWidget::hide);
     }
-}
-
-/// A line above everything else, so that the screen needs no room for it.
-void SetupEntries::setUpRefusal()
-{
-    m_refusal = new HyperLinkTextField(m_ui.textFieldWeight->parentWidget()); // Which screen readers hear.
-    m_refusal->setWordWrap(false);
-    m_refusal->setObjectName(QStringLiteral("labelRefusal"));
-    m_refusal->setFont(FontAndTextHandler::Roman12()); // Fits between the fields and the tabs.
-    QPalette palette = m_refusal->palette();
-    palette.setColor(QPalette::WindowText, zelvoHoverColor());
-    m_refusal->setPalette(palette);
-    m_refusal->setBackgroundRole(QPalette::Window);
-    m_refusal->setAutoFillBackground(true);
-    m_refusal->setMargin(kRefusalMargin);
-    m_refusal->hide();
 }
 
 void SetupEntries::setDefaultWeight()
@@ -146,18 +116,19 @@ void SetupEntries::refillIfEmpty(const QLineEdit& field)
 
 bool SetupEntries::accept(QLineEdit& field)
 {
-    m_refusal->hide();
+    m_ui.labelRefusal->hide();
     if (isAccepted(field))
         return true;
     refill(field);
-    m_refusal->setText(
-        localized(QStringLiteral("EntryRefused"))
+    m_ui.labelRefusal->setText(
+        qtTrId("EntryRefused")
             .arg(QString::number(formatter(field).minValue()), QString::number(formatter(field).maxValue())));
-    m_refusal->adjustSize();
-    const int rightmost = m_refusal->parentWidget()->width() - m_ui.textFieldWeight->x() - m_refusal->width();
-    m_refusal->move(std::min(field.x(), rightmost), field.geometry().bottom() + 1);
-    m_refusal->raise();
-    m_refusal->show();
+    m_ui.labelRefusal->adjustSize();
+    const int rightmost =
+        m_ui.labelRefusal->parentWidget()->width() - m_ui.textFieldWeight->x() - m_ui.labelRefusal->width();
+    m_ui.labelRefusal->move(std::min(field.x(), rightmost), field.geometry().bottom() + 1);
+    m_ui.labelRefusal->raise();
+    m_ui.labelRefusal->show();
     field.setFocus();
     field.selectAll();
     return false;

@@ -3,7 +3,6 @@
 #include <array>
 #include <cstdint>
 
-class HyperLinkTextField;
 class QLineEdit;
 
 namespace Ui {
@@ -40,9 +39,7 @@ public:
     [[nodiscard]] std::array<QLineEdit*, 3> fields() const;
 
 private:
-    void setUpRefusal();
     void refill(const QLineEdit& field);
 
     const Ui::SetupView& m_ui;
-    HyperLinkTextField* m_refusal = nullptr; ///< Belongs to the form.
 };

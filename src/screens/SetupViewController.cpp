@@ -8,9 +8,7 @@
 #include "screens/EntryNumber.h"
 #include "screens/GoalSentence.h"
 #include "screens/SetupView.h"
-#include "ui/FontAndTextHandler.h"
-#include "ui/Palette.h"
-#include "ui/TextUtilities.h"
+#include "ui/FormStyle.h"
 #include "ui_SetupView.h"
 
 #include <QLabel>
@@ -27,17 +25,6 @@ AppProperties& properties()
     return AppProperties::instance();
 }
 
-QString localized(const QString& key)
-{
-    return Bundle::main().localizedString(key);
-}
-
-void setLabelColor(QLabel& label, const QColor& color)
-{
-    QPalette palette = label.palette();
-    palette.setColor(QPalette::WindowText, color);
-    label.setPalette(palette);
-}
 }
 
 SetupViewController::SetupViewController(Workspace& workspace)
@@ -60,7 +47,7 @@ QWidget* SetupViewController::view()
     if (!m_view) {
         m_view = new SetupView;
         m_ui->setupUi(m_view);
-        applyTypefaceToWrappingLabels(*m_view);
+        applyFormStyle(*m_view);
         awakeFromNib();
     }
     return m_view;
@@ -70,13 +57,10 @@ void SetupViewController::awakeFromNib()
 {
     observe();
     setLocalizationText();
-    setFont();
-    setLook();
     connectControls();
     showStoredGoal();
     m_entries.awakeFromNib();
     m_memories.awakeFromNib(*this);
-    m_ui->labelVersion->setText(QStringLiteral("Ver: %1").arg(properties().bundleVersion()));
     updateGoalLabel();
 }
 
@@ -91,78 +75,20 @@ void SetupViewController::observe()
 
 void SetupViewController::setLocalizationText()
 {
-    m_ui->LabelHeadTitle->setText(localized(QStringLiteral("Setup")));
-    m_ui->labelTabelHeight->setText(localized(QStringLiteral("TableHeightHeader")));
-    m_ui->labelYourWeight->setText(localized(QStringLiteral("MyWeightIs")));
-    m_ui->labelNumberOfSessions->setText(localized(QStringLiteral("StandUpHeader")));
-    m_ui->LabelEachHour->setText(localized(QStringLiteral("EachHour")));
-    m_ui->buttonDone->setText(QStringLiteral("   %1").arg(localized(QStringLiteral("DoneButton"))));
-    m_ui->labelCalories->setText(localized(QStringLiteral("Calories")));
-    m_ui->labelTime->setText(localized(QStringLiteral("Time")));
-    m_ui->buttonMemory1->setText(localized(QStringLiteral("Memory1")));
-    m_ui->buttonMemory2->setText(localized(QStringLiteral("Memory2")));
-    m_ui->buttonMemory3->setText(localized(QStringLiteral("Memory3")));
-    m_ui->labelConnection->setText(localized(QStringLiteral("ConnectTable")));
-    m_ui->labelVideoLinkInfo->setText(localized(QStringLiteral("InfoLinkButton")));
+    m_ui->buttonDone->setText(QStringLiteral("   %1").arg(qtTrId("DoneButton")));
+    m_ui->labelVersion->setText(QStringLiteral("Ver: %1").arg(properties().bundleVersion()));
     m_ui->labelVideoLinkInfo->setHidden(properties().videoUrl().isEmpty());
-    m_ui->labelMoreInfo->setText(localized(QStringLiteral("InfoLinkText")));
     m_ui->labelMoreInfo->setHidden(properties().infoUrl().isEmpty());
-    // Its picture is all that is drawn; the text is for screen readers.
-    m_ui->buttonCloseWithoutSaving->setText(localized(QStringLiteral("AccessCloseWithoutSaving")));
-    m_ui->buttonCloseWithoutSaving->setToolTip(localized(QStringLiteral("AccessCloseWithoutSaving")));
-    m_ui->slider->setAccessibleName(localized(QStringLiteral("AccessGoalSlider")));
-    for (HoverButton* button : m_memories.buttons()) {
-        button->setAccessibleDescription(localized(QStringLiteral("AccessSetMemoryHint")));
-        button->setToolTip(localized(QStringLiteral("AccessSetMemoryHint")));
-    }
-}
-
-void SetupViewController::setFont()
-{
-    using Fonts = FontAndTextHandler;
-    m_ui->LabelHeadTitle->setFont(Fonts::Roman30());
-    m_ui->labelModeTitle->setFont(Fonts::Roman18());
-    m_ui->buttonDone->setFont(Fonts::Roman18());
-    m_ui->labelCalories->setFont(Fonts::Roman22());
-    m_ui->labelTime->setFont(Fonts::Roman22());
-    m_ui->labelConnection->setFont(Fonts::Roman20());
-    for (QLabel* label : {m_ui->labelGoal, m_ui->labelSystemOfUnits, m_ui->labelTabelHeight,
-             m_ui->labelYourWeight, m_ui->labelNumberOfSessions, m_ui->labelCm, m_ui->LabelEachHour})
-        label->setFont(Fonts::Roman15());
-    m_ui->labelVersion->setFont(Fonts::Roman12());
-    for (HoverLink* link : {m_ui->labelVideoLinkInfo, m_ui->labelMoreInfo}) {
-        link->setFont(Fonts::Roman12());
-        link->setUnderLineText();
-    }
-}
-
-void SetupViewController::setLook()
-{
-    for (const QWidget* part : {m_view.data(), m_ui->bodyContent}) {
-        const auto labels = part->findChildren<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
-        for (QLabel* label : labels)
-            setLabelColor(*label, zelvoTextColor());
-    }
-    m_ui->buttonDone->setTextColor(zelvoTextColor());
-    for (HoverLink* link : {m_ui->labelVideoLinkInfo, m_ui->labelMoreInfo})
-        link->setTextColor(zelvoHoverColor());
-    m_ui->buttonDone->setBackgroundColor(zelvoButtonDarkBackgroundColor());
-    m_ui->buttonCloseWithoutSaving->setImageNamed(QStringLiteral("ButtonClose"));
-    m_ui->buttonCloseWithoutSaving->setImagePosition(Button::ImagePosition::Only);
 }
 
 void SetupViewController::connectControls()
 {
-    const auto onClick = [this](const QAbstractButton* button, void (SetupViewController::*action)()) {
-        QObject::connect(button, &QAbstractButton::clicked, m_view, [this, action] { (this->*action)(); });
-    };
-    onClick(m_ui->buttonDone, &SetupViewController::buttonClosedClicked);
-    onClick(m_ui->buttonCloseWithoutSaving, &SetupViewController::buttonCloseWithoutSavingClicked);
-    onClick(m_ui->labelMoreInfo, &SetupViewController::buttonInfoClicked);
-    onClick(m_ui->labelVideoLinkInfo, &SetupViewController::buttonVideoLinkClicked);
+    m_ui->buttonDone->onClicked([this] { buttonClosedClicked(); });
+    m_ui->buttonCloseWithoutSaving->onClicked([this] { buttonCloseWithoutSavingClicked(); });
+    m_ui->labelMoreInfo->onClicked([this] { buttonInfoClicked(); });
+    m_ui->labelVideoLinkInfo->onClicked([this] { buttonVideoLinkClicked(); });
     for (HoverButton* button : m_memories.buttons())
-        QObject::connect(
-            button, &QAbstractButton::clicked, m_view, [this, button] { buttonMemoryClicked(*button); });
+        button->onClicked([this, button] { buttonMemoryClicked(*button); });
     QObject::connect(m_ui->slider, &QSlider::valueChanged, m_view, [this] { sliderMoved(); });
     m_ui->labelCalories->setDelegateClick(this);
     m_ui->labelTime->setDelegateClick(this);
@@ -292,8 +218,7 @@ void SetupViewController::showActivityMode(int32_t mode)
 {
     m_ui->labelCalories->setActive(mode == kCalorieGoal);
     m_ui->labelTime->setActive(mode == kTimeGoal);
-    const QString unit =
-        localized(mode == kCalorieGoal ? QStringLiteral("Calories") : QStringLiteral("Mins"));
+    const QString unit = mode == kCalorieGoal ? qtTrId("Calories") : qtTrId("Mins");
     int32_t step = 0;
     for (GoalCircleView* circle : goalIndicators()) {
         circle->setValue(
@@ -306,8 +231,7 @@ void SetupViewController::showActivityMode(int32_t mode)
 /// The time mode takes the heading under the "Energy" key: the string tables pair them so.
 QString SetupViewController::modeTitleFromMode(int32_t mode)
 {
-    return localized(
-        mode == kTimeGoal ? QStringLiteral("SetupEnergyHeader") : QStringLiteral("SetupCaloriesHeader"));
+    return mode == kTimeGoal ? qtTrId("SetupEnergyHeader") : qtTrId("SetupCaloriesHeader");
 }
 
 int32_t SetupViewController::currentActivityMode() const

@@ -84,8 +84,6 @@ private:
     void awakeFromNib();
     void observe();
     void setLocalizationText();
-    void setFont();
-    void setLook();
     void connectControls();
 
     void showStoredGoal();

@@ -2,7 +2,6 @@
 
 #include "data/AppProperties.h"
 #include "desk/ZelvoController.h"
-#include "platform/Bundle.h"
 #include "screens/WizardWindow.h"
 #include "ui/WindowPlacement.h"
 #include "ui_WizardWindow.h"
@@ -18,7 +17,6 @@ WizardWindowController::WizardWindowController(Workspace& workspace, std::functi
     , m_ui(std::make_unique<Ui::WizardWindow>())
 {
     m_ui->setupUi(m_window.get());
-    m_window->setWindowTitle(Bundle::main().localizedString(QStringLiteral("Setup")));
     m_window->onCloseRequested([this] { setupViewController().buttonCloseWithoutSavingClicked(); });
     showSetupView();
 }

@@ -2,7 +2,6 @@
 
 #include "data/AppProperties.h"
 #include "desk/ZelvoHIDDevice.h"
-#include "platform/Bundle.h"
 #include "ui/HyperLinkTextField.h"
 #include "ui/TextUtilities.h"
 
@@ -22,7 +21,6 @@ ErrorLine::ErrorLine(HyperLinkTextField& label, QWidget& area, WithoutUrl withou
           NotificationCenter::defaultCenter().addObserver(ZelvoHIDDevice::kErrorCodeRemoved,
               [this](const PostedNotification&) { observerRemoveErrorRecieved(); }))
 {
-    m_area.setAccessibleName(Bundle::main().localizedString(QStringLiteral("AccessErrorLine")));
     m_area.setFocusPolicy(Qt::NoFocus); // Here, because it spoils the order of tab stops in a form.
     hide();
 }
@@ -67,7 +65,7 @@ QString ErrorLine::text(const QMap<QString, QString>& errorCodes) const
 {
     const QUrl url = AppProperties::instance().errorUrl();
     const bool isLinked = !url.isEmpty() || m_withoutUrl == WithoutUrl::EmptyLink;
-    QString text = richTextFromString(Bundle::main().localizedString(QStringLiteral("Error \n")));
+    QString text = richTextFromString(qtTrId("Error \n"));
     for (auto entry = errorCodes.cbegin(); entry != errorCodes.cend(); ++entry) {
         const QString line = QStringLiteral("%1: %2").arg(entry.key(), entry.value());
         text += isLinked ? hyperlinkFromString(line, url) : richTextFromString(line);

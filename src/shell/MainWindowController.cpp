@@ -3,14 +3,12 @@
 #include "data/ActivityMode.h"
 #include "data/AppProperties.h"
 #include "data/Helper.h"
-#include "platform/Bundle.h"
 #include "platform/Workspace.h"
 #include "shell/ErrorLine.h"
 #include "shell/MenuletController.h"
-#include "ui/FontAndTextHandler.h"
+#include "ui/FormStyle.h"
 #include "ui/Palette.h"
 #include "ui/PanelWindow.h"
-#include "ui/TextUtilities.h"
 #include "ui/WindowPlacement.h"
 #include "ui_MainWindow.h"
 
@@ -23,11 +21,6 @@ constexpr double kRefreshSeconds = 5.0;
 constexpr int kErrorHeight = 300;
 constexpr double kFullScale = 100.0;
 constexpr double kSecondsPerMinute = 60.0;
-
-QString localized(const QString& key)
-{
-    return Bundle::main().localizedString(key);
-}
 
 /// The number without its fraction; sums of a damaged clock must not overflow a text.
 QString truncated(double number)
@@ -57,7 +50,7 @@ MainWindowController::MainWindowController(Dependencies dependencies)
     , m_ui(std::make_unique<Ui::MainWindow>())
 {
     m_ui->setupUi(m_window.get());
-    applyTypefaceToWrappingLabels(*m_window);
+    applyFormStyle(*m_window);
     awakeFromNib();
     windowDidLoad();
 }
@@ -88,9 +81,7 @@ void MainWindowController::awakeFromNib()
 void MainWindowController::windowDidLoad()
 {
     startUpdateDataTimer();
-    setLocalizationText();
     setupGUI();
-    setAccessibleTexts();
     connectButtons();
 }
 
@@ -113,74 +104,20 @@ void MainWindowController::observe()
 
 void MainWindowController::connectButtons()
 {
-    QObject::connect(
-        m_ui->buttonClose, &QPushButton::clicked, m_window.get(), [this] { buttonCloseClicked(); });
-    QObject::connect(
-        m_ui->buttonHistory, &QPushButton::clicked, m_window.get(), [this] { buttonHistoryClicked(); });
-    QObject::connect(
-        m_ui->buttonSettings, &QPushButton::clicked, m_window.get(), [this] { buttonSettingsClicked(); });
+    m_ui->buttonClose->onClicked([this] { buttonCloseClicked(); });
+    m_ui->buttonHistory->onClicked([this] { buttonHistoryClicked(); });
+    m_ui->buttonSettings->onClicked([this] { buttonSettingsClicked(); });
     m_ui->labelErrorText->setOpener([this](const QUrl& url) { m_dependencies.workspace.openUrl(url); });
-}
-
-void MainWindowController::setLocalizationText()
-{
-    m_window->setWindowTitle(localized(QStringLiteral("AppName")));
-    m_ui->buttonHistory->setText(localized(QStringLiteral("HistoryButton")));
-    m_ui->buttonSettings->setText(localized(QStringLiteral("SettingsButton")));
-    m_ui->buttonDown->setText(localized(QStringLiteral("DownButton")));
-    m_ui->buttonUp->setText(localized(QStringLiteral("UpButton")));
-    m_ui->buttonMemory1->setText(localized(QStringLiteral("Memory1")));
-    m_ui->buttonMemory2->setText(localized(QStringLiteral("Memory2")));
-    m_ui->buttonMemory3->setText(localized(QStringLiteral("Memory3")));
-    m_ui->labelOfTodaysGoal->setText(localized(QStringLiteral("OfTodaysGoal")));
-    m_ui->buttonClose->setText(localized(QStringLiteral("CloseButton"))); // Only a screen reader says it.
 }
 
 void MainWindowController::setupGUI()
 {
-    using Fonts = FontAndTextHandler;
-    m_ui->labelPercent->setFont(Fonts::Bold80());
-    m_ui->labelProcentSign->setFont(Fonts::Roman38());
-    const int baselines = baselineBelowMiddle(Fonts::Bold80()) - baselineBelowMiddle(Fonts::Roman38());
+    // The percent sign stands on the number's line.
+    const int baselines =
+        baselineBelowMiddle(m_ui->labelPercent->font()) - baselineBelowMiddle(m_ui->labelProcentSign->font());
     m_ui->labelProcentSign->setContentsMargins(0, 2 * baselines, 0, 0);
-    m_ui->labelOfTodaysGoal->setFont(Fonts::Light16());
-    for (QLabel* label :
-        std::initializer_list<QLabel*> {m_ui->labelStatus, m_ui->labelErrorText, m_ui->labelTabelHeigt})
-        label->setFont(Fonts::Light18());
-    m_errorLine->hide();
-
-    for (HoverButton* button : std::initializer_list<HoverButton*> {
-             m_ui->buttonHistory, m_ui->buttonSettings, m_ui->buttonDown, m_ui->buttonUp}) {
-        button->setFont(Fonts::Light10());
-        button->setBackgroundColor(zelvoButtonDarkBackgroundColor());
-        button->setTextColor(zelvoTextColor());
-    }
-    for (HoverButton* button : {m_ui->buttonMemory1, m_ui->buttonMemory2, m_ui->buttonMemory3}) {
-        button->setFont(Fonts::Light12());
-        button->setBackgroundColor(Qt::white);
+    for (HoverButton* button : {m_ui->buttonMemory1, m_ui->buttonMemory2, m_ui->buttonMemory3})
         button->setAlternateBackgroundColor(zelvoHoverColor());
-        button->setTextColor(zelvoTextColor());
-        button->setImagePosition(Button::ImagePosition::Above);
-    }
-    m_ui->buttonHistory->setImageNamed(QStringLiteral("ButtonHistory"));
-    m_ui->buttonSettings->setImageNamed(QStringLiteral("ButtonSettings"));
-    m_ui->buttonDown->setImageNamed(QStringLiteral("ButtonDown"));
-    m_ui->buttonUp->setImageNamed(QStringLiteral("ButtonUp"));
-    m_ui->buttonMemory1->setImageNamed(QStringLiteral("ButtonMemory1"));
-    m_ui->buttonMemory2->setImageNamed(QStringLiteral("ButtonMemory2"));
-    m_ui->buttonMemory3->setImageNamed(QStringLiteral("ButtonMemory3"));
-    m_ui->buttonClose->setImageNamed(QStringLiteral("ButtonClose"));
-    m_ui->buttonClose->setImagePosition(Button::ImagePosition::Only);
-}
-
-void MainWindowController::setAccessibleTexts()
-{
-    m_ui->caloriesBurnedIndicator->setAccessibleName(localized(QStringLiteral("AccessGoalProgress")));
-    m_ui->scheduleIndicator->setAccessibleName(localized(QStringLiteral("AccessSessionProgress")));
-    m_ui->buttonUp->setAccessibleDescription(localized(QStringLiteral("AccessMoveUpHint")));
-    m_ui->buttonDown->setAccessibleDescription(localized(QStringLiteral("AccessMoveDownHint")));
-    for (QWidget* button : {m_ui->buttonMemory1, m_ui->buttonMemory2, m_ui->buttonMemory3})
-        button->setAccessibleDescription(localized(QStringLiteral("AccessMemoryHint")));
 }
 
 void MainWindowController::startUpdateDataTimer()
@@ -252,7 +189,7 @@ void MainWindowController::updateData()
     if (schedule && schedule->isScheduled())
         showSchedule();
     else
-        clearSchedule(isActive ? QString() : localized(QStringLiteral("ConnectTable")));
+        clearSchedule(isActive ? QString() : qtTrId("ConnectTable"));
 }
 
 MainWindowController::GoalProgress MainWindowController::goalProgress()
@@ -261,13 +198,12 @@ MainWindowController::GoalProgress MainWindowController::goalProgress()
     const Date now = Date::now();
     if (properties.activityMode() == kCalorieGoal) {
         const double calories = m_persister->caloriesBurnedOnDay(now);
-        return {calories, calories / properties.activityGoal() * kFullScale,
-            localized(QStringLiteral("Calories"))};
+        return {calories, calories / properties.activityGoal() * kFullScale, qtTrId("Calories")};
     }
     if (properties.activityMode() == kTimeGoal) {
         const double target = properties.activityGoal() * properties.averageWorkDayHours();
         const double minutes = m_persister->minutesActiveOnDay(now, true);
-        return {minutes, minutes / target * kFullScale, localized(QStringLiteral("Min"))};
+        return {minutes, minutes / target * kFullScale, qtTrId("Min")};
     }
     return {};
 }
@@ -290,11 +226,11 @@ void MainWindowController::showSchedule()
     const double session =
         activity ? Date::now().timeIntervalSinceDate(activity->startDate()) / kSecondsPerMinute : 0;
     m_ui->scheduleIndicator->setValue(truncated(session));
-    m_ui->scheduleIndicator->setTitle(localized(QStringLiteral("Min")));
+    m_ui->scheduleIndicator->setTitle(qtTrId("Min"));
     const double interval = schedule.currentScheduleInterval() / kSecondsPerMinute;
     const double left = schedule.timeToSchedule() / kSecondsPerMinute;
     m_ui->scheduleIndicator->setPercent(cappedPercent((interval - left) / interval * kFullScale));
-    m_ui->labelStatus->setText(localized(QStringLiteral("CurrentSession")));
+    m_ui->labelStatus->setText(qtTrId("CurrentSession"));
 }
 
 void MainWindowController::clearSchedule(const QString& status)
@@ -309,8 +245,8 @@ void MainWindowController::setTabelHeight()
 {
     m_ui->labelTabelHeigt->setText(
         QStringLiteral("%1\n %2 %3")
-            .arg(localized(QStringLiteral("TableHeightLabel")),
-                Helper::formattedTableHeight(double(deskHeightMillimetres())), Helper::TableHeightUnit()));
+            .arg(qtTrId("TableHeightLabel"), Helper::formattedTableHeight(double(deskHeightMillimetres())),
+                Helper::TableHeightUnit()));
 }
 
 void MainWindowController::mouseEventButtonMouseDown(MouseEventButton& button)

@@ -74,9 +74,7 @@ private:
     void awakeFromNib();
     void windowDidLoad();
     void windowWillClose();
-    void setLocalizationText();
     void setupGUI();
-    void setAccessibleTexts();
     void connectButtons();
     void observe();
     void onUpdateDataTimerTick(Timer& timer);

@@ -3,14 +3,11 @@
 #include "data/AppProperties.h"
 #include "data/Helper.h"
 #include "desk/Posture.h"
-#include "platform/Bundle.h"
 #include "platform/Workspace.h"
 #include "shell/ErrorLine.h"
 #include "shell/Notification.h"
-#include "ui/FontAndTextHandler.h"
-#include "ui/Palette.h"
+#include "ui/FormStyle.h"
 #include "ui/PanelWindow.h"
-#include "ui/TextUtilities.h"
 #include "ui/WindowFade.h"
 #include "ui/WindowPlacement.h"
 #include "ui_NotificationWindow.h"
@@ -20,10 +17,6 @@
 namespace {
 constexpr Qt::WindowFlags kFloating = Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
 
-QString localized(const QString& key)
-{
-    return Bundle::main().localizedString(key);
-}
 }
 
 NotificationWindowController::NotificationWindowController(Workspace& workspace)
@@ -33,7 +26,7 @@ NotificationWindowController::NotificationWindowController(Workspace& workspace)
     , m_fade(std::make_unique<WindowFade>(*m_window))
 {
     m_ui->setupUi(m_window.get());
-    applyTypefaceToWrappingLabels(*m_window);
+    applyFormStyle(*m_window);
     awakeFromNib();
 }
 
@@ -55,22 +48,9 @@ void NotificationWindowController::awakeFromNib()
     m_window->setMovableByWindowBackground(true);
     m_window->onCloseRequested([this] { buttonSnoozeClicked(); }); // Escape is "not now".
     m_window->setWindowOpacity(1.0);
-    setLocalizationText();
     setupGUI();
-    setFont();
-    setAccessibleTexts();
     connectButtons();
     updateControls();
-}
-
-void NotificationWindowController::setLocalizationText()
-{
-    m_window->setWindowTitle(localized(QStringLiteral("AppName")));
-    m_ui->labelTabelHeightTitel->setText(localized(QStringLiteral("TableHeightLabel")));
-    m_ui->buttonSnooze->setText(localized(QStringLiteral("SnoozeButton")));
-    m_ui->buttonCancel->setText(localized(QStringLiteral("SkipButton")));
-    m_ui->buttonUp->setText(localized(QStringLiteral("UpButton")));
-    m_ui->buttonDown->setText(localized(QStringLiteral("DownButton")));
 }
 
 void NotificationWindowController::setupGUI()
@@ -79,42 +59,12 @@ void NotificationWindowController::setupGUI()
     m_buttonMemoryIconStandAlternateImage = Picture(QStringLiteral("NotificationButtonStandMemory_hoover"));
     m_buttonMemoryIconSitImage = Picture(QStringLiteral("NotificationButtonSitMemory"));
     m_buttonMemoryIconSitAlternateImage = Picture(QStringLiteral("NotificationButtonSitMemory_hoover"));
-    m_ui->imageNotificationRadial->setPicture(Picture(QStringLiteral("NotificationRadial")));
-    setTabelHeight();
-    m_errorLine->hide();
-}
-
-void NotificationWindowController::setFont()
-{
-    using Fonts = FontAndTextHandler;
-    m_ui->labelTitle->setFont(Fonts::Roman18());
-    m_ui->labelMessage->setFont(Fonts::Light14());
-    m_ui->calRadialTitle->setFont(Fonts::Roman30());
-    m_ui->calRadialSubTitle->setFont(Fonts::Light12());
-    m_ui->labelTabelHeightTitel->setFont(Fonts::Roman14());
-    m_ui->labelTabelHeight->setFont(Fonts::Light14());
-    m_ui->labelErrorText->setFont(Fonts::Light18());
-    for (Button* button : std::initializer_list<Button*> {
-             m_ui->buttonMemory, m_ui->buttonSnooze, m_ui->buttonCancel, m_ui->buttonUp, m_ui->buttonDown}) {
-        button->setFont(Fonts::Light12());
-        button->setBackgroundColor(zelvoButtonDarkBackgroundColor());
-        button->setTextColor(zelvoTextColor());
-    }
-}
-
-void NotificationWindowController::setAccessibleTexts()
-{
-    m_ui->buttonMemory->setAccessibleDescription(localized(QStringLiteral("AccessMemoryHint")));
-    m_ui->buttonUp->setAccessibleDescription(localized(QStringLiteral("AccessMoveUpHint")));
-    m_ui->buttonDown->setAccessibleDescription(localized(QStringLiteral("AccessMoveDownHint")));
 }
 
 void NotificationWindowController::connectButtons()
 {
-    QObject::connect(
-        m_ui->buttonSnooze, &QPushButton::clicked, m_window.get(), [this] { buttonSnoozeClicked(); });
-    QObject::connect(
-        m_ui->buttonCancel, &QPushButton::clicked, m_window.get(), [this] { buttonCancelClicked(); });
+    m_ui->buttonSnooze->onClicked([this] { buttonSnoozeClicked(); });
+    m_ui->buttonCancel->onClicked([this] { buttonCancelClicked(); });
     m_ui->labelErrorText->setOpener([this](const QUrl& url) { m_workspace.openUrl(url); });
 }
 
@@ -137,7 +87,7 @@ void NotificationWindowController::updateControls()
     m_ui->labelMessage->setText(m_notification ? m_notification->message() : QString());
     if (m_notification) {
         const bool isSit = m_notification->position() == kSitting;
-        m_ui->buttonMemory->setText(localized(isSit ? QStringLiteral("Memory1") : QStringLiteral("Memory2")));
+        m_ui->buttonMemory->setText(isSit ? qtTrId("Memory1") : qtTrId("Memory2"));
         m_ui->buttonMemory->setImage(isSit ? m_buttonMemoryIconSitImage : m_buttonMemoryIconStandImage);
         m_ui->buttonMemory->setAlternateImage(
             isSit ? m_buttonMemoryIconSitAlternateImage : m_buttonMemoryIconStandAlternateImage);

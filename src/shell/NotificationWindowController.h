@@ -57,11 +57,8 @@ public:
 
 private:
     void awakeFromNib();
-    void setLocalizationText();
     void setupGUI();
-    void setFont();
     void connectButtons();
-    void setAccessibleTexts();
     void moveToMemory(ZelvoHIDDevice& desk);
     [[nodiscard]] bool isButtonHeld() const;
 

@@ -4,7 +4,6 @@
 #include "platform/simulated/SimulatedHidManager.h"
 #include "shell/MenuletController.h"
 #include "shell/Notification.h"
-#include "ui/Palette.h"
 #include "ui/PanelWindow.h"
 #include "ui/WindowPlacement.h"
 #include "ui_TestWindow.h"
@@ -91,10 +90,8 @@ void TestWindowController::connectMovement()
 {
     m_heights = {{m_ui->buttonHeight0, 0}, {m_ui->buttonHeight1000, 1000}, {m_ui->buttonHeight2500, 2500},
         {m_ui->buttonHeight4800, 4800}, {m_ui->buttonHeight6500, 6500}};
-    for (MouseEventButton* button : m_window->findChildren<MouseEventButton*>()) {
+    for (MouseEventButton* button : m_window->findChildren<MouseEventButton*>())
         button->setDelegate(this);
-        button->setBackgroundColor(zelvoButtonDarkBackgroundColor());
-    }
     onClicked(m_ui->buttonUpOnce, [] {
         if (hub())
             hub()->moveDeviceUp();

@@ -8,7 +8,7 @@
 #include <QPainter>
 #include <QToolTip>
 
-#include <algorithm>
+#include <utility>
 
 Button::Button(QWidget* parent)
     : QPushButton(parent)
@@ -51,18 +51,21 @@ void Button::setImage(const Picture& image)
     update();
 }
 
-void Button::setImagePosition(ImagePosition position)
+void Button::setToolButtonStyle(Qt::ToolButtonStyle style)
 {
-    m_imagePosition = position;
+    m_toolButtonStyle = style;
     updateGeometry();
     update();
 }
 
-void Button::setBackgroundColor(const QColor& color)
+QColor Button::backgroundColor() const
 {
-    m_backgroundColor = color;
-    updateGeometry();
-    update();
+    return isFlat() ? QColor() : palette().color(backgroundRole());
+}
+
+void Button::onClicked(std::function<void()> callback)
+{
+    connect(this, &QPushButton::clicked, this, std::move(callback));
 }
 
 QSize Button::sizeHint() const
@@ -86,9 +89,9 @@ ButtonState Button::state() const
         .title = text(),
         .font = font(),
         .textColor = textColor(),
-        .backgroundColor = m_backgroundColor,
+        .backgroundColor = backgroundColor(),
         .image = m_image,
-        .imagePosition = m_imagePosition,
+        .toolButtonStyle = m_toolButtonStyle,
         .direction = layoutDirection(),
         .isUnderlined = m_isUnderlined,
         .isPressed = isDown(),

@@ -6,14 +6,15 @@
 
 #include <QPushButton>
 
+#include <functional>
+
 /// What all buttons of the program share: a title with a colour and an underline of its own, a picture, a
 /// background, and one way of being painted. In Designer forms it is promoted from QPushButton.
 class Button : public QPushButton {
     Q_OBJECT
+    Q_PROPERTY(Qt::ToolButtonStyle toolButtonStyle READ toolButtonStyle WRITE setToolButtonStyle)
 
 public:
-    using ImagePosition = ButtonState::ImagePosition;
-
     explicit Button(QWidget* parent = nullptr);
 
     /// The title's colour; the system's colour for control text while there is no title or no colour was set.
@@ -25,11 +26,12 @@ public:
 
     [[nodiscard]] const Picture& image() const { return m_image; }
     virtual void setImage(const Picture& image);
-    [[nodiscard]] ImagePosition imagePosition() const { return m_imagePosition; }
-    void setImagePosition(ImagePosition position);
-    /// An invalid colour stands for no background.
-    [[nodiscard]] QColor backgroundColor() const { return m_backgroundColor; }
-    void setBackgroundColor(const QColor& color);
+    [[nodiscard]] Qt::ToolButtonStyle toolButtonStyle() const { return m_toolButtonStyle; }
+    void setToolButtonStyle(Qt::ToolButtonStyle style);
+    /// The colour of its background role; invalid while it is flat, which stands for none.
+    [[nodiscard]] QColor backgroundColor() const;
+
+    void onClicked(std::function<void()> callback);
 
     [[nodiscard]] QSize sizeHint() const override;
     [[nodiscard]] QSize minimumSizeHint() const override;
@@ -48,9 +50,8 @@ protected:
 
 private:
     QColor m_textColor;
-    QColor m_backgroundColor;
     Picture m_image;
-    ImagePosition m_imagePosition = ImagePosition::Leading;
+    Qt::ToolButtonStyle m_toolButtonStyle = Qt::ToolButtonTextBesideIcon;
     FocusMark m_focusMark {*this};
     KeyRepeat m_keyRepeat;
     bool m_isUnderlined = false;

@@ -18,11 +18,9 @@ constexpr qreal kGap = 6;
 constexpr int kPressedDarkness = 112; // Percent, as QColor::darker() takes it.
 constexpr qreal kDisabledOpacity = 0.45;
 
-using ImagePosition = ButtonState::ImagePosition;
-
 bool showsTitle(const ButtonState& state)
 {
-    return state.imagePosition != ImagePosition::Only || state.image.isNull();
+    return state.toolButtonStyle != Qt::ToolButtonIconOnly || state.image.isNull();
 }
 
 /// Spaces around a title make room beside a picture; without one they would push it off the middle.
@@ -55,7 +53,7 @@ qreal gapBesideTitle(const ButtonState& state)
 /// What the picture takes away from the title beside it.
 qreal widthBesideTitle(const ButtonState& state)
 {
-    const bool isBeside = !state.image.isNull() && state.imagePosition == ImagePosition::Leading;
+    const bool isBeside = !state.image.isNull() && state.toolButtonStyle == Qt::ToolButtonTextBesideIcon;
     return isBeside ? state.image.size().width() + gapBesideTitle(state) : 0;
 }
 
@@ -171,7 +169,7 @@ void paintButton(QPainter& painter, const QRectF& rect, const ButtonState& state
     const qreal padding = horizontalPadding(state);
     if (state.image.isNull())
         paintTitle(painter, rect.adjusted(padding, 0, -padding, 0), state);
-    else if (state.imagePosition == ImagePosition::Leading)
+    else if (state.toolButtonStyle == Qt::ToolButtonTextBesideIcon)
         paintBeside(painter, rect, state);
     else
         paintBelow(painter, rect, state);
@@ -185,7 +183,7 @@ QSize buttonSizeHint(const ButtonState& state)
     const QSizeF title = titleSize(state);
     const QSizeF image = state.image.isNull() ? QSizeF(0, 0) : state.image.size();
     QSizeF size(image.width() + title.width(), std::max(image.height(), title.height()));
-    if (state.imagePosition == ImagePosition::Above && !image.isEmpty())
+    if (state.toolButtonStyle == Qt::ToolButtonTextUnderIcon && !image.isEmpty())
         size = {std::max(image.width(), title.width()), image.height() + kGap / 2 + title.height()};
     else if (!image.isEmpty())
         size.rwidth() += gapBesideTitle(state);

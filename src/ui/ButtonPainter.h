@@ -12,18 +12,14 @@ class QSize;
 
 /// What a button looks like at one moment.
 struct ButtonState {
-    enum class ImagePosition {
-        Leading, ///< before the title, in the direction of reading
-        Above,
-        Only ///< the title is not drawn; it still names the button to a screen reader
-    };
-
     QString title;
     QFont font;
     QColor textColor;
     QColor backgroundColor; ///< invalid: none
     Picture image;
-    ImagePosition imagePosition = ImagePosition::Leading;
+    /// The title beside the picture or under it; or not drawn, while it still names the button to a screen
+    /// reader.
+    Qt::ToolButtonStyle toolButtonStyle = Qt::ToolButtonTextBesideIcon;
     Qt::LayoutDirection direction = Qt::LeftToRight;
     bool isLink = false; ///< has nothing behind its title that could darken when pressed
     bool isUnderlined = false;

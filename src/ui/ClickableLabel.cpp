@@ -2,7 +2,6 @@
 
 #include "ui/Accessibility.h"
 #include "ui/FontAndTextHandler.h"
-#include "ui/Palette.h"
 
 #include <QAccessible>
 #include <QFontMetrics>
@@ -57,9 +56,7 @@ void ClickableLabel::toggleActive()
 void ClickableLabel::updateView()
 {
     setFont(m_active ? FontAndTextHandler::Bold22() : FontAndTextHandler::Roman22());
-    QPalette colors = palette();
-    colors.setColor(QPalette::WindowText, m_active ? zelvoHoverColor() : zelvoTextColor());
-    setPalette(colors);
+    setForegroundRole(m_active ? QPalette::Link : QPalette::WindowText);
     setAlignment(Qt::AlignCenter);
 }
 
@@ -93,8 +90,7 @@ bool ClickableLabel::event(QEvent* event)
 void ClickableLabel::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    painter.setPen(
-        palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
+    painter.setPen(palette().color(foregroundRole()));
     const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, width());
     painter.drawText(rect(), int(alignment()) | Qt::TextSingleLine, shown);
     if (m_focusMark.isVisible())

@@ -6,6 +6,7 @@
 /// inside, and gets its own look back when the mouse leaves.
 class HoverButton : public Button {
     Q_OBJECT
+    Q_PROPERTY(QString imageName READ imageName WRITE setImageNamed)
 
 public:
     explicit HoverButton(QWidget* parent = nullptr);
@@ -23,6 +24,7 @@ public:
     void setAlternateImage(const Picture& image);
     /// The picture of that name, and beside it its form for the mouse inside, whose name ends in "_hoover".
     void setImageNamed(const QString& name);
+    [[nodiscard]] QString imageName() const { return image().name(); }
     /// The background while the mouse is inside; invalid: the ordinary one stays.
     [[nodiscard]] QColor alternateBackgroundColor() const { return m_alternateBackgroundColor; }
     void setAlternateBackgroundColor(const QColor& color);

@@ -5,6 +5,8 @@
 HoverLink::HoverLink(QWidget* parent)
     : Button(parent)
 {
+    setFlat(true);
+    setUnderLineText();
     setTextColor(zelvoHoverColor());
     setCursor(Qt::PointingHandCursor);
 }

@@ -2,7 +2,7 @@
 
 #include "ui/Button.h"
 
-/// A button that looks like a link: the hover colour, and a grey while the mouse is inside.
+/// A button that looks like a link: underlined, in the hover colour, and grey while the mouse is inside.
 class HoverLink final : public Button {
     Q_OBJECT
 

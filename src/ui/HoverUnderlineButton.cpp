@@ -3,6 +3,7 @@
 HoverUnderlineButton::HoverUnderlineButton(QWidget* parent)
     : Button(parent)
 {
+    setFlat(true);
 }
 
 ButtonState HoverUnderlineButton::state() const

@@ -7,15 +7,14 @@ PictureView::PictureView(QWidget* parent)
 {
 }
 
-void PictureView::setPicture(const Picture& picture)
+void PictureView::setPictureNamed(const QString& name)
 {
-    m_picture = picture;
+    m_picture = Picture(name);
     update();
 }
 
 void PictureView::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    if (!m_picture.isNull())
-        m_picture.draw(painter, rect());
+    m_picture.draw(painter, rect());
 }

@@ -1,6 +1,5 @@
 #include "ui/TextUtilities.h"
 
-#include "data/AppProperties.h"
 #include "ui/FontAndTextHandler.h"
 #include "ui/Palette.h"
 
@@ -47,18 +46,4 @@ void setVerticalCentering(QLabel& label, bool centered)
 void setVerticalCentering(QLineEdit& field, bool centered)
 {
     field.setAlignment(verticallyAligned(field.alignment(), centered));
-}
-
-void applyTypefaceToWrappingLabels(QWidget& form)
-{
-    const QString typeface = AppProperties::instance().zelvoFontName();
-    if (typeface.isEmpty())
-        return;
-    for (QLabel* label : form.findChildren<QLabel*>()) {
-        if (!label->wordWrap())
-            continue;
-        QFont font = label->font();
-        font.setFamily(typeface);
-        label->setFont(font);
-    }
 }

@@ -5,7 +5,6 @@
 
 class QLabel;
 class QLineEdit;
-class QWidget;
 
 /// The UTF-16 units in reverse order.
 [[nodiscard]] QString reversed(const QString& string);
@@ -20,8 +19,3 @@ class QWidget;
 /// Sets the text in the middle of a tall field, or back at its top.
 void setVerticalCentering(QLabel& label, bool centered);
 void setVerticalCentering(QLineEdit& field, bool centered);
-
-/// Gives every label of the form that wraps its text the bundle's typeface (information key "ZelvoFontName")
-/// at the label's present size; does nothing when the bundle names none. For a form that has just been set
-/// up: fonts given later stay.
-void applyTypefaceToWrappingLabels(QWidget& form);

@@ -8,6 +8,7 @@
 #include <QEnterEvent>
 #include <QFocusEvent>
 #include <QImage>
+#include <QPushButton>
 #include <QWidget>
 
 #include <gtest/gtest.h>
@@ -37,6 +38,15 @@ protected:
         image.fill(kGround);
         widget.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
         return image;
+    }
+
+    /// What lies behind a button; an invalid colour for nothing.
+    static void setBackground(QPushButton& button, const QColor& color)
+    {
+        button.setFlat(!color.isValid());
+        QPalette palette = button.palette();
+        palette.setColor(QPalette::Button, color);
+        button.setPalette(palette);
     }
 
     /// The colour at a point in logical pixels.

@@ -39,7 +39,7 @@ inline QStringList textsThatDoNotFit(const QWidget& window)
             note(*label, label->text());
     }
     for (const Button* button : window.findChildren<Button*>()) {
-        if (button->isVisible() && button->imagePosition() != Button::ImagePosition::Only
+        if (button->isVisible() && button->toolButtonStyle() != Qt::ToolButtonIconOnly
             && button->sizeHint().width() > button->width())
             note(*button, button->text());
     }

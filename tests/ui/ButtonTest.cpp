@@ -20,6 +20,7 @@ protected:
         m_button.setText(QStringLiteral("MMMM"));
         m_button.setTextColor(kTitle);
         m_button.resize(161, 61);
+        m_button.setFlat(true);
     }
 
     static constexpr QColor kTitle {200, 0, 0};
@@ -36,12 +37,14 @@ TEST_F(ButtonTest, pictureAndTitleStandTogetherInTheMiddleAndAskForNoMoreRoomTha
             .arg(found.width())
             .arg(found.height());
     };
-    using enum Button::ImagePosition;
+    constexpr auto Leading = Qt::ToolButtonTextBesideIcon;
+    constexpr auto Above = Qt::ToolButtonTextUnderIcon;
+    constexpr auto Only = Qt::ToolButtonIconOnly;
     using enum Qt::LayoutDirection;
     const struct {
         const char* title;
         const char* picture;
-        Button::ImagePosition position;
+        Qt::ToolButtonStyle position;
         Qt::LayoutDirection direction;
         QSize size;
         QColor background;
@@ -62,9 +65,9 @@ TEST_F(ButtonTest, pictureAndTitleStandTogetherInTheMiddleAndAskForNoMoreRoomTha
     for (const auto& row : kTestCases) {
         m_button.setText(QString::fromLatin1(row.title));
         m_button.setImage(*row.picture ? Picture(QString::fromLatin1(row.picture)) : Picture());
-        m_button.setImagePosition(row.position);
+        m_button.setToolButtonStyle(row.position);
         m_button.setLayoutDirection(row.direction);
-        m_button.setBackgroundColor(row.background);
+        setBackground(m_button, row.background);
         m_button.resize(row.size);
         // The ground and the title have no green, the pictures have.
         QString seen = box([](const QColor& pixel) { return pixel.green() < 40 && pixel.blue() < 128; })
@@ -81,7 +84,7 @@ TEST_F(ButtonTest, eachStateHasItsLook)
     QList<QRgb> looks {seen()};
     m_button.setDown(true);
     looks << seen();
-    m_button.setBackgroundColor(QColor(0xC8, 0xD9, 0xE1));
+    setBackground(m_button, QColor(0xC8, 0xD9, 0xE1));
     looks << seen();
     m_button.setDown(false);
     looks << seen() << grab(m_button).pixelColor(0, 0).rgb(); // The corners are round.
@@ -98,13 +101,13 @@ TEST_F(ButtonTest, eachStateHasItsLook)
     m_button.removeUnderLineText();
     EXPECT_EQ(grab(m_button), plain);
     // What would not be read takes another colour, the picture with the title.
-    m_button.setBackgroundColor(kTitle);
+    setBackground(m_button, kTitle);
     m_button.setImage(Picture(QStringLiteral("ButtonUp")));
     const auto light = [&] {
         return boxOf(grab(m_button), [](const QColor& pixel) { return pixel == Qt::white; }).width();
     };
     const int both = light();
-    m_button.setImagePosition(Button::ImagePosition::Only);
+    m_button.setToolButtonStyle(Qt::ToolButtonIconOnly);
     EXPECT_GT(light(), 10);
     EXPECT_GT(both, light() + 60);
     for (const auto& [title, color] :

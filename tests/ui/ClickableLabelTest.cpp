@@ -11,6 +11,7 @@ class ClickableLabelTest : public ControlTest, public ClickableLabelDelegate {
 protected:
     ClickableLabelTest()
     {
+        applyWindowPalette(m_label);
         m_label.setText(QStringLiteral("Calories"));
         m_label.setDelegateClick(this);
         m_label.resize(160, 40);

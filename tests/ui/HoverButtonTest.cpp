@@ -9,7 +9,7 @@ protected:
     {
         m_button.setText(QStringLiteral("Stand"));
         m_button.setImageNamed(QStringLiteral("NotificationButtonStandMemory"));
-        m_button.setBackgroundColor(QColor(250, 240, 230));
+        setBackground(m_button, QColor(250, 240, 230));
         m_button.setAlternateBackgroundColor(QColor(200, 230, 240));
         m_button.resize(140, 40);
     }

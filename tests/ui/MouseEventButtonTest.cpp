@@ -266,7 +266,7 @@ TEST_F(MouseEventButtonTest, theDelegateMayDeleteTheButton)
 TEST_F(MouseEventButtonTest, itLooksPressedExactlyWhileItIsHeld)
 {
     Stage stage;
-    stage.button->setBackgroundColor(Qt::white);
+    setBackground(*stage.button, Qt::white);
     const QImage plain = grab(*stage.button);
     stage.act('S');
     EXPECT_LT(colorAt(grab(*stage.button), {8, 20}).lightness(), 250);

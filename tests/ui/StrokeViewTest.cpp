@@ -17,7 +17,7 @@ TEST_F(StrokeViewTest, eachViewPaintsItsOwnAndARuleIsAsThinAsItsLayoutLetsIt)
     VerticalRuleView vertical;
     CardView card;
     PictureView picture;
-    picture.setPicture(Picture(QStringLiteral("SetupTextField")));
+    picture.setPictureNamed(QStringLiteral("SetupTextField"));
     TransparentView nothing;
     const auto at = [](const QImage& image, QPoint point) { return image.pixelColor(point).name() + u' '; };
     QStringList seen;

@@ -2,6 +2,7 @@
 
 #include "fakes/ControlTest.h"
 #include "ui/FontAndTextHandler.h"
+#include "ui/FormStyle.h"
 
 #include <QFontMetricsF>
 #include <QLabel>
@@ -36,7 +37,7 @@ TEST_F(TextUtilitiesTest, onlyWrappingLabelsTakeTheBundlesTypefaceAndKeepTheirSi
     font.setPixelSize(17);
     form.setFont(font);
     wrapping.setWordWrap(true);
-    applyTypefaceToWrappingLabels(form);
+    applyFormStyle(form);
     font.setFamily(QStringLiteral("Open Sans"));
     EXPECT_EQ(wrapping.font(), font);
     EXPECT_EQ(single.font(), form.font());
