@@ -60,11 +60,6 @@ double Bundle::numberValue(const QString& key) const
     return std::isfinite(number) ? number : 0; // "nan" and "inf" are numbers to Qt.
 }
 
-QString Bundle::localizedString(const QString& key) const
-{
-    return qtTrId(key.toUtf8().constData());
-}
-
 QString Bundle::imagePath(const QString& name)
 {
     return QStringLiteral(":/images/%1.svg").arg(name);

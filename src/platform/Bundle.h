@@ -6,8 +6,8 @@
 
 #include <optional>
 
-/// What ships inside the program: the information keys of Info.json, the texts by key and the pictures by
-/// name.
+/// What ships inside the program: the information keys of Info.json and the pictures by name. Texts are asked
+/// for with qtTrId().
 class Bundle {
 public:
     /// A bundle with the given information keys; the program's own is made from the compiled-in Info.json.
@@ -26,8 +26,6 @@ public:
     /// counts.
     [[nodiscard]] double numberValue(const QString& key) const;
 
-    /// The text under the key in the user's language. A key without a text answers itself.
-    [[nodiscard]] virtual QString localizedString(const QString& key) const;
     /// Path of the picture of that name inside the program, for QIcon, QSvgRenderer and style sheets.
     [[nodiscard]] static QString imagePath(const QString& name);
 

@@ -95,8 +95,7 @@ void postManyErrors()
 {
     QMap<QString, QString> errors;
     for (int code = 1; code <= 12; ++code)
-        errors.insert(QStringLiteral("E%1").arg(code, 2, 10, QLatin1Char('0')),
-            Bundle::main().localizedString(QStringLiteral("PositionLostError")));
+        errors.insert(QStringLiteral("E%1").arg(code, 2, 10, QLatin1Char('0')), qtTrId("PositionLostError"));
     NotificationCenter::defaultCenter().post(ZelvoHIDDevice::kErrorCode, {}, errors);
 }
 
