@@ -198,7 +198,8 @@ TEST(Wire, CarriesWhatAHoldAsksForAndNothingAfterItsEnd)
         EXPECT_EQ(world.wire.join(u' ').toStdString(), wire);
         EXPECT_EQ(world.heard.join(u' ').toStdString(), heard);
         EXPECT_FALSE(world.simulation.desk().isMoving());
-        if (height != 0)
+        if (height != 0) {
             EXPECT_EQ(world.device.lock()->position(), height);
+        }
     }
 }
