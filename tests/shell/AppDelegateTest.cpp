@@ -5,7 +5,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
 
 #include <cerrno>
 #include <gtest/gtest.h>
@@ -53,38 +52,6 @@ TEST(AppDelegate, anUpgradeIsByNumbersAndResetsTheDismissTimeInOneRelease)
         world.app->versionUpgrade();
         EXPECT_EQ(AppProperties::instance().timeNotificationDismiss(), row.dismissTime) << row.running;
         EXPECT_EQ(AppProperties::instance().version(), QString::fromLatin1(row.version));
-    }
-}
-
-TEST(AppDelegate, whatKeepsTheStoreFromOpeningIsPresentedAndNotTouched)
-{
-    const struct {
-        const char* inTheWay; ///< a file, below the user's data folder
-        const char* domain;
-        int code;
-    } kCases[] = {
-        {"/org.zelvo.StandUp", "YOUR_ERROR_DOMAIN", 101},
-        {"", "generic", ENOTDIR},
-        {"/org.zelvo.StandUp/StandUp.storedata", "SQLite", SQLITE_NOTADB},
-    };
-    for (const auto& row : kCases) {
-        SCOPED_TRACE(row.inTheWay);
-        ShellWorld world;
-        QFile file(world.platform.folder.path() + QString::fromLatin1(row.inTheWay));
-        QDir(file.fileName()).removeRecursively();
-        QDir().mkpath(QFileInfo(file).path());
-        ASSERT_TRUE(file.open(QIODevice::ReadWrite));
-        file.write(QByteArray(1024, 'x'));
-        file.flush();
-        EXPECT_EQ(world.app->managedObjectContext(), nullptr);
-        ASSERT_EQ(world.dialogs.presented.size(), 2u);
-        EXPECT_EQ(world.dialogs.presented[0].domain, QString::fromLatin1(row.domain));
-        EXPECT_EQ(world.dialogs.presented[0].code, row.code);
-        EXPECT_FALSE(world.dialogs.presented[0].failureReason.isEmpty());
-        EXPECT_EQ(world.dialogs.presented[1].code, 9999);
-        EXPECT_EQ(file.size(), 1024);
-        ASSERT_TRUE(file.remove()); // A failed build leaves nothing behind.
-        EXPECT_NE(world.app->managedObjectContext(), nullptr);
     }
 }
 
@@ -169,17 +136,4 @@ TEST(AppDelegate, aSecondRequestAnswersTheQuestionOfTheFirst)
     world.app->terminate();
     EXPECT_EQ(world.dialogs.alerts.size(), 1);
     EXPECT_EQ(world.quits, 1);
-}
-
-TEST(AppDelegate, aSessionThatMayEndSavesTheRecordAndLeavesItOpen)
-{
-    ShellWorld world;
-    world.startWithDesk();
-    world.platform.runLoop.advance(38);
-    world.app->commitData();
-    const auto& hub = AppProperties::instance().zelvoController();
-    ASSERT_TRUE(hub->activity());
-    EXPECT_EQ(hub->activity()->endDate(), Date::now());
-    EXPECT_FALSE(world.app->managedObjectContext()->hasChanges());
-    EXPECT_TRUE(hub->scheduleManager()->isScheduled());
 }

@@ -167,19 +167,3 @@ TEST_F(MainWindowControllerTest, errorsAreLinksAndStayUntilFifteenSecondsAfterTh
     EXPECT_FALSE(area.isVisible());
     EXPECT_EQ(label.text(), QString());
 }
-
-TEST_F(MainWindowControllerTest, manyErrorsCoverNoButton)
-{
-    start();
-    QWidget& window = openMainWindow();
-    post(ZelvoHIDDevice::kErrorCode,
-        {{QStringLiteral("E02"), QStringLiteral("A long story of a desk. ").repeated(400)}});
-    for (const auto& [height, errors] : {std::pair {592, 300}, {400, 0}}) {
-        window.setFixedSize(360, height);
-        QApplication::processEvents();
-        const QRect area = in(window, "errorArea").geometry();
-        EXPECT_EQ(area.height(), errors ? errors : in(window, "body").geometry().bottom() + 1 - area.y());
-        for (const Button* button : window.findChildren<Button*>())
-            EXPECT_FALSE(area.intersects(button->geometry())) << qPrintable(button->objectName()) << height;
-    }
-}

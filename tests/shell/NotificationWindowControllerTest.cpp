@@ -35,30 +35,6 @@ protected:
 };
 }
 
-TEST_F(NotificationWindowControllerTest, showsTheContentAndFollowsItsChanges)
-{
-    startWithDesk();
-    QWidget& window = remind(kStanding);
-    const auto shown = [&] {
-        return QStringList {text(window, "calRadialTitle"), text(window, "calRadialSubTitle"),
-            in<Button>(window, "buttonMemory").text(), text(window, "labelMessage")};
-    };
-    EXPECT_EQ(text(window, "labelTitle"), reminder().notification()->title());
-    EXPECT_EQ(shown().join(u'|'), QStringLiteral("6|Minutes|Memory2|"));
-    const Picture stand = in<Button>(window, "buttonMemory").image();
-    properties().setActivityMode(1);
-    remind(kSitting);
-    EXPECT_EQ(shown().mid(1).join(u'|'), QStringLiteral("Mins|Memory1|NotificationSittingmemory"));
-    EXPECT_NE(in<Button>(window, "buttonMemory").image(), stand);
-    remind(0);
-    EXPECT_EQ(shown().join(u'|'), QStringLiteral("||Memory2|"));
-
-    EXPECT_EQ(text(window, "labelTabelHeight"), QStringLiteral(" 71 Centimeter"));
-    desk->setHeight(2000);
-    pass(1.1);
-    EXPECT_EQ(text(window, "labelTabelHeight"), QStringLiteral(" 82 Centimeter"));
-}
-
 TEST_F(NotificationWindowControllerTest, leavesByItselfAndSnoozesUnlessTheDeskWasMoved)
 {
     for (const bool isMoved : {false, true}) {
