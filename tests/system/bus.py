@@ -15,6 +15,10 @@ def get(connection, name, path, interface, key):
     return call(connection, name, path, "org.freedesktop.DBus.Properties", "Get", "(ss)", interface, key)[0]
 
 
+def process_of(connection, name):
+    return call(connection, "org.freedesktop.DBus", "/", "org.freedesktop.DBus", "GetConnectionUnixProcessID", "(s)", name)[0]
+
+
 class Mock:
     def __init__(self, connection, name, path, interface):
         self.connection, self.name, self.path, self.interface = connection, name, path, interface

@@ -3,7 +3,7 @@
 The client library keeps one bus for a process's life, so it could not follow one scenario's desktop after another.
 """
 
-from bus import call, get
+from bus import call, get, process_of
 from gi.repository import GLib
 from waiting import DEADLINE, wait_until
 
@@ -28,54 +28,31 @@ class Node:
     def __init__(self, bus, name, path):
         self.bus, self.owner, self.path = bus, name, path
 
-    def __eq__(self, other):
-        return (self.owner, self.path) == (other.owner, other.path)
-
     def _call(self, interface, method, signature=None, *arguments):
         return call(self.bus, self.owner, self.path, ATSPI + interface, method, signature, *arguments, timeout=5)
 
     def _get(self, interface, key):
         return get(self.bus, self.owner, self.path, ATSPI + interface, key)
 
-    @property
-    def name(self):
-        return self._get("Accessible", "Name").strip()
-
-    @property
-    def description(self):
-        return self._get("Accessible", "Description")
-
-    @property
-    def role(self):
-        return self._call("Accessible", "GetRoleName")[0]
-
-    @property
-    def children(self):
-        return [Node(self.bus, *child) for child in self._call("Accessible", "GetChildren")[0]]
+    name = property(lambda self: self._get("Accessible", "Name").strip())
+    description = property(lambda self: self._get("Accessible", "Description"))
+    role = property(lambda self: self._call("Accessible", "GetRoleName")[0])
+    children = property(lambda self: [Node(self.bus, *found) for found in self._call("Accessible", "GetChildren")[0]])
+    frame = property(lambda self: self._call("Component", "GetExtents", "(u)", 0)[0])
+    text = property(lambda self: self._call("Text", "GetText", "(ii)", 0, -1)[0])
+    actions = property(lambda self: [action[0] for action in self._call("Action", "GetActions")[0]])
 
     def has(self, state):
         words = self._call("Accessible", "GetState")[0]
         return bool(words[state // 32] >> state % 32 & 1)
 
     @property
-    def frame(self):
-        return self._call("Component", "GetExtents", "(u)", 0)[0]
-
-    @property
     def middle(self):
         x, y, width, height = self.frame
         return x + width // 2, y + height // 2
 
-    @property
-    def text(self):
-        return self._call("Text", "GetText", "(ii)", 0, -1)[0]
-
     def set_text(self, text):
         return self._call("EditableText", "SetTextContents", "(s)", text)[0]
-
-    @property
-    def actions(self):
-        return [action[0] for action in self._call("Action", "GetActions")[0]]
 
     def press(self):
         assert self._call("Action", "DoAction", "(i)", 0)[0]
@@ -89,11 +66,8 @@ class Node:
             yield from child.walk()
 
     def all(self, name=None, role=None):
-        return [
-            node
-            for node in self.walk()
-            if (name is None or node.name == name) and (role is None or node.role == role) and node.has(SHOWING)
-        ]
+        wanted = lambda node: name in (None, node.name) and role in (None, node.role) and node.has(SHOWING)  # noqa: E731
+        return list(filter(wanted, self.walk()))
 
     def find(self, name=None, role=None):
         found = ignoring_what_goes(lambda: self.all(name, role))
@@ -113,10 +87,7 @@ def listen_to(program):
     bus = program.desktop.accessibility
 
     def find():
-        for node in Node(bus, "org.a11y.atspi.Registry", ROOT).children:
-            dbus = ("org.freedesktop.DBus", "/", "org.freedesktop.DBus")
-            if call(bus, *dbus, "GetConnectionUnixProcessID", "(s)", node.owner) == (program.process.pid,):
-                return node
-        return None
+        nodes = Node(bus, "org.a11y.atspi.Registry", ROOT).children
+        return next((node for node in nodes if process_of(bus, node.owner) == program.process.pid), None)
 
     return wait_until(find, "the program on the accessibility bus")

@@ -70,9 +70,15 @@ def test_snoozed_skipped_and_ignored(desktop):
     worker.is_reminded_after(SNOOZE)
 
 
-def test_answered_by_moving_the_desk(desktop):
-    worker = Worker(desktop, simulated=False, TimeNotificationDismissOnAction=3)
+def test_answered_by_moving_the_desk_and_by_no_key_for_another_program(desktop):
+    worker = Worker(desktop, simulated=False, TimeNotificationDismissOnAction=9)
+    editor = desktop.editor()
     window = worker.is_reminded_after(SITTING_TIME)
+    for key in ("space", "Return", "Escape"):
+        desktop.key(key)
+    assert desktop.is_active(editor) and worker.reminder
+    assert set(worker.adapter.values()) == {"init", STOP}
+    assert window.find("Snooze").actions[0] == "Press" and "Press" not in window.find("Up").actions
     for name, value in {"Down": DOWN, "Up": UP, "Stand": 1500}.items():
         desktop.move_pointer(*window.find(name).middle)
         desktop.button(True)
@@ -86,8 +92,9 @@ def test_answered_by_moving_the_desk(desktop):
         holds_for(1, lambda: worker.reminder, "it stays while the pointer rests on it")
     worker.leaves_the_pointer_elsewhere()
     left_at = worker.clock.now()
-    wait_until(lambda: not worker.reminder, "the reminder gone")
-    assert worker.clock.now() - left_at == pytest.approx(3.3, abs=1.2)
+    with worker.clock.running(4):
+        wait_until(lambda: not worker.reminder, "the reminder gone")
+    assert 9 <= worker.clock.now() - left_at < 15
     worker.adapter.put(700)
     wait_until(lambda: desktop.records()[-1][2] == 0, "sitting")
     worker.since = desktop.records()[-1][0]
@@ -97,11 +104,15 @@ def test_answered_by_moving_the_desk(desktop):
 
 
 def test_who_stands_is_asked_to_sit_and_nobody_without_a_desk(desktop):
-    worker = Worker(desktop, simulated=False, ActivityGoal=3)  # The same times the other way round.
+    # 250 kcal a day at 60 kg are 44 minutes an hour; 7 at a time burn 5 kcal.
+    worker = Worker(desktop, simulated=False, ActivityMode=1, ActivityGoal=250, Weight=60)
+    window = worker.is_reminded_after((60 - 44) * 60 / 6)
+    assert {"5", "Calories", "Stand for 7\xa0min to burn 5\xa0kcal."} <= set(window.says())
+    worker.does(lambda: window.find("Snooze").press())
     worker.adapter.put(4000)
     worker.has_stood_up()
-    window = worker.is_reminded_after(SITTING_TIME)
-    assert {"Sit", "Minutes", "9", "102 cm"} <= set(window.says())
+    window = worker.is_reminded_after(44 * 60 / 6)
+    assert {"Sit", "Minutes", "2", "102 cm", "Sit for 2\xa0min, then stand again."} <= set(window.says())
     worker.program.click_tray()  # The main window takes its place.
     main = worker.program.window_with("History")
     wait_until(lambda: not main.all("Snooze") and len(desktop.windows()) == 1, "the reminder gone")
@@ -109,22 +120,3 @@ def test_who_stands_is_asked_to_sit_and_nobody_without_a_desk(desktop):
     worker.adapter.unplug()
     with worker.clock.running(RATE):
         holds_for(3, lambda: not worker.reminder, "no desk, no reminder")
-
-
-def test_a_reminder_takes_no_keys_from_the_user(desktop):
-    worker = Worker(desktop, simulated=False)
-    other = desktop.editor()
-    window = worker.is_reminded_after(SITTING_TIME)
-    for key in ("space", "Return", "Escape"):
-        desktop.key(key)
-    assert desktop.is_active(other) and worker.reminder
-    assert set(worker.adapter.values()) == {"init", STOP}
-    assert window.find("Snooze").actions[0] == "Press" and "Press" not in window.find("Up").actions
-
-
-def test_calories_are_counted_for_the_weight(desktop):
-    # 250 kcal a day at 60 kg are 44 minutes an hour; 7 at a time burn 5 kcal.
-    worker = Worker(desktop, ActivityMode=1, ActivityGoal=250, Weight=60)
-    window = worker.is_reminded_after((60 - 44) * 60 / 6)
-    said = {words.replace("\xa0", " ") for words in window.says()}
-    assert {"5", "Calories", "Stand for 7 min to burn 5 kcal."} <= said
