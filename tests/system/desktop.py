@@ -92,9 +92,6 @@ class Clock:
         with self._writing():
             self.ahead += by
 
-    def start_at(self, moment):
-        self.set_wall(moment - self.now())
-
     def sleep(self, seconds):
         # The machine slept.
         with self._writing():

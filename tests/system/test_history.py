@@ -74,8 +74,8 @@ class Sums:
 
 def start_with_history(desktop, sums):
     desktop.settings(Weight=WEIGHT, ActivityGoal=GOAL)
-    desktop.env |= {"TZ": sums.zone.key}
-    desktop.clock.start_at(sums.now)
+    desktop.env["TZ"] = sums.zone.key
+    desktop.clock.set_wall(sums.now - desktop.clock.now())
     program = desktop.start()
     program.click_tray()  # Makes the store.
     desktop.window("Zelvo StandUp")

@@ -10,30 +10,22 @@ from waiting import wait_until
 
 
 @pytest.mark.desktop(tray=False)
-def test_without_a_tray_the_window_comes_by_itself(desktop):
+def test_a_tray_that_is_late_and_one_that_leaves(desktop):
     desktop.settings()
     program = desktop.start()
     with desktop.clock.running(10):
-        desktop.window("Zelvo StandUp")
-    for ask in (lambda: None, program.show, lambda: desktop.add_tray() or program.click_tray()):
-        ask()
-        program.in_front("Zelvo StandUp")
+        program.in_front("Zelvo StandUp")  # By itself.
+    for tray, ask in (None, program.show), (desktop.add_tray, program.click_tray), (desktop.remove_tray, program.show):
         desktop.key("Escape")
         wait_until(lambda: not desktop.windows(), "the window closed")
-    assert len(desktop.records()) == 1
-
-
-def test_a_tray_that_leaves_and_comes_again(desktop):
-    desktop.settings()
-    program = desktop.start()
-    assert program.tray_item()
-    desktop.remove_tray()
-    program.show()
-    desktop.key("Escape")
-    wait_until(lambda: not desktop.windows(), "the window closed")
+        if tray:
+            tray()
+        ask()
+        program.in_front("Zelvo StandUp")
     desktop.add_tray()
     program.choose("History")
     desktop.window("History")
+    assert len(desktop.records()) == 1
 
 
 def test_the_icon_tells_whether_a_desk_is_there_and_a_silent_adapter_is_none(desktop):
