@@ -15,7 +15,7 @@ class Office:
     # The program at work in a machine that can sleep, with a user who can leave.
 
     def __init__(self, desktop, simulated=True, **settings):
-        self.desktop, self.rate, self.place = desktop, 100 if simulated else 25, 40
+        self.desktop, self.rate, self.place = desktop, 30 if simulated else 20, 40
         desktop.settings(**STANDING, **settings)
         self.logind = desktop.add_logind()
         self.adapter = None if simulated else desktop.plug()
@@ -42,6 +42,12 @@ class Office:
     def leaves(self):
         idle = self.desktop.log().count("IdleObserver - Idle")
         self.until(lambda: self.desktop.log().count("IdleObserver - Idle") > idle, "absence")
+        self.is_polled_after("IdleObserver - Idle", 1)
+
+    def is_polled_after(self, event, times):
+        # The program has gone on after what it logged, and has saved what followed from that.
+        polls = lambda: self.desktop.log().rpartition(event)[2].count("IdleTime")  # noqa: E731
+        self.until(lambda: polls() >= times, "a look at the user")
 
     def screens(self, dark, way="freedesktop"):
         # As the desktops tell of them: a screen saver, the machine's session, a compositor.
@@ -87,7 +93,6 @@ class Office:
 
     def stays_closed(self, seconds=60):
         # Nobody is there: nothing is recorded however long it takes.
-        self.pass_time(IDLE_POLL)  # What was about to be saved is saved.
         before = self.records
         self.pass_time(seconds)
         assert self.records == before
@@ -132,7 +137,7 @@ def test_who_is_away_or_sits_before_dark_screens_is_not_recorded(desktop):
     left = desktop.clock.now()
     office.touch()
     office.leaves()
-    assert 40 <= desktop.clock.now() - left <= 40 + 4 * IDLE_POLL
+    assert 40 <= desktop.clock.now() - left <= 40 + 5 * IDLE_POLL
     office.stays_closed()
     office.comes_back()
     away, back = office.records
@@ -140,7 +145,7 @@ def test_who_is_away_or_sits_before_dark_screens_is_not_recorded(desktop):
     office.leaves()
     office.screens(dark=True)
     office.until(lambda: len(office.records) > 2, "the fresh period of dark screens")
-    office.pass_time(2 * IDLE_POLL)
+    office.is_polled_after("receiveSleepNotification", 3)
     office.stays_closed(100)
     assert office.records[-1][1] - office.records[-1][0] <= IDLE_POLL + LAG
     assert not desktop.windows(), "no reminder"
