@@ -3,7 +3,7 @@
 import itertools
 
 import pytest
-from waiting import holds_for, wait_until
+from waiting import at_rest, holds_for, wait_until
 
 WINDOWS = {"Open Zelvo StandUp": "Zelvo StandUp", "History": "History", "Settings…": "Setup"}
 
@@ -66,9 +66,8 @@ def test_a_window_is_dragged_by_its_background_and_not_by_its_buttons(desktop, p
 
     wait_until(follows, "the window following")
     desktop.button(False)
-    wait_until(lambda: (corner[0] - desktop.frame(window)[0]) // 2 == desktop.frame(window)[1] - corner[1], "rest")
-    moved = desktop.frame(window)
-    assert moved[2:] == corner[2:]
+    moved = at_rest(lambda: desktop.frame(window))
+    assert (moved[1] - corner[1], moved[2:]) == ((corner[0] - moved[0]) // 2, corner[2:])
     desktop.move_pointer(*main.find("History").middle)
     desktop.button(True)
     desktop.move_pointer(5, 5)

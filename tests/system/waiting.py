@@ -23,3 +23,12 @@ def holds_for(seconds, condition, what):
     while time.monotonic() < end:
         assert condition(), what
         time.sleep(0.01)
+
+
+def at_rest(look, seconds=0.5):
+    # What it sees, once that stays the same.
+    while True:
+        seen = look()
+        time.sleep(seconds)
+        if look() == seen:
+            return seen
