@@ -117,3 +117,10 @@ KEPT = [
 @pytest.mark.parametrize("path, text, count", [(*rule, 1) for rule in BROKEN] + [(*rule, 0) for rule in KEPT])
 def test_a_rule_notices_what_breaks_it_and_nothing_else(path, text, count):
     assert len(findings(path, f"\n{text}\n")) == count
+
+
+def test_the_map_names_what_there_is():
+    table = (TOP / "docs/architecture.md").read_text().split("## Where would you look?")[1].split("\n## ")[0]
+    there = {path.stem for path in (TOP / "src").rglob("*.*")} | {"strings", "docs/protocol.md", "qtTrId()", "src/main.cpp"}
+    named = re.findall(r"`([^`]+)`", table)
+    assert [name for name in named if not {name, PurePosixPath(name).name} & there] == []
