@@ -81,36 +81,6 @@ TEST_F(ActivityPersisterTest, withoutAContextOrTableEverythingIsNothing)
     }
 }
 
-TEST_F(ActivityPersisterTest, aDayCountsWhatLiesInItAndWhatReachesIntoIt)
-{
-    record(-1, 1, true); // across the midnight before
-    record(9, 10, true);
-    record(10, 12, false);
-    record(12, 12, true);
-    record(22, 24, true); // ends exactly at midnight: in neither day
-    record(48, 72, true); // but a whole day is
-    const struct {
-        int day;
-        double all, standing, sitting;
-        size_t records, sittingRecords;
-    } kDays[] = {{-1, 60, 60, 60, 1, 1}, {0, 240, 120, 180, 4, 2}, // Over midnight counts as sitting too.
-        {1, 0, 0, 0, 1, 1}, {2, 1440, 1440, 1440, 1, 1}};
-    for (const auto& row : kDays) {
-        SCOPED_TRACE(row.day);
-        const Date date = today.dateByAddingDays(row.day);
-        EXPECT_EQ(persister.minutesActiveOnDay(date), row.all);
-        EXPECT_EQ(persister.minutesActiveOnDay(date, true), row.standing);
-        EXPECT_EQ(persister.minutesActiveOnDay(date, false), row.sitting);
-        EXPECT_EQ(persister.activitiesOnDay(date)->size(), row.records);
-        EXPECT_EQ(persister.activitiesOnDay(date, false)->size(), row.sittingRecords);
-    }
-    EXPECT_DOUBLE_EQ(persister.percentStandingOnDay(today), 50);
-    EXPECT_DOUBLE_EQ(persister.caloriesBurnedOnDay(today), 120 * (67.5 * 2.205) * 0.0054);
-    EXPECT_EQ(ActivityPersister::activityTimeForActivity(
-                  *persister.activitiesOnDay(today)->front(), today.dateAtStartOfDay(), today),
-        3600);
-}
-
 TEST_F(ActivityPersisterTest, countsTheDaysOnWhichTheGoalWasMet)
 {
     record(9, 9 + 124.43 / 60, true);
@@ -126,7 +96,7 @@ TEST_F(ActivityPersisterTest, countsTheDaysOnWhichTheGoalWasMet)
 }
 
 /// Random records, stored, changed since and not stored yet, whose edges often coincide with those of the
-/// intervals asked for. Fetches and totals are what plain arithmetic over the list gives.
+/// intervals and days asked for. Fetches and totals are what plain arithmetic over the list gives.
 TEST_F(ActivityPersisterTest, fetchesAndTotalsAreThoseOfPlainArithmetic)
 {
     struct Record {
@@ -136,28 +106,27 @@ TEST_F(ActivityPersisterTest, fetchesAndTotalsAreThoseOfPlainArithmetic)
     std::mt19937 engine(20130101);
     const auto pick = [&](int low, int high) { return std::uniform_int_distribution<>(low, high)(engine); };
     const auto gridPoint = [&] { return kDayStart + 900.0 * pick(0, 6 * 96) + (pick(0, 3) ? 0 : 0.5); };
-    std::vector<Record> records; // A record's weight is its number in this list.
+    std::vector<Record> records(600); // A record's weight is its number in this list.
     std::vector<ActivityRef> objects;
     for (size_t i = 0; i < 750; ++i) {
         const double lengths[] = {0, 900.0 * pick(1, 12), 85500, 86400, 86400.001, 900.0 * pick(96, 300),
             -900, -900.0 * pick(1, 300)};
         const double start = gridPoint();
         const Record random {start, start + lengths[pick(0, 7)], pick(0, 1) == 1};
-        if (i < 600) {
-            objects.push_back(store.insert(random.start, random.end, random.isStanding, double(i)));
-            records.push_back(random);
-        } else {
-            records[i - 600] = random;
-            objects[i - 600]->setStartDate(Date(random.start));
-            objects[i - 600]->setEndDate(Date(random.end));
-            objects[i - 600]->setIsStanding(random.isStanding);
-        }
+        records[i % 600] = random;
+        if (i < 600)
+            objects.push_back(store.insert(0, 0, false, double(i)));
+        objects[i % 600]->setStartDate(Date(random.start));
+        objects[i % 600]->setEndDate(Date(random.end));
+        objects[i % 600]->setIsStanding(random.isStanding);
         ASSERT_TRUE(i != 449 || persister.save());
     }
+    ActivityPersister& p = persister;
     for (int round = 0; round < 400; ++round) {
         SCOPED_TRACE(round);
-        const double from = gridPoint();
-        const double to = round % 3 ? from + 900 * pick(0, 96) : gridPoint();
+        const bool isDay = round % 5 == 0;
+        const double from = isDay ? kDayStart + Date::kDay * pick(0, 5) : gridPoint();
+        const double to = isDay ? from + Date::kDay : round % 3 ? from + 900 * pick(0, 96) : gridPoint();
         const int posture = round % 4; // 0 and 1: sitting and standing, else any
         std::vector<double> expected;
         double minutes = 0;
@@ -175,24 +144,40 @@ TEST_F(ActivityPersisterTest, fetchesAndTotalsAreThoseOfPlainArithmetic)
         }
         const Date a(from);
         const Date b(to);
-        const bool isAny = posture > 1;
-        const auto fetched =
-            isAny ? persister.activitiesFromDate(a, b) : persister.activitiesFromDate(a, b, posture == 1);
+        const Date someTime(from + 77777);
+        const auto ask = [&](auto onDay, auto fromDate) { return isDay ? onDay() : fromDate(); };
+        const auto fetched = posture > 1
+            ? ask([&] { return p.activitiesOnDay(someTime); }, [&] { return p.activitiesFromDate(a, b); })
+            : ask([&] { return p.activitiesOnDay(someTime, posture == 1); },
+                [&] { return p.activitiesFromDate(a, b, posture == 1); });
         ASSERT_TRUE(fetched);
         EXPECT_TRUE(std::ranges::is_sorted(
             *fetched, {}, [](const auto& activity) { return activity->startDate().secondsSince1970(); }));
         std::vector<double> found;
-        for (const ActivityRef& activity : *fetched)
+        double clippedSeconds = 0;
+        for (const ActivityRef& activity : *fetched) {
             found.push_back(activity->weight());
-        std::sort(found.begin(), found.end());
+            clippedSeconds += ActivityPersister::activityTimeForActivity(*activity, a, b);
+        }
+        std::ranges::sort(found);
         ASSERT_EQ(found, expected);
-        EXPECT_NEAR(isAny ? persister.minutesActiveFromDate(a, b)
-                          : persister.minutesActiveFromDate(a, b, posture == 1),
-            minutes, 1e-6);
-        if (!isAny || minutes == 0)
+        EXPECT_NEAR(clippedSeconds / 60, minutes, 1e-6);
+        if (posture <= 1) {
+            EXPECT_NEAR(ask([&] { return p.minutesActiveOnDay(someTime, posture == 1); },
+                            [&] { return p.minutesActiveFromDate(a, b, posture == 1); }),
+                minutes, 1e-6);
             continue;
-        EXPECT_NEAR(persister.caloriesBurnedFromDate(a, b), standingMinutes * kWeight * 2.205 * 0.0054, 1e-6);
-        EXPECT_NEAR(persister.percentStandingFromDate(a, b), standingMinutes / minutes * 100,
-            1e-6 + std::abs(1e-3 / minutes));
+        }
+        EXPECT_NEAR(ask([&] { return p.minutesActiveOnDay(someTime); },
+                        [&] { return p.minutesActiveFromDate(a, b); }),
+            minutes, 1e-6);
+        EXPECT_NEAR(ask([&] { return p.caloriesBurnedOnDay(someTime); },
+                        [&] { return p.caloriesBurnedFromDate(a, b); }),
+            standingMinutes * kWeight * 2.205 * 0.0054, 1e-6);
+        if (minutes != 0) {
+            EXPECT_NEAR(ask([&] { return p.percentStandingOnDay(someTime); },
+                            [&] { return p.percentStandingFromDate(a, b); }),
+                standingMinutes / minutes * 100, 1e-6 + std::abs(1e-3 / minutes));
+        }
     }
 }

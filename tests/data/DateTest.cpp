@@ -145,7 +145,8 @@ TEST_F(DateTest, comparesWithNow)
         {"2023-03-15 12:00", "lastYear past"},
         {"2026-01-01 12:00", "future"},
     };
-    platform.runLoop.setWallClock(at("2024-03-15 12:00").secondsSince1970());
+    platform.runLoop.setWallClock(at("2024-03-15 23:30").secondsSince1970());
+    EXPECT_EQ(at("2001-01-01 05:00").nearestHour(), 0) << "whatever the receiver";
     for (const auto& [time, expected] : kTestCases) {
         const Date date = at(time);
         const std::pair<const char*, bool (Date::*)() const> questions[] = {{"today", &Date::isToday},
@@ -159,25 +160,11 @@ TEST_F(DateTest, comparesWithNow)
             yes += (date.*question)() ? QStringList(name) : QStringList();
         EXPECT_EQ(yes.join(' '), expected) << time;
     }
-}
-
-TEST_F(DateTest, tellsWeeksApartByNumberAndDistance)
-{
-    const std::tuple<const char*, const char*, const char*, bool> kTestCases[] = {
-        {"de_DE", "2024-03-11 00:00", "2024-03-17 23:59", true},
-        {"de_DE", "2024-03-10 23:59", "2024-03-11 00:00", false},
-        {"en_US", "2024-03-10 00:00", "2024-03-11 00:00", true},
-        {"de_DE", "2024-03-13 12:00", "2023-03-15 12:00", false}, // week 11 of both years
-        {"de_DE", "2020-12-31 12:00", "2021-01-02 12:00", true},
-        // The clock goes back in this week: its first and last minute are more than 604,800 s apart.
-        {"de_DE", "2024-10-21 00:00", "2024-10-27 23:59", false},
-    };
+    useLocale("en_US"); // A week of other days, and one in which the clock goes back: it is too long.
+    EXPECT_TRUE(at("2024-03-10 00:00").isSameWeekAsDate(at("2024-03-16 23:59")));
+    useLocale("de_DE");
     useZone("Europe/Berlin");
-    for (const auto& [locale, one, other, isSame] : kTestCases) {
-        useLocale(locale);
-        EXPECT_EQ(at(one).isSameWeekAsDate(at(other)), isSame) << one;
-        EXPECT_EQ(at(other).isSameWeekAsDate(at(one)), isSame) << one;
-    }
+    EXPECT_FALSE(at("2024-10-21 00:00").isSameWeekAsDate(at("2024-10-27 23:59")));
 }
 
 TEST_F(DateTest, addsFixedStepsWhateverTheClocksDo)
@@ -224,7 +211,6 @@ TEST_F(DateTest, countsCalendarDifferences)
         {"2024-03-31 12:00", "2024-03-29 12:00", {0, 0, -2, 0, 0, 0, 0}, -2},
         {"2024-03-11 12:00", "2024-03-11 10:15", {0, 0, 0, -1, -45, 0, 0}, 0},
         // Days of 23 and of 25 hours are whole days; hours are time that passed.
-        {"2024-03-30 12:00", "2024-03-31 12:00", {0, 0, 1, 0, 0, 0, 0}, 1},
         {"2024-03-30 12:00", "2024-03-31 11:00", {0, 0, 0, 22, 0, 0, 0}, 0},
         {"2024-10-26 12:00", "2024-10-27 11:59", {0, 0, 0, 24, 59, 0, 0}, 0},
         {"2024-10-26 12:00", "2024-10-27 12:30", {0, 0, 1, 0, 30, 0, 0}, 1},
@@ -242,27 +228,16 @@ TEST_F(DateTest, countsCalendarDifferences)
         (DateComponents {.minute = 1, .second = 3}));
 }
 
-TEST_F(DateTest, givesTheNearestHourOfNowWhateverTheReceiver)
-{
-    for (const auto& [now, nearestHour] :
-        {std::pair("2024-03-15 10:29", 10), {"2024-03-15 10:30", 11}, {"2024-03-15 23:30", 0}}) {
-        platform.runLoop.setWallClock(at(now).secondsSince1970());
-        EXPECT_EQ(at("2001-01-01 05:00").nearestHour(), nearestHour) << now;
-    }
-}
-
 TEST_F(DateTest, followsAnotherLocaleAtOnceAndAnotherTimeZoneWithinASecond)
 {
-    useLocale("de_DE");
     const Date date = at("2024-03-17 20:00");
     const DateComponents inGermany {2024, 3, 17, 20, 0, 0, 11, 2024, 1, 3};
-    const DateComponents inNepal {2024, 3, 18, 1, 45, 0, 12, 2024, 2, 3};
     EXPECT_EQ(date.components(), inGermany);
     qputenv("TZ", "Asia/Kathmandu");
     platform.runLoop.advance(0.999);
     EXPECT_EQ(date.components(), inGermany);
     platform.runLoop.advance(0.001);
-    EXPECT_EQ(date.components(), inNepal);
+    EXPECT_EQ(date.components(), (DateComponents {2024, 3, 18, 1, 45, 0, 12, 2024, 2, 3}));
     useZone("UTC");
     useLocale("en_US");
     EXPECT_EQ(date.components(), (DateComponents {2024, 3, 17, 20, 0, 0, 12, 2024, 1, 3}));

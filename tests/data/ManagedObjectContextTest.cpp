@@ -86,13 +86,11 @@ TEST_F(ManagedObjectContextTest, aStoreThatIsGoneIsBegunAnewWithTheOpenRecord)
         EXPECT_EQ(reports, row.reports);
         if (row.records == 0)
             continue;
-        const auto all = store.all();
-        ASSERT_EQ(all.size(), row.records);
-        const auto found = std::ranges::find(all, open);
-        ASSERT_NE(found, all.end()) << "still the same object";
-        TestStore other(platform);
-        EXPECT_EQ(other.all().size(), row.records) << "on disk";
-        EXPECT_EQ(other.all().at(size_t(found - all.begin()))->endDate(), Date(end));
+        EXPECT_EQ(std::ranges::count(store.all(), open), 1) << "still the same object";
+        const auto onDisk = TestStore(platform).all();
+        EXPECT_EQ(onDisk.size(), row.records);
+        EXPECT_TRUE(std::ranges::any_of(
+            onDisk, [&](const ActivityRef& activity) { return activity->period() == open->period(); }));
     }
 }
 
