@@ -32,26 +32,6 @@ protected:
     /// The keys written since the last call.
     QString written() { return std::exchange(platform.defaults.writes, {}).join(' '); }
 
-    /// A value is written when it differs from the known one, which is 0 at first. One that changes in the
-    /// file is read again at each call, or when the known one is 0 once more.
-    template <typename Number>
-    void expectWrites(const char* key, void (P::*set)(Number), Number (P::*get)(), bool isReadAgain)
-    {
-        P& settings = properties();
-        written();
-        for (const int value : {0, 2, 2})
-            (settings.*set)(Number(value));
-        EXPECT_EQ(written(), key);
-        EXPECT_EQ(stored(key), 2);
-        stored(key) = 3;
-        EXPECT_EQ((settings.*get)(), isReadAgain ? 3 : 2) << key;
-        (settings.*set)(isReadAgain ? 3 : 2);
-        EXPECT_EQ(written(), "") << "what was read counts as known";
-        (settings.*set)(0);
-        stored(key) = 4;
-        EXPECT_EQ((settings.*get)(), 4) << key;
-    }
-
     std::unique_ptr<TestBundle> bundle;
     TestPlatform platform;
 };
@@ -75,26 +55,48 @@ TEST_F(AppPropertiesTest, writesTheMissingDefaultsInOrderAndFlushesEach)
     }
 }
 
-TEST_F(AppPropertiesTest, readsEachSettingUnderItsKeyAndClearsAllButTheVersionInOrder)
+TEST_F(AppPropertiesTest, readsWritesAndClearsEachSettingUnderItsKey)
 {
     const QString kStored = "AverageWorkDayHours=7.5 TimeIdle=301 TimeSnooze=602 TimeNotificationDismiss=23 "
-                            "TimeNotificationDismissOnAction=4 ActivityGoal=150 ActivityGoalDefault=75 "
-                            "Weight=71.5 WeightDefault=77 DevicePosition1=711 DevicePosition2=4312 "
-                            "DevicePosition3=4713 TablePositionOffset=-620 NumberOfStandUps=3 "
-                            "NumberOfStandupsdefault=2 ActivityMode=1 TablePositionOffsetDefault=12.5 "
-                            "DevicePositionOffset=-12.9 Version=0.9";
+                            "TimeNotificationDismissOnAction=4 ActivityGoalDefault=75 WeightDefault=77 "
+                            "NumberOfStandupsdefault=2 TablePositionOffsetDefault=12.5 "
+                            "DevicePositionOffset=-12.9 Weight=71.5 ActivityMode=1 ActivityGoal=150 "
+                            "DevicePosition1=711 DevicePosition2=4312 DevicePosition3=4713 "
+                            "TablePositionOffset=-620 NumberOfStandUps=3 Version=0.9";
     for (const QString& pair : kStored.split(' '))
         stored(pair.section('=', 0, 0)) = pair.section('=', 1);
     P& p = properties();
-    EXPECT_EQ((QList<double> {p.averageWorkDayHours(), p.timeIdle(), p.timeSnooze(),
-                  p.timeNotificationDismiss(), p.timeNotificationDismissOnAction(), p.activityGoal(),
-                  p.activitGoalDefault(), p.weight(), p.weightDefault(), p.numberOfStandUpsDefault(),
-                  p.tablePositionDefault(), p.tablePositionOffsetDefault()}),
-        (QList<double> {7.5, 301, 602, 23, 4, 150, 75, 71.5, 77, 2, 12.5, 0}));
-    EXPECT_EQ((QList<int> {p.devicePosition1(), p.devicePosition2(), p.devicePosition3(),
-                  p.tablePositionOffset(), p.numberOfStandUps(), p.activityMode(), p.devicePositionOffset()}),
-        (QList<int> {711, 4312, 4713, -620, 3, 1, -12}));
+    EXPECT_EQ(
+        (QList<double> {p.averageWorkDayHours(), p.timeIdle(), p.timeSnooze(), p.timeNotificationDismiss(),
+            p.timeNotificationDismissOnAction(), p.activitGoalDefault(), p.weightDefault(),
+            p.numberOfStandUpsDefault(), p.tablePositionDefault(), double(p.devicePositionOffset())}),
+        (QList<double> {7.5, 301, 602, 23, 4, 75, 77, 2, 12.5, -12}));
+    const auto changeable = [&p] {
+        return QList<double> {p.weight(), double(p.activityMode()), p.activityGoal(),
+            double(p.devicePosition1()), double(p.devicePosition2()), double(p.devicePosition3()),
+            double(p.tablePositionOffset()), double(p.numberOfStandUps())};
+    };
+    EXPECT_EQ(changeable(), (QList<double> {71.5, 1, 150, 711, 4312, 4713, -620, 3}));
     EXPECT_EQ(written(), "");
+    // What differs from the known value is written; the last two are read again at each call.
+    for (int i = 0; i < 2; ++i) {
+        p.setWeight(72.5);
+        p.setActivityMode(2);
+        p.setActivityGoal(120);
+        p.setDevicePosition1(712);
+        p.setDevicePosition2(4313);
+        p.setDevicePosition3(4714);
+        p.setTablePositionOffset(-630);
+        p.setNumberOfStandUps(4);
+    }
+    const QString kKeys = "Weight ActivityMode ActivityGoal DevicePosition1 DevicePosition2 DevicePosition3 "
+                          "TablePositionOffset NumberOfStandUps";
+    EXPECT_EQ(written(), kKeys);
+    QStringList values;
+    for (const QString& key : kKeys.split(' '))
+        values.append(std::exchange(stored(key), 6).toString());
+    EXPECT_EQ(values.join(' '), "72.5 2 120 712 4313 4714 -630 4");
+    EXPECT_EQ(changeable(), (QList<double> {72.5, 2, 120, 712, 4313, 4714, 6, 6}));
     p.clearProperties();
     EXPECT_EQ(written(),
         "AverageWorkDayHours TimeIdle TimeSnooze TimeNotificationDismiss TimeNotificationDismissOnAction "
@@ -103,27 +105,22 @@ TEST_F(AppPropertiesTest, readsEachSettingUnderItsKeyAndClearsAllButTheVersionIn
         "ActivityGoal "
             + kDefaulted);
     EXPECT_EQ(stored("Version"), "0.9");
-    EXPECT_EQ(p.weight(), 71.5) << "what is known stays";
-    EXPECT_EQ(p.numberOfStandUps(), 0) << "and this is read again at each call";
+    EXPECT_EQ(changeable(), (QList<double> {72.5, 2, 120, 712, 4313, 4714, 6200, 0})) << "the known stays";
     for (const auto& [key, has] : {std::pair("DevicePosition1", &P::hasDevicePosition1),
              {"DevicePosition2", &P::hasDevicePosition2}, {"DevicePosition3", &P::hasDevicePosition3}}) {
         EXPECT_TRUE((p.*has)());
         P::removeValueForKey(key);
         EXPECT_FALSE((p.*has)());
     }
+    for (const double weight : {61.5, 62.5}) {
+        p.setWeight(0); // Stands for what is not known.
+        stored("Weight") = weight;
+        EXPECT_EQ(p.weight(), weight);
+    }
 }
 
-TEST_F(AppPropertiesTest, writesWhatDiffersFromTheCacheAndReadsSomeValuesAgain)
+TEST_F(AppPropertiesTest, comparesTheVersionByTheIdentityOfItsText)
 {
-    expectWrites("Weight", &P::setWeight, &P::weight, false);
-    expectWrites("ActivityMode", &P::setActivityMode, &P::activityMode, false);
-    expectWrites("ActivityGoal", &P::setActivityGoal, &P::activityGoal, false);
-    expectWrites("DevicePosition1", &P::setDevicePosition1, &P::devicePosition1, false);
-    expectWrites("DevicePosition2", &P::setDevicePosition2, &P::devicePosition2, false);
-    expectWrites("DevicePosition3", &P::setDevicePosition3, &P::devicePosition3, false);
-    expectWrites("TablePositionOffset", &P::setTablePositionOffset, &P::tablePositionOffset, true);
-    expectWrites("NumberOfStandUps", &P::setNumberOfStandUps, &P::numberOfStandUps, true);
-    // The version is compared by the identity of its text.
     EXPECT_TRUE(properties().version().isNull());
     const QString version = QString::fromLatin1("1.0.1");
     const std::pair<QString, const char*> kVersions[] = {

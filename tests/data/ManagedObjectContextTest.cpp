@@ -93,22 +93,3 @@ TEST_F(ManagedObjectContextTest, aStoreThatIsGoneIsBegunAnewWithTheOpenRecord)
             onDisk, [&](const ActivityRef& activity) { return activity->period() == open->period(); }));
     }
 }
-
-TEST_F(ManagedObjectContextTest, aFullDiskKeepsEverythingForTheNextSave)
-{
-    const ActivityRef changed = store.insert(1000, 1100, true);
-    ASSERT_TRUE(store.context->save(error));
-    changed->setEndDate(Date(1150));
-    for (int i = 0; i < 2000; ++i)
-        store.insert(2000 + i, 2001 + i, i % 2 == 0);
-    execute(store.coordinator->connection(), "PRAGMA max_page_count = 1");
-    for (int pulse = 0; pulse < 2; ++pulse)
-        EXPECT_FALSE(store.context->save(error));
-    EXPECT_TRUE(error.localizedDescription.contains("StoreDiskFull"));
-    EXPECT_EQ(error.failureReason, "StoreAdviceMakeRoom StoreKept");
-    execute(store.coordinator->connection(), "PRAGMA max_page_count = 100000");
-    ASSERT_TRUE(store.context->save(error));
-    store.reopen();
-    EXPECT_EQ(store.all().size(), 2001U);
-    EXPECT_EQ(store.all().at(0)->endDate(), Date(1150));
-}

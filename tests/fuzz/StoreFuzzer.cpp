@@ -1,8 +1,5 @@
-#include "data/ManagedObjectContext.h"
-#include "fakes/TestStore.h"
+#include "data/StoreFile.h"
 #include "fuzz/Demand.h"
-
-#include <QFile>
 
 #include <algorithm>
 #include <functional>
@@ -18,9 +15,7 @@ QByteArray soundStore()
     Error error;
     demand(store.context->save(error), "a sound store is saved");
     store.close();
-    QFile file(store.path);
-    demand(file.open(QIODevice::ReadOnly), "a sound store is read");
-    return file.readAll();
+    return contents(store.path);
 }
 }
 
@@ -34,16 +29,12 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 
     const TestPlatform platform;
     const QString path = platform.folder.filePath(QStringLiteral("StandUp.storedata"));
-    QFile file(path);
-    demand(file.open(QIODevice::ReadWrite) && file.write(bytes) == bytes.size() && file.flush(),
-        "the store is written");
-
+    write(path, bytes);
     Error error;
     const std::shared_ptr<PersistentStoreCoordinator> coordinator =
         PersistentStoreCoordinator::open({}, path, error);
     if (!coordinator) {
-        file.seek(0);
-        demand(file.readAll() == bytes, "a store that cannot be opened is left as it is");
+        demand(contents(path) == bytes, "a store that cannot be opened is left as it is");
         return 0;
     }
     // Whatever passed for sound is used as the program uses it.
