@@ -165,7 +165,9 @@ TEST_F(AppPropertiesTest, neverGoesByANumberThatASettingCannotHold)
                               "ActivityGoal 0 10000 50,WeightDefault 0 999 80,Weight 0 999 80,"
                               "DevicePosition1 0 65535 700,DevicePosition2 0 65535 4300,"
                               "DevicePosition3 0 65535 4700,TablePositionOffset -635000 635000 6200,"
-                              "NumberOfStandUps 0 6 0,NumberOfStandupsdefault 1 6 1";
+                              "NumberOfStandUps 0 6 0,NumberOfStandupsdefault 1 6 1,"
+                              "ActivityMode - - 0,ActivityGoalDefault - - 0,"
+                              "TablePositionOffsetDefault - - 0,DevicePositionOffset - - 0,Other - - 0";
     const std::pair<QVariant, QString> kNoNumbers[] = {{"1e400", "1e400"}, {INFINITY, "inf"},
         {-INFINITY, "-inf"}, {"nan", "nan"}, {" 80\nkg", "80 kg"}, {QStringList {"80", "5"}, "80,5"},
         {QString(61, 'x'), QString(60, 'x')}, {QVariantMap {{"a", 1}}, ""}};
@@ -176,6 +178,8 @@ TEST_F(AppPropertiesTest, neverGoesByANumberThatASettingCannotHold)
         const QString key = setting.section(' ', 0, 0);
         const double otherwise = setting.section(' ', 3).toDouble();
         for (const int limit : {1, 2}) {
+            if (setting.contains(" - "))
+                continue; // Any number goes.
             const double held = setting.section(' ', limit, limit).toDouble();
             stored(key) = setting.section(' ', limit, limit);
             EXPECT_EQ(P::getDoubleForKey(key), held);
@@ -195,7 +199,7 @@ TEST_F(AppPropertiesTest, neverGoesByANumberThatASettingCannotHold)
         }
         platform.restart();
         properties();
-        EXPECT_EQ(stored(key), otherwise) << "the next start mends the file";
+        EXPECT_TRUE(stored(key) == otherwise || key == "Other") << "the next start mends the file";
         stored(key) = QVariant();
         EXPECT_EQ(P::getDoubleForKey(key), 0) << "what is missing";
     }
