@@ -65,6 +65,7 @@ TEST(Attendance, isRecordedAndNothingElse)
             "201.2: session"},
         {"an adapter that is silent for a while", "50 mute 100 speak 120", "sit 1.2..50, sit 100..120",
             "100.0: session"},
+        {"a write that fails on a line that is well", "50 speak 60", "sit 1.2..60", ""},
         {"a second adapter changes nothing until the first one leaves",
             "9 plug2 20 pull2 30 plug2 40 pull 50", "sit 1.2..40, sit 41.2..50", "41.2: session"},
         {"an absence, seen at the next look in both directions", "104 away 303 back 330",

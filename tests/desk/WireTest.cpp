@@ -46,17 +46,16 @@ public:
     }
     void deviceRemoved(const Device& removed) override
     {
-        removed->setDelegate(nullptr);
         hear(QStringLiteral("removed"), removed);
         (removed == device.lock() ? device : other).reset();
     }
     void updatedIsCommunicating(bool is, const Device& onDevice) override
     {
-        hear(is ? QStringLiteral("communicating") : QStringLiteral("mute"), onDevice);
+        hear(QStringLiteral("communicating %1").arg(is), onDevice);
     }
-    void updatedPosition(int32_t position, const Device&) override
+    void updatedPosition(int32_t position, const Device& onDevice) override
     {
-        EXPECT_GT(position, 0) << "no height was made up";
+        EXPECT_TRUE(position > 0 || !onDevice->isConnected()) << "no height was made up";
         if (const auto meet = std::exchange(onHeight, {}))
             meet();
     }
@@ -84,6 +83,9 @@ private:
             {"target", [&] { desk->setMoveToposition(int32_t(value)); }},
             {"aside", [&] { desk->moveToDirection(7); }}, // There is no such direction.
             {"stop", [&] { desk->stop(); }},
+            {"keep", [&] { kept = desk; }}, // As a screen may.
+            {"error", [&] { (void)simulation.desk().addErrorCode(7); }},
+            {"well", [&] { simulation.desk().clearErrors(); }},
             {"stopAtHeight", [&] { onHeight = [this] { device.lock()->stop(); }; }},
             {"downAtHeight", [&] { onHeight = [this] { device.lock()->moveDown(); }; }},
             {"freeze", [&] { platform.runLoop.jump(value); }},
@@ -105,7 +107,7 @@ private:
     {
         heard.append(QStringLiteral("%1 %2%3")
                          .arg(time(), 0, 'f', 2)
-                         .arg(of == other.lock() ? kOther : QString(), what));
+                         .arg(of && of == other.lock() ? kOther : QString(), what));
     }
 
     void log(const HidTransfer& transfer, const QString& whose)
@@ -123,20 +125,31 @@ private:
     {
         if (transfer.direction == HidTransfer::Direction::Read)
             return QStringLiteral("r");
-        if (transfer.bytes[0] == 3)
+        if (transfer.bytes == std::vector<uint8_t> {3, 4, 0, 0xFB, 0, 0, 0, 0})
             return QStringLiteral("init");
-        const int value = transfer.bytes[1] | transfer.bytes[2] << 8;
+        const uint8_t low = transfer.bytes[1];
+        const uint8_t high = transfer.bytes[2];
+        EXPECT_EQ(transfer.bytes, (std::vector<uint8_t> {5, low, high, low, high, low, high, low}));
         const std::map<int, QString> kNames {{0x8000, "up"}, {0x7FFF, "down"}, {0x8001, "stop"}};
-        const auto known = kNames.find(value);
-        return known != kNames.end() ? known->second : QStringLiteral("go%1").arg(value);
+        const auto known = kNames.find(low | high << 8);
+        return known != kNames.end() ? known->second : QStringLiteral("go%1").arg(low | high << 8);
     }
 
     static inline const QString kOther = QStringLiteral("B:");
     std::function<void()> onHeight;
+    Device kept;
+    NotificationCenter::Observation error = NotificationCenter::defaultCenter().addObserver(
+        ZelvoHIDDevice::kErrorCode, [this](const PostedNotification& posted) {
+            EXPECT_EQ(posted.object, device.lock());
+            hear(posted.userInfo.keys().join(u' '), device.lock());
+        });
+    NotificationCenter::Observation errorOver =
+        NotificationCenter::defaultCenter().addObserver(ZelvoHIDDevice::kErrorCodeRemoved,
+            [this](const PostedNotification&) { hear(QStringLiteral("well"), device.lock()); });
 };
 }
 
-TEST(Wire, CarriesWhatAHoldAsksForAndNothingAfterItsEnd)
+TEST(Wire, carriesWhatAHoldAsksForAndNothingAfterItsEnd)
 {
     const struct {
         const char* script;
@@ -158,16 +171,16 @@ TEST(Wire, CarriesWhatAHoldAsksForAndNothingAfterItsEnd)
         {"0.1 up 0.6 fail=2 4.1",
             "0.10 stop r 0.30 up r 0.50 up r 0.70 up! 0.70 up! 0.70 stop 1.70 stop r 1.70 init 1.70 stop r r "
             "r",
-            "0.70 removed 1.70 added 1.90 communicating 2.90 state 2"},
+            "0.70 removed 1.70 added 1.90 communicating 1 2.90 state 2"},
         {"0.1 up 0.6 stall=1 0.9 stall=0 1 stop 2.1",
             "0.10 stop r 0.30 up r 0.50 up r 0.70+0.20 up 0.90 up r r 1.00 stop r r", ""},
         {"0.1 up 0.6 stall=1 1 stop 2.6 stall=0 4.1",
             "0.10 stop r 0.30 up r 0.50 up r 0.70+1.90 up 2.60 stop r r r", ""},
         {"0.1 up 0.6 stall=1 1 stop 6.1 stall=0 8.1",
             "0.10 stop r 0.30 up r 0.50 up r 0.70+5.40 up 6.10 stop 6.70 stop r 6.70 init 6.70 stop r r",
-            "5.70 removed 6.70 added 6.90 communicating 7.90 state 2"},
+            "5.70 removed 6.70 added 6.90 communicating 1 7.90 state 2"},
         // One movement takes the place of another, also within its start.
-        {"0.1 go=2002 0.35 target=1772 0.55 down 0.8 aside 1.8",
+        {"0.1 go=67538 0.35 target=1772 0.55 down 0.8 aside 1.8",
             "0.10 stop r 0.30 go2002 r 0.50 go1772 r 0.55 stop r 0.75 down r 0.80 stop r r", ""},
         {"0.1 height=950 stopAtHeight up 0.7", "0.10 stop r 0.10 stop r", ""},
         {"0.1 height=990 downAtHeight up 0.4 stop 0.6", "0.10 stop r 0.10 stop r 0.30 down r 0.40 stop r",
@@ -177,19 +190,28 @@ TEST(Wire, CarriesWhatAHoldAsksForAndNothingAfterItsEnd)
         {"0.1 up 0.45 freeze=0.16 0.63 stop 1.25", "0.10 stop r 0.30 up r 0.63 stop r r", ""},
         {"0.1 up 0.45 freeze=0.34 1.21 stop 1.5", "0.10 stop r 0.30 up r 0.99 up r r 1.19 up r 1.21 stop r",
             ""},
+        // What the status report says, and what is made of an adapter that has gone.
+        {"0.1 error 2.1 well 4.1", "r r r r", "1.00 E07 2.00 E07 3.00 well"},
+        {"0.1 error 1.1 pull 1.4", "r", "1.00 E07 1.10 removed 1.10 well"},
+        {"0.1 height=5000 1.1 keep pull 4", "r", "1.00 state 1 1.10 removed 2.00 state 2"},
+        {"0.1 plugB 1.1 pull 3.1", "0.10 B:init 0.10 B:stop B:r B:r 1.10 B:init 1.10 B:stop B:r B:r",
+            "0.10 B:added 0.30 B:communicating 1 1.10 removed 1.10 B:removed 1.10 added 1.30 communicating 1 "
+            "2.30 state 2"},
+        {"0.1 plugB 1.1 pull pullB 3.1", "0.10 B:init 0.10 B:stop B:r B:r",
+            "0.10 B:added 0.30 B:communicating 1 1.10 removed 1.10 B:removed"},
         // Late reports are taken up when they come; a state is judged when the height changes.
         {"pull 1 latency=0.3 height=3000 plug 3.5 height=3100 4.3", "1.00+0.30 init 1.30+0.30 stop r r r",
-            "0.00 removed 1.00 added 1.90 communicating 2.90 state 1", 3100},
+            "0.00 removed 1.00 added 1.90 communicating 1 2.90 state 1", 3100},
         {"0.1 height=2499 1.1 height=2500 3.1 memory2=4304 4.1 height=2501 5.1", "r r r r r",
             "2.00 state 1 5.00 state 2", 2501},
         // A hold ends when another adapter takes over, and an old answer of another one says nothing.
         {"0.1 up 0.4 plugB 0.6 up 0.9 pullB 1.7",
             "0.10 stop r 0.30 up r 0.40 stop r 0.40 B:init 0.40 B:stop B:r 0.60 B:stop B:r 0.80 B:up B:r "
             "0.90 stop r r",
-            "0.40 B:added 0.60 B:communicating 0.90 B:removed"},
+            "0.40 B:added 0.60 B:communicating 1 0.90 B:removed"},
         {"latency=0.5 latencyB=0.5 1.05 plugB 4 height=4100 pullB 7",
             "r 1.05+0.50 B:init 1.55+0.50 B:stop B:r B:r r r",
-            "1.05 B:added 2.55 B:communicating 3.50 B:state 2 4.00 B:removed 5.50 state 1", 4100},
+            "1.05 B:added 2.55 B:communicating 1 3.50 B:state 2 4.00 B:removed 5.50 state 1", 4100},
     };
     for (const auto& [script, wire, heard, height] : kCases) {
         SCOPED_TRACE(script);
