@@ -107,35 +107,34 @@ HistoryWindowController::Totals HistoryWindowController::totals()
         stands ? qsizetype(stands->size()) : 0, m_persister.goalsMetFromDay(m_startDate, m_currentDate)};
 }
 
-void HistoryWindowController::selectPeriod(int index, Date startDate)
+void HistoryWindowController::selectPeriod(int index, Date startDate, const QString& title)
 {
     setHighLightedButton(index);
     m_startDate = startDate;
     updateData();
+    m_ui->labelHistoryStats->setText(title);
 }
 
 void HistoryWindowController::buttonDayClicked()
 {
-    selectPeriod(kDay, m_currentDate.dateAtStartOfDay());
-    m_ui->labelHistoryStats->setText(qtTrId("YourDailyStats"));
+    selectPeriod(kDay, m_currentDate.dateAtStartOfDay(), qtTrId("YourDailyStats"));
 }
 
 void HistoryWindowController::buttonWeekClicked()
 {
-    selectPeriod(kWeek, m_currentDate.dateAtStartOfWeek());
-    m_ui->labelHistoryStats->setText(qtTrId("YourWeeklyStats"));
+    selectPeriod(kWeek, m_currentDate.dateAtStartOfWeek(), qtTrId("YourWeeklyStats"));
 }
 
 void HistoryWindowController::buttonMonthClicked()
 {
-    selectPeriod(kMonth, m_currentDate.dateAtStartOfMonth());
-    m_ui->labelHistoryStats->setText(qtTrId("YourMonthlyStats").arg(m_currentDate.monthName()));
+    selectPeriod(kMonth, m_currentDate.dateAtStartOfMonth(),
+        qtTrId("YourMonthlyStats").arg(m_currentDate.monthName()));
 }
 
 void HistoryWindowController::buttonYearClicked()
 {
-    selectPeriod(kYear, m_currentDate.dateAtStartOfYear());
-    m_ui->labelHistoryStats->setText(qtTrId("YourYearlyStats").arg(m_currentDate.year()));
+    selectPeriod(
+        kYear, m_currentDate.dateAtStartOfYear(), qtTrId("YourYearlyStats").arg(m_currentDate.year()));
 }
 
 void HistoryWindowController::buttonCloseClicked()

@@ -65,7 +65,7 @@ private:
 
     void awakeFromNib();
     void connectButtons();
-    void selectPeriod(int index, Date startDate);
+    void selectPeriod(int index, Date startDate, const QString& title);
     [[nodiscard]] Totals totals();
     void exportToCSVFile();
 

@@ -3,7 +3,6 @@
 #include "data/ActivityMode.h"
 #include "data/AppProperties.h"
 #include "data/Saturation.h"
-#include "platform/Bundle.h"
 #include "platform/Workspace.h"
 #include "screens/EntryNumber.h"
 #include "screens/GoalSentence.h"
@@ -24,7 +23,6 @@ AppProperties& properties()
 {
     return AppProperties::instance();
 }
-
 }
 
 SetupViewController::SetupViewController(Workspace& workspace)
