@@ -84,9 +84,7 @@ void HistoryWindowController::connectButtons()
 
 void HistoryWindowController::showWindow()
 {
-    if (!m_window->isVisible())
-        WindowPlacement::moveToCentre(*m_window);
-    m_window->comeToFront();
+    m_window->comeToFront(WindowPlacement::moveToCentre);
 }
 
 void HistoryWindowController::updateData()

@@ -27,9 +27,7 @@ void WizardWindowController::showWindow()
 {
     if (!setupViewController().isViewLoaded())
         showSetupView();
-    if (!m_window->isVisible())
-        WindowPlacement::moveToCentre(*m_window);
-    m_window->comeToFront();
+    m_window->comeToFront(WindowPlacement::moveToCentre);
 }
 
 void WizardWindowController::showSetupView()

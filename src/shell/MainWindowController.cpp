@@ -12,13 +12,11 @@
 #include "ui/WindowPlacement.h"
 #include "ui_MainWindow.h"
 
-#include <algorithm>
 #include <cmath>
 #include <utility>
 
 namespace {
 constexpr double kRefreshSeconds = 5.0;
-constexpr int kErrorHeight = 300;
 constexpr double kFullScale = 100.0;
 constexpr double kSecondsPerMinute = 60.0;
 
@@ -64,10 +62,7 @@ void MainWindowController::awakeFromNib()
 {
     m_window->onWillClose([this] { windowWillClose(); });
     m_window->onCloseRequested([this] { buttonCloseClicked(); });
-    m_window->onResized([this] { // Errors cover what scrolls, and never a button.
-        m_ui->errorArea->setFixedHeight(
-            std::min(kErrorHeight, m_ui->body->geometry().bottom() + 1 - m_ui->errorArea->y()));
-    });
+    m_window->setOpensUnfocused(); // A key typed a moment too late must not move the desk.
     m_window->setMovableByWindowBackground(true);
     observe();
     for (MouseEventButton* button :
@@ -158,11 +153,7 @@ void MainWindowController::buttonSettingsClicked()
 
 void MainWindowController::orderFront()
 {
-    if (!m_window->isVisible()) {
-        WindowPlacement::moveNearPointer(*m_window);
-        m_window->unfocusControls(); // A key typed a moment too late must not move the desk.
-    }
-    m_window->comeToFront();
+    m_window->comeToFront(WindowPlacement::moveNearPointer);
 }
 
 void MainWindowController::close()

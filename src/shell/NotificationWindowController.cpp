@@ -40,6 +40,7 @@ void NotificationWindowController::awakeFromNib()
         button->setDelegate(this);
     m_errorLine = std::make_unique<ErrorLine>(
         *m_ui->labelErrorText, *m_ui->errorArea, ErrorLine::WithoutUrl::EmptyLink);
+    m_window->setOpensUnfocused();
     m_window->setShowsWithoutKeyboard();
     m_window->onClickEnded([this] {
         if (!m_fade->isFadingOut()) // An answered reminder leaves the keyboard where it was.
@@ -107,10 +108,8 @@ void NotificationWindowController::setTabelHeight()
 
 void NotificationWindowController::fadeIn()
 {
-    if (!m_window->isVisible()) {
+    if (!m_window->isVisible())
         WindowPlacement::moveIntoCorner(*m_window);
-        m_window->unfocusControls();
-    }
     m_fade->fadeIn();
 }
 
@@ -165,9 +164,8 @@ void NotificationWindowController::stopDismissTimer()
 
 void NotificationWindowController::onDismissTimerTick()
 {
-    if (isButtonHeld())
-        startDismissTimer(); // A key can hold a button while the pointer is elsewhere; closing would stop the
-                             // desk.
+    if (isButtonHeld()) // A key can hold one while the pointer is elsewhere; closing would stop the desk.
+        startDismissTimer();
     else if (m_actionDone)
         dismiss();
     else

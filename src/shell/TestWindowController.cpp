@@ -40,6 +40,7 @@ TestWindowController::TestWindowController(MenuletController& menulet, Simulated
 {
     m_ui->setupUi(m_window.get());
     m_ui->labelReport->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    m_window->setOpensUnfocused();
     m_window->onWillClose([this] { invalidate(m_valuesTimer); });
     connectMovement();
     connectReminders();
@@ -61,11 +62,7 @@ void TestWindowController::showWindow()
     invalidate(m_valuesTimer);
     m_valuesTimer =
         m_timers.schedule(kRefreshSeconds, RunLoop::Repeat::Yes, [this](Timer&) { updateValues(); });
-    if (!m_window->isVisible()) {
-        WindowPlacement::moveToCentre(*m_window);
-        m_window->unfocusControls();
-    }
-    m_window->comeToFront();
+    m_window->comeToFront(WindowPlacement::moveToCentre);
 }
 
 QWidget& TestWindowController::window() const

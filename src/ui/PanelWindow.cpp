@@ -43,10 +43,12 @@ void PanelWindow::onScreensChanged()
     soon([this] { WindowPlacement::moveIntoSight(*this); });
 }
 
-void PanelWindow::comeToFront()
+void PanelWindow::comeToFront(const std::function<void(PanelWindow&)>& place)
 {
     if (isVisible())
         WindowSystem::moveToCurrentWorkspace(*this);
+    else
+        place(*this);
     setWindowState(windowState() & ~Qt::WindowMinimized); // show() alone would keep it minimised.
     show();
     raise();
@@ -61,11 +63,6 @@ void PanelWindow::fitInto(QSize available)
         setFixedSize(m_formSize.boundedTo(available)); // Tiling desktops let windows of one size float.
     else
         resize(m_formSize.boundedTo(available - kWidestFrame));
-}
-
-void PanelWindow::unfocusControls()
-{
-    setFocus(Qt::OtherFocusReason);
 }
 
 void PanelWindow::setShowsWithoutKeyboard()
@@ -153,18 +150,13 @@ void PanelWindow::paintEvent(QPaintEvent* event)
         painter.fillRect(line, zelvoMainLineColor()); // A pen would stray by half a pixel on fine screens.
 }
 
-void PanelWindow::resizeEvent(QResizeEvent* event)
-{
-    QWidget::resizeEvent(event);
-    if (m_resized)
-        m_resized();
-}
-
 void PanelWindow::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
     if (event->spontaneous())
         return;
+    if (m_opensUnfocused)
+        setFocus(Qt::OtherFocusReason);
     windowHandle()->installEventFilter(this); // Controls keep their clicks to themselves.
     if (m_showsWithoutKeyboard)
         windowHandle()->setFlag(Qt::WindowDoesNotAcceptFocus);

@@ -19,16 +19,15 @@ public:
     void onCloseRequested(std::function<void()> callback) { m_closeRequested = std::move(callback); }
     /// Called whenever the window goes from shown to hidden.
     void onWillClose(std::function<void()> callback) { m_willClose = std::move(callback); }
-    void onResized(std::function<void()> callback) { m_resized = std::move(callback); }
 
-    /// Shows the window to a user who asked for it: not minimised, on the current workspace, in front,
-    /// active.
-    void comeToFront();
+    /// Shows the window to a user who asked for it: not minimised, in front on the current workspace, active.
+    /// @param place puts a window where it opens; one that is open stays where the user has it
+    void comeToFront(const std::function<void(PanelWindow&)>& place);
     /// As large as its form asks for, or as there is room for.
     void fitInto(QSize available);
-    /// Leaves no control with the keyboard focus, so that no key presses one by accident; Tab goes to the
-    /// first.
-    void unfocusControls();
+    /// It opens without a control that has the keyboard focus, so that no key presses one by accident; Tab
+    /// goes to the first.
+    void setOpensUnfocused() { m_opensUnfocused = true; }
     /// Each time the window is shown it stays out of the keyboard's way until takeKeyboard().
     void setShowsWithoutKeyboard();
     void takeKeyboard();
@@ -44,7 +43,6 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
 private:
@@ -57,9 +55,9 @@ private:
     QSize m_formSize;
     bool m_movable = false;
     std::optional<QPoint> m_pressedAt; ///< where the background was pressed, until it is dragged
+    bool m_opensUnfocused = false;
     bool m_showsWithoutKeyboard = false;
     std::function<void()> m_closeRequested;
     std::function<void()> m_willClose;
-    std::function<void()> m_resized;
     std::function<void()> m_clickEnded;
 };

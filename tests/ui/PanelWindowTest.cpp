@@ -1,14 +1,10 @@
 #include "ui/PanelWindow.h"
 
 #include "fakes/ControlTest.h"
-#include "ui/HorizontalRuleView.h"
 #include "ui/HoverButton.h"
-#include "ui/Palette.h"
-#include "ui/ScrollingBody.h"
+#include "ui/WindowFade.h"
 
-#include <QScrollBar>
 #include <QTest>
-#include <QVBoxLayout>
 #include <QWindow>
 
 namespace {
@@ -19,7 +15,6 @@ protected:
         window.resize(200, 120);
         button.setGeometry(20, 20, 80, 30);
     }
-
     static void activate(QWidget& other)
     {
         other.show();
@@ -47,73 +42,34 @@ TEST_F(PanelWindowTest, escapeAndEveryCloseAskFirstAndCloseWithNobodyToAsk)
             EXPECT_EQ(window.isVisible(), asks); // It is the answer that hides it.
         }
     }
-    QTest::keyClick(&window, Qt::Key_A);
     QHideEvent minimised;
     show(window);
+    QTest::keyClick(&window, Qt::Key_A);
     QSpontaneKeyEvent::setSpontaneous(&minimised); // The window is still open then.
     qApp->notify(&window, &minimised);
     window.hide();
     EXPECT_EQ(told, QStringLiteral("aaccc"));
 }
 
-TEST_F(PanelWindowTest, anOpeningWindowCanLeaveEveryControlUnfocused)
+TEST_F(PanelWindowTest, comesToTheFrontAlsoWhenMinimisedAndIsPlacedOnlyWhenItOpens)
 {
+    QWidget other;
+    window.setOpensUnfocused();
     button.setFocus();
-    window.unfocusControls();
-    show(window);
-    EXPECT_EQ(QApplication::focusWidget(), &window);
-    QTest::keyClick(&window, Qt::Key_Tab);
-    EXPECT_EQ(QApplication::focusWidget(), &button);
-}
-
-TEST_F(PanelWindowTest, theKeyboardIsTakenOnlyOnRequestAndGivenUpAtTheNextShow)
-{
-    QWidget other;
-    window.setShowsWithoutKeyboard();
-    const auto refuses = [this] {
-        return window.windowHandle()->flags().testFlag(Qt::WindowDoesNotAcceptFocus);
-    };
-    for (int time = 0; time < 2; ++time) {
-        window.show();
-        EXPECT_TRUE(refuses());
-        activate(other);
-        window.takeKeyboard();
-        QApplication::processEvents();
-        EXPECT_FALSE(refuses());
-        EXPECT_TRUE(window.isVisible());
-        EXPECT_EQ(QGuiApplication::focusWindow(), window.windowHandle());
-        window.hide();
-    }
-    window.takeKeyboard(); // Of a hidden window: nothing.
-    EXPECT_FALSE(window.isVisible());
-}
-
-TEST_F(PanelWindowTest, comesToTheFrontAlsoWhenMinimised)
-{
-    QWidget other;
     for (const bool isShown : {true, false}) {
         window.showMinimized();
         window.setVisible(isShown);
+        window.move(33, 44);
         activate(other);
-        window.comeToFront();
+        window.comeToFront([](PanelWindow& placed) { placed.move(70, 80); });
         QApplication::processEvents();
-        EXPECT_TRUE(window.isVisible());
-        EXPECT_FALSE(window.isMinimized());
+        EXPECT_TRUE(window.isVisible() && !window.isMinimized());
+        EXPECT_EQ(window.pos(), isShown ? QPoint(33, 44) : QPoint(70, 80));
         EXPECT_EQ(QGuiApplication::focusWindow(), window.windowHandle());
+        EXPECT_EQ(QApplication::focusWidget(), &window) << "no control is pressed by accident";
+        QTest::keyClick(&window, Qt::Key_Tab);
+        EXPECT_EQ(QApplication::focusWidget(), &button);
     }
-}
-
-TEST_F(PanelWindowTest, tellsOfAClickOnAControlOnceItIsOver)
-{
-    int ended = 0;
-    window.onClickEnded([&] { ++ended; });
-    show(window);
-    QTest::mousePress(window.windowHandle(), Qt::LeftButton, {}, button.geometry().center());
-    platform.runLoop.advance(1);
-    QTest::mouseRelease(window.windowHandle(), Qt::LeftButton, {}, button.geometry().center());
-    EXPECT_EQ(ended, 0);
-    platform.runLoop.advance(0);
-    EXPECT_EQ(ended, 1);
 }
 
 TEST_F(PanelWindowTest, isAsLargeAsItsFormWhereThereIsRoom)
@@ -124,12 +80,8 @@ TEST_F(PanelWindowTest, isAsLargeAsItsFormWhereThereIsRoom)
         QSize available;
         QSize expected;
         QSize expectedFramed; ///< with room for what the window manager adds
-    } kTestCases[] = {
-        {{800, 480}, {200, 120}, {200, 120}},
-        {{800, 90}, {200, 90}, {200, 42}},
-        {{150, 480}, {150, 120}, {134, 120}},
-        {{250, 150}, {200, 120}, {200, 102}},
-    };
+    } kTestCases[] = {{{800, 480}, {200, 120}, {200, 120}}, {{800, 90}, {200, 90}, {200, 42}},
+        {{150, 480}, {150, 120}, {134, 120}}};
     for (const auto& row : kTestCases) {
         window.fitInto(row.available);
         framed.fitInto(row.available);
@@ -139,33 +91,32 @@ TEST_F(PanelWindowTest, isAsLargeAsItsFormWhereThereIsRoom)
     }
 }
 
-TEST_F(PanelWindowTest, aBodyScrollsOnlyWhereItDoesNotFit)
+TEST_F(PanelWindowTest, aFadeTakesFourTenthsOfASecondAndTheLastOneHolds)
 {
-    QVBoxLayout frame(&window);
-    frame.setContentsMargins(0, 0, 0, 0);
-    ScrollingBody body;
-    auto* const content = new QWidget;
-    QVBoxLayout rows(content);
-    for (int i = 0; i < 4; ++i) {
-        rows.addWidget(new HoverButton);
-        rows.itemAt(i)->widget()->setFixedHeight(60);
-    }
-    body.setWidget(content);
-    frame.addWidget(&body);
-    window.setFixedSize(window.sizeHint());
-    show(window);
-    const auto rules = body.findChildren<HorizontalRuleView*>();
-    const auto seen = [&] { // The bar moves nothing aside.
-        return QList<bool> {body.verticalScrollBar()->isVisible(), rules[0]->isVisible(),
-            rules[1]->isVisible(), content->width() == body.width()};
+    WindowFade fade(window);
+    const struct {
+        void (WindowFade::*act)(); ///< or nothing
+        double seconds;
+        int percent; ///< of opacity after that time, the nearest quarter
+        bool isVisible;
+        bool isFadingOut;
+        bool isMoving;
+    } kTestCases[] = {
+        {&WindowFade::fadeOut, 0, 100, false, false, false}, // Of a hidden window: nothing.
+        {&WindowFade::fadeIn, 0, 0, true, false, true}, {nullptr, 0.1, 25, true, false, true},
+        {nullptr, 0.2, 75, true, false, true}, {nullptr, 0.1, 100, true, false, false},
+        {&WindowFade::fadeOut, 0.3, 25, true, true, true}, {nullptr, 0.1, 100, false, false, false},
+        {&WindowFade::fadeIn, 1, 100, true, false, false}, {&WindowFade::fadeOut, 0.2, 50, true, true, true},
+        {&WindowFade::fadeIn, 1, 100, true, false, false}, // Ends the one that runs.
     };
-    EXPECT_EQ(content->height(), body.height());
-    EXPECT_EQ(seen(), (QList<bool> {false, false, false, true}));
-    window.setFixedSize(window.width(), 130);
-    QApplication::processEvents();
-    EXPECT_EQ(seen(), (QList<bool> {true, false, true, true}));
-    QWidget* const last = rows.itemAt(3)->widget();
-    last->setFocus(Qt::TabFocusReason);
-    EXPECT_TRUE(body.rect().contains(QRect(last->mapTo(&body, QPoint()), last->size())));
-    EXPECT_EQ(seen(), (QList<bool> {true, true, false, true}));
+    for (const auto& row : kTestCases) {
+        if (row.act)
+            (fade.*row.act)();
+        platform.runLoop.advance(row.seconds);
+        EXPECT_EQ(std::lround(window.windowOpacity() * 4) * 25, row.percent) << &row - kTestCases;
+        EXPECT_EQ(
+            (QList<bool> {window.isVisible(), fade.isFadingOut(), platform.runLoop.pendingTimerCount() == 1}),
+            (QList<bool> {row.isVisible, row.isFadingOut, row.isMoving}))
+            << &row - kTestCases;
+    }
 }
