@@ -3,10 +3,8 @@
 #include "ui/Accessibility.h"
 
 #include <QFontMetrics>
-#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QToolTip>
 
 #include <utility>
 
@@ -98,15 +96,6 @@ ButtonState Button::state() const
         .isEnabled = isEnabled(),
         .showsFocus = m_focusMark.isVisible(),
     };
-}
-
-bool Button::event(QEvent* event)
-{
-    if (event->type() == QEvent::ToolTip && toolTip().isEmpty() && isButtonTitleElided(state(), width())) {
-        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text().trimmed(), this);
-        return true;
-    }
-    return QPushButton::event(event);
 }
 
 void Button::paintEvent(QPaintEvent*)

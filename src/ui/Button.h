@@ -22,10 +22,9 @@ public:
     virtual void setTextColor(const QColor& color);
     void setUnderLineText();
     void removeUnderLineText();
-    [[nodiscard]] bool isUnderlined() const { return m_isUnderlined; }
 
     [[nodiscard]] const Picture& image() const { return m_image; }
-    virtual void setImage(const Picture& image);
+    void setImage(const Picture& image);
     [[nodiscard]] Qt::ToolButtonStyle toolButtonStyle() const { return m_toolButtonStyle; }
     void setToolButtonStyle(Qt::ToolButtonStyle style);
     /// The colour of its background role; invalid while it is flat, which stands for none.
@@ -42,7 +41,6 @@ protected:
     /// The colour that was set, invalid when none was.
     [[nodiscard]] QColor titleColor() const { return m_textColor; }
 
-    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;

@@ -190,8 +190,3 @@ QSize buttonSizeHint(const ButtonState& state)
     size += QSizeF(2 * horizontalPadding(state), 2 * kVerticalPadding);
     return {int(std::ceil(size.width())), int(std::ceil(size.height()))};
 }
-
-bool isButtonTitleElided(const ButtonState& state, qreal width)
-{
-    return titleSize(state).width() > titleWidth(state, width);
-}

@@ -17,8 +17,7 @@ struct ButtonState {
     QColor textColor;
     QColor backgroundColor; ///< invalid: none
     Picture image;
-    /// The title beside the picture or under it; or not drawn, while it still names the button to a screen
-    /// reader.
+    /// The title beside the picture or under it; or not drawn, and only said by screen readers.
     Qt::ToolButtonStyle toolButtonStyle = Qt::ToolButtonTextBesideIcon;
     Qt::LayoutDirection direction = Qt::LeftToRight;
     bool isLink = false; ///< has nothing behind its title that could darken when pressed
@@ -34,5 +33,3 @@ struct ButtonState {
 void paintButton(QPainter& painter, const QRectF& rect, const ButtonState& state);
 /// The size that shows image and whole title.
 [[nodiscard]] QSize buttonSizeHint(const ButtonState& state);
-/// Whether paintButton() shortens the title in a button of that width.
-[[nodiscard]] bool isButtonTitleElided(const ButtonState& state, qreal width);

@@ -5,11 +5,9 @@
 
 #include <QAccessible>
 #include <QFontMetrics>
-#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QToolTip>
 
 #include <algorithm>
 
@@ -75,16 +73,6 @@ QSize ClickableLabel::minimumSizeHint() const
     const int width = fontMetrics().horizontalAdvance(text().left(2) + QChar(0x2026)) + 2 * kHorizontalMargin;
     const QSize whole = sizeHint();
     return {std::min(width, whole.width()), whole.height()};
-}
-
-bool ClickableLabel::event(QEvent* event)
-{
-    const bool isCut = fontMetrics().horizontalAdvance(text()) > width();
-    if (event->type() == QEvent::ToolTip && toolTip().isEmpty() && isCut) {
-        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), text(), this);
-        return true;
-    }
-    return QLabel::event(event);
 }
 
 void ClickableLabel::paintEvent(QPaintEvent*)

@@ -43,7 +43,6 @@ public:
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
-    bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void enterEvent(QEnterEvent* event) override;
     void leaveEvent(QEvent* event) override;

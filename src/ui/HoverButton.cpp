@@ -19,10 +19,6 @@ void HoverButton::mouseEntered()
     if (!isEnabled() || m_isHovered)
         return;
     m_isHovered = true;
-    if (!m_alternateImage.isNull()) {
-        m_imageTmp = image();
-        Button::setImage(m_alternateImage);
-    }
     m_textColorTmp = titleColor();
     Button::setTextColor(zelvoHoverColor());
 }
@@ -30,19 +26,8 @@ void HoverButton::mouseEntered()
 void HoverButton::mouseExited()
 {
     m_isHovered = false;
-    if (!m_alternateImage.isNull() && !m_imageTmp.isNull())
-        Button::setImage(m_imageTmp);
-    m_imageTmp = {};
     if (m_textColorTmp.isValid())
         Button::setTextColor(m_textColorTmp);
-}
-
-void HoverButton::setImage(const Picture& image)
-{
-    if (m_imageTmp.isNull())
-        Button::setImage(image);
-    else
-        m_imageTmp = image;
 }
 
 void HoverButton::setTextColor(const QColor& color)
@@ -55,8 +40,7 @@ void HoverButton::setTextColor(const QColor& color)
 void HoverButton::setAlternateImage(const Picture& image)
 {
     m_alternateImage = image;
-    if (!m_imageTmp.isNull() && !image.isNull())
-        Button::setImage(image);
+    update();
 }
 
 void HoverButton::setImageNamed(const QString& name)
@@ -74,6 +58,8 @@ void HoverButton::setAlternateBackgroundColor(const QColor& color)
 ButtonState HoverButton::state() const
 {
     ButtonState state = Button::state();
+    if (m_isHovered && !m_alternateImage.isNull())
+        state.image = m_alternateImage;
     if (m_isHovered && m_alternateBackgroundColor.isValid())
         state.backgroundColor = m_alternateBackgroundColor;
     return state;

@@ -17,8 +17,7 @@ public:
     /// an entry before it, it gives the title the colour that the last entry found.
     void mouseExited();
 
-    /// A picture or colour set while the mouse is inside is the one that its leaving restores.
-    void setImage(const Picture& image) override;
+    /// A colour set while the mouse is inside is the one that its leaving restores.
     void setTextColor(const QColor& color) override;
     [[nodiscard]] const Picture& alternateImage() const { return m_alternateImage; }
     void setAlternateImage(const Picture& image);
@@ -37,7 +36,6 @@ protected:
 
 private:
     Picture m_alternateImage;
-    Picture m_imageTmp;
     QColor m_alternateBackgroundColor;
     QColor m_textColorTmp;
     bool m_isHovered = false;

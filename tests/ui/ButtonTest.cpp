@@ -1,15 +1,10 @@
-#include "ui/Button.h"
-
 #include "fakes/ControlTest.h"
 #include "ui/FontAndTextHandler.h"
-#include "ui/HoverLink.h"
-#include "ui/HoverUnderlineButton.h"
+#include "ui/HoverButton.h"
 #include "ui/Palette.h"
 
-#include <QHelpEvent>
 #include <QSignalSpy>
 #include <QTest>
-#include <QToolTip>
 
 namespace {
 class ButtonTest : public ControlTest {
@@ -17,55 +12,50 @@ protected:
     ButtonTest()
     {
         m_button.setFont(FontAndTextHandler::Roman15());
-        m_button.setText(QStringLiteral("MMMM"));
         m_button.setTextColor(kTitle);
         m_button.resize(161, 61);
-        m_button.setFlat(true);
+        setBackground(m_button, {});
     }
 
     static constexpr QColor kTitle {200, 0, 0};
-    Button m_button;
+    HoverButton m_button;
 };
+}
 
 TEST_F(ButtonTest, pictureAndTitleStandTogetherInTheMiddleAndAskForNoMoreRoomThanThat)
 {
     const auto box = [this](auto holds) {
         const QRect found = boxOf(grab(m_button), holds);
-        return QStringLiteral("%1,%2 %3x%4 ")
-            .arg(found.x())
-            .arg(found.y())
-            .arg(found.width())
-            .arg(found.height());
+        return QString::asprintf("%d,%d %dx%d ", found.x(), found.y(), found.width(), found.height());
     };
-    constexpr auto Leading = Qt::ToolButtonTextBesideIcon;
-    constexpr auto Above = Qt::ToolButtonTextUnderIcon;
-    constexpr auto Only = Qt::ToolButtonIconOnly;
+    constexpr auto kBeside = Qt::ToolButtonTextBesideIcon;
+    constexpr auto kUnder = Qt::ToolButtonTextUnderIcon;
+    constexpr auto kOnly = Qt::ToolButtonIconOnly;
     using enum Qt::LayoutDirection;
     const struct {
         const char* title;
         const char* picture;
-        Qt::ToolButtonStyle position;
+        Qt::ToolButtonStyle style;
         Qt::LayoutDirection direction;
         QSize size;
         QColor background;
         const char* seen; ///< title and picture, then the smallest and the best size
     } kTestCases[] = {
-        {"MMMMMM", "", Leading, LeftToRight, {161, 61}, {}, "41,26 79x10 0,0 0x0 63x33 92x33"},
-        {" MMMMMM ", "", Only, LeftToRight, {161, 61}, Qt::transparent, "41,26 79x10 0,0 0x0 73x33 102x33"},
-        {"MMMMMM", "ButtonUp", Leading, LeftToRight, {161, 61}, {}, "56,26 79x10 30,23 14x16 93x36 122x36"},
-        {"  MMMMMM", "ButtonUp", Leading, LeftToRight, {161, 61}, {}, "57,26 78x10 29,23 14x16 93x36 123x36"},
-        {"MMMMMM", "ButtonUp", Leading, RightToLeft, {161, 61}, {}, "26,26 78x10 117,23 14x16 93x36 122x36"},
-        {"MMMMMM", "ButtonUp", Leading, LeftToRight, {70, 30}, {}, "39,11 22x10 10,7 14x16 93x36 122x36"},
-        {"MMMMMM", "ButtonUp", Above, RightToLeft, {161, 61}, Qt::transparent,
+        {"MMMMMM", "", kBeside, LeftToRight, {161, 61}, {}, "41,26 79x10 0,0 0x0 63x33 92x33"},
+        {" MMMMMM ", "", kOnly, LeftToRight, {161, 61}, Qt::transparent, "41,26 79x10 0,0 0x0 73x33 102x33"},
+        {"MMMMMM", "ButtonUp", kBeside, LeftToRight, {161, 61}, {}, "56,26 79x10 30,23 14x16 93x36 122x36"},
+        {"  MMMMMM", "ButtonUp", kBeside, LeftToRight, {161, 61}, {}, "57,26 78x10 29,23 14x16 93x36 123x36"},
+        {"MMMMMM", "ButtonUp", kBeside, RightToLeft, {161, 61}, {}, "26,26 78x10 117,23 14x16 93x36 122x36"},
+        {"MMMMMM", "ButtonUp", kBeside, LeftToRight, {70, 30}, {}, "39,11 22x10 10,7 14x16 93x36 122x36"},
+        {"MMMMMM", "ButtonUp", kUnder, RightToLeft, {161, 61}, Qt::transparent,
             "41,40 79x10 74,11 14x16 73x60 102x60"},
-        {"MMMMMM", "ButtonUp", Only, LeftToRight, {161, 61}, {}, "0,0 0x0 74,23 14x16 34x36 34x36"},
-        {"MMMMMM", "ButtonUp", Only, LeftToRight, {16, 12}, {},
-            "0,0 0x0 4,2 7x8 34x36 34x36"}, // The picture shrinks.
+        {"MMMMMM", "ButtonUp", kOnly, LeftToRight, {161, 61}, {}, "0,0 0x0 74,23 14x16 34x36 34x36"},
+        {"MMMMMM", "ButtonUp", kOnly, LeftToRight, {16, 12}, {}, "0,0 0x0 4,2 7x8 34x36 34x36"},
     };
     for (const auto& row : kTestCases) {
         m_button.setText(QString::fromLatin1(row.title));
         m_button.setImage(*row.picture ? Picture(QString::fromLatin1(row.picture)) : Picture());
-        m_button.setToolButtonStyle(row.position);
+        m_button.setToolButtonStyle(row.style);
         m_button.setLayoutDirection(row.direction);
         setBackground(m_button, row.background);
         m_button.resize(row.size);
@@ -73,68 +63,83 @@ TEST_F(ButtonTest, pictureAndTitleStandTogetherInTheMiddleAndAskForNoMoreRoomTha
         QString seen = box([](const QColor& pixel) { return pixel.green() < 40 && pixel.blue() < 128; })
             + box([](const QColor& pixel) { return pixel.green() > 40; });
         for (const QSize size : {m_button.minimumSizeHint(), m_button.sizeHint()})
-            seen += QStringLiteral("%1x%2 ").arg(size.width()).arg(size.height());
+            seen += QString::asprintf("%dx%d ", size.width(), size.height());
         EXPECT_EQ(seen.trimmed(), QString::fromLatin1(row.seen));
     }
 }
 
 TEST_F(ButtonTest, eachStateHasItsLook)
 {
-    const auto seen = [&] { return grab(m_button).pixelColor(20, 30).rgb(); };
-    QList<QRgb> looks {seen()};
+    const QColor background(0xC8, 0xD9, 0xE1);
+    const auto seen = [this](QPoint at) { return grab(m_button).pixelColor(at).rgb(); };
+    QList<QRgb> looks {seen({20, 30})};
     m_button.setDown(true);
-    looks << seen();
-    setBackground(m_button, QColor(0xC8, 0xD9, 0xE1));
-    looks << seen();
+    looks << seen({20, 30});
+    setBackground(m_button, background);
+    looks << seen({20, 30});
     m_button.setDown(false);
-    looks << seen() << grab(m_button).pixelColor(0, 0).rgb(); // The corners are round.
+    looks << seen({20, 30}) << seen({0, 0}) << seen({3, 0}); // The corners are round.
     m_button.setEnabled(false);
-    looks << seen();
+    looks << seen({20, 30});
     // A shadow of 20 in 255, 112 in 100 darker, 45 in 100 of the colour on the ground.
     EXPECT_EQ(looks,
-        (QList<QRgb> {kGround.rgb(), 0xFFEB00EB, QColor(0xC8, 0xD9, 0xE1).darker(112).rgb(), 0xFFC8D9E1,
-            kGround.rgb(), 0xFFE661F1}));
+        (QList<QRgb> {kGround.rgb(), 0xFFEB00EB, background.darker(112).rgb(), background.rgb(),
+            kGround.rgb(), 0xFFCDC5E4, 0xFFE661F1}));
     m_button.setEnabled(true);
-    const QImage plain = grab(m_button);
-    m_button.setUnderLineText();
-    EXPECT_NE(grab(m_button), plain);
-    m_button.removeUnderLineText();
-    EXPECT_EQ(grab(m_button), plain);
+    m_button.setText(QStringLiteral("MMMM"));
     // What would not be read takes another colour, the picture with the title.
     setBackground(m_button, kTitle);
     m_button.setImage(Picture(QStringLiteral("ButtonUp")));
-    const auto light = [&] {
-        return boxOf(grab(m_button), [](const QColor& pixel) { return pixel == Qt::white; }).width();
+    const auto light = [this] {
+        return boxOf(grab(m_button), [](QColor pixel) { return pixel == Qt::white; });
     };
-    const int both = light();
+    EXPECT_GT(light().width(), 70);
     m_button.setToolButtonStyle(Qt::ToolButtonIconOnly);
-    EXPECT_GT(light(), 10);
-    EXPECT_GT(both, light() + 60);
-    for (const auto& [title, color] :
-        {std::pair(QString(), kTitle), std::pair(QStringLiteral("x"), QColor())}) {
-        m_button.setText(title);
-        m_button.setTextColor(color);
-        EXPECT_EQ(m_button.textColor(), m_button.palette().color(QPalette::ButtonText));
-    }
+    EXPECT_NEAR(light().width(), 12, 3);
 }
 
-TEST_F(ButtonTest, aTitleThatIsCutIsToldInFull)
+TEST_F(ButtonTest, theMouseBringsAnotherLookAndEachEndTakesItAway)
 {
-    for (const auto& [width, told] : {std::pair(161, ""), std::pair(20, "MMMM")}) {
-        m_button.resize(width, 61);
-        show(m_button);
-        QHelpEvent event(QEvent::ToolTip, {5, 5}, m_button.mapToGlobal(QPoint(5, 5)));
-        QApplication::sendEvent(&m_button, &event);
-        EXPECT_EQ(QToolTip::text(), QString::fromLatin1(told));
+    const auto seen = [this] { // Title's colour and background, and whether the picture is the hovered one.
+        const QImage image = grab(m_button);
+        const QRect hovered = boxOf(image, [](QColor pixel) { return pixel == QColor(0x00, 0x69, 0x7A); });
+        return m_button.textColor().name() + image.pixelColor(6, 20).name()
+            + QString::number(!hovered.isEmpty());
+    };
+    m_button.setText(QStringLiteral("Stand"));
+    m_button.setTextColor(zelvoTextColor());
+    m_button.setImageNamed(QStringLiteral("NotificationButtonStandMemory"));
+    setBackground(m_button, QColor(250, 240, 230));
+    m_button.setAlternateBackgroundColor(QColor(200, 230, 240));
+    for (const bool byLeaving : {true, false}) {
+        enter(m_button);
+        enter(m_button);
+        EXPECT_EQ(seen(), QStringLiteral("#00707a#c8e6f01"));
+        if (byLeaving)
+            leave(m_button);
+        m_button.setEnabled(byLeaving);
+        EXPECT_TRUE(seen().startsWith(QStringLiteral("#616161")) && seen().endsWith(u'0'));
     }
+    const QImage disabled = grab(m_button);
+    enter(m_button);
+    EXPECT_EQ(grab(m_button), disabled);
+    m_button.setEnabled(true);
+    enter(m_button);
+    m_button.setImageNamed(QStringLiteral("NotificationButtonSitMemory"));
+    EXPECT_EQ(seen(), QStringLiteral("#00707a#c8e6f01"));
+    m_button.setTextColor(Qt::red);
+    leave(m_button);
+    m_button.setTextColor(Qt::blue);
+    m_button.mouseExited(); // Without an entry it restores what the last entry found.
+    EXPECT_EQ(seen(), QStringLiteral("#ff0000#faf0e60"));
 }
 
 TEST_F(ButtonTest, aKeyKeptDownClicksOnceThoughX11ReportsItAsGoingUpAndDown)
 {
     QSignalSpy clicks(&m_button, &QPushButton::clicked);
     for (const int key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
-        const auto send = [&](QEvent::Type type, quint64 time) {
-            QKeyEvent event(type, key, Qt::NoModifier);
+        const auto send = [&](QEvent::Type type, quint64 time, bool isRepeat = false) {
+            QKeyEvent event(type, key, Qt::NoModifier, QString(), isRepeat);
             event.setTimestamp(time);
             QApplication::sendEvent(&m_button, &event);
         };
@@ -142,32 +147,10 @@ TEST_F(ButtonTest, aKeyKeptDownClicksOnceThoughX11ReportsItAsGoingUpAndDown)
             send(QEvent::KeyPress, time);
             send(QEvent::KeyRelease, time == 1000 ? 1660 : time + 20);
         }
+        send(QEvent::KeyPress, 5000, true);
         EXPECT_EQ(clicks.count(), 2) << key;
         clicks.clear();
     }
     QTest::keyClick(&m_button, Qt::Key_Return); // Without a time: not a keyboard's.
-    QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QString(), true);
-    QApplication::sendEvent(&m_button, &repeated);
     EXPECT_EQ(clicks.count(), 1);
-}
-
-TEST_F(ButtonTest, linksTellTheMouseAndHaveNothingBehindThemThatDarkens)
-{
-    HoverLink link;
-    HoverUnderlineButton week;
-    for (Button* const button : {static_cast<Button*>(&link), static_cast<Button*>(&week)}) {
-        button->setText(QStringLiteral("Week"));
-        button->resize(90, 30);
-        const QImage plain = grab(*button);
-        enter(*button);
-        EXPECT_NE(grab(*button), plain);
-        EXPECT_EQ(button->textColor(), button == &link ? zelvoLinkHover() : week.textColor());
-        leave(*button);
-        EXPECT_EQ(grab(*button), plain);
-        button->setDown(true);
-        EXPECT_EQ(grab(*button).pixelColor(2, 15), kGround);
-    }
-    EXPECT_EQ(link.textColor(), zelvoHoverColor());
-    EXPECT_EQ(link.cursor().shape(), Qt::PointingHandCursor);
-}
 }
