@@ -1,7 +1,6 @@
 #include "screens/SetupEntries.h"
 
 #include "data/AppProperties.h"
-#include "data/DecimalFormatter.h"
 #include "data/Helper.h"
 #include "data/Saturation.h"
 #include "desk/AdoptedDesk.h"

@@ -32,7 +32,6 @@ public:
 
     /// Makes the icon visible; call it when a tray host is there. Later calls do nothing.
     void appear();
-    [[nodiscard]] bool hasAppeared() const { return m_trayIcon != nullptr; }
     /// Shows the menu at the pointer where the host does not show it by itself.
     void popUpMenu();
 

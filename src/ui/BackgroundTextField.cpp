@@ -38,7 +38,6 @@ BackgroundTextField::BackgroundTextField(QWidget* parent)
     cell->setParent(this);
     setStyle(cell);
     setFrame(false);
-    setAttribute(Qt::WA_MacShowFocusRect, false);
     setVerticalCentering(*this, true);
     setTextColor(palette().color(QPalette::Text));
     connect(this, &QLineEdit::cursorPositionChanged, this, &BackgroundTextField::restartCaret);

@@ -6,6 +6,7 @@
 #include <QWidget>
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <limits>
 
@@ -31,20 +32,14 @@ double contrast(const QColor& first, const QColor& second)
 }
 
 /// The number at the start of the text, after white space and an optional "0x"; too large a one saturates.
-uint32_t scanHexadecimal(QStringView text)
+uint32_t scanHexadecimal(QByteArray text)
 {
-    text = text.trimmed();
-    if (text.startsWith(QLatin1String("0x"), Qt::CaseInsensitive))
-        text = text.mid(2);
-    uint64_t number = 0;
-    for (const QChar character : text) {
-        bool isDigit = false;
-        const uint digit = QString(character).toUInt(&isDigit, 16);
-        if (!isDigit)
-            break;
-        number = std::min<uint64_t>(number * 16 + digit, std::numeric_limits<uint32_t>::max());
-    }
-    return uint32_t(number);
+    text = text.trimmed().toLower();
+    if (text.startsWith("0x"))
+        text.remove(0, 2);
+    uint32_t number = 0;
+    const auto scanned = std::from_chars(text.cbegin(), text.cend(), number, 16);
+    return scanned.ec == std::errc::result_out_of_range ? std::numeric_limits<uint32_t>::max() : number;
 }
 }
 
@@ -90,10 +85,8 @@ QColor zelvoLinkHover()
 
 QColor colorFromHexadecimalValue(const QString& string)
 {
-    QStringView digits(string);
-    if (digits.startsWith(QLatin1Char('#')))
-        digits = digits.mid(1);
-    return QColor::fromRgb(scanHexadecimal(digits) | 0xFF000000U);
+    const qsizetype mark = string.startsWith(QLatin1Char('#')) ? 1 : 0;
+    return QColor::fromRgb(scanHexadecimal(string.mid(mark).toLatin1()) | 0xFF000000U);
 }
 
 QString hexadecimalValue(const QColor& color)

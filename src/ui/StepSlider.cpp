@@ -23,9 +23,13 @@ StepSlider::StepSlider(QWidget* parent)
 
 QRectF StepSlider::knobRect() const
 {
-    // Mirrored values stand mirrored: step 0 is at the right end in right-to-left layouts.
-    const bool isMirrored = layoutDirection() == Qt::RightToLeft;
-    return m_cell.knobRect(size(), isMirrored ? maximum() + minimum() - value() : value());
+    return m_cell.knobRect(size(), shownValue());
+}
+
+/// Step 0 is at the right end in right-to-left layouts.
+int StepSlider::shownValue() const
+{
+    return layoutDirection() == Qt::RightToLeft ? maximum() + minimum() - value() : value();
 }
 
 QSize StepSlider::sizeHint() const
@@ -43,20 +47,17 @@ QSize StepSlider::minimumSizeHint() const
 void StepSlider::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    const bool isMirrored = layoutDirection() == Qt::RightToLeft;
     if (!isEnabled())
         painter.setOpacity(kDisabledOpacity);
-    paintSlider(painter, rect(), m_cell, isMirrored ? maximum() + minimum() - value() : value());
+    paintSlider(painter, rect(), m_cell, shownValue());
     if (m_focusMark.isVisible())
         paintFocusMark(painter, rect(), kFocusRadius);
 }
 
 void StepSlider::mousePressEvent(QMouseEvent* event)
 {
-    if (event->button() != Qt::LeftButton) {
-        event->ignore();
-        return;
-    }
+    if (event->button() != Qt::LeftButton)
+        return event->ignore();
     setSliderDown(true);
     moveTo(event->position().x());
 }

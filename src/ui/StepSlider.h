@@ -28,6 +28,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
+    [[nodiscard]] int shownValue() const;
     void moveTo(double x);
 
     SliderCell m_cell = SliderCell::withPictures();

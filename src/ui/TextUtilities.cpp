@@ -3,17 +3,9 @@
 #include "ui/FontAndTextHandler.h"
 #include "ui/Palette.h"
 
-#include <QLabel>
 #include <QLineEdit>
 
 #include <algorithm>
-
-namespace {
-Qt::Alignment verticallyAligned(Qt::Alignment alignment, bool centered)
-{
-    return (alignment & Qt::AlignHorizontal_Mask) | (centered ? Qt::AlignVCenter : Qt::AlignTop);
-}
-}
 
 QString reversed(const QString& string)
 {
@@ -38,12 +30,8 @@ QString richTextFromString(const QString& string)
     return string.toHtmlEscaped().replace(QLatin1Char('\n'), QLatin1String("<br>"));
 }
 
-void setVerticalCentering(QLabel& label, bool centered)
-{
-    label.setAlignment(verticallyAligned(label.alignment(), centered));
-}
-
 void setVerticalCentering(QLineEdit& field, bool centered)
 {
-    field.setAlignment(verticallyAligned(field.alignment(), centered));
+    field.setAlignment(
+        (field.alignment() & Qt::AlignHorizontal_Mask) | (centered ? Qt::AlignVCenter : Qt::AlignTop));
 }

@@ -3,7 +3,6 @@
 #include <QString>
 #include <QUrl>
 
-class QLabel;
 class QLineEdit;
 
 /// The UTF-16 units in reverse order.
@@ -17,5 +16,4 @@ class QLineEdit;
 [[nodiscard]] QString richTextFromString(const QString& string);
 
 /// Sets the text in the middle of a tall field, or back at its top.
-void setVerticalCentering(QLabel& label, bool centered);
 void setVerticalCentering(QLineEdit& field, bool centered);
