@@ -23,8 +23,7 @@ class TestWindowController;
 class WizardWindowController;
 class Workspace;
 
-/// The application's life: start-up sequence, data stack, status item and menu, windows on first use,
-/// termination.
+/// The application's life: start-up sequence, data stack, status item, menu, windows on first use, end.
 class AppDelegate {
 public:
     enum class TerminateReply { Cancel, Now };
@@ -60,8 +59,7 @@ public:
     void showWizard();
     void showHistory();
     void showTestWindow();
-    /// Shows the program to a user who started it again or has no tray: the main window, or the wizard before
-    /// set-up.
+    /// Shows a user who started it again, or has no tray, the main window; before set-up the wizard.
     void showSomething();
     void menuOpenClicked();
     void menuHistoryClicked();
@@ -69,8 +67,7 @@ public:
     /// Open and History are enabled only once set-up is complete; all else always.
     [[nodiscard]] bool validateMenuItem(const QAction* item) const;
 
-    /// `org.zelvo.StandUp` in the user's data folder, made when missing; a failure shows when the store is
-    /// opened.
+    /// `org.zelvo.StandUp` in the user's data folder, made when missing; opening the store shows a failure.
     QString applicationFilesDirectory();
     /// Compiled in, so that it is never missing.
     [[nodiscard]] const ManagedObjectModel& managedObjectModel() const { return m_managedObjectModel; }

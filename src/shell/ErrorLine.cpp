@@ -34,8 +34,7 @@ void ErrorLine::hide()
 void ErrorLine::observerErrorRecieved(const PostedNotification& posted)
 {
     invalidate(m_updateErrorTimer);
-    // First the text: a screen reader is told once, of a label that appears or of one that says something
-    // new.
+    // First the text: a screen reader is told once, of a label that appears or says something new.
     m_label.setText(text(posted.userInfo));
     m_label.show();
     m_area.show();
@@ -49,8 +48,7 @@ void ErrorLine::observerRemoveErrorRecieved()
 
 void ErrorLine::startErrorTimer()
 {
-    // The timer before this one is replaced and not stopped: an error has stopped it, or it clears a cleared
-    // line.
+    // The timer before this one is not stopped: an error has done so, or it clears a cleared line.
     m_updateErrorTimer =
         m_timers.schedule(kClearSeconds, RunLoop::Repeat::Yes, [this](Timer&) { onErrorTimerTick(); });
 }

@@ -9,8 +9,7 @@ class HyperLinkTextField;
 class QWidget;
 
 /// The line in which a window shows the desk's errors: filled by `error_code`, cleared 15 s after the desk
-/// reports itself well. Its timer goes on repeating until the next error, because a second clearing changes
-/// nothing.
+/// reports itself well. Its timer repeats until the next error, because a second clearing changes nothing.
 class ErrorLine {
 public:
     /// Whether lines stay plain where the settings name no page on errors.

@@ -15,8 +15,7 @@ class StatusItem;
 /// follows the desk's connection.
 class MenuletController {
 public:
-    /// How the two windows are made on first use, handed in so that this class knows nothing of what they
-    /// need.
+    /// How the two windows are made on first use; this class knows nothing of what they need.
     struct Windows {
         std::function<std::unique_ptr<MainWindowController>(MenuletController&)> makeMainWindow;
         std::function<std::unique_ptr<NotificationWindowController>()> makeNotificationWindow;
@@ -27,8 +26,7 @@ public:
     MenuletController(const MenuletController&) = delete;
     MenuletController& operator=(const MenuletController&) = delete;
 
-    /// Nothing before set-up is complete; else brings the main window to the front and closes an open
-    /// reminder.
+    /// Nothing before set-up is complete; else closes an open reminder and brings the window to the front.
     void showMainWindow();
     void dismissMainWindow();
     void showNotification(const std::shared_ptr<Notification>& notification);

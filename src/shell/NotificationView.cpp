@@ -43,8 +43,7 @@ void NotificationView::leaveEvent(QEvent* event)
 {
     QWidget::leaveEvent(event);
     // The cursor is not asked where it is: under Wayland, and for X11 programs there too, it still stands
-    // where it was last seen inside. Qt sends no leave event when the pointer goes on to a control of the
-    // view.
+    // where it was last seen inside. Qt sends no leave event for a move onto a control of the view.
     constexpr QPointF kOutside(-1, -1);
     mouseExited(kOutside);
 }
@@ -52,8 +51,7 @@ void NotificationView::leaveEvent(QEvent* event)
 void NotificationView::hideEvent(QHideEvent* event)
 {
     QWidget::hideEvent(event);
-    // A window that disappears under the pointer gets no leave event; the next reminder must not think it is
-    // visited.
+    // A window that disappears under the pointer gets no leave event; the next one starts unvisited.
     s_isMouseInside = false;
 }
 

@@ -7,8 +7,7 @@ class QRectF;
 class QWidget;
 
 /// Whether a control shows that it has the focus: only when the keyboard brought it there, because a ring
-/// around everything that is clicked is noise. A window that comes back to the front keeps the mark as it
-/// was.
+/// around everything that is clicked is noise. A window that comes back to the front has the mark again.
 class FocusMark final : public QObject {
 public:
     /// Watches the control's focus, and has it painted anew at each change.

@@ -30,8 +30,7 @@ class QWidget;
 /// The colour as "#rrggbb"; a null text for an invalid colour.
 [[nodiscard]] QString hexadecimalValue(const QColor& color);
 
-/// `preferred` where it can be read on `background`, otherwise white or the text colour, whichever stands out
-/// more.
+/// `preferred` where it can be read on `background`, otherwise the better of white and the text colour.
 [[nodiscard]] QColor readableColor(const QColor& preferred, const QColor& background);
 
 /// Gives a window the palette that the fixed colours need, so that it stays readable on a dark desktop. Every

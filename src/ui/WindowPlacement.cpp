@@ -27,10 +27,10 @@ QRect roomFor(QSize window, const QRect& availableScreen)
     return availableScreen.adjusted(spare.width(), spare.height(), -spare.width(), -spare.height());
 }
 
+/// A window larger than the screen keeps its upper left corner.
 int within(int value, int least, int most)
 {
-    return std::max(
-        least, std::min(value, most)); // A window larger than the screen keeps its upper left corner.
+    return std::max(least, std::min(value, most));
 }
 
 QPoint within(const QRect& area, QSize window, QPoint place)
