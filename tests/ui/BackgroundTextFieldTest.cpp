@@ -1,8 +1,6 @@
 #include "ui/BackgroundTextField.h"
 
-#include "data/DecimalFormatter.h"
 #include "fakes/ControlTest.h"
-#include "ui/NumberEntryValidator.h"
 
 #include <QStyleHints>
 #include <QTest>
@@ -47,18 +45,5 @@ TEST_F(BackgroundTextFieldTest, theCaretBlinksBehindTheTextWhileTheFieldIsEdited
     m_field.clearFocus();
     EXPECT_TRUE(caret().isEmpty());
     EXPECT_EQ(platform.runLoop.pendingTimerCount(), 0U);
-}
-
-TEST_F(BackgroundTextFieldTest, theFormatterRefusesKeystrokesAndPastes)
-{
-    NumberEntryValidator validator;
-    validator.formatter().setMinValue(0);
-    validator.formatter().setMaxValue(999);
-    m_field.setValidator(&validator);
-    QTest::keyClicks(&m_field, QStringLiteral("-7a2.,41"));
-    m_field.insert(QString(400, QLatin1Char('1')));
-    EXPECT_EQ(m_field.text(), QStringLiteral("724"));
-    m_field.clear();
-    EXPECT_TRUE(m_field.hasAcceptableInput());
 }
 }
