@@ -3,10 +3,6 @@
 #include "data/ManagedObjectContext.h"
 #include "shell/ShellWorld.h"
 
-#include <QDir>
-#include <QFile>
-
-#include <cerrno>
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
@@ -55,36 +51,6 @@ TEST(AppDelegate, anUpgradeIsByNumbersAndResetsTheDismissTimeInOneRelease)
     }
 }
 
-TEST(AppDelegate, aSaveThatFailsIsPresentedAndSettledByOneThatSucceeds)
-{
-    ShellWorld world;
-    world.startWithDesk();
-    const int settled = world.dialogs.timesForgotten;
-    {
-        const StoreLock lock(world);
-        world.platform.runLoop.advance(16);
-    }
-    ASSERT_EQ(world.dialogs.presented.size(), 1u);
-    EXPECT_EQ(world.dialogs.presented[0].code & 0xFF, SQLITE_BUSY);
-    EXPECT_EQ(world.dialogs.timesForgotten, settled);
-    world.platform.runLoop.advance(15);
-    EXPECT_EQ(world.dialogs.timesForgotten, settled + 1);
-}
-
-TEST(AppDelegate, aStartThatIsEndedLeavesItsLogAndNoStore)
-{
-    ShellWorld world;
-    world.hid.openStatus = EACCES;
-    world.app->applicationDidFinishLaunching();
-    EXPECT_EQ(world.app->statusMenuOpen()->isEnabled(), false) << "before it is shown";
-    world.app->terminate();
-    EXPECT_EQ(world.quits, 1);
-    EXPECT_EQ(QDir(world.dataFolder()).entryList(QDir::Files), QStringList(QStringLiteral("StandUp.log")));
-    QFile log(QDir(world.dataFolder()).filePath(QStringLiteral("StandUp.log")));
-    ASSERT_TRUE(log.open(QIODevice::ReadOnly));
-    EXPECT_TRUE(log.readAll().contains("IOHIDManagerOpen failed."));
-}
-
 TEST(AppDelegate, anUnsavableChangeAsksAndEitherAnswerQuits)
 {
     const struct {
@@ -111,29 +77,8 @@ TEST(AppDelegate, anUnsavableChangeAsksAndEitherAnswerQuits)
         EXPECT_EQ(world.dialogs.alerts.size(), row.asks);
         world.dialogs.alertAnswer = Dialogs::kFirstButton;
         world.dialogs.errorsAreDealtWith = false;
+        world.dialogs.whileAlertRuns = [&] { world.app->terminate(); };
         world.app->terminate();
-        EXPECT_EQ(world.quits, 1) << "a refused end leaves the next one free";
+        EXPECT_EQ(world.quits, 1) << "a refused end leaves the next one free, and asking twice is an answer";
     }
-}
-
-TEST(AppDelegate, aSecondRequestAnswersTheQuestionOfTheFirst)
-{
-    ShellWorld world;
-    const auto desk = world.startWithDesk();
-    const auto& hub = AppProperties::instance().zelvoController();
-    hub->device()->moveUp();
-    world.platform.runLoop.advance(0.3); // The first report of the movement is out.
-    world.app->managedObjectContext()->insertActivity();
-    const StoreLock lock(world);
-    world.dialogs.alertAnswer = 0;
-    world.dialogs.whileAlertRuns = [&] {
-        EXPECT_EQ(desk->written.back()[1], 1) << "the desk stops before the question";
-        EXPECT_TRUE(hub->activity());
-        if (world.dialogs.alerts.size() == 1) // Questions that were asked of questions would never end.
-            world.app->terminate();
-        EXPECT_FALSE(hub->activity());
-    };
-    world.app->terminate();
-    EXPECT_EQ(world.dialogs.alerts.size(), 1);
-    EXPECT_EQ(world.quits, 1);
 }

@@ -2,9 +2,6 @@
 
 #include "desk/Posture.h"
 #include "shell/WindowTest.h"
-#include "ui/MouseEventButton.h"
-
-#include <QWindow>
 
 namespace {
 constexpr double kFade = 0.5; // A fade takes 0.4 s.
@@ -27,10 +24,6 @@ protected:
     {
         QCursor::setPos(position);
         QApplication::processEvents();
-    }
-    static bool refusesKeyboard(const QWidget& window)
-    {
-        return window.windowHandle()->flags().testFlag(Qt::WindowDoesNotAcceptFocus);
     }
 };
 }
@@ -61,20 +54,6 @@ TEST_F(NotificationWindowControllerTest, leavesByItselfAndSnoozesUnlessTheDeskWa
             EXPECT_FALSE(isShown());
         }
     }
-}
-
-TEST_F(NotificationWindowControllerTest, onlyOtherContentStartsTheWaitAnew)
-{
-    startWithDesk();
-    const auto content = std::make_shared<Notification>(kStanding);
-    menulet().showNotification(content);
-    click(reminder().window(), "buttonUp");
-    const TimerRef timer = reminder().dismissTimer();
-    menulet().showNotification(content);
-    EXPECT_TRUE(reminder().actionDone() && timer->isValid());
-    remind(kStanding);
-    EXPECT_FALSE(reminder().actionDone() || timer->isValid());
-    EXPECT_TRUE(reminder().dismissTimer()->isValid());
 }
 
 TEST_F(NotificationWindowControllerTest, anAnswerIsTheSchedulesAndTheWindowFades)
@@ -135,54 +114,6 @@ TEST_F(NotificationWindowControllerTest, theMemoryButtonFallsThroughToTheOtherMe
         release(window, "buttonMemory");
         EXPECT_EQ(commands(), Commands {kStop});
     }
-}
-
-TEST_F(NotificationWindowControllerTest, aHoldIsNotCutByTheWaitButByTheMainWindow)
-{
-    startWithDesk();
-    QWidget& window = remind(kStanding);
-    pass(kFade);
-    press(window, "buttonMemory");
-    pass(50);
-    EXPECT_TRUE(isShown());
-    EXPECT_EQ(commands().back(), 4300);
-    openMainWindow();
-    pass(kFade);
-    EXPECT_FALSE(isShown());
-    EXPECT_EQ(commands().back(), kStop);
-    pass(100);
-    EXPECT_FALSE(isSnoozed());
-}
-
-TEST_F(NotificationWindowControllerTest, takesNoKeyUntilItHasBeenClicked)
-{
-    startWithDesk();
-    for (int time = 0; time < 2; ++time) {
-        QWidget& window = remind(kStanding);
-        pass(kFade);
-        EXPECT_FALSE(qobject_cast<Button*>(window.focusWidget()));
-        const QPoint up = in(window, "buttonUp").mapTo(&window, QPoint(5, 5));
-        QTest::mousePress(window.windowHandle(), Qt::LeftButton, {}, up);
-        pass(1);
-        EXPECT_TRUE(refusesKeyboard(window)); // A change of focus now could cut the hold.
-        EXPECT_EQ(commands().back(), kUp);
-        QTest::mouseRelease(window.windowHandle(), Qt::LeftButton, {}, up);
-        pass(0.1);
-        EXPECT_FALSE(refusesKeyboard(window));
-        QTest::keyClick(&window, Qt::Key_Escape); // Not now.
-        EXPECT_TRUE(isSnoozed());
-        pass(kFade);
-    }
-    QWidget& window = remind(kSitting);
-    pass(kFade);
-    movePointer(window.geometry().center());
-    QTest::mouseClick(
-        window.windowHandle(), Qt::LeftButton, {}, in(window, "buttonCancel").mapTo(&window, QPoint(5, 5)));
-    pass(0.1);
-    EXPECT_TRUE(refusesKeyboard(window)) << "an answer leaves the keyboard where it was";
-    movePointer(kAway); // There is nothing left to wait for.
-    pass(60);
-    EXPECT_FALSE(isSnoozed());
 }
 
 TEST_F(NotificationWindowControllerTest, everyMessageFitsInEveryLanguageAndDirection)
