@@ -61,7 +61,7 @@ TEST_F(ManagedObjectContextTest, aStoreThatIsGoneIsBegunAnewWithTheOpenRecord)
             [&] { std::rename(qPrintable(aside), qPrintable(store.path)); }, {"StoreGone", "saved"}, 3},
         {"replaced by something else",
             [&] {
-                write(aside, "no store");
+                write(aside, QByteArray("no store").repeated(512));
                 std::rename(qPrintable(aside), qPrintable(store.path));
             },
             {"StoreGone", "StoreDamaged", "StoreDamaged"}, 0},
