@@ -88,7 +88,7 @@ struct ManagedObjectContext::Store {
 
     std::vector<ActivityRef> inserted; ///< Not stored yet, in the order of insertion.
     std::unordered_map<int64_t, ActivityRef> changed; ///< Stored with other values.
-    /// Every stored record that has an object.
+    /// Every stored record that has an object, which takes itself off when it goes.
     std::unordered_map<int64_t, std::weak_ptr<Activity>> registered;
 };
 
@@ -207,8 +207,6 @@ void ManagedObjectContext::Store::enterAllAgain()
     const auto waiting = std::exchange(changed, {});
     for (const auto& [id, record] : known) {
         const ActivityRef activity = record.lock();
-        if (!activity)
-            continue;
         activity->m_rowId = rowOf(*activity);
         if (activity->m_rowId) {
             registered[activity->m_rowId] = activity;
@@ -229,10 +227,8 @@ ManagedObjectContext::~ManagedObjectContext()
     // Records may be held longer than the context; they must not reach into it any more.
     for (const ActivityRef& activity : m_store->inserted)
         activity->m_context = nullptr;
-    for (const auto& [id, known] : m_store->registered) {
-        if (const ActivityRef activity = known.lock())
-            activity->m_context = nullptr;
-    }
+    for (const auto& [id, known] : m_store->registered)
+        known.lock()->m_context = nullptr;
 }
 
 Error ManagedObjectContext::missingError()

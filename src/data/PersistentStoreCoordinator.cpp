@@ -147,12 +147,11 @@ int PersistentStoreCoordinator::lock()
 {
     const QByteArray path = QFile::encodeName(m_path + QStringLiteral(".lock"));
     m_lock = ::open(path.constData(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
-    // No test fills a disk.
     if (m_lock < 0)
         return errno == ENOSPC || errno == EDQUOT ? SQLITE_FULL : SQLITE_CANTOPEN;
     if (lockf(m_lock, F_TLOCK, 0) == 0)
         return SQLITE_OK;
-    // Some file systems of networks know no locks.
+    // Some network file systems, on which no test runs, know no locks.
     return errno == EACCES || errno == EAGAIN ? SQLITE_BUSY : SQLITE_CANTOPEN;
 }
 
@@ -188,11 +187,13 @@ int PersistentStoreCoordinator::identify()
 {
     SqlStatement question(
         m_connection, "SELECT user_version, (SELECT count(*) FROM sqlite_master) FROM pragma_user_version");
+    // The first page has been read already: only a disk that fails between two reads ends here, untested.
     if (const int result = question.step(); result != SQLITE_ROW)
         return result;
     const int64_t version = question.integer(0);
     m_isNew = version == 0 && question.integer(1) == 0;
     question.reset();
+    // Not seen by tests that root runs, who may write everything.
     if (sqlite3_db_readonly(m_connection, "main") == 1)
         return SQLITE_READONLY;
     if (m_isNew)
@@ -209,6 +210,7 @@ int PersistentStoreCoordinator::checkPages()
     if (!m_endedUncleanly && QFileInfo(m_path).size() > kAlwaysCheckedBytes)
         return SQLITE_OK;
     SqlStatement check(m_connection, "PRAGMA quick_check(1)");
+    // Damage is a row of the answer; this is for a disk that fails meanwhile, untested.
     if (const int result = check.step(); result != SQLITE_ROW)
         return result;
     return check.text(0) == "ok" ? SQLITE_OK : SQLITE_CORRUPT;
@@ -232,6 +234,7 @@ int PersistentStoreCoordinator::prepareForWriting()
 int PersistentStoreCoordinator::remember()
 {
     struct stat file { };
+    // Whoever deletes the file in this very moment is not in the tests.
     if (stat(QFile::encodeName(m_path).constData(), &file) != 0)
         return SQLITE_CANTOPEN;
     m_fileSystem = file.st_dev;

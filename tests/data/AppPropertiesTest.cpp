@@ -247,6 +247,8 @@ TEST_F(AppPropertiesTest, everyKindOfValueHasAPrimitiveAndWithoutAStoreNoneDoesA
         EXPECT_EQ(P::getBoolForKey("Bool"), hasStore);
         EXPECT_EQ(P::getArrayForKey("Array"), hasStore ? QVariantList({1, "x"}) : QVariantList());
         EXPECT_EQ(P::getDictForKey("Dict"), hasStore ? QVariantMap({{"a", 1}}) : QVariantMap());
+        stored("Integer") = -1e300;
+        EXPECT_EQ(P::getIntegerForkey("Integer"), hasStore ? INT64_MIN : 0);
         P::removeValueForKey("Bool");
         EXPECT_EQ(written(), hasStore ? "String Integer Double Bool Array Dict Bool" : "");
         EXPECT_EQ(platform.defaults.flushes, 7);

@@ -126,6 +126,9 @@ TEST_F(PersistentStoreCoordinatorTest, refusesWhatIsNoGoodStoreAndLeavesItAsItIs
     write(path, withZeros(large));
     EXPECT_TRUE(open()) << "a large store is read through after an unclean end only";
     QFile::remove(path);
+    ASSERT_TRUE(QFile::link("/nowhere/StandUp.storedata", path));
+    expectRefusal("StoreNotWritable");
+    QFile::remove(path);
     ASSERT_TRUE(QDir().mkpath(path));
     expectRefusal("StoreNotAFile");
     QFile::remove(path + ".lock");
