@@ -188,9 +188,7 @@ void MouseEventButton::keyPressEvent(QKeyEvent* event)
 
 void MouseEventButton::keyReleaseEvent(QKeyEvent* event)
 {
-    if (!isHoldKey(event->key()))
-        event->ignore();
-    else if (m_holder == Holder::Key && event->key() == m_key && !event->isAutoRepeat())
+    if (m_holder == Holder::Key && event->key() == m_key && !event->isAutoRepeat())
         releaseKey(event->timestamp());
 }
 
