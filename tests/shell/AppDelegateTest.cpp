@@ -3,6 +3,9 @@
 #include "data/ManagedObjectContext.h"
 #include "shell/ShellWorld.h"
 
+#include <QDir>
+#include <QFile>
+
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
@@ -49,6 +52,23 @@ TEST(AppDelegate, anUpgradeIsByNumbersAndResetsTheDismissTimeInOneRelease)
         EXPECT_EQ(AppProperties::instance().timeNotificationDismiss(), row.dismissTime) << row.running;
         EXPECT_EQ(AppProperties::instance().version(), QString::fromLatin1(row.version));
     }
+}
+
+TEST(AppDelegate, aStoreThatCannotBeOpenedIsToldAndTriedAgain)
+{
+    ShellWorld world;
+    QFile inTheWay(world.dataFolder());
+    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
+    EXPECT_EQ(world.app->managedObjectContext(), nullptr);
+    ASSERT_TRUE(inTheWay.remove());
+    ASSERT_TRUE(QDir().mkpath(world.dataFolder() + QStringLiteral("/StandUp.storedata")));
+    EXPECT_EQ(world.app->managedObjectContext(), nullptr);
+    QList<int> codes;
+    for (const Error& error : world.dialogs.presented)
+        codes << error.code;
+    EXPECT_EQ(codes, (QList<int> {101, 9999, 201, 9999}));
+    ASSERT_TRUE(QDir(world.dataFolder()).rmdir(QStringLiteral("StandUp.storedata")));
+    EXPECT_NE(world.app->managedObjectContext(), nullptr);
 }
 
 TEST(AppDelegate, anUnsavableChangeAsksAndEitherAnswerQuits)

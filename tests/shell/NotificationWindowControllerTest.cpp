@@ -116,6 +116,21 @@ TEST_F(NotificationWindowControllerTest, theMemoryButtonFallsThroughToTheOtherMe
     }
 }
 
+TEST_F(NotificationWindowControllerTest, aHoldIsNotCutByTheWaitButByTheMainWindow)
+{
+    startWithDesk();
+    QWidget& window = remind(kStanding);
+    pass(kFade);
+    press(window, "buttonMemory");
+    pass(50);
+    EXPECT_TRUE(isShown());
+    EXPECT_EQ(commands().back(), 4300);
+    openMainWindow();
+    pass(kFade);
+    EXPECT_FALSE(isShown());
+    EXPECT_EQ(commands().back(), kStop);
+}
+
 TEST_F(NotificationWindowControllerTest, everyMessageFitsInEveryLanguageAndDirection)
 {
     properties().setActivityMode(1);
