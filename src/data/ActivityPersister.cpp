@@ -53,7 +53,7 @@ ActivityRef ActivityPersister::createWithStartDate(
         logStoreError(ManagedObjectContext::missingError());
         return nullptr;
     }
-    const ActivityRef activity = m_context->insertActivity();
+    ActivityRef activity = m_context->insertActivity();
     activity->setStartDate(startDate);
     activity->setEndDate(endDate);
     activity->setWeight(weight);

@@ -67,7 +67,7 @@ QString Bundle::imagePath(const QString& name)
 
 QLocale Bundle::locale() const
 {
-    return QLocale();
+    return {};
 }
 
 QString Bundle::calendarLocaleName() const
