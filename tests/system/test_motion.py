@@ -18,13 +18,13 @@ class Desk:
         self.desktop = desktop
         desktop.settings(DevicePosition1=700, DevicePosition2=4100, DevicePosition3=5200, **settings)
         self.adapter = desktop.plug(height=2000)
-        self.program = desktop.start_recording()
+        self.program = desktop.start_recording("--test-window")
         self.program.click_tray()
         self.window = desktop.window("Zelvo StandUp")
         self.panel = self.program.window_with("Up")
 
     def comes_back(self):
-        if not (self.desktop.windows() and self.desktop.is_active(self.window)):
+        if not self.desktop.is_active(self.window):
             self.program.choose("Open Zelvo StandUp")
             self.window = self.program.in_front("Zelvo StandUp")
 
@@ -133,6 +133,14 @@ def test_each_button_does_what_it_says(desk):
         desk.hold(name, value)
         desk.stands(desk.release())
     desk.desktop.key("Escape")
+    test = desk.program.window_with("Up once")
+    desk.desktop.move_pointer(*test.find("Movement (hold)", "push button").middle)
+    desk.desktop.button(True)
+    desk.moves(0)  # The first of them is for the lowest height.
+    desk.stands(desk.release())
+    for name, value in {"Up once": UP, "Down once": DOWN}.items():
+        test.find(name).press()
+        wait_until(lambda: desk.adapter.values()[-1] == value, name)
     desk.program.choose("Settings…")
     panel = desk.program.window_with("Setup")
     panel.find("Position 3").press()

@@ -38,6 +38,7 @@ def test_one_click_on_the_tray_shows_the_window_and_the_next_hides_it(desktop, p
     for minimise in (False, True):
         program.click_tray()
         window = program.in_front("Zelvo StandUp")
+        assert desktop.property(window, "_NET_WM_ICON")
         if minimise:
             desktop.minimise(window)
         program.click_tray()
