@@ -54,9 +54,13 @@ def test_what_a_screen_reader_is_told(desktop):
     program.choose("History")
     program.choose("Open Zelvo StandUp")
     program.window_with("Settings").hears("Current session")
-    program.window_with("Sit down").find("Sit down").press()
+    test = program.window_with("Sit down")
+    test.find("Sit down").press()
     for name, told in TOLD.items():
         assert controls(program.window_with(name)) == told
+    test.find("No answer").press()
+    with desktop.clock.running(10):
+        program.window_with("Settings").hears("Please connect your desk")
 
 
 def test_the_keyboard_alone_is_enough(desktop):
