@@ -53,8 +53,7 @@ void ZelvoController::startNewActivity()
     if (!isActive() || !AppProperties::instance().isUserSetupCompleted())
         return;
     recordPeriod(m_position == kStanding);
-    if (ScheduleManager* schedule = scheduleManager())
-        schedule->startScheduledTimerForPosition(m_position);
+    scheduleManager()->startScheduledTimerForPosition(m_position);
 }
 
 /// A record that could not be made still ends the one before it, and the schedule runs without a record. One
@@ -81,8 +80,7 @@ void ZelvoController::setActivity(ActivityRef activity)
 {
     if (m_activity) {
         m_activity->setEndDate(m_attended.end(activity ? activity->startDate() : Date::now()));
-        if (ActivityPersister* persister = activityPersister())
-            persister->save();
+        m_activityPersister->save();
     }
     m_activity = std::move(activity);
     m_attended = AwakeSpan();
@@ -166,7 +164,7 @@ void ZelvoController::updatedIdleObserverIsIdle(bool isIdle)
 void ZelvoController::activityScheduledToPosition(int32_t position)
 {
     const bool isAbsent = m_idleObserver->isIdle() || m_attended.hasSlept();
-    if (position != m_position && !isAbsent && m_dependencies.showReminder)
+    if (position != m_position && !isAbsent)
         m_dependencies.showReminder(position);
 }
 
@@ -234,7 +232,7 @@ ScheduleManager* ZelvoController::scheduleManager()
 
 ActivityPersister* ZelvoController::activityPersister()
 {
-    if (!m_activityPersister && m_dependencies.managedObjectContext) {
+    if (!m_activityPersister) {
         if (auto context = m_dependencies.managedObjectContext())
             m_activityPersister = std::make_unique<ActivityPersister>(std::move(context));
     }

@@ -157,8 +157,6 @@ std::optional<Report> ZelvoHIDDevice::readStatusReport()
 
 void ZelvoHIDDevice::takeLateReport(const Report& report)
 {
-    if (!m_isConnected)
-        return;
     m_lastStatusReport = report;
     if (m_isCheckPending)
         judgeCommunication(report);
