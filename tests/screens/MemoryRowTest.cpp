@@ -46,6 +46,9 @@ TEST_F(MemoryRowTest, theEditorTakesTheButtonsPlaceMovesTheDeskAndStoresItsHeigh
             EXPECT_EQ(memoryButton(other).isHidden(), other == index);
         EXPECT_EQ(wizard->window().findChildren<QWidget*>("MemoryView").size(), 1);
         EXPECT_TRUE(find("buttonUp").hasFocus());
+        QTest::keyClick(&find("buttonUp"), Qt::Key_Tab);
+        QTest::keyClick(&find("buttonDown"), Qt::Key_Tab);
+        EXPECT_TRUE(editor.findChild<QWidget*>("buttonDone")->hasFocus());
         EXPECT_EQ(find("buttonUp").accessibleDescription(), "Hold to raise the desk");
         EXPECT_EQ(find("buttonDown").accessibleDescription(), "Hold to lower the desk");
         for (const auto& [button, expected] : {std::pair("buttonDown", kDown), {"buttonUp", kUp}}) {
