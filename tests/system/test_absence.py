@@ -46,6 +46,7 @@ class Office:
         count = for_the or self.absences() + 1
         self.until(lambda: self.absences() == count, "absence")
         self.is_polled_after("IdleObserver - Idle", 1)
+        self.is_polled_after("Creating new activity", 2)  # An adapter may have come to an absent user.
 
     def is_polled_after(self, event, times):
         # The program has gone on after what it logged, and has saved what followed from that.
