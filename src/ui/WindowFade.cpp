@@ -23,7 +23,8 @@ void WindowFade::fadeIn()
 
 void WindowFade::fadeOut()
 {
-    if (m_window.isVisible())
+    // A window that is leaving goes on: from the start again it would flash up once more.
+    if (m_window.isVisible() && !isFadingOut())
         start(Direction::Out);
 }
 
