@@ -43,10 +43,10 @@ void MailboxHidDevice::watch()
         return;
     std::optional<double> due;
     post([&](HidMailbox& mailbox) { due = mailbox.overdueAt(); });
-    if (due)
+    if (due) // Never at once: a rounded moment could come too early for ever.
         m_watch = m_timers.schedule(
-            std::max(0.0, *due - now()), RunLoop::Repeat::No, [this](Timer&) { giveUpOverdue(); }, {},
-            RunLoop::Precision::Precise);
+            std::max(kWaitSeconds, *due - now()), RunLoop::Repeat::No, [this](Timer&) { giveUpOverdue(); },
+            {}, RunLoop::Precision::Precise);
 }
 
 void MailboxHidDevice::giveUpOverdue()
