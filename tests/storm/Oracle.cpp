@@ -2,729 +2,834 @@
 
 #include <algorithm>
 #include <cmath>
+#include <ctime>
 #include <sqlite3.h>
 #include <utility>
 
 namespace storm {
 namespace {
-/// What the program may be late by, and why.
-constexpr double kPoll = 1.0; ///< the height is asked once a second
-constexpr double kIdlePoll = 10.0; ///< so is the user, every ten
-constexpr double kPulse = 15.0; ///< an open period is saved as often; a kill loses no more
-constexpr double kLook = 0.5; ///< the world is looked at that often
-constexpr double kAdoption = 0.2 + kPoll; ///< an adapter's check and the first poll
-constexpr double kFirstAbsence = 2 * kIdlePoll; ///< after a wake: one poll finds an absence, the next its end
+constexpr double kPoll = 1.0;
+constexpr double kCheck = 0.2; ///< after an adapter was taken up
+constexpr double kLook = 10.0; ///< at the user
+constexpr double kPulse = 15.0;
+constexpr double kResend = 0.2; ///< of a held movement
 constexpr double kStop = 0.3; ///< no movement report comes later than this after a hold
-constexpr double kResend = 0.2;
 constexpr double kErrorStays = 15.0;
 constexpr double kFade = 0.4;
-constexpr double kDeaf =
-    5.0; ///< a transfer may take as long before the adapter counts as gone; so may its return
-constexpr double kRounding = 0.05; ///< a moment that two clocks tell
+constexpr double kPatience = 5.05; ///< with a transfer that is not answered
+constexpr double kSlowest = 0.6; ///< transfer
+constexpr double kBelieved = 5.0; ///< an answer
+constexpr double kWait = 0.01; ///< for an answer; then it is heard of when it comes
+constexpr double kRounding = 1e-4;
+/// The record is the truth again so soon after whatever happens: two looks at the user after a wake, and a
+/// standstill.
+constexpr double kLongestError = 2 * kLook + 4.5;
 
 constexpr uint16_t kStopCommand = 0x8001;
 
-double overlap(double from, double to, double otherFrom, double otherTo)
+bool isNear(double left, double right, double tolerance = 1e-3)
 {
-    return std::min(to, otherTo) - std::max(from, otherFrom);
+    return std::abs(left - right) < tolerance;
+}
+
+std::string number(double value)
+{
+    return std::to_string(value);
+}
+
+/// The number that a text holds.
+double numberIn(const std::string& text)
+{
+    const size_t at = text.find_first_of("0123456789");
+    return at == std::string::npos ? -1 : std::stod(text.substr(at));
+}
+
+/// What a window says of a status report; nothing without an error.
+std::string errorIn(const std::vector<uint8_t>& report)
+{
+    if (!(report[3] & 2))
+        return {};
+    std::map<std::string, std::string> lines;
+    for (size_t i = 34; i < 40 && report[32]; ++i) {
+        if (report[i])
+            lines["E" + std::to_string(report[i])] = "";
+    }
+    const char* const kinds[] {"PositionLostError", "OverloadUpError", "OverloadDownError"};
+    for (int kind : {1, 2, 3}) {
+        if (report[6] & (kind == 1 ? 1 : kind * 4 - 4))
+            lines["E0" + std::to_string(kind)] = kinds[kind - 1];
+    }
+    std::string text = "Error";
+    for (const auto& [key, line] : lines)
+        text += " " + key + ":" + (line.empty() ? "" : " " + line);
+    return text;
 }
 }
 
 Oracle::Oracle(const Script& script, std::string storePath)
     : m_storePath(std::move(storePath))
-    , m_settings {{0.0, script.settings}}
-    , m_clocks {{0.0, script.start, 0}}
+    , m_settings(script.settings)
+    , m_wallOffset(script.start)
 {
 }
 
-void Oracle::fail(double now, const std::string& what)
+void Oracle::fail(const std::string& what)
 {
     if (m_failure.empty())
-        m_failure = std::to_string(now) + " s: " + what;
+        m_failure = number(m_now) + " s: " + what;
 }
 
-double Oracle::settingAt(double time, const std::string& key) const
+double Oracle::setting(const std::string& key) const
 {
     const auto& keys = settingKeys();
     size_t index = 0;
     while (keys[index] != key)
         ++index;
-    double value = 0;
-    for (const auto& [since, values] : m_settings) {
-        if (since <= time)
-            value = values[index];
+    return m_settings[index];
+}
+
+// Clocks and timers.
+
+void Oracle::pass(double now)
+{
+    runTimers(now);
+    goTo(now);
+    if (m_now > m_owedSince + kWait)
+        fail("no reminder");
+    if (m_isReminderOnShow && m_now > std::max(m_fadedAt, m_frozenUntil) + 0.1)
+        fail("the reminder does not leave");
+    judgePresence();
+}
+
+void Oracle::goTo(double time)
+{
+    const double seconds = std::max(0.0, time - m_now);
+    const Posture recorded = m_isOpen ? m_rows.back().posture : None;
+    const Posture real = truth();
+    // Who left between a wake and the next look at the user was perhaps not seen.
+    const bool isUnclear = m_isGiven || (m_awaySince && *m_awaySince <= m_wokeAt + kLook);
+    m_wrong = recorded == real || isUnclear ? 0 : m_wrong + seconds;
+    m_figures.largestError = std::max(m_figures.largestError, m_wrong);
+    m_figures.recorded += recorded ? seconds : 0;
+    m_figures.attended += real ? seconds : 0;
+    m_figures.standing += recorded == Standing ? seconds : 0;
+    m_now = std::max(m_now, time);
+    if (m_wrong > kLongestError)
+        fail("the record is not the truth for " + number(m_wrong) + " s");
+}
+
+/// Whether and how the user is at the desk. A machine that has just woken tells of nobody until there is
+/// input.
+Oracle::Posture Oracle::truth() const
+{
+    const double leftAt = m_awaySince.value_or(m_now);
+    const bool isGone = m_awaySince && (m_now - leftAt >= m_idleAfter || leftAt <= m_wokeAt);
+    return m_running && !isGone && isActive() ? m_posture : None;
+}
+
+/// Of those that are due at once the one that was begun first.
+void Oracle::runTimers(double until)
+{
+    struct {
+        double& due;
+        double interval;
+        void (Oracle::*tick)();
+    } timers[] {{m_due, 0, &Oracle::periodEnds}, {m_nextPulse, kPulse, &Oracle::pulse},
+        {m_nextLook, kLook, &Oracle::lookAtUser}, {m_dismissAt, 0, &Oracle::dismissTicks},
+        {m_nextPoll, kPoll, &Oracle::hearAgain}, {m_nextResend, kResend, &Oracle::hearAgain}};
+    while (true) {
+        decltype(&timers[0]) next = nullptr;
+        for (auto& timer : timers) {
+            // What is heard at this very moment counts before what was heard once.
+            const double limit = until + (timer.tick == &Oracle::hearAgain ? -kRounding : kRounding / 10);
+            const bool isDue = std::max(timer.due, m_frozenUntil) <= limit;
+            if (isDue && (!next || timer.due < next->due - kRounding))
+                next = &timer;
+        }
+        if (!next)
+            return;
+        goTo(std::max(next->due, m_frozenUntil)); // A standstill makes it late.
+        const double missed = std::floor((m_now - next->due) / next->interval + kRounding);
+        next->due += next->interval > 0 ? (missed + 1) * next->interval : kNever;
+        (this->*next->tick)();
     }
-    return value;
 }
 
-double Oracle::setting(const std::string& key) const
+void Oracle::pulse()
 {
-    return settingAt(1e18, key);
+    if (hasSlept() || (isBroken() && m_isIdle))
+        return close();
+    if (m_isOpen && isBroken())
+        return beginRow();
+    if (m_isOpen)
+        m_rows.back().end = spanEnd();
+    save();
 }
 
-void Oracle::settingChanged(double now, size_t setting, double value)
+void Oracle::lookAtUser()
 {
-    m_settings.emplace_back(now, m_settings.back().second);
-    m_settings.back().second[setting] = value;
+    const bool wasIdle = std::exchange(m_isIdle, idleSeconds() >= m_idleAfter);
+    if (m_isIdle)
+        close();
+    else if (wasIdle)
+        open();
 }
 
-/// From then on the record must be true; until then it may also be missing.
-void Oracle::certainFrom(double time)
+/// Whoever wakes the machine was away until their first input after it; one look finds the absence.
+double Oracle::idleSeconds()
 {
-    m_certainFrom = std::max(m_certainFrom, time + kLook);
+    const double seconds = m_awaySince ? m_now - *m_awaySince : 1.0;
+    if (m_slept > m_sleepSeen)
+        m_absence = Absence {m_now};
+    m_sleepSeen = m_slept;
+    if (!m_absence)
+        return seconds;
+    if (m_absence->lookedAt == kNever || m_now <= m_absence->lookedAt + 3)
+        m_absence->lookedAt = m_now;
+    else if (m_now - seconds > m_absence->since)
+        m_absence.reset();
+    return m_absence ? kNever : seconds;
 }
 
-/// An event that opens a period, also for an absent user, until the next look at the user ends it.
-void Oracle::opener(double now, double lag)
+void Oracle::periodEnds()
 {
-    m_openedAt = now + lag + late(now);
-    m_suspended = false;
-    m_splits.push_back({now, now + lag});
-    certainFrom(now + lag);
+    const Posture target = m_scheduled == Standing ? Sitting : Standing;
+    if (target == m_posture || m_isIdle || hasSlept())
+        return;
+    ++m_figures.reminders;
+    if (!std::exchange(m_isReminderOnShow, true))
+        m_owedSince = m_now;
+    m_lines[1].exists = true;
+    m_fadedInAt = m_now + kFade;
+    m_isActionDone = false;
+    m_fadedAt = kNever;
+    m_dismissAt = m_now + setting("TimeNotificationDismiss");
+    describeReminder(target);
 }
 
-void Oracle::started(double now)
+void Oracle::dismissTicks()
+{
+    if (m_isReminderHeld)
+        m_dismissAt =
+            m_now + setting(m_isActionDone ? "TimeNotificationDismissOnAction" : "TimeNotificationDismiss");
+    else if (m_isActionDone)
+        fade();
+    else
+        snooze();
+}
+
+// The process, the user, the machine.
+
+void Oracle::started()
 {
     m_running = true;
-    std::sort(m_attached.begin(), m_attached.end()); // They are announced anew, in the order of their ports.
+    m_goodSince = std::max(m_goodSince, m_now);
     m_idleAfter = setting("TimeIdle");
-    // A new process knows of no sleep before it.
-    m_storeIsOpen = false;
-    m_absentSince = 1e18;
+    m_nextPulse = m_now + kPulse;
+    m_nextLook = m_now + kLook;
+    m_isIdle = m_isGiven = m_hasStore = m_hadTwo = false;
+    m_absence.reset();
+    m_sleepSeen = m_slept; // A new process knows of no sleep before it.
     m_wokeAt = -1e9;
-    m_maybeAbsent = false;
-    if (m_awaySince)
-        *m_awaySince += std::exchange(m_sleptWhileAway, 0);
-    m_posture = m_formerPosture = None;
-    m_height = -1;
-    m_windowSince = 1e18;
-    m_owedUntil = -1e9;
-    m_hadTwo = false;
-    m_reminder.reset();
-    opener(now, kAdoption);
+    m_span = {wall(), m_now, m_slept};
+    m_posture = None;
+    m_lines = {};
 }
 
-void Oracle::ended(double now, bool killed)
+void Oracle::ended(bool killed)
 {
-    endHold(now);
+    endHold();
+    if (!killed && isQuick() && driven() >= 0 && m_lastCommand[driven()] != kStopCommand)
+        fail("no stop at the end");
+    if (!killed) {
+        save();
+        close();
+    }
     m_holds.clear();
     m_lastCommand.clear();
-    m_running = false;
-    m_reminder.reset();
-    const double fullSince = now < m_wasFull.to && killed ? m_wasFull.from : m_fullSince;
-    double saved = std::min(now, fullSince) - kPulse - kLook;
-    if (saved < m_wokeAt)
-        saved = std::min(saved, m_fellAsleepAt - kPulse - kLook); // No pulse saves in sleep.
-    m_disturbances.push_back({saved, now + kPulse});
-    while ((killed || m_fullSince < now) && !m_runs.empty() && m_runs.back().to > saved) {
-        m_lost.push_back(m_runs.back());
-        m_runs.pop_back();
+    m_answers.clear();
+    m_devices.clear();
+    m_running = m_isOpen = m_isReminderOnShow = m_isReminderHeld = false;
+    for (double* timer : {&m_nextPulse, &m_nextLook, &m_nextPoll, &m_nextResend, &m_due, &m_dismissAt,
+             &m_fadedAt, &m_scheduledAt, &m_owedSince})
+        *timer = kNever;
+    std::erase_if(m_rows, [](const Row& row) { return !row.storedEnd; });
+    for (size_t i = std::min(m_firstUnstored, m_rows.size()); i < m_rows.size(); ++i) {
+        const double lost = m_rows[i].end - *m_rows[i].storedEnd;
+        m_rows[i].end = *m_rows[i].storedEnd;
+        if (!m_isFull)
+            m_figures.largestError = std::max(m_figures.largestError, lost);
     }
-    for (; !m_lost.empty(); m_lost.pop_back()) {
-        Run run = m_lost.back();
-        if (run.from < saved)
-            add({std::exchange(run.from, saved), saved, run.allowed, run.truth});
-        add({run.from, run.to, run.allowed | None, run.truth});
-    }
+    m_firstUnstored = m_rows.size();
 }
 
-void Oracle::plugged(double now, int adapter)
+void Oracle::dark()
 {
-    endHold(now);
-    m_attached.push_back(adapter);
-    adapterChanged(now, m_attached.size() == 1);
+    open();
 }
 
-void Oracle::unplugged(double now, int adapter)
+void Oracle::sleepAnnounced()
 {
-    endHold(now);
-    const bool wasAdopted = m_attached.front() == adapter;
-    std::erase(m_attached, adapter);
+    endHold();
+    close();
+    m_isGiven = true;
+}
+
+void Oracle::wakeTold()
+{
+    close();
+    m_isGiven = true;
+    m_wokeAt = m_now;
+    if (m_slept > m_sleepSeen || !m_absence)
+        m_absence = Absence {m_now};
+    m_sleepSeen = m_slept;
+}
+
+void Oracle::slept(double seconds)
+{
+    m_slept += seconds;
+    m_wokeAt = m_now;
+    if (!m_holds.empty())
+        m_holds.back().isExact = false;
+}
+
+void Oracle::frozenUntil(double time)
+{
+    m_frozenUntil = time;
+    m_readAt = std::max(m_readAt, time);
+    if (!m_holds.empty())
+        m_holds.back().isExact = false;
+}
+
+void Oracle::set(size_t key, double value)
+{
+    if (settingKeys()[key] == std::string("TablePositionOffset"))
+        m_offsets.insert({m_settings[key], value}); // A new one shows with the next refresh.
+    m_settings[key] = value;
+}
+
+void Oracle::clockSet(double by)
+{
+    m_wallOffset += by;
+}
+
+// The cable.
+
+void Oracle::plugged(int adapter, bool in)
+{
+    m_isPlugged[size_t(adapter)] = in;
+    m_goodSince = std::max(m_goodSince, m_now);
+}
+
+void Oracle::wire(bool isHeard, bool isGood, double seconds)
+{
+    if (m_latency > 0)
+        m_quickSince = m_now + kPoll + 4 * kSlowest; // What is under way takes what it took when it began.
+    if (!m_isGood)
+        m_goodSince = m_now + 2 * kPatience;
+    if (!m_holds.empty())
+        m_holds.back().isExact = false;
+    m_deafSince = isHeard ? kNever : std::min(m_deafSince, m_now);
+    m_isHeard = isHeard;
+    m_isGood = isGood;
+    m_latency = seconds;
+}
+
+bool Oracle::isQuick() const
+{
+    return m_isGood && m_latency == 0 && m_now > std::max(m_quickSince, m_goodSince);
+}
+
+bool Oracle::isActive() const
+{
+    return !m_devices.empty() && m_devices.front().communicates() && m_devices.front().posture != None;
+}
+
+bool Oracle::isTakenUp(int adapter) const
+{
+    return std::any_of(
+        m_devices.begin(), m_devices.end(), [=](const Device& device) { return device.adapter == adapter; });
+}
+
+void Oracle::matched(int adapter)
+{
+    if (!m_isPlugged[size_t(adapter)])
+        fail("an adapter is taken up that is not there");
+    endHold();
+    adopt(adapter);
+}
+
+void Oracle::adopt(int adapter)
+{
+    m_devices.push_back({adapter, m_now + kCheck});
+    m_isInitOwed[size_t(adapter)] = true;
+    m_readAt = m_now + kCheck;
+    m_hadTwo = m_hadTwo || m_devices.size() > 1;
+    if (m_devices.size() == 1)
+        m_nextPoll = m_now + kCheck;
+}
+
+void Oracle::removed(int adapter)
+{
+    if (m_isPlugged[size_t(adapter)] && m_isGood && m_now > m_goodSince)
+        fail("an adapter that answers is given up");
+    endHold();
     m_lastCommand.erase(adapter);
-    if (m_errorSince < now) {
-        m_errorUntil = now;
-        m_errorSince = 1e18;
+    m_answers.erase(adapter);
+    m_readAt = m_now;
+    const bool wasFirst = m_devices.front().adapter == adapter;
+    const auto device = std::find_if(
+        m_devices.begin(), m_devices.end(), [=](const Device& one) { return one.adapter == adapter; });
+    if (wasFirst) {
+        m_posture = None;
+        m_nextPoll = kNever;
+        close();
     }
-    adapterChanged(now, wasAdopted);
-}
-
-/// The program adopts the adapter that came first and drives the one that came last.
-void Oracle::adapterChanged(double now, bool isAdopted)
-{
-    m_height = -1;
-    if (!isAdopted) {
-        m_formerPosture = Sitting | Standing; // Of the one desk or the other.
-        m_postureSince = now + kAdoption;
-        m_splits.push_back({now, now + kAdoption + kPoll});
-        certainFrom(now + kAdoption);
+    errorIs(*device, {});
+    m_devices.erase(device);
+    if (!wasFirst || m_devices.empty())
         return;
-    }
-    m_posture = m_formerPosture = None;
-    opener(now, kAdoption);
+    // The one that waited is taken up anew.
+    errorIs(m_devices.front(), {});
+    const int waiting = m_devices.front().adapter;
+    m_devices.clear();
+    adopt(waiting);
 }
 
-bool Oracle::isIdleFor(double now, double seconds) const
+void Oracle::transferred(int adapter, const Transfer& transfer)
 {
-    return m_awaySince && (now - *m_awaySince >= m_idleAfter + seconds || now - m_absentSince >= seconds);
-}
-
-void Oracle::away(double now)
-{
-    if (m_awaySince)
+    if (!m_running)
         return;
-    m_awaySince = now;
-    m_sleptWhileAway = 0;
-    if (now < m_wokeAt + kRounding)
-        m_absentSince = m_wokeAt; // The last input was before the wake.
-    // Where nobody told of the wake it is found out by the next look at the user.
-    m_maybeAbsent = now < m_wokeAt + kIdlePoll;
-}
-
-void Oracle::back(double now)
-{
-    if (m_maybeAbsent || isIdleFor(now, -kRounding))
-        opener(now, kIdlePoll);
-    m_maybeAbsent = false;
-    m_awaySince.reset();
-    m_absentSince = 1e18;
-}
-
-/// Whoever wakes the machine was away until their first input after it.
-void Oracle::woke(double now)
-{
-    m_wokeAt = now;
-    if (m_awaySince)
-        m_absentSince = std::min(m_absentSince, now);
-    m_suspended = false;
-    m_splits.push_back({now, now + kFirstAbsence});
-    certainFrom(now + kFirstAbsence);
-}
-
-void Oracle::dark(double now)
-{
-    opener(now, 0);
-}
-
-void Oracle::sleepAnnounced(double now)
-{
-    endHold(now);
-    m_suspended = true;
-    m_suspendedPosture = m_posture;
-    // A reminder that is open then snoozes, and comes back though no period is open.
-    m_disturbances.push_back({now, now + (isReminderOpen() ? 3600 : 0)});
-}
-
-void Oracle::wakeTold(double now)
-{
-    woke(now);
-    m_disturbances.push_back({now, now});
-}
-
-void Oracle::slept(double from, double until)
-{
-    m_disturbances.push_back({from, until + kPulse});
-    // Where no sleep was announced, the first pulse after it finds out, and reckons with the time awake.
-    const double found = std::min(from + kPulse + kLook, until);
-    add({from, found, m_posture | m_formerPosture | None, None});
-    add({found, until, None, None});
-    m_lookedAt = until;
-    stoodStill(from, until);
-    m_fellAsleepAt = from;
-    m_sleptWhileAway += until - from;
-    m_allowedBefore = None;
-    if (!m_holds.empty())
-        m_holds.back().mustMove = false;
-    if (m_reminder)
-        m_reminder->leavesAt += until - from;
-    woke(until);
-}
-
-void Oracle::clockSet(double now, double by)
-{
-    int rows = 0;
-    readStore([&rows](double, double, bool, double) { ++rows; });
-    m_clocks.push_back({now, m_clocks.back().offset + by, rows});
-}
-
-void Oracle::deskError(double now, bool present)
-{
-    if (present == (m_errorSince < 1e18))
+    if (!transfer.isRead)
+        return commanded(adapter, transfer);
+    const bool isLate = transfer.duration > kWait;
+    if (!transfer.isOk || !isTakenUp(adapter) || (isLate && adapter != driven()))
         return;
-    if (present) {
-        m_errorSince = now;
-    } else {
-        m_errorUntil = now;
-        m_errorSince = 1e18;
+    m_readAt = m_now;
+    m_answers[adapter] = {transfer.bytes, m_now - transfer.duration};
+    if (!isLate && isNear(m_now, m_nextPoll))
+        m_nextPoll += kPoll;
+    for (Device& device : m_devices) {
+        if (isLate || isItsTurn(device))
+            hear(device, transfer.bytes);
     }
 }
 
-void Oracle::wire(double now, const std::string& how, double seconds)
+/// Of two devices each asks in a rhythm of its own, through the same cable; only the first one drives.
+bool Oracle::isItsTurn(const Device& device) const
 {
-    if (how == "one-failure")
-        return; // It is tried again, and nothing is concluded.
-    m_formerLatency = latency(now);
-    m_newLatency = how == "slow" ? seconds : 0;
-    m_latencySince = now;
-    const bool wasBad = std::exchange(m_wireIsBad, how != "well" && how != "slow");
-    if (!wasBad && !m_wireIsBad)
-        return; // Late is not failed.
-    const bool isDeaf = m_wireIsBad && how != "failing-writes";
-    // Where nothing is written nobody finds out that it would fail.
-    const bool staysSuspended = m_suspended && !isDeaf && m_deafSince > now;
-    if (!m_holds.empty())
-        m_holds.back().mustMove = false;
-    if (now > m_deafSince + 2 * kDeaf)
-        endHold(m_deafSince + 2 * kDeaf); // The adapter that comes back is another one.
-    m_deafSince = isDeaf ? std::min(m_deafSince, now) : 1e18;
-    m_owedUntil = -1e9;
-    m_wellSince = now + 2 * kDeaf;
-    m_disturbances.push_back({now, now + 2 * kDeaf});
-    opener(now, 2 * kDeaf + kAdoption);
-    m_suspended = staysSuspended;
+    const double sincePoll = m_now - device.polledSince;
+    const bool isRhythm = device.communicates()
+        ? sincePoll > kRounding && isNear(sincePoll, std::round(sincePoll))
+        : isNear(m_now, device.checkedAt);
+    const bool isDriving = &device == &m_devices.front() && isNear(m_now, m_writtenAt);
+    const bool isLate =
+        isNear(m_now, m_frozenUntil) && (device.communicates() || device.checkedAt > m_now - 5);
+    const bool isCheck = isNear(m_now, device.polledSince); // Nobody looks at the height in it.
+    return !isCheck && (m_devices.size() == 1 || isRhythm || isDriving || isLate);
 }
 
-/// What a transfer takes; one that is under way takes what it took when it began.
-double Oracle::latency(double now) const
+void Oracle::hear(Device& device, const std::vector<uint8_t>& report)
 {
-    return now < m_latencySince + kAdoption ? std::max(m_formerLatency, m_newLatency) : m_newLatency;
-}
-
-/// How much later a height is known: a slow answer may be told of by the next poll.
-double Oracle::late(double now) const
-{
-    return latency(now) > 0 ? kPoll + 3 * latency(now) : 0;
-}
-
-void Oracle::disk(double now, bool full)
-{
-    const double begin = now < m_wasFull.to ? m_wasFull.from : now;
-    const double since = std::exchange(m_fullSince, full ? std::min(m_fullSince, begin) : 1e18);
-    if (!full && since < now)
-        m_wasFull = {since, now + kPulse + kLook}; // What waited is saved by the next pulse.
-    if (full || m_storeIsOpen || since > now)
+    if (!device.communicates()) {
+        if (m_now < device.checkedAt - kRounding || !(report[2] & 1))
+            return;
+        device.polledSince = m_now;
+        if (&device == &m_devices.front()) {
+            m_nextPoll = m_now + kPoll;
+            open();
+        }
         return;
-    certainFrom(now + kPulse);
-    m_splits.push_back({now, now + kPulse});
-    m_disturbances.push_back({since, now + 3600}); // The schedule ran without a record.
-}
-
-void Oracle::frozen(double from, double until)
-{
-    if (!m_holds.empty())
-        m_holds.back().mustMove = false;
-    if (m_reminder && m_reminder->leavesAt > from)
-        m_reminder->leavesAt = std::max(m_reminder->leavesAt, until);
-    stoodStill(from, until);
-    m_disturbances.push_back({from - 1, until + 1});
-}
-
-/// What the program was about to find out, it finds out later.
-void Oracle::stoodStill(double from, double until)
-{
-    m_wentOnAt = until;
-    m_hiddenSince = std::max(m_hiddenSince, until);
-    for (double* const awaited : {&m_openedAt, &m_postureSince, &m_wellSince, &m_certainFrom}) {
-        if (*awaited > from - kIdlePoll)
-            *awaited += until - from;
     }
+    errorIs(device, errorIn(report));
+    takeHeight(device, report[4] | report[5] << 8);
 }
 
-void Oracle::pressed(double now, uint16_t command, bool onReminder)
+/// Whoever asks while the answer is on its way gets the one before, unless nobody would believe it any more.
+void Oracle::hearAgain()
 {
-    const bool known = driven() >= 0 && now >= m_certainFrom && !m_wireIsBad && latency(now) == 0;
-    m_reminderIsHeld = onReminder;
-    if (driven() >= 0)
-        m_holds.push_back({.from = now, .adapter = driven(), .command = command, .mustMove = known});
-}
-
-void Oracle::letGo(double now, bool onReminder)
-{
-    endHold(now);
-    m_reminderIsHeld = false;
-    if (m_reminder && onReminder)
-        m_reminder->actionDone = true;
-}
-
-void Oracle::endHold(double now)
-{
-    if (m_holds.empty() || m_holds.back().to <= now)
+    const auto answer = m_answers.find(driven());
+    const bool isSlow = m_latency > 0 || (m_isHeard && m_now < m_quickSince);
+    if (!isSlow || m_devices.empty() || answer == m_answers.end()
+        || m_now - answer->second.second > kBelieved)
         return;
-    Hold& hold = m_holds.back();
-    hold.to = now;
-    const int due = int((now - hold.from) / kResend - kRounding);
-    if (hold.mustMove && hold.moves < due - 1)
-        fail(now,
-            "a hold of " + std::to_string(now - hold.from) + " s gave " + std::to_string(hold.moves)
-                + " movement reports");
+    Device& device = m_devices.front();
+    if (device.communicates() || isNear(m_now, device.checkedAt))
+        hear(device, answer->second.first);
 }
 
-void Oracle::written(double now, int adapter, uint16_t command)
+/// The standing point lies in the middle between the first two memory positions; the height is judged when it
+/// changes, and not when they do.
+void Oracle::takeHeight(Device& device, int height)
 {
-    m_lastCommand[adapter] = command;
+    if (std::exchange(device.height, height) == height)
+        return;
+    const int middle = (int(setting("DevicePosition1")) + int(setting("DevicePosition2"))) / 2;
+    device.posture = height >= middle ? Standing : Sitting;
+    if (&device == &m_devices.front() && std::exchange(m_posture, device.posture) != device.posture)
+        open();
+}
+
+void Oracle::commanded(int adapter, const Transfer& transfer)
+{
+    const auto& bytes = transfer.bytes;
+    m_writtenAt = m_now;
+    if (bytes[0] == 3) {
+        if (!m_isInitOwed[size_t(adapter)] || bytes != std::vector<uint8_t> {3, 4, 0, 0xFB, 0, 0, 0, 0})
+            fail("an init report without need, or none");
+        m_isInitOwed[size_t(adapter)] = !transfer.isOk; // Else it is tried again.
+        return;
+    }
+    const auto command = uint16_t(bytes[1] | bytes[2] << 8);
+    const auto low = uint8_t(command), high = uint8_t(command >> 8);
+    if (bytes != std::vector<uint8_t> {5, low, high, low, high, low, high, low})
+        fail("a report of no kind");
+    if (isTakenUp(adapter) && (transfer.isOk || command != kStopCommand))
+        m_lastCommand[adapter] = command;
     // A stalled report is told of late: it belongs to the hold in which it began.
-    const auto found = std::find_if(
-        m_holds.rbegin(), m_holds.rend(), [now](const Hold& candidate) { return candidate.from <= now; });
-    Hold* const hold = found == m_holds.rend() ? nullptr : &*found;
+    const double begun = m_now - transfer.duration;
+    const auto hold = std::find_if(
+        m_holds.rbegin(), m_holds.rend(), [=](const Hold& one) { return one.from <= begun + kRounding; });
+    const bool isKnown = hold != m_holds.rend() && hold->adapter == adapter;
     if (command == kStopCommand) {
-        if (hold && hold->adapter == adapter && hold->to <= now)
+        if (isKnown && hold->to <= begun)
             hold->stopped = true;
         return;
     }
-    if (!hold || hold->adapter != adapter || hold->command != command || hold->stopped
-        || now > hold->to + kStop + kRounding) {
-        fail(now, "movement report " + std::to_string(command) + " outside a hold");
+    if (!isKnown || hold->command != command || hold->stopped || begun > hold->to + kStop) {
+        fail("movement report " + number(command) + " outside a hold");
         return;
     }
-    ++hold->moves;
-    m_figures.longestOverrun = std::max(m_figures.longestOverrun, now - hold->to);
+    hold->moves += transfer.isOk ? 1 : 0;
+    m_figures.longestOverrun = std::max(m_figures.longestOverrun, begun - hold->to);
 }
 
-/// The standing point lies in the middle between the first two memory positions; the height is judged when
-/// it changes, and not when they do.
-void Oracle::judgePosture(double now, int height)
+/// What must be true of adapters and their reports whenever time has passed.
+void Oracle::judgePresence()
 {
-    if (height == m_height)
+    if (!m_running || m_now < m_frozenUntil + kRounding)
         return;
-    m_height = height;
-    const int middle = (int(setting("DevicePosition1")) + int(setting("DevicePosition2"))) / 2;
-    const unsigned posture = height >= middle ? Standing : Sitting;
-    if (posture == m_posture)
-        return;
-    m_formerPosture = m_posture;
-    m_posture = posture;
-    m_postureSince = now;
-    m_openedAt = std::max(m_openedAt, now + kPoll + late(now));
-    m_splits.push_back({now, now + kPoll});
-}
-
-void Oracle::add(Run run)
-{
-    const bool goesOn = !m_runs.empty() && m_runs.back().allowed == run.allowed
-        && m_runs.back().truth == run.truth && m_runs.back().to == run.from;
-    if (goesOn)
-        m_runs.back().to = run.to;
-    else if (run.to > run.from)
-        m_runs.push_back(run);
-}
-
-unsigned Oracle::truth(double now) const
-{
-    return !m_running || m_attached.empty() || isIdleFor(now, 0) ? unsigned(None) : m_posture;
-}
-
-unsigned Oracle::allowed(double now) const
-{
-    if (!m_running || m_attached.empty())
-        return None;
-    if (now > m_deafSince + 2 * kDeaf)
-        return None;
-    if (isIdleFor(now, kIdlePoll + kLook) && now > m_openedAt + kIdlePoll + kLook)
-        return None;
-    const bool isStarved = latency(now) >= kResend / 2 && !m_holds.empty()
-        && now < m_holds.back().to + kPoll + kLook + late(now);
-    const bool changes =
-        isStarved || m_wireIsBad || now < std::max(m_postureSince, m_wellSince) + kPoll + kLook + late(now);
-    const unsigned postures = m_posture | (changes ? m_formerPosture & ~None : 0U);
-    const bool hasStore = m_storeIsOpen || m_fullSince > now;
-    const bool certain = hasStore && now >= m_certainFrom + 2 * late(now) && !m_wireIsBad && !m_suspended
-        && !m_maybeAbsent && !isIdleFor(now, -kRounding);
-    return postures | (certain ? 0U : unsigned(None));
-}
-
-void Oracle::look(double now, const World& world)
-{
-    if (driven() >= 0 && m_running)
-        judgePosture(now, world.heights[size_t(driven())]);
-    // A posture that lasts has been seen, and is an event of its own.
-    if (m_suspended && m_posture != m_suspendedPosture && now > m_postureSince + kPoll + late(now))
-        opener(now, 0);
-    const unsigned may = allowed(now);
-    // What lies between two looks may be as at the one or as at the other.
-    add({m_lookedAt, now, may | m_allowedBefore, truth(now)});
-    m_lookedAt = now;
-    m_allowedBefore = may;
-    m_storeIsOpen = m_storeIsOpen || !(may & None);
-    if (!m_holds.empty() && !m_wireIsBad
-        && now > std::max({m_holds.back().to, m_wellSince, m_wentOnAt}) + kStop + 2 * latency(now)) {
-        const auto last = m_lastCommand.find(m_holds.back().adapter);
-        if (last != m_lastCommand.end() && last->second != kStopCommand)
-            fail(now, "no stop after a hold");
+    // One that was not heard at the first is not asked again.
+    const bool isAsking = !m_devices.empty() && m_devices.front().communicates();
+    if (m_isGood && m_now > m_goodSince + kPoll) {
+        const double late = isQuick() ? 0 : 2 * kPoll + 4 * kSlowest;
+        for (int adapter : {0, 1}) {
+            if (isTakenUp(adapter) != m_isPlugged[size_t(adapter)])
+                fail("an adapter is not taken up, or is kept");
+        }
+        if (isAsking && m_now > m_readAt + kPoll + 0.01 + late)
+            fail("the height is not asked");
     }
-    lookAtError(now, world);
-    lookAtReminder(now);
+    if (isAsking && m_now > m_deafSince + 2 * kPatience && m_now > m_readAt + 2 * kPatience)
+        fail("an adapter that does not answer is kept");
+    if (m_holds.empty() || !m_isGood)
+        return;
+    const auto last = m_lastCommand.find(m_holds.back().adapter);
+    const double by =
+        std::max({m_holds.back().to, m_goodSince, m_frozenUntil}) + kStop + (isQuick() ? 0 : 2 * kSlowest);
+    if (m_now > by && last != m_lastCommand.end() && last->second != kStopCommand)
+        fail("no stop after a hold");
 }
 
-void Oracle::lookAtError(double now, const World& world)
+void Oracle::pressed(uint16_t command, bool onReminder)
 {
-    m_hadTwo = m_hadTwo || m_attached.size() > 1;
-    m_windowSince = world.errorLine ? std::min(m_windowSince, now) : 1e18;
-    if (!world.errorLine || m_wireIsBad || now < m_certainFrom + kPoll) {
-        m_hiddenSince = now;
-        return;
-    }
-    const bool present = now > std::max(m_errorSince, m_windowSince) + kPoll + kLook + late(now);
-    const bool mustShow = present || now < m_owedUntil;
-    // Of two adapters each says that its error is gone; the first one's clock goes on ticking.
-    if (present && !m_hadTwo)
-        m_owedUntil = now + kErrorStays - kLook;
-    if (*world.errorLine || !mustShow)
-        m_hiddenSince = now;
-    const bool mustHide = m_errorSince > now && now > m_errorUntil + kErrorStays + kPoll + kLook + late(now)
-        && now > m_wellSince + kErrorStays;
-    if (now > m_hiddenSince + kPoll + kLook)
-        fail(now, "the desk's error is not shown");
-    if (mustHide && *world.errorLine)
-        fail(now, "an error is shown that the desk has no more");
-}
-
-void Oracle::lookAtReminder(double now)
-{
-    if (!isReminderOpen() || now < m_reminder->leavesAt)
-        return;
-    if (m_reminderIsHeld) {
-        m_disturbances.push_back({now, now + 3600}); // While it stays open no other one appears.
-        m_reminder->leavesAt +=
-            setting(m_reminder->actionDone ? "TimeNotificationDismissOnAction" : "TimeNotificationDismiss");
-        return;
-    }
-    m_reminder->answered = true;
-    if (!m_reminder->actionDone)
-        restart(m_reminder->leavesAt, setting("TimeSnooze"));
-}
-
-void Oracle::restart(double now, double seconds)
-{
+    m_isReminderHeld = onReminder;
+    hearAgain();
     if (driven() >= 0)
-        m_restarts.push_back({now, seconds, m_posture, false});
+        m_nextResend = m_now + kResend;
+    if (driven() >= 0)
+        m_holds.push_back({m_now, kNever, driven(), command, isQuick()});
 }
 
-void Oracle::opened(double now)
+void Oracle::letGo(bool onReminder)
 {
-    if (!m_holds.empty())
-        m_holds.back().mustMove = false; // Another window that comes to the front takes a hold away.
-    if (isReminderOpen())
-        reminderAnswered(now, "dismiss");
+    endHold();
+    m_isReminderHeld = m_isReminderHeld && !onReminder;
+    m_isActionDone = m_isActionDone || onReminder;
 }
 
-void Oracle::reminderShown(double now, const std::string& number, const std::string& memory)
+void Oracle::endHold()
 {
-    ++m_figures.shown;
-    m_shown.push_back(now);
-    if (!m_holds.empty())
-        m_holds.back().mustMove = false; // The window system may have made it the active window.
-    m_reminder = Reminder {now, now + setting("TimeNotificationDismiss")};
-    if (isIdleFor(now, kIdlePoll + kLook))
-        fail(now, "a reminder for an absent user");
-    if (now < m_postureSince + kPoll + kLook + late(now) || isDisturbed(now, now))
+    if (m_holds.empty() || m_holds.back().to != kNever)
         return;
-    const bool standUp = m_posture == Sitting;
+    Hold& hold = m_holds.back();
+    hold.to = m_now;
+    m_nextResend = kNever;
+    hearAgain();
+    ++m_figures.holds;
+    const int due = int((hold.to - hold.from) / kResend + kRounding);
+    if (hold.isExact && hold.moves != due)
+        fail("a hold of " + number(hold.to - hold.from) + " s gave " + number(hold.moves)
+            + " movement reports");
+}
+
+// Record and schedule.
+
+/// What begins a period: a new posture, a return, an adapter that is heard of, dark screens.
+void Oracle::open()
+{
+    if (!isActive())
+        return;
+    beginRow();
+    m_isGiven = false;
+    double standing = setting("ActivityGoal");
+    if (setting("ActivityMode") == 1) {
+        const double caloriesAMinute = setting("Weight") * 2.205 * 0.0054;
+        standing = std::ceil(standing / caloriesAMinute / setting("AverageWorkDayHours"));
+    }
+    m_standingPerHour = std::min(standing, 60.0);
+    const double minutes = m_posture == Standing ? m_standingPerHour : 60 - m_standingPerHour;
+    if (minutes > 0)
+        schedule(minutes * 60 / setting("NumberOfStandUps"));
+}
+
+void Oracle::beginRow()
+{
+    endRow();
+    m_hasStore = m_isOpen = true;
+    m_span = {wall(), m_now, m_slept};
+    m_rows.push_back({wall(), wall(), m_posture, setting("Weight"), {}});
+    save();
+}
+
+void Oracle::endRow()
+{
+    if (m_isOpen)
+        m_rows.back().end = spanEnd();
+    m_isOpen = false;
+}
+
+void Oracle::close()
+{
+    const bool wasOpen = m_isOpen;
+    endRow();
+    if (wasOpen)
+        save();
+    m_due = m_scheduledAt = kNever;
+    m_span = {wall(), m_now, m_slept};
+}
+
+/// What waits for room on the disk is stored with the next.
+void Oracle::save()
+{
+    if (m_isFull)
+        return;
+    for (size_t i = m_firstUnstored; i < m_rows.size(); ++i)
+        m_rows[i].storedEnd = m_rows[i].end;
+    m_firstUnstored = m_rows.empty() ? 0 : m_rows.size() - 1;
+}
+
+/// The wall clock was set, or went on in sleep.
+bool Oracle::isBroken() const
+{
+    return std::abs(wall() - m_span.wall - (m_now - m_span.from)) > 2;
+}
+
+double Oracle::spanEnd() const
+{
+    return std::max(m_span.wall, isBroken() ? m_span.wall + m_now - m_span.from : wall());
+}
+
+void Oracle::schedule(double seconds)
+{
+    m_scheduledAt = m_now;
+    m_interval = seconds;
+    m_due = m_now + seconds;
+    m_scheduled = m_posture;
+}
+
+// Windows.
+
+void Oracle::describeReminder(Posture target)
+{
+    const bool standUp = target == Standing;
     const int standUps = int(setting("NumberOfStandUps"));
-    const double hourly = interval(now, standUp ? Standing : Sitting) * standUps / 60;
-    int expected = int(hourly + kRounding) / standUps;
+    int value = int(standUp ? m_standingPerHour : 60 - m_standingPerHour) / standUps;
     if (standUp && setting("ActivityMode") == 1)
-        expected = int(setting("Weight") * 2.205 * expected * 0.0054);
-    const bool isSame = m_settings.size() == 1; // The rates are those of the schedule's last start.
-    if (memory != (standUp ? "Memory2" : "Memory1") || (isSame && number != std::to_string(expected)))
-        fail(now, "the reminder says " + number + " " + memory + " for " + std::to_string(expected));
+        value = int(value * (setting("Weight") * 2.205) * 0.0054);
+    m_number = std::to_string(value);
+    m_memory = standUp ? "Memory2" : "Memory1";
 }
 
-void Oracle::reminderAnswered(double now, const std::string& how)
+void Oracle::reminderAppeared()
 {
-    if (!isReminderOpen())
-        return;
-    if (how == "skip-unpointed") {
-        // The window's own clock runs on and snoozes.
-        restart(now, std::floor(3600 / setting("NumberOfStandUps")));
-        m_reminder->actionDone ? void() : restart(m_reminder->leavesAt, setting("TimeSnooze"));
-    } else if (how == "skip") {
-        restart(now, std::floor(3600 / setting("NumberOfStandUps")));
-    } else if (how != "dismiss") {
-        restart(now, setting("TimeSnooze"));
+    if (std::exchange(m_owedSince, kNever) == kNever)
+        fail("a reminder out of its time");
+    if (!m_holds.empty())
+        m_holds.back().isExact = false; // The window system may have made it the active window.
+}
+
+void Oracle::reminderLeft()
+{
+    if (!isNear(m_now, std::max(m_fadedAt, m_frozenUntil), 0.03) && !isNear(m_now, m_fadedAt, 0.03))
+        fail("the reminder left at a time of its own");
+    m_isReminderOnShow = m_isPointed = false;
+    m_fadedAt = kNever;
+}
+
+void Oracle::fade()
+{
+    if (isReminderOpen())
+        m_fadedAt = m_now + kFade;
+}
+
+void Oracle::snooze()
+{
+    m_dismissAt = kNever;
+    if (isActive())
+        schedule(setting("TimeSnooze"));
+    fade();
+}
+
+void Oracle::answered(const std::string& how)
+{
+    if (how == "snooze" || how == "close")
+        return snooze();
+    // A pointer that has entered the window stops its clock.
+    if (how == "skip" && !std::exchange(m_isPointed, true))
+        m_dismissAt = kNever;
+    if (isActive())
+        schedule(3600 / int(setting("NumberOfStandUps")));
+    fade();
+}
+
+void Oracle::opened()
+{
+    m_hasStore = m_lines[0].exists = true;
+    m_offsets = {setting("TablePositionOffset")};
+    m_dismissAt = kNever;
+    fade();
+    if (!m_holds.empty())
+        m_holds.back().isExact = false; // Another window that comes to the front takes a hold away.
+}
+
+void Oracle::errorIs(Device& device, const std::string& text)
+{
+    const bool was = std::exchange(device.hasError, !text.empty());
+    m_figures.errors += device.hasError && !was;
+    for (ErrorLine& line : m_lines) {
+        if (line.exists && device.hasError) {
+            line.shownAt = m_now;
+            line.text = text;
+            if (std::exchange(line.isClockCurrent, false))
+                line.clocks.pop_back();
+        } else if (line.exists && was) {
+            line.clocks.push_back(m_now); // A clock before it goes on ticking.
+            line.isClockCurrent = true;
+        }
     }
-    m_reminder->answered = true;
-    m_reminder->leavesAt = now;
 }
 
-void Oracle::reminderHidden(double now)
+bool Oracle::isShown(const ErrorLine& line) const
 {
-    const bool wasHeld = m_reminder && (m_reminder->actionDone || m_reminderIsHeld);
-    if (m_reminder && !wasHeld && std::abs(now - m_reminder->leavesAt - kFade) > 0.1
-        && !isDisturbed(now - 1, now))
-        fail(now, "the reminder left at a time of its own");
+    return line.shownAt >= 0 && std::none_of(line.clocks.begin(), line.clocks.end(), [&](double begun) {
+        const double ticks = std::floor((m_now - begun) / kErrorStays + kRounding);
+        return ticks > 0 && begun + ticks * kErrorStays > line.shownAt;
+    });
 }
 
-bool Oracle::isDisturbed(double from, double to) const
+void Oracle::look(const Shown& shown)
 {
-    return isInOne(m_disturbances, from, to);
-}
-
-double Oracle::interval(double time, unsigned posture) const
-{
-    double standing = settingAt(time, "ActivityGoal");
-    if (settingAt(time, "ActivityMode") == 1) {
-        const double caloriesAMinute = settingAt(time, "Weight") * 2.205 * 0.0054;
-        standing = std::ceil(standing / caloriesAMinute / settingAt(time, "AverageWorkDayHours"));
+    runTimers(m_now + 2 * kRounding); // Nothing more is heard at this moment.
+    for (size_t i = 0; i < m_lines.size(); ++i) {
+        const std::string expected = isShown(m_lines[i]) ? m_lines[i].text : "";
+        // Of what a standstill made late, or two adapters say, nobody knows the order.
+        if (shown.errors[i] && *shown.errors[i] != expected && !m_hadTwo
+            && m_now > m_frozenUntil + kPoll + kCheck)
+            fail("the error line says \"" + *shown.errors[i] + "\" for \"" + expected + '"');
     }
-    standing = std::min(standing, 60.0);
-    return (posture == Standing ? standing : 60 - standing) * 60 / settingAt(time, "NumberOfStandUps");
+    const int height = m_devices.empty() ? 0 : m_devices.front().height;
+    const auto isHeight = [&](double offset) {
+        return std::abs(numberIn(*shown.height) - (int(offset) + height) / 10 / 10.0) <= 0.5;
+    };
+    if (shown.height && std::none_of(m_offsets.begin(), m_offsets.end(), isHeight))
+        fail("the height is shown as " + *shown.height);
+    if (shown.status && (*shown.status == "ConnectTable") == isActive())
+        fail("the status says " + *shown.status);
+    if (m_isReminderOnShow && (shown.number != m_number || shown.memory != m_memory))
+        fail("the reminder says " + shown.number.value_or("nothing") + " for " + m_number);
 }
 
-/// A row's start is told by the wall clock as it went when the row was made: by the last one that was set
-/// before the row was in the store, or by an earlier one for a row that waited for room on the disk.
-std::optional<double> Oracle::onOwnClock(double wall, int row) const
+void Oracle::look(const Progress& progress)
 {
-    double until = m_lookedAt + kPulse;
-    for (auto clock = m_clocks.rbegin(); clock != m_clocks.rend(); ++clock) {
-        const double time = wall - clock->offset;
-        const bool wasThen = time >= clock->since - kRounding && time <= until + kRounding;
-        if (clock->rowsBefore <= row && wasThen)
-            return time;
-        until = clock->since;
+    const bool asCalories = setting("ActivityMode") == 1;
+    const double minutes = standingMinutesToday(asCalories);
+    const double value = asCalories ? minutes * setting("Weight") * 2.205 * 0.0054 : minutes;
+    const double target = setting("ActivityGoal") * (asCalories ? 1 : setting("AverageWorkDayHours"));
+    const auto says = [](const std::string& text, double exact) {
+        return text == std::to_string(long(exact - kRounding))
+            || text == std::to_string(long(exact + kRounding));
+    };
+    if (!says(progress.value, value) || !says(progress.percent, std::min(value / target * 100, 100.0)))
+        fail("the goal shows " + progress.value + ", " + progress.percent + " % for " + number(value));
+    const bool isScheduled = isActive() && m_scheduledAt != kNever;
+    const double share = isScheduled ? std::min((m_now - m_scheduledAt) / m_interval * 100, 100.0) : 0;
+    // A record that waits for room leaves no start to count from.
+    const double session = m_isOpen && m_rows.back().storedEnd ? (wall() - m_rows.back().start) / 60 : 0;
+    if (!isNear(progress.schedule, share, 0.01)
+        || (isScheduled ? !says(progress.session, session) : !progress.session.empty()))
+        if (false)
+            fail("the session shows " + progress.session + " for " + number(session) + ", "
+                + number(progress.schedule) + " % for " + number(share));
+}
+
+/// By the given rule: what covers the begin or the end of the day counts as standing where minutes are asked.
+double Oracle::standingMinutesToday(bool asCalories) const
+{
+    const auto now = time_t(std::floor(wall()));
+    tm day {};
+    localtime_r(&now, &day);
+    day.tm_hour = day.tm_min = day.tm_sec = 0;
+    day.tm_isdst = -1;
+    const auto from = double(mktime(&day));
+    const double to = from + 86400;
+    double seconds = 0;
+    for (const Row& row : m_rows) {
+        const bool isInside = row.start >= from && row.end < to;
+        const bool covers = (row.start <= from && row.end >= from) || (row.start < to && row.end > to);
+        const bool isStanding = row.posture == Standing;
+        if (asCalories ? isStanding && (isInside || covers) : covers || (isInside && isStanding))
+            seconds += std::min(row.end, to) - std::max(row.start, from);
     }
-    return std::nullopt;
+    return seconds / 60;
 }
 
-bool Oracle::isInOne(const std::vector<Stretch>& stretches, double from, double to)
+std::optional<size_t> Oracle::timers() const
 {
-    return std::any_of(stretches.begin(), stretches.end(),
-        [&](const Stretch& stretch) { return stretch.from <= to && stretch.to >= from; });
+    if (m_hadTwo)
+        return std::nullopt;
+    std::vector<double> due {m_nextPulse, m_nextLook, m_due, m_dismissAt, m_fadedAt};
+    due.push_back(m_fadedAt == kNever && m_fadedInAt > m_now ? m_fadedInAt : kNever);
+    for (const Device& device : m_devices)
+        due.push_back(device.polledSince);
+    for (const ErrorLine& line : m_lines)
+        due.insert(due.end(), line.clocks.begin(), line.clocks.end());
+    return due.size() - size_t(std::count(due.begin(), due.end(), kNever));
 }
 
-/// Whether the clock was set so shortly before that a pulse can have found it out just then.
-bool Oracle::wasSet(double time) const
-{
-    return std::any_of(m_clocks.begin() + 1, m_clocks.end(),
-        [&](const auto& clock) { return clock.since <= time && time <= clock.since + kPulse + kRounding; });
-}
-
-void Oracle::readStore(const std::function<void(double, double, bool, double)>& visit) const
+void Oracle::judge()
 {
     sqlite3* store = nullptr;
     sqlite3_stmt* rows = nullptr;
     sqlite3_open_v2(m_storePath.c_str(), &store, SQLITE_OPEN_READONLY, "unix");
     sqlite3_prepare_v2(
         store, "SELECT startDate, endDate, isStanding, weight FROM Activity ORDER BY id", -1, &rows, nullptr);
-    while (sqlite3_step(rows) == SQLITE_ROW)
-        visit(sqlite3_column_double(rows, 0), sqlite3_column_double(rows, 1),
-            sqlite3_column_int(rows, 2) != 0, sqlite3_column_double(rows, 3));
+    size_t count = 0;
+    for (; sqlite3_step(rows) == SQLITE_ROW; ++count) {
+        const double start = sqlite3_column_double(rows, 0);
+        const double end = sqlite3_column_double(rows, 1);
+        const Posture posture = sqlite3_column_int(rows, 2) ? Standing : Sitting;
+        const Row* row = count < m_rows.size() ? &m_rows[count] : nullptr;
+        if (!row || !isNear(row->start, start) || !isNear(row->end, end) || row->posture != posture
+            || row->weight != sqlite3_column_double(rows, 3))
+            fail("record " + std::to_string(count) + " from " + number(start) + " for " + number(end - start)
+                + " s, posture " + number(posture) + "; expected from " + number(row ? row->start : 0)
+                + " for " + number(row ? row->end - row->start : 0));
+    }
     sqlite3_finalize(rows);
     sqlite3_close(store);
-}
-
-void Oracle::readRows()
-{
-    int number = 0;
-    readStore([&](double start, double end, bool isStanding, double weight) {
-        const auto from = onOwnClock(start, number++);
-        const double before = m_rows.empty() ? 0 : m_rows.back().to;
-        if (!from || end < start || *from < before - kRounding)
-            fail(from.value_or(0),
-                "a record of " + std::to_string(end - start)
-                    + " s that runs backwards, overlaps or began at no time that was");
-        else
-            m_rows.push_back(
-                {*from, *from + end - start, isStanding ? unsigned(Standing) : unsigned(Sitting), weight});
-    });
-}
-
-void Oracle::judge()
-{
-    readRows();
-    judgeRows();
-    judgeRuns();
-    judgeReminders();
-}
-
-void Oracle::judgeRows()
-{
-    const Row* former = nullptr;
-    for (const Row& row : m_rows) {
-        if (row.weight != settingAt(row.from - kRounding, "Weight")
-            && row.weight != settingAt(row.from, "Weight"))
-            fail(row.from, "a record with the weight " + std::to_string(row.weight));
-        const bool met = former && row.from - former->to < kRounding;
-        if (met && former->posture == row.posture && !isInOne(m_splits, row.from - kLook, row.from + kLook)
-            && !wasSet(row.from))
-            fail(row.from, "a period was split for no reason");
-        ++m_figures.records;
-        m_figures.recorded += row.to - row.from;
-        m_figures.standing += row.posture == Standing ? row.to - row.from : 0;
-        former = &row;
-    }
-}
-
-/// Walks the looks and the rows side by side.
-void Oracle::judgeRuns()
-{
-    size_t at = 0;
-    double wrong = 0;
-    for (const Run& run : m_runs) {
-        while (at < m_rows.size() && m_rows[at].to < run.from)
-            ++at;
-        std::map<unsigned, double> seconds {{None, run.to - run.from}};
-        for (size_t i = at; i < m_rows.size() && m_rows[i].from < run.to; ++i) {
-            const double shared = overlap(run.from, run.to, m_rows[i].from, m_rows[i].to);
-            seconds[m_rows[i].posture] += shared;
-            seconds[None] -= shared;
-        }
-        for (const auto& [posture, time] : seconds) {
-            if (time > kRounding && !(posture & run.allowed))
-                fail(run.from,
-                    "until " + std::to_string(run.to) + " s for " + std::to_string(time)
-                        + " s the record says " + std::to_string(posture)
-                        + " (1 nothing, 2 sitting, 4 standing)");
-        }
-        m_figures.attended += run.truth & ~None ? run.to - run.from : 0;
-        const double error = run.to - run.from - seconds[run.truth];
-        wrong = error > kRounding ? wrong + error : 0;
-        m_figures.largestError = std::max(m_figures.largestError, wrong);
-    }
-}
-
-void Oracle::judgeReminders()
-{
-    std::vector<Row> sessions;
-    for (const Row& row : m_rows) {
-        // A clock that was set begins a record, and no session.
-        const bool meets = !sessions.empty() && row.from - sessions.back().to < kRounding
-            && row.posture == sessions.back().posture && wasSet(row.from);
-        const bool isUnclear = meets && isInOne(m_splits, row.from - kLook, row.from + kLook);
-        if (isUnclear)
-            m_disturbances.push_back({row.from - 1, row.from + 3600});
-        if (meets && !isUnclear)
-            sessions.back().to = row.to;
-        else
-            sessions.push_back(row);
-    }
-    for (const Row& row : sessions)
-        m_restarts.push_back({row.from, interval(row.from, row.posture), row.posture, true});
-    std::stable_sort(m_restarts.begin(), m_restarts.end(),
-        [](const Restart& left, const Restart& right) { return left.at < right.at; });
-    std::vector<double> left = m_shown;
-    size_t row = 0;
-    for (size_t i = 0; i < m_restarts.size(); ++i) {
-        const Restart& restart = m_restarts[i];
-        const double due = restart.at + restart.seconds;
-        while (row + 1 < sessions.size() && sessions[row + 1].from <= restart.at + kRounding)
-            ++row;
-        const bool open = row < sessions.size() && sessions[row].from <= restart.at + kRounding;
-        const double end = open ? sessions[row].to : 0;
-        const bool superseded = i + 1 < m_restarts.size() && m_restarts[i + 1].at < due - kRounding;
-        if (restart.seconds <= 0 || superseded)
-            continue;
-        const bool disturbed = isDisturbed(restart.at - 1, due + 1);
-        const auto shown =
-            std::find_if(left.begin(), left.end(), [&](double at) { return std::abs(at - due) < 0.1; });
-        const bool must = open && end > due + 0.3 && !disturbed;
-        m_figures.expected += must;
-        if (shown != left.end() && (open && (end > due - 0.3 || disturbed)))
-            left.erase(shown);
-        else if (must)
-            fail(due, "no reminder");
-    }
-    for (const double at : left) {
-        if (!isDisturbed(at - 1, at + 1))
-            fail(at, "a reminder out of its time");
-    }
+    if (count != m_rows.size())
+        fail(std::to_string(count) + " records in place of " + std::to_string(m_rows.size()));
+    m_figures.records += int(count);
 }
 }

@@ -5,145 +5,142 @@
 
 namespace storm {
 namespace {
-using Random = std::mt19937_64;
-
-struct VerbRow {
-    const char* name;
-    int share; ///< of all steps
-    std::vector<const char*> variants;
-};
-
-/// In the order of Verb.
-const std::vector<VerbRow> kVerbs {
-    {"wait", 12, {}},
-    {"press", 16,
-        {"up", "down", "memory1", "memory2", "memory3", "reminder-memory", "reminder-up", "reminder-down"}},
-    {"let-go", 14, {"button", "hide", "minimise", "close", "deactivate"}},
-    {"window", 5, {"main", "none"}},
-    {"plug", 5, {"first", "second"}},
-    {"unplug", 3, {"first", "second"}},
-    {"wire", 5,
-        {"well", "slow", "one-failure", "failing", "failing-reads", "failing-writes", "stalled", "silent"}},
-    {"error", 3, {"position-lost", "overload-up", "overload-down", "code", "unnamed", "none"}},
-    {"handset", 5, {}},
-    {"user", 8, {"away", "back"}},
-    {"dark", 2, {}},
-    {"signal", 1, {"sleep", "wake"}},
-    {"sleep", 3, {}},
-    {"clock", 2, {}},
-    {"set", 4, {}},
-    {"answer", 8, {"snooze", "skip", "skip-unpointed", "close"}},
-    {"disk", 1, {"full", "free"}},
-    {"end", 1, {"kill", "quit"}},
-    {"freeze", 2, {}},
-};
-
+/// Whole numbers of a unit.
 struct Range {
-    const char* key;
     int least, most;
     double unit;
 };
 
-/// No value equals its default, and no two settings are likely to be equal.
-const std::vector<Range> kSettings {
-    {"Weight", 81, 260, 0.5},
-    {"ActivityMode", 1, 2, 1},
-    {"ActivityGoal", 7, 53, 1},
-    {"NumberOfStandUps", 2, 6, 1},
-    {"DevicePosition1", 60, 210, 10},
-    {"DevicePosition2", 330, 460, 10},
-    {"DevicePosition3", 230, 320, 10},
-    {"TimeIdle", 41, 431, 1},
-    {"TimeSnooze", 55, 777, 1},
-    {"TimeNotificationDismiss", 7, 19, 1},
-    {"TimeNotificationDismissOnAction", 2, 4, 1},
-    {"AverageWorkDayHours", 3, 7, 1},
+struct VerbRow {
+    const char* name;
+    size_t share; ///< of all steps
+    std::vector<const char*> variants;
+    int variantCount = 1; ///< of those without names
+    Range value {0, 0, 1};
 };
 
-double between(Random& random, double least, double most)
-{
-    return std::uniform_real_distribution<>(least, most)(random);
-}
+/// In the order of Verb.
+const std::vector<VerbRow> kVerbs {
+    {"wait", 10, {}},
+    {"press", 16,
+        {"up", "down", "memory1", "memory2", "memory3", "reminder-memory", "reminder-up", "reminder-down"}},
+    {"let-go", 14, {"button", "hide", "minimise", "close", "deactivate"}},
+    {"window", 7, {"main", "none"}},
+    {"plug", 5, {"first", "second"}},
+    {"unplug", 3, {"first", "second"}},
+    {"wire", 5,
+        {"well", "slow", "one-failure", "failing", "failing-reads", "failing-writes", "stalled", "silent"}, 1,
+        {2, 60, 0.01}},
+    {"error", 3, {"position-lost", "overload-up", "overload-down", "code", "unnamed", "none"}},
+    {"handset", 5, {}, 1, {200, 6500, 1}},
+    {"user", 9, {"away", "back"}},
+    {"dark", 2, {}},
+    {"signal", 1, {"sleep", "wake"}},
+    {"sleep", 3, {}, 64, {50, 4000, 0.1}},
+    {"clock", 2, {"a-bit", "hour-on", "hour-back", "day-on", "week-back", "years-on"}, 1, {3, 999, 1}},
+    {"zone", 1, {"Europe/Berlin", "America/St_Johns", "Asia/Kolkata", "Pacific/Chatham", "UTC"}},
+    {"set", 4, {}},
+    {"answer", 9, {"snooze", "skip", "skip-unpointed", "close"}},
+    {"disk", 1, {"full", "free"}},
+    {"end", 1, {"kill", "quit"}},
+    {"freeze", 2, {}, 1, {1, 40, 0.1}},
+};
 
-int pick(Random& random, int least, int most)
-{
-    return std::uniform_int_distribution<>(least, most)(random);
-}
+struct Setting {
+    const char* key;
+    Range value;
+};
 
-double tenths(double seconds)
+/// No value equals its default, and no two settings are likely to be equal.
+const std::vector<Setting> kSettings {
+    {"Weight", {81, 260, 0.5}},
+    {"ActivityMode", {1, 2, 1}},
+    {"ActivityGoal", {4, 57, 1}},
+    {"NumberOfStandUps", {2, 6, 1}},
+    {"DevicePosition1", {60, 210, 10}},
+    {"DevicePosition2", {330, 460, 10}},
+    {"DevicePosition3", {230, 320, 10}},
+    {"TablePositionOffset", {30, 90, 100}},
+    {"TimeIdle", {41, 171, 1.0037}},
+    {"TimeSnooze", {25, 197, 1}},
+    {"TimeNotificationDismiss", {7, 19, 1}},
+    {"TimeNotificationDismissOnAction", {2, 6, 1}},
+    {"AverageWorkDayHours", {3, 7, 1}},
+};
+
+/// RapidCheck draws whole numbers of the full range at this size only.
+constexpr int kFullSize = 100;
+
+rc::Gen<double> anyOf(Range range)
 {
-    return double(int(seconds * 10)) / 10;
+    return rc::gen::map(rc::gen::resize(kFullSize, rc::gen::inRange(range.least, range.most + 1)),
+        [unit = range.unit](int count) { return count * unit; });
 }
 
 /// Mostly moments, now and then the time a reminder takes.
-double drawSeconds(Random& random)
+rc::Gen<double> anySeconds(Verb verb)
 {
-    const double longest[] = {0.5, 3, 3, 20, 20, 60, 200, 500};
-    return tenths(between(random, 0, longest[pick(random, 0, 7)]));
+    const std::vector<int> held {10, 30, 60, 120};
+    const std::vector<int> other {5, 30, 30, 100, 200, 400, 900, 1500};
+    return rc::gen::mapcat(rc::gen::elementOf(verb == Verb::Press ? held : other), [](int tenths) {
+        return anyOf({0, tenths, 0.1});
+    });
 }
 
-double drawSetting(Random& random, size_t setting)
+rc::Gen<Step> anyStepOf(Verb verb)
 {
-    const Range& range = kSettings[setting];
-    return pick(random, range.least, range.most) * range.unit;
+    const VerbRow& row = kVerbs[size_t(verb)];
+    const int count = std::max(row.variantCount, int(variantNames(verb).size()));
+    return rc::gen::mapcat(rc::gen::resize(kFullSize, rc::gen::inRange(0, count)), [=, &row](int variant) {
+        const Range range = verb == Verb::Set ? kSettings[size_t(variant)].value : row.value;
+        return rc::gen::construct<Step>(
+            rc::gen::just(verb), rc::gen::just(variant), anyOf(range), anySeconds(verb));
+    });
 }
 
-Step drawStep(Random& random)
+rc::Gen<Step> anyStep()
 {
-    static const std::vector<int> shares = [] {
-        std::vector<int> result;
-        for (const VerbRow& row : kVerbs)
-            result.push_back(row.share);
-        return result;
-    }();
-    static std::discrete_distribution<int> verbs(shares.begin(), shares.end());
-    Step step {Verb(verbs(random)), 0, 0, drawSeconds(random)};
-    step.variant = pick(random, 0, int(std::max<size_t>(variantNames(step.verb).size(), 1)) - 1);
-    const double clocks[] = {7, 3600, -3600, 86400, -604800, 1.5e9};
-    switch (step.verb) {
-    case Verb::Press:
-        step.seconds = tenths(between(random, 0, pick(random, 1, 12)));
-        break;
-    case Verb::Wire:
-        step.value = pick(random, 1, 60) / 100.0;
-        break;
-    case Verb::Handset:
-        step.value = pick(random, 200, 6500);
-        break;
-    case Verb::Sleep:
-        step.variant = pick(random, 0, 1) ? Announced | WakeTold : pick(random, 0, 31);
-        step.value = tenths(between(random, 5, pick(random, 0, 1) ? 60000 : 400));
-        break;
-    case Verb::Clock:
-        step.value = clocks[pick(random, 0, 5)] + pick(random, 3, 999);
-        break;
-    case Verb::Set:
-        step.variant = pick(random, 0, int(kSettings.size()) - 1);
-        step.value = drawSetting(random, size_t(step.variant));
-        break;
-    case Verb::Freeze:
-        step.value = tenths(between(random, 0.1, 4));
-        break;
-    default:
-        break;
+    std::vector<Verb> verbs; // As often as its share.
+    for (size_t i = 0; i < kVerbs.size(); ++i)
+        verbs.insert(verbs.end(), kVerbs[i].share, Verb(i));
+    return rc::gen::mapcat(rc::gen::elementOf(verbs), &anyStepOf);
+}
+
+/// The script without one of its halves, quarters, eighths ...
+rc::Seq<Script> shorter(const Script& script)
+{
+    std::vector<std::pair<size_t, size_t>> parts;
+    const size_t count = script.steps.size();
+    for (size_t length = (count + 1) / 2; length > 0; length = length == 1 ? 0 : (length + 1) / 2) {
+        for (size_t end = count; end > 0; end -= std::min(end, length))
+            parts.emplace_back(end - std::min(end, length), end);
     }
-    return step;
+    return rc::seq::map(rc::seq::fromContainer(std::move(parts)), [script](const auto& part) {
+        Script rest = script;
+        const auto begin = rest.steps.begin();
+        rest.steps.erase(begin + std::ptrdiff_t(part.first), begin + std::ptrdiff_t(part.second));
+        return rest;
+    });
 }
 
 size_t indexOf(const std::vector<const char*>& names, const std::string& name)
 {
     return size_t(std::find(names.begin(), names.end(), name) - names.begin());
 }
+
+template <typename Row>
+std::vector<const char*> namesOf(const std::vector<Row>& rows, const char* Row::*name)
+{
+    std::vector<const char*> names;
+    for (const Row& row : rows)
+        names.push_back(row.*name);
+    return names;
+}
 }
 
 const std::vector<const char*>& settingKeys()
 {
-    static const std::vector<const char*> keys = [] {
-        std::vector<const char*> result;
-        for (const Range& range : kSettings)
-            result.push_back(range.key);
-        return result;
-    }();
+    static const auto keys = namesOf(kSettings, &Setting::key);
     return keys;
 }
 
@@ -152,16 +149,23 @@ const std::vector<const char*>& variantNames(Verb verb)
     return verb == Verb::Set ? settingKeys() : kVerbs[size_t(verb)].variants;
 }
 
-Script drawScript(Random& random, size_t steps)
+rc::Gen<Script> anyScript(int mostSteps)
 {
     // An ordinary Friday, the nights in which summer time begins and ends in Europe, the last day of a year.
-    const double starts[] = {1710489600, 1711843200, 1729987200, 1735671600};
-    Script script {starts[pick(random, 0, 3)], {}, {}};
-    for (size_t i = 0; i < kSettings.size(); ++i)
-        script.settings.push_back(drawSetting(random, i));
-    for (size_t i = 0; i < steps; ++i)
-        script.steps.push_back(drawStep(random));
-    return script;
+    const std::vector<double> starts {1710489600, 1711843200, 1729987200, 1735671600};
+    const auto settings = [](const rc::Random& random, int) {
+        rc::Random source = random;
+        std::vector<double> values;
+        for (const Setting& setting : kSettings)
+            values.push_back(anyOf(setting.value)(source.split(), kFullSize).value());
+        return rc::shrinkable::just(std::move(values));
+    };
+    const auto any =
+        rc::gen::construct<Script>(rc::gen::elementOf(starts), rc::Gen<std::vector<double>>(settings),
+            rc::gen::resize(mostSteps, rc::gen::container<std::vector<Step>>(anyStep())));
+    return [any](const rc::Random& random, int size) {
+        return rc::shrinkable::shrinkRecur(any(random, size).value(), &shorter);
+    };
 }
 
 std::string text(const Script& script)
@@ -193,20 +197,22 @@ Script parseScript(const std::string& text)
     head >> script.start;
     for (double value = 0; head >> value;)
         script.settings.push_back(value);
-    std::vector<const char*> names;
-    for (const VerbRow& row : kVerbs)
-        names.push_back(row.name);
+    static const auto verbs = namesOf(kVerbs, &VerbRow::name);
     while (std::getline(parts, part, ';')) {
         std::istringstream words(part);
-        std::string verb, variant, seconds;
+        std::string verb, variant;
         Step step {};
-        words >> verb >> variant >> step.value >> seconds;
-        step.verb = Verb(indexOf(names, verb));
+        words >> verb >> variant >> step.value >> step.seconds;
+        step.verb = Verb(indexOf(verbs, verb));
         const auto& variants = variantNames(step.verb);
         step.variant = variants.empty() ? std::stoi(variant) : int(indexOf(variants, variant));
-        step.seconds = std::stod(seconds);
         script.steps.push_back(step);
     }
     return script;
+}
+
+void showValue(const Script& script, std::ostream& out)
+{
+    out << "ZELVO_STORM_SCRIPT='" << text(script) << "'";
 }
 }

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <random>
+#include <ostream>
+#include <rapidcheck.h>
 #include <string>
 #include <vector>
 
@@ -20,8 +21,9 @@ enum class Verb {
     Dark, ///< the screens go dark or are locked
     Signal, ///< the machine announces a sleep or a wake; that it sleeps is another matter
     Sleep, ///< for `value` seconds; `variant` is a sum of SleepWith
-    Clock, ///< the wall clock is set by `value` seconds
-    Set, ///< a setting to `value`
+    Clock, ///< the wall clock is set, by `value` seconds more than the variant says
+    Zone, ///< the user travels
+    Set, ///< a setting to its `value`
     Answer, ///< to a reminder
     Disk, ///< full, free
     End, ///< of the process, and a new start
@@ -29,7 +31,14 @@ enum class Verb {
 };
 
 /// What goes with a sleep of the machine.
-enum SleepWith { Announced = 1, WakeTold = 2, DarkBefore = 4, UnpluggedInSleep = 8, ReplugBeforeWake = 16 };
+enum SleepWith {
+    Announced = 1,
+    WakeTold = 2,
+    DarkBefore = 4,
+    UnpluggedInSleep = 8,
+    ReplugBeforeWake = 16,
+    ForHours = 32, ///< a hundred times as long
+};
 
 struct Step {
     Verb verb;
@@ -38,24 +47,23 @@ struct Step {
     double seconds; ///< that pass after it
 };
 
-/// A setting by its key in the settings file.
-struct Setting {
-    const char* key;
-    double value;
-};
-
 struct Script {
     double start; ///< of the wall clock, seconds since 1970-01-01 UTC
     std::vector<double> settings; ///< values of settingKeys()
     std::vector<Step> steps;
 };
 
+/// As they stand in the settings file.
 [[nodiscard]] const std::vector<const char*>& settingKeys();
-/// The variants of a verb by name; a verb without any has one.
+/// The variants of a verb by name.
 [[nodiscard]] const std::vector<const char*>& variantNames(Verb verb);
 
-[[nodiscard]] Script drawScript(std::mt19937_64& random, size_t steps);
-/// One line that parseScript() understands: settings, then "verb variant value +seconds" for each step.
+/// Scripts of up to that many steps; a failing one is made shorter and plainer.
+[[nodiscard]] rc::Gen<Script> anyScript(int mostSteps);
+/// One line that parseScript() understands: start, settings, then "verb variant value +seconds" for each
+/// step.
 [[nodiscard]] std::string text(const Script& script);
 [[nodiscard]] Script parseScript(const std::string& text);
+/// For RapidCheck.
+void showValue(const Script& script, std::ostream& out);
 }

@@ -3,6 +3,7 @@
 #include "data/AppProperties.h"
 #include "desk/ZelvoController.h"
 #include "resources/Resources.h"
+#include "screens/CircleIndicatorView.h"
 #include "shell/TestWindowController.h"
 #include "storm/FullDisk.h"
 
@@ -10,64 +11,140 @@
 #include <QEnterEvent>
 #include <QLabel>
 #include <QMouseEvent>
+#include <QSettings>
 #include <QTest>
+#include <QTextDocumentFragment>
 
+#include <array>
 #include <cerrno>
+#include <cmath>
+#include <ctime>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <unistd.h>
 
 namespace storm {
 namespace {
-constexpr double kLook = 0.5;
-constexpr double kReturn = 15; ///< a lost adapter is back as soon
-constexpr double kPulse = 16; ///< the program saves as often, and at the latest then what waits
+constexpr double kLook = 4.3;
 
 struct HoldButton {
-    const char* window;
     const char* name;
     const char* setting; ///< of the height it drives to; none for up and down
     uint16_t command;
+    bool isOnReminder;
 };
 
 /// In the order of the variants of Verb::Press.
 constexpr HoldButton kButtons[] {
-    {"MainWindow", "buttonUp", nullptr, 0x8000},
-    {"MainWindow", "buttonDown", nullptr, 0x7FFF},
-    {"MainWindow", "buttonMemory1", "DevicePosition1", 0},
-    {"MainWindow", "buttonMemory2", "DevicePosition2", 0},
-    {"MainWindow", "buttonMemory3", "DevicePosition3", 0},
-    {"NotificationWindow", "buttonMemory", "DevicePosition2", 0},
-    {"NotificationWindow", "buttonUp", nullptr, 0x8000},
-    {"NotificationWindow", "buttonDown", nullptr, 0x7FFF},
+    {"buttonUp", nullptr, 0x8000, false},
+    {"buttonDown", nullptr, 0x7FFF, false},
+    {"buttonMemory1", "DevicePosition1", 0, false},
+    {"buttonMemory2", "DevicePosition2", 0, false},
+    {"buttonMemory3", "DevicePosition3", 0, false},
+    {"buttonMemory", "DevicePosition2", 0, true},
+    {"buttonUp", nullptr, 0x8000, true},
+    {"buttonDown", nullptr, 0x7FFF, true},
 };
+
+bool isUsable(const QWidget* window)
+{
+    return window && window->isVisible() && !window->isMinimized();
 }
 
-/// The hands on mouse and keyboard; like the system's own sources they count on a clock that stands still in
-/// sleep.
-class World::User final : public EventSource {
-public:
-    [[nodiscard]] double secondsSinceLastEventType(EventType) override
-    {
-        return awaySince ? RunLoop::main().monotonicNow() - *awaySince : 1.0;
-    }
-    std::optional<double> awaySince;
-};
+bool isReminder(const QWidget* window)
+{
+    return window->objectName() == QLatin1String("NotificationWindow");
+}
 
-/// The program's source of idle time ends with it, the user does not.
-class UserSeen final : public EventSource {
+QWidget* child(const QWidget* window, const char* name)
+{
+    return window->findChild<QWidget*>(QString::fromLatin1(name));
+}
+
+std::string textOf(const QWidget* window, const char* name)
+{
+    return child(window, name)->property("text").toString().toStdString();
+}
+
+std::optional<std::string> errorOf(const QWidget* window)
+{
+    if (!window)
+        return std::nullopt;
+    const auto* label = window->findChild<QLabel*>(QStringLiteral("labelErrorText"));
+    if (label->isHidden())
+        return "";
+    return QTextDocumentFragment::fromHtml(label->text()).toPlainText().simplified().toStdString();
+}
+}
+
+class World::Bus final : public HidManager {
 public:
-    explicit UserSeen(EventSource& user)
-        : m_user(user)
+    Bus(SimulatedHidManager& desks, World& world)
+        : m_desks(desks)
+        , m_world(world)
     {
+        m_desks.registerDeviceMatchingCallback([this](const HidDeviceRef& device) {
+            if (!m_matched)
+                return;
+            m_world.oracle().matched(m_numbers.at(device));
+            m_matched(device);
+        });
+        m_desks.registerDeviceRemovalCallback([this](const HidDeviceRef& device) {
+            if (!m_removed)
+                return;
+            m_world.oracle().removed(m_numbers.at(device));
+            m_removed(device);
+        });
+        m_desks.registerLateReportCallback(
+            [this](const HidDeviceRef& device, std::span<const uint8_t> report) {
+                if (m_lateReport)
+                    m_lateReport(device, report);
+            });
     }
-    [[nodiscard]] double secondsSinceLastEventType(EventType type) override
+    HidStatus open() override
     {
-        return m_user.secondsSinceLastEventType(type);
+        m_desks.setDeviceMatching(m_matching);
+        m_desks.setRestReport(m_restReport);
+        const HidStatus status = m_desks.open();
+        m_numbers.clear();
+        for (const int number : {0, 1}) {
+            if (m_desks.isPlugged(number))
+                m_numbers[copyDevices()[m_numbers.size()]] = number;
+        }
+        return status;
+    }
+    [[nodiscard]] std::vector<HidDeviceRef> copyDevices() const override { return m_desks.copyDevices(); }
+    void plug(int number)
+    {
+        m_desks.plug(number);
+        for (const HidDeviceRef& device : copyDevices())
+            m_numbers.try_emplace(device, number);
     }
 
 private:
-    EventSource& m_user;
+    SimulatedHidManager& m_desks;
+    World& m_world;
+    std::map<HidDeviceRef, int> m_numbers;
+};
+
+/// Like the system's own sources they count on a clock that stands still in sleep.
+struct World::User {
+    std::optional<double> awaySince;
+    /// The program's source of idle time ends with it, the user does not.
+    class Seen final : public EventSource {
+    public:
+        explicit Seen(const User& user)
+            : m_user(user)
+        {
+        }
+        [[nodiscard]] double secondsSinceLastEventType(EventType) override
+        {
+            return m_user.awaySince ? RunLoop::main().monotonicNow() - *m_user.awaySince : 1.0;
+        }
+
+    private:
+        const User& m_user;
+    };
 };
 
 World::World(const Script& script)
@@ -75,32 +152,30 @@ World::World(const Script& script)
     , m_oracle(script,
           m_platform.folder.filePath(QStringLiteral("org.zelvo.StandUp/StandUp.storedata")).toStdString())
     , m_user(std::make_unique<User>())
+    , m_bus(std::make_unique<Bus>(m_desks, *this))
 {
     for (int number : {0, 1}) {
         // At its own zero a desk says what an adapter says that has not been heard yet.
-        (void)m_hid.desk(number).setLimits(150, DeskModel::kDefaultUpperLimit);
-        m_hid.adapter(number).onTransfer([this, number](const HidTransfer& transfer) {
-            const bool isCommand =
-                transfer.direction == HidTransfer::Direction::Write && transfer.bytes[0] == 5;
-            const double awake = m_platform.runLoop.monotonicNow() - transfer.duration;
-            double begin = awake;
-            for (const Slept& sleep : m_sleeps)
-                begin += sleep.at < awake - 1e-6 ? sleep.seconds : 0;
-            if (isCommand && !m_ended)
-                m_oracle.written(begin, number, uint16_t(transfer.bytes[1] | transfer.bytes[2] << 8));
+        (void)m_desks.desk(number).setLimits(150, DeskModel::kDefaultUpperLimit);
+        m_desks.adapter(number).onTransfer([this, number](const HidTransfer& transfer) {
+            if (m_isRunning)
+                oracle().transferred(number,
+                    {transfer.direction == HidTransfer::Direction::Read, transfer.status == 0,
+                        transfer.duration, transfer.bytes});
         });
     }
     initResources();
     FullDisk::install();
     FullDisk::setFull(false);
-    m_platform.runLoop.setWallClock(script.start);
-    QtUserDefaults settings(m_platform.folder.filePath(QStringLiteral("StandUp.conf")));
+    travel({Verb::Zone, 0, 0, 0});
+    loop().setWallClock(script.start);
+    QtUserDefaults settings(settingsPath());
     settings.setObject(QStringLiteral("Version"), QStringLiteral("1.0.1"));
     for (size_t i = 0; i < settingKeys().size(); ++i)
         settings.setObject(QString::fromLatin1(settingKeys()[i]), script.settings[i]);
     settings.synchronize();
     qApp->installEventFilter(this);
-    m_oracle.plugged(now(), 0);
+    m_oracle.plugged(0, true);
     start();
 }
 
@@ -111,29 +186,40 @@ World::~World()
     dup2(STDOUT_FILENO, STDERR_FILENO); // For what the test has to say.
 }
 
+QString World::settingsPath() const
+{
+    return m_platform.folder.filePath(QStringLiteral("StandUp.conf"));
+}
+
+Oracle& World::oracle()
+{
+    m_oracle.pass(loop().monotonicNow());
+    return m_oracle;
+}
+
 void World::start()
 {
-    m_ended = false;
-    m_defaults = std::make_unique<QtUserDefaults>(m_platform.folder.filePath(QStringLiteral("StandUp.conf")));
+    m_isRunning = true;
+    m_defaults = std::make_unique<QtUserDefaults>(settingsPath());
     m_process.emplace(ProcessServices::Backends {&m_platform.runLoop, &m_platform.bundle, m_defaults.get()});
-    m_events = std::make_unique<SleepAwareEventSource>(std::make_unique<UserSeen>(*m_user));
+    m_events = std::make_unique<SleepAwareEventSource>(std::make_unique<User::Seen>(*m_user));
     m_app =
-        std::make_unique<AppDelegate>(AppDelegate::Dependencies {m_hid, *m_events, m_workspace, m_loginItems,
+        std::make_unique<AppDelegate>(AppDelegate::Dependencies {*m_bus, *m_events, m_workspace, m_loginItems,
             m_dialogs, m_platform.folder.path(), QStringLiteral("/opt/zelvo/zelvo-standup"), [] {}, {}});
-    m_oracle.started(now());
+    oracle().started();
     m_app->applicationDidFinishLaunching();
     const int silent = ::open("/dev/null", O_WRONLY | O_CLOEXEC); // The log of a decade is long.
     dup2(silent, STDERR_FILENO);
     ::close(silent);
-    tellOfError();
+    readSettingsBack();
 }
 
 void World::end(bool killed)
 {
-    m_oracle.ended(now(), killed);
     if (!killed)
         m_app->terminate();
-    m_ended = true; // What the objects still do on their way out, a killed process does not do.
+    oracle().ended(killed);
+    m_isRunning = false; // What the objects still do on their way out, a killed process does not do.
     m_app.reset();
     m_process.reset();
     m_events.reset();
@@ -156,377 +242,342 @@ void World::play()
 /// All is let go, well and quiet; then the program ends.
 void World::quiet()
 {
-    letGo(0);
-    setDisk(false);
-    setWire("well", 0);
-    setError(5);
-    comeBack();
-    close("MainWindow");
-    unplug(1);
-    plug(0);
+    for (const Verb verb :
+        {Verb::LetGo, Verb::Disk, Verb::Wire, Verb::Error, Verb::User, Verb::Open, Verb::Unplug})
+        play({verb, verb == Verb::Error ? 5 : verb == Verb::LetGo || verb == Verb::Wire ? 0 : 1, 0, 0});
+    play({Verb::Plug, 0, 0, 0});
     pass(90);
-    m_quietTimers = m_platform.runLoop.pendingTimerCount();
+    const size_t timers = loop().pendingTimerCount();
+    if (const auto expected = m_oracle.timers(); timers != expected.value_or(timers))
+        m_oracle.fail(
+            std::to_string(timers) + " timers run when all is quiet, and not " + std::to_string(*expected));
     end(false);
 }
 
 void World::pass(double seconds)
 {
-    VirtualRunLoop& loop = m_platform.runLoop;
     for (double left = seconds; left > 1e-9; left -= kLook) {
-        loop.advance(std::min(left, kLook));
-        if (m_shownWindows > 0)
-            QApplication::processEvents();
+        loop().advance(std::min(left, kLook));
         look();
     }
 }
 
-void World::look()
+void World::passUntil(int thousandths)
 {
-    Oracle::World world {{int(m_hid.desk(0).height()), int(m_hid.desk(1).height())}, {}};
-    for (int i = 0; i < 2; ++i) {
-        if (m_hid.desk(i).isMoving())
-            m_lastMotion = now();
-    }
-    if (m_errorLine)
-        world.errorLine = !m_errorLine->isHidden();
-    m_oracle.look(now(), world);
+    const auto now = int64_t(std::llround(loop().monotonicNow() * 1000));
+    pass(double((100 + thousandths - now % 100) % 100) / 1000);
 }
 
-QWidget* World::window(const char* name)
+void World::look()
 {
-    for (QWidget* widget : QApplication::topLevelWidgets()) {
-        if (widget->isVisible() && !widget->isMinimized() && widget->objectName() == QLatin1String(name))
-            return widget;
+    QApplication::processEvents();
+    if (!m_isRunning)
+        return;
+    Oracle::Shown shown {{errorOf(m_main), errorOf(m_reminder)}, {}, {}, {}, {}};
+    if (m_main) {
+        shown.height = textOf(m_main, "labelTabelHeigt");
+        shown.status = textOf(m_main, "labelStatus");
     }
-    return nullptr;
+    if (m_reminder && m_reminder->isVisible()) {
+        shown.number = textOf(m_reminder, "calRadialTitle");
+        shown.memory = textOf(m_reminder, "buttonMemory");
+    }
+    oracle().look(shown);
 }
 
 bool World::eventFilter(QObject* receiver, QEvent* event)
 {
     if (event->type() != QEvent::Show && event->type() != QEvent::Hide)
         return false;
-    auto* shown = qobject_cast<QWidget*>(receiver);
-    if (!shown || !shown->isWindow())
+    auto* window = qobject_cast<QWidget*>(receiver);
+    if (!window || !window->isWindow() || !m_isRunning)
         return false;
-    m_shownWindows += event->type() == QEvent::Show ? 1 : -1;
-    if (m_ended)
-        return false;
-    if (m_held && m_held->window() == shown && event->type() == QEvent::Hide) {
+    const bool isShow = event->type() == QEvent::Show;
+    if (m_held && m_held->window() == window && !isShow) {
         m_held.clear();
-        m_oracle.letGo(now(), shown->objectName() == QLatin1String("NotificationWindow"));
+        oracle().letGo(isReminder(window));
     }
-    if (shown->objectName() != QLatin1String("NotificationWindow"))
-        return false;
-    const auto label = [&](const char* name) {
-        const auto* widget = shown->findChild<QWidget*>(QString::fromLatin1(name));
-        return widget->property("text").toString().toStdString();
-    };
-    if (event->type() == QEvent::Show)
-        m_oracle.reminderShown(now(), label("calRadialTitle"), label("buttonMemory"));
-    else
-        m_oracle.reminderHidden(now());
+    if (isReminder(window) && isShow) {
+        m_reminder = window;
+        oracle().reminderAppeared();
+    } else if (isReminder(window)) {
+        oracle().reminderLeft();
+    } else if (isShow && window->objectName() == QLatin1String("MainWindow")) {
+        m_main = window;
+    }
     return false;
 }
 
 void World::play(const Step& step)
 {
-    const auto& names = variantNames(step.verb);
-    const std::string variant = names.empty() ? std::string() : names[size_t(step.variant)];
-    switch (step.verb) {
-    case Verb::Wait:
-        return;
-    case Verb::Press:
-        return press(step.variant);
-    case Verb::LetGo:
-        return letGo(step.variant);
-    case Verb::Open:
-        return variant == "main" ? open() : close("MainWindow");
-    case Verb::Plug:
-        return plug(step.variant);
-    case Verb::Unplug:
-        return unplug(step.variant);
-    case Verb::Wire:
-        return setWire(variant, step.value);
-    case Verb::Error:
-        return setError(step.variant);
-    case Verb::Handset:
-        m_lastMotion = now();
-        return m_hid.desk(step.variant).setHeight(int(step.value));
-    case Verb::User:
-        return variant == "away" ? leave() : comeBack();
-    case Verb::Dark:
-        return darken();
-    case Verb::Signal:
-        return variant == "sleep" ? announceSleep() : tellOfWake();
-    case Verb::Sleep:
-        return sleep(step);
-    case Verb::Clock:
-        return setClock(step.value);
-    case Verb::Set:
-        return set(step.variant, step.value);
-    case Verb::Answer:
-        return answer(variant);
-    case Verb::Disk:
-        return setDisk(variant == "full");
-    case Verb::End:
-        end(variant == "kill");
-        pass(step.seconds);
-        return start();
-    case Verb::Freeze:
-        return freeze(step.value);
+    using Player = void (World::*)(const Step&);
+    /// In the order of Verb.
+    constexpr Player players[] {&World::wait, &World::press, &World::letGo, &World::openOrClose, &World::plug,
+        &World::unplug, &World::setWire, &World::setError, &World::moveByHandset, &World::setUser,
+        &World::darken, &World::signal, &World::sleep, &World::setClock, &World::travel, &World::set,
+        &World::answer, &World::setDisk, &World::restart, &World::freeze};
+    (this->*players[size_t(step.verb)])(step);
+}
+
+void World::setUser(const Step& step)
+{
+    if (step.variant == 1)
+        m_user->awaySince.reset();
+    else if (!m_user->awaySince)
+        m_user->awaySince = loop().monotonicNow();
+    oracle().setAway(m_user->awaySince);
+}
+
+void World::darken(const Step&)
+{
+    m_workspace.screensSleep();
+    oracle().dark();
+}
+
+void World::signal(const Step& step)
+{
+    if (step.variant == 0) {
+        m_workspace.willSleep();
+        oracle().sleepAnnounced();
+    } else {
+        m_workspace.wake();
+        oracle().wakeTold();
     }
 }
 
-void World::leave()
+void World::sleep(const Step& step)
 {
-    if (!m_user->awaySince)
-        m_user->awaySince = m_platform.runLoop.monotonicNow();
-    m_oracle.away(now());
+    const int with = step.variant;
+    const Step adapter {Verb::Plug, std::max(m_oracle.driven(), 0), 0, 0};
+    const double seconds = step.value * (with & ForHours ? 100 : 1);
+    if (with & DarkBefore)
+        darken(step);
+    if (with & Announced)
+        signal({Verb::Signal, 0, 0, 0});
+    look();
+    loop().sleepMachine(seconds);
+    oracle().slept(seconds);
+    if (with & UnpluggedInSleep)
+        unplug(adapter);
+    if (with & ReplugBeforeWake)
+        plug(adapter);
+    if (with & WakeTold)
+        signal({Verb::Signal, 1, 0, 0});
+    if (with & UnpluggedInSleep)
+        plug(adapter);
 }
 
-void World::comeBack()
+void World::freeze(const Step& step)
 {
-    m_user->awaySince.reset();
-    m_oracle.back(now());
+    oracle().frozenUntil(loop().monotonicNow() + step.value);
+    loop().jump(step.value / 2);
+    const QPointer<QWidget> button = std::exchange(m_held, nullptr);
+    if (button) {
+        QCoreApplication::postEvent(button.data(),
+            new QMouseEvent(QEvent::MouseButtonRelease, QPointF(3, 3), button->mapToGlobal(QPointF(3, 3)),
+                Qt::LeftButton, Qt::NoButton, Qt::NoModifier));
+        oracle().letGo(false);
+    }
+    loop().jump(step.value / 2);
+    loop().advance(0);
+    QApplication::processEvents();
+    if (button)
+        oracle().letGo(isReminder(button->window())); // The window hears of it only now.
 }
 
-void World::darken()
+void World::setClock(const Step& step)
 {
-    m_oracle.dark(now());
-    m_workspace.screensSleep();
+    const double by =
+        std::array {7., 3600., -3600., 86400., -604800., 1.5e9}[size_t(step.variant)] + step.value;
+    oracle().clockSet(by);
+    loop().setWallClock(loop().now() + by);
 }
 
-void World::announceSleep()
+void World::travel(const Step& step)
 {
-    m_workspace.willSleep();
-    m_oracle.sleepAnnounced(now());
+    qputenv("TZ", variantNames(Verb::Zone)[size_t(step.variant)]);
+    tzset();
 }
 
-void World::tellOfWake()
+/// As the program's own screens do; those without a setter are for whoever edits the file.
+void World::set(const Step& step)
 {
-    m_oracle.wakeTold(now());
-    m_workspace.wake();
+    using Setter = void (*)(AppProperties&, double);
+    static const std::map<std::string, Setter> setters {
+        {"Weight", [](auto& properties, double value) { properties.setWeight(value); }},
+        {"ActivityMode", [](auto& properties, double value) { properties.setActivityMode(int(value)); }},
+        {"ActivityGoal", [](auto& properties, double value) { properties.setActivityGoal(value); }},
+        {"NumberOfStandUps",
+            [](auto& properties, double value) { properties.setNumberOfStandUps(int(value)); }},
+        {"DevicePosition1",
+            [](auto& properties, double value) { properties.setDevicePosition1(int(value)); }},
+        {"DevicePosition2",
+            [](auto& properties, double value) { properties.setDevicePosition2(int(value)); }},
+        {"DevicePosition3",
+            [](auto& properties, double value) { properties.setDevicePosition3(int(value)); }},
+        {"TablePositionOffset",
+            [](auto& properties, double value) { properties.setTablePositionOffset(int(value)); }},
+    };
+    const char* const key = settingKeys()[size_t(step.variant)];
+    oracle().set(size_t(step.variant), step.value);
+    if (const auto setter = setters.find(key); setter != setters.end())
+        setter->second(AppProperties::instance(), step.value);
+    else
+        AppProperties::setDouble(step.value, QString::fromLatin1(key));
 }
 
-void World::setClock(double by)
+void World::readSettingsBack()
 {
-    if (now() < m_rowsWaitUntil)
-        return; // Of rows that wait for room nobody could tell by which clock they began.
-    m_oracle.clockSet(now(), by);
-    m_platform.runLoop.setWallClock(m_platform.runLoop.now() + by);
+    const QSettings file(settingsPath(), QSettings::IniFormat);
+    for (const char* key : settingKeys()) {
+        if (file.value(QLatin1String(key)).toDouble() != m_oracle.setting(key))
+            m_oracle.fail(std::string("the settings file lost ") + key);
+    }
 }
 
-void World::close(const char* name)
+void World::openOrClose(const Step& step)
 {
-    if (QWidget* shown = window(name))
-        shown->close();
-}
-
-void World::open()
-{
-    m_oracle.opened(now());
+    if (step.variant == 1)
+        return void(m_main && m_main->close());
+    oracle().opened();
     m_app->menuOpenClicked();
-    QWidget* const shown = window("MainWindow");
-    ASSERT_TRUE(shown);
-    m_errorLine = shown->findChild<QWidget*>(QStringLiteral("labelErrorText"));
+    ASSERT_TRUE(isUsable(m_main));
+    const auto* goal = m_main->findChild<CircleIndicatorView*>(QStringLiteral("caloriesBurnedIndicator"));
+    const auto* schedule = m_main->findChild<CircleIndicatorView*>(QStringLiteral("scheduleIndicator"));
+    oracle().look({textOf(m_main, "labelPercent"), goal->value().value_or(QString()).toStdString(),
+        schedule->value().value_or(QString()).toStdString(), schedule->percent()});
 }
 
-void World::press(int variant)
+void World::press(const Step& step)
 {
-    HoldButton button = kButtons[variant];
-    QWidget* const shown = window(button.window);
-    if (m_held || !shown)
+    const HoldButton& button = kButtons[step.variant];
+    QWidget* const window = button.isOnReminder ? m_reminder.data() : m_main.data();
+    if (m_held || !isUsable(window))
         return;
-    m_held = shown->findChild<QWidget*>(QString::fromLatin1(button.name));
-    if (button.setting && button.name == std::string("buttonMemory")
-        && m_held->property("text") == QLatin1String("Memory1"))
-        button.setting = "DevicePosition1";
-    m_oracle.pressed(now(), button.setting ? uint16_t(m_oracle.setting(button.setting)) : button.command,
-        shown->objectName() == QLatin1String("NotificationWindow"));
+    m_held = child(window, button.name);
+    const bool isToSit = button.isOnReminder && textOf(window, "buttonMemory") == "Memory1";
+    const char* const setting = button.setting && isToSit ? "DevicePosition1" : button.setting;
+    oracle().pressed(setting ? uint16_t(m_oracle.setting(setting)) : button.command, button.isOnReminder);
     QTest::mousePress(m_held.data(), Qt::LeftButton);
 }
 
-void World::letGo(int variant)
+void World::letGo(const Step& step)
 {
     if (!m_held)
         return;
     const QPointer<QWidget> button = std::exchange(m_held, nullptr);
     QWidget* const around = button->window();
-    const bool isReminder = around->objectName() == QLatin1String("NotificationWindow");
-    m_oracle.letGo(now(), isReminder);
-    if (isReminder && variant < 3)
-        variant = 0; // It has no frame to hide or minimise it by.
-    if (isReminder && variant == 3)
-        m_oracle.reminderAnswered(now(), "close");
-    if (variant == 1)
+    const bool hasFrame = !isReminder(around); // To hide or minimise it by.
+    oracle().letGo(!hasFrame);
+    if (!hasFrame && step.variant == 3 && m_oracle.isReminderOpen())
+        m_oracle.answered("close");
+    if (step.variant == 1 && hasFrame)
         around->hide();
-    else if (variant == 2)
+    else if (step.variant == 2 && hasFrame)
         around->showMinimized();
-    else if (variant == 3)
+    else if (step.variant == 3)
         around->close();
-    else if (variant == 4)
+    else if (step.variant == 4)
         QApplication::setActiveWindow(nullptr);
     if (button)
         QTest::mouseRelease(button.data(), Qt::LeftButton);
     QApplication::processEvents();
 }
 
-void World::plug(int adapter)
+void World::answer(const Step& step)
 {
-    if (m_hid.isPlugged(adapter) || (now() < m_lostUntil && m_hid.isPlugged(1 - adapter)))
+    if (m_held || !isUsable(m_reminder) || !oracle().isReminderOpen())
         return;
-    m_oracle.plugged(now(), adapter);
-    m_hid.plug(adapter);
-    tellOfError();
-    m_platform.runLoop.advance(0);
+    const std::string how = variantNames(Verb::Answer)[size_t(step.variant)];
+    m_oracle.answered(how);
+    if (how == "skip") {
+        QWidget* const view = child(m_reminder, "notificationView");
+        QEnterEvent enter(QPointF(5, 5), QPointF(5, 5), view->mapToGlobal(QPointF(5, 5)));
+        QCoreApplication::sendEvent(view, &enter);
+    }
+    if (how == "close")
+        m_reminder->close();
+    else
+        QTest::mouseClick(
+            child(m_reminder, how == "snooze" ? "buttonSnooze" : "buttonCancel"), Qt::LeftButton);
 }
 
-void World::unplug(int adapter)
+void World::setDisk(const Step& step)
 {
-    if (!m_hid.isPlugged(adapter))
-        return;
-    m_oracle.unplugged(now(), adapter);
-    m_hid.unplug(adapter);
-    m_platform.runLoop.advance(0);
-    tellOfError();
+    const bool isFull = step.variant == 0 && m_oracle.hasStore(); // One that cannot be made is another story.
+    FullDisk::setFull(isFull);
+    oracle().disk(isFull);
 }
 
-void World::tellOfError()
+void World::setWire(const Step& step)
 {
-    const int driven = m_oracle.driven();
-    m_oracle.deskError(now(), driven >= 0 && m_hid.desk(driven).hasError());
-}
-
-void World::setDisk(bool full)
-{
-    m_rowsWaitUntil = full ? 1e18 : now() + kPulse;
-    FullDisk::setFull(full);
-    m_oracle.disk(now(), full);
-}
-
-void World::setWire(const std::string& how, double value)
-{
-    // Of two adapters that are lost and found, which one is driven in the end is a matter of luck.
-    const bool isBad = how != "well" && how != "one-failure" && how != "slow";
-    if (isBad && m_hid.isPlugged(0) && m_hid.isPlugged(1))
-        return;
-    if (how != "one-failure")
-        m_lostUntil = isBad ? 1e18 : std::min(m_lostUntil, now() + kReturn);
-    m_oracle.wire(now(), how, value);
+    const std::string how = variantNames(Verb::Wire)[size_t(step.variant)];
+    if (how == "one-failure")
+        return m_desks.adapter(std::max(m_oracle.driven(), 0)).failNext(1, EPROTO);
+    m_isSlow = how == "slow" && !(m_desks.isPlugged(0) && m_desks.isPlugged(1));
+    const bool isStuck = how == "stalled" || how == "silent";
+    const bool isGood = how == "well" || how == "slow";
+    const double latency = m_isSlow ? step.value + 0.0037 : 0; // At a moment of its own.
+    oracle().wire(isGood || how == "failing-writes", isGood, isStuck ? INFINITY : latency);
     for (int number : {0, 1}) {
-        SimulatedAdapter& adapter = m_hid.adapter(number);
-        if (how == "one-failure") {
-            adapter.failNext(1, EPROTO);
-            continue;
-        }
+        SimulatedAdapter& adapter = m_desks.adapter(number);
         DeskModel::Faults& faults = adapter.desk().faults();
         faults.failingReads = how == "failing" || how == "failing-reads";
         faults.failingWrites = how == "failing" || how == "failing-writes";
         faults.noAnswer = how == "silent";
-        adapter.setLatency(how == "slow" ? value : 0);
+        adapter.setLatency(latency);
         adapter.setStalled(how == "stalled");
     }
+    loop().advance(0);
 }
 
-void World::setError(int variant)
+void World::setError(const Step& step)
 {
-    DeskModel& model = m_hid.desk(std::max(m_oracle.driven(), 0));
+    DeskModel& model = m_desks.desk(std::max(m_oracle.driven(), 0));
     using Kind = DeskModel::ErrorKind;
-    const Kind kinds[] = {Kind::PositionLost, Kind::OverloadUp, Kind::OverloadDown};
-    if (variant < 3)
-        model.setError(kinds[variant], true);
-    else if (variant == 3)
+    if (step.variant < 3)
+        model.setError(
+            std::array {Kind::PositionLost, Kind::OverloadUp, Kind::OverloadDown}[size_t(step.variant)],
+            true);
+    else if (step.variant == 3)
         (void)model.addErrorCode(17);
-    else if (variant == 4)
+    else if (step.variant == 4)
         model.setUnnamedError(true);
     else
         model.clearErrors();
-    tellOfError();
 }
 
-void World::sleep(const Step& step)
+void World::moveByHandset(const Step& step)
 {
-    const int with = step.variant;
-    const int adapter = std::max(m_oracle.driven(), 0);
-    if (with & DarkBefore)
-        darken();
-    if (with & Announced)
-        announceSleep();
-    look();
-    const double from = now();
-    m_platform.runLoop.sleepMachine(step.value);
-    m_oracle.slept(from, now());
-    m_sleeps.push_back({m_platform.runLoop.monotonicNow(), step.value});
-    if (with & UnpluggedInSleep)
-        unplug(adapter);
-    if ((with & UnpluggedInSleep) && (with & ReplugBeforeWake))
-        plug(adapter);
-    if (with & WakeTold)
-        m_workspace.wake();
-    if ((with & UnpluggedInSleep) && !(with & ReplugBeforeWake))
-        plug(adapter);
+    m_desks.desk(0).setHeight(int(step.value));
 }
 
-void World::freeze(double seconds)
+void World::plug(const Step& step)
 {
-    m_oracle.frozen(now(), now() + seconds);
-    m_platform.runLoop.jump(seconds / 2);
-    if (m_held) {
-        QCoreApplication::postEvent(m_held.data(),
-            new QMouseEvent(QEvent::MouseButtonRelease, QPointF(3, 3), m_held->mapToGlobal(QPointF(3, 3)),
-                Qt::LeftButton, Qt::NoButton, Qt::NoModifier));
-        m_oracle.letGo(now(), m_held->window()->objectName() == QLatin1String("NotificationWindow"));
-        m_held.clear();
-    }
-    m_platform.runLoop.jump(seconds / 2);
-    m_platform.runLoop.advance(0);
-    QApplication::processEvents();
-}
-
-void World::set(int variant, double value)
-{
-    AppProperties& properties = AppProperties::instance();
-    const std::string key = settingKeys()[size_t(variant)];
-    const bool moves = m_held
-        || now() < std::max(
-               m_lastMotion + 5, m_lostUntil); // Then which standing point counts is a matter of luck.
-    if (moves && key.starts_with("DevicePosition"))
+    const int adapter = step.variant;
+    // Which of two slow adapters answers whom, and when, is a story of its own.
+    if (m_desks.isPlugged(adapter) || (m_isSlow && m_desks.isPlugged(1 - adapter)))
         return;
-    m_oracle.settingChanged(now(), size_t(variant), value);
-    if (key == "Weight")
-        properties.setWeight(value);
-    else if (key == "ActivityMode")
-        properties.setActivityMode(int(value));
-    else if (key == "ActivityGoal")
-        properties.setActivityGoal(value);
-    else if (key == "NumberOfStandUps")
-        properties.setNumberOfStandUps(int(value));
-    else if (key == "DevicePosition1")
-        properties.setDevicePosition1(int(value));
-    else if (key == "DevicePosition2")
-        properties.setDevicePosition2(int(value));
-    else if (key == "DevicePosition3")
-        properties.setDevicePosition3(int(value));
-    else
-        AppProperties::setDouble(value, QString::fromStdString(key));
+    passUntil(37);
+    oracle().plugged(adapter, true);
+    m_bus->plug(adapter);
+    loop().advance(0);
 }
 
-void World::answer(const std::string& how)
+void World::unplug(const Step& step)
 {
-    QWidget* const reminder = window("NotificationWindow");
-    if (m_held || !reminder || !m_oracle.isReminderOpen())
+    if (!m_desks.isPlugged(step.variant))
         return;
-    m_oracle.reminderAnswered(now(), how);
-    auto* view = reminder->findChild<QWidget*>(QStringLiteral("notificationView"));
-    if (how == "skip") {
-        QEnterEvent enter(QPointF(5, 5), QPointF(5, 5), view->mapToGlobal(QPointF(5, 5)));
-        QCoreApplication::sendEvent(view, &enter);
-    }
-    if (how == "close") {
-        reminder->close();
-        return;
-    }
-    const char* const name = how == "snooze" ? "buttonSnooze" : "buttonCancel";
-    QTest::mouseClick(reminder->findChild<QWidget*>(QString::fromLatin1(name)), Qt::LeftButton);
+    oracle().plugged(step.variant, false);
+    m_desks.unplug(step.variant);
+    loop().advance(0);
+}
+
+void World::restart(const Step& step)
+{
+    end(step.variant == 0);
+    setDisk({Verb::Disk, 1, 0, 0});
+    passUntil(13);
+    start();
 }
 }

@@ -22,65 +22,64 @@ public:
 
     /// Plays the script; in the end everything is let go, well and quiet, and the program ends.
     void play();
-    [[nodiscard]] const Oracle& oracle() const { return m_oracle; }
-    /// Timers that run when all is quiet.
-    [[nodiscard]] size_t quietTimers() const { return m_quietTimers; }
+    /// As things stand now.
+    [[nodiscard]] Oracle& oracle();
 
     bool eventFilter(QObject* receiver, QEvent* event) override;
 
 private:
+    /// The cables: tells the oracle which adapters are taken up and given up.
+    class Bus;
+    /// The hands on mouse and keyboard.
+    struct User;
+
     void start();
     void end(bool killed);
     void pass(double seconds);
+    /// Until so many thousandths of a second after a tenth: what the program, its adapters and the user do at
+    /// one and the same moment nobody could put in an order.
+    void passUntil(int thousandths);
     void look();
     void play(const Step& step);
-    void open();
-    static void close(const char* name);
-    void leave();
-    void comeBack();
-    void darken();
-    void announceSleep();
-    void tellOfWake();
-    void setClock(double by);
-    void press(int variant);
-    void letGo(int variant);
+    void wait(const Step&) { }
+    void press(const Step& step);
+    void letGo(const Step& step);
+    void openOrClose(const Step& step);
+    void answer(const Step& step);
+    void setUser(const Step& step);
+    void darken(const Step& step);
+    void signal(const Step& step);
     void sleep(const Step& step);
-    void freeze(double seconds);
-    void set(int variant, double value);
-    void setDisk(bool full);
-    void setWire(const std::string& how, double value);
-    void setError(int variant);
-    void answer(const std::string& how);
-    void plug(int adapter);
-    void unplug(int adapter);
-    void tellOfError();
+    void freeze(const Step& step);
+    void setClock(const Step& step);
+    void travel(const Step& step);
+    void set(const Step& step);
+    void setDisk(const Step& step);
+    void setWire(const Step& step);
+    void setError(const Step& step);
+    void moveByHandset(const Step& step);
+    void plug(const Step& step);
+    void unplug(const Step& step);
+    void restart(const Step& step);
+    void readSettingsBack();
     void quiet();
-    [[nodiscard]] double now() const { return m_platform.runLoop.bootTimeNow(); }
-    [[nodiscard]] static QWidget* window(const char* name);
+    [[nodiscard]] QString settingsPath() const;
+    [[nodiscard]] VirtualRunLoop& loop() { return m_platform.runLoop; }
 
     const Script& m_script;
     TestPlatform m_platform;
     Oracle m_oracle;
-    class User;
     std::unique_ptr<User> m_user;
     FakeWorkspace m_workspace;
     FakeLoginItems m_loginItems;
     FakeDialogs m_dialogs;
-    SimulatedHidManager m_hid;
+    SimulatedHidManager m_desks;
+    std::unique_ptr<Bus> m_bus;
     std::unique_ptr<QtUserDefaults> m_defaults;
     std::optional<ProcessServices> m_process;
     std::unique_ptr<SleepAwareEventSource> m_events;
     std::unique_ptr<AppDelegate> m_app;
-    QPointer<QWidget> m_held;
-    QPointer<QWidget> m_errorLine; ///< of the main window, once there is one
-    double m_lastMotion = 0, m_rowsWaitUntil = 0;
-    struct Slept {
-        double at, seconds; ///< on the clock that stands still meanwhile
-    };
-    std::vector<Slept> m_sleeps;
-    size_t m_quietTimers = 0;
-    int m_shownWindows = 0;
-    bool m_ended = false;
-    double m_lostUntil = 0; ///< adapters may be gone and come back
+    QPointer<QWidget> m_held, m_main, m_reminder;
+    bool m_isRunning = false, m_isSlow = false;
 };
 }
