@@ -19,7 +19,7 @@ class Worker:
         desktop.settings(**(PLAN | {"DevicePosition1": 700, "DevicePosition2": 1500} | settings))
         self.rate = SIMULATED_RATE if simulated else RATE
         self.adapter = None if simulated else desktop.plug()
-        self.program = desktop.start_recording()
+        self.program = desktop.start_recording("--test-window")
         self.since = desktop.records()[0][0]
 
     @property
@@ -105,18 +105,21 @@ def test_answered_by_moving_the_desk_and_by_no_key_for_another_program(desktop):
 
 def test_who_stands_is_asked_to_sit_and_nobody_without_a_desk(desktop):
     # 250 kcal a day at 60 kg are 44 minutes an hour; 7 at a time burn 5 kcal.
-    worker = Worker(desktop, simulated=False, ActivityMode=1, ActivityGoal=250, Weight=60)
+    worker = Worker(desktop, ActivityMode=1, ActivityGoal=250, Weight=60)
     window = worker.is_reminded_after((60 - 44) * 60 / 6)
     assert {"5", "Calories", "Stand for 7\xa0min to burn 5\xa0kcal."} <= set(window.says())
-    worker.does(lambda: window.find("Snooze").press())
-    worker.adapter.put(4000)
+    desktop.move_pointer(*window.find("Stand").middle)
+    desktop.button(True)
     worker.has_stood_up()
+    desktop.button(False)
+    worker.leaves_the_pointer_elsewhere()
+    wait_until(lambda: not worker.reminder, "the reminder gone")
     window = worker.is_reminded_after(44 * 60 / 6)
-    assert {"Sit", "Minutes", "2", "102 cm", "Sit for 2\xa0min, then stand again."} <= set(window.says())
+    assert {"Sit", "Minutes", "2", "Sit for 2\xa0min, then stand again."} <= set(window.says())
     worker.program.click_tray()  # The main window takes its place.
     main = worker.program.window_with("History")
-    wait_until(lambda: not main.all("Snooze") and len(desktop.windows()) == 1, "the reminder gone")
+    wait_until(lambda: not main.all("Snooze") and len(desktop.windows()) == 2, "the reminder gone")
     worker.does(worker.program.click_tray)
-    worker.adapter.unplug()
+    worker.program.window_with("Unplug").find("Unplug").press()
     with worker.clock.running(RATE):
         holds_for(3, lambda: not worker.reminder, "no desk, no reminder")
