@@ -146,8 +146,8 @@ int run(const CommandLine& commandLine, Application& application, SingleInstance
     onSession(&QGuiApplication::saveStateRequest, [](QSessionManager& session) {
         session.setRestartHint(QSessionManager::RestartNever); // The autostart entry starts it.
     });
-    instance.onActivated([&app](const ActivationToken& token) {
-        qputenv("XDG_ACTIVATION_TOKEN", token.xdgActivationToken);
+    instance.onActivated([&app](const QByteArray& activationToken) {
+        qputenv("XDG_ACTIVATION_TOKEN", activationToken);
         app.showSomething();
     });
 
@@ -182,7 +182,7 @@ CommandLine readCommandLine(int argc, char** argv)
 
 int showFirstInstance(const SingleInstance& instance)
 {
-    if (instance.activateFirst(ActivationToken::fromEnvironment()))
+    if (instance.activateFirst(qgetenv("XDG_ACTIVATION_TOKEN")))
         return 0;
     Log::line(QStringLiteral("The program runs already, but does not answer."));
     return 1;
