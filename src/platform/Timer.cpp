@@ -2,9 +2,8 @@
 
 #include <utility>
 
-Timer::Timer(double intervalSeconds, QVariant userInfo)
+Timer::Timer(QVariant userInfo)
     : m_userInfo(std::move(userInfo))
-    , m_intervalSeconds(intervalSeconds)
 {
 }
 

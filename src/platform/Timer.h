@@ -19,15 +19,13 @@ public:
     void invalidate();
     /// What was handed over when the timer was scheduled.
     [[nodiscard]] const QVariant& userInfo() const { return m_userInfo; }
-    [[nodiscard]] double intervalSeconds() const { return m_intervalSeconds; }
 
 protected:
-    Timer(double intervalSeconds, QVariant userInfo);
+    explicit Timer(QVariant userInfo);
     virtual void stop() = 0;
 
 private:
     QVariant m_userInfo;
-    double m_intervalSeconds;
     bool m_valid = true;
 };
 

@@ -130,23 +130,20 @@ protected:
     std::optional<QtRunLoop> m_loop {std::in_place};
 };
 
-TEST_F(QtRunLoopTest, aWaitOfOneOrSeveralLegsIsAsLongAsItsInterval)
+TEST_F(QtRunLoopTest, aWaitIsAsLongAsItsInterval)
 {
-    for (const double longestLeg : {3600.0, 0.01}) {
-        m_loop.emplace(longestLeg);
-        for (const Repeat repeats : {Repeat::No, Repeat::Yes}) {
-            std::vector<double> firedAt;
-            const double start = m_loop->monotonicNow();
-            const TimerRef timer = m_loop->scheduleTimer(
-                0.045, repeats, [&](Timer&) { firedAt.push_back(m_loop->monotonicNow() - start); }, {},
-                RunLoop::Precision::Precise);
-            const size_t expected = repeats == Repeat::Yes ? 2 : 1;
-            ASSERT_TRUE(runUntil([&] { return firedAt.size() == expected; }));
-            for (size_t i = 0; i < expected; ++i)
-                EXPECT_GE(firedAt[i], 0.044 * double(i + 1));
-            EXPECT_EQ(timer->isValid(), repeats == Repeat::Yes);
-            timer->invalidate();
-        }
+    for (const Repeat repeats : {Repeat::No, Repeat::Yes}) {
+        std::vector<double> firedAt;
+        const double start = m_loop->monotonicNow();
+        const TimerRef timer = m_loop->scheduleTimer(
+            0.0445, repeats, [&](Timer&) { firedAt.push_back(m_loop->monotonicNow() - start); }, {},
+            RunLoop::Precision::Precise);
+        const size_t expected = repeats == Repeat::Yes ? 2 : 1;
+        ASSERT_TRUE(runUntil([&] { return firedAt.size() == expected; }));
+        for (size_t i = 0; i < expected; ++i)
+            EXPECT_GE(firedAt[i], 0.0445 * double(i + 1));
+        EXPECT_EQ(timer->isValid(), repeats == Repeat::Yes);
+        timer->invalidate();
     }
 }
 

@@ -8,6 +8,10 @@
 #include <utility>
 
 namespace {
+constexpr double kMillisecondsPerSecond = 1000;
+/// QTimer counts milliseconds in an int, which holds a little more.
+constexpr double kLongestSeconds = 24.0 * 86400;
+
 double clockSeconds(clockid_t clock)
 {
     timespec time {};
@@ -26,23 +30,15 @@ class QtRunLoop::QtTimer final : public Timer, public std::enable_shared_from_th
 public:
     QtTimer(QtRunLoop& loop, double seconds, Repeat repeats, TimerCallback callback, QVariant userInfo,
         Precision precision)
-        : Timer(seconds, std::move(userInfo))
+        : Timer(std::move(userInfo))
         , m_loop(loop)
         , m_callback(std::move(callback))
-        , m_repeats(repeats)
-        , m_remaining(seconds)
     {
         m_timer.setTimerType(timerType(precision));
-        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { legEnded(); });
-    }
-
-    void start()
-    {
-        const double leg = std::min(m_remaining, m_loop.m_longestLegSeconds);
-        m_remaining -= leg;
-        const bool whole = m_remaining <= 0 && leg == intervalSeconds();
-        m_timer.setSingleShot(m_repeats == Repeat::No || !whole);
-        m_timer.start(int(std::ceil(leg * 1000.0)));
+        m_timer.setSingleShot(repeats == Repeat::No);
+        m_timer.setInterval(int(std::ceil(std::min(seconds, kLongestSeconds) * kMillisecondsPerSecond)));
+        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { fire(); });
+        m_timer.start();
     }
 
 protected:
@@ -54,37 +50,18 @@ protected:
     }
 
 private:
-    void legEnded()
+    void fire()
     {
         const TimerRef keepAlive = shared_from_this();
-        if (m_remaining > 0) {
-            start();
-            return;
-        }
-        if (m_repeats == Repeat::No)
+        if (m_timer.isSingleShot())
             invalidate();
-        else if (m_timer.isSingleShot())
-            restart();
         m_callback(*this);
-    }
-
-    void restart()
-    {
-        m_remaining = intervalSeconds();
-        start();
     }
 
     QtRunLoop& m_loop;
     QTimer m_timer;
     TimerCallback m_callback;
-    Repeat m_repeats;
-    double m_remaining;
 };
-
-QtRunLoop::QtRunLoop(double longestLegSeconds)
-    : m_longestLegSeconds(longestLegSeconds)
-{
-}
 
 QtRunLoop::~QtRunLoop()
 {
@@ -118,6 +95,5 @@ TimerRef QtRunLoop::platformScheduleTimer(
     auto timer = std::make_shared<QtTimer>(
         *this, seconds, repeats, std::move(callback), std::move(userInfo), precision);
     m_liveTimers.insert(timer);
-    timer->start();
     return timer;
 }

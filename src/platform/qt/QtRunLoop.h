@@ -6,12 +6,10 @@
 
 #include <unordered_set>
 
-/// The run loop of a Qt application.
+/// The run loop of a Qt application. No timer waits for more than 24 days.
 class QtRunLoop final : public RunLoop {
 public:
-    /// @param longestLegSeconds QTimer counts milliseconds in an int, which holds 24.8 days; a longer wait is
-    /// made of several legs. A test makes them short.
-    explicit QtRunLoop(double longestLegSeconds = 24.0 * 3600.0);
+    QtRunLoop() = default;
     ~QtRunLoop() override;
 
     [[nodiscard]] double now() const override;
@@ -27,5 +25,4 @@ private:
     class QtTimer;
     std::unordered_set<TimerRef> m_liveTimers;
     QObject m_context;
-    double m_longestLegSeconds;
 };

@@ -18,14 +18,16 @@ class VirtualRunLoop::VirtualTimer final : public Timer {
 public:
     VirtualTimer(
         VirtualRunLoop& loop, double seconds, Repeat repeats, TimerCallback callback, QVariant userInfo)
-        : Timer(seconds, std::move(userInfo))
+        : Timer(std::move(userInfo))
         , m_loop(loop)
         , m_callback(std::move(callback))
+        , m_interval(microseconds(seconds))
         , m_repeats(repeats == Repeat::Yes)
     {
     }
 
     [[nodiscard]] bool repeats() const { return m_repeats; }
+    [[nodiscard]] int64_t interval() const { return m_interval; }
     void setDue(Due due) { m_due = due; }
     [[nodiscard]] Due due() const { return m_due; }
     void fire() { m_callback(*this); }
@@ -43,6 +45,7 @@ protected:
 private:
     VirtualRunLoop& m_loop;
     TimerCallback m_callback;
+    int64_t m_interval; // In microseconds.
     Due m_due;
     bool m_repeats;
 };
@@ -117,7 +120,7 @@ TimerRef VirtualRunLoop::platformScheduleTimer(
 {
     auto timer =
         std::make_shared<VirtualTimer>(*this, seconds, repeats, std::move(callback), std::move(userInfo));
-    timer->setDue({m_monotonic + microseconds(seconds), m_nextOrder++});
+    timer->setDue({m_monotonic + timer->interval(), m_nextOrder++});
     m_timers.emplace(timer->due(), timer);
     return timer;
 }
@@ -138,9 +141,8 @@ void VirtualRunLoop::fireNext()
     } else {
         m_timers.erase(m_timers.begin());
         // After a stall the missed ticks are not made up for: the next one keeps the rhythm.
-        const int64_t interval = microseconds(timer->intervalSeconds());
-        const int64_t missed = (m_monotonic - timer->due().first) / interval;
-        timer->setDue({timer->due().first + (missed + 1) * interval, m_nextOrder++});
+        const int64_t missed = (m_monotonic - timer->due().first) / timer->interval();
+        timer->setDue({timer->due().first + (missed + 1) * timer->interval(), m_nextOrder++});
         m_timers.emplace(timer->due(), timer);
     }
     timer->fire();
