@@ -2,7 +2,6 @@
 
 #include <QSocketNotifier>
 
-#include <cerrno>
 #include <cstring>
 #include <libudev.h>
 #include <utility>
@@ -44,7 +43,7 @@ QMap<QString, QString> usbStrings(udev_device* device)
 struct HidrawMonitor::Handles {
     Context context {udev_new()};
     // Source "udev" speaks after the rules have run, when the node has its permissions.
-    Monitor monitor {context ? udev_monitor_new_from_netlink(context.get(), "udev") : nullptr};
+    Monitor monitor {udev_monitor_new_from_netlink(context.get(), "udev")};
 };
 
 HidrawMonitor::HidrawMonitor(Arrived arrived, Left left)
@@ -64,12 +63,9 @@ HidStatus HidrawMonitor::start()
 HidStatus HidrawMonitor::listen()
 {
     m_handles = std::make_shared<Handles>();
+    // libudev takes null for a monitor or an enumeration and says that it is none.
     udev_monitor* monitor = m_handles->monitor.get();
-    if (!monitor)
-        return errno ? errno : EIO;
-    if (const int error = udev_monitor_filter_add_match_subsystem_devtype(monitor, "hidraw", nullptr);
-        error < 0)
-        return -error;
+    udev_monitor_filter_add_match_subsystem_devtype(monitor, "hidraw", nullptr);
     if (const int error = udev_monitor_enable_receiving(monitor); error < 0)
         return -error;
     m_notifier = std::make_unique<QSocketNotifier>(udev_monitor_get_fd(monitor), QSocketNotifier::Read);
@@ -81,8 +77,6 @@ HidStatus HidrawMonitor::enumerate()
 {
     udev* context = m_handles->context.get();
     const Enumeration enumeration(udev_enumerate_new(context));
-    if (!enumeration)
-        return ENOMEM;
     udev_enumerate_add_match_subsystem(enumeration.get(), "hidraw");
     // A device whose rules have yet to run would be refused for lack of permission; the monitor reports it.
     udev_enumerate_add_match_is_initialized(enumeration.get());

@@ -8,11 +8,6 @@
 #include <unistd.h>
 #include <utility>
 
-namespace {
-/// The length travels in 14 bits of the request number.
-constexpr size_t kLongestReport = (1U << _IOC_SIZEBITS) - 1;
-}
-
 HidrawNode::HidrawNode(std::string path)
     : m_path(std::move(path))
 {
@@ -42,11 +37,9 @@ HidStatus HidrawNode::open()
 
 HidStatus HidrawNode::setFeature(std::span<const uint8_t> report)
 {
-    if (report.size() > kLongestReport)
-        return EINVAL;
     // The kernel only reads from the buffer, its interface just has no way to say so.
     auto* bytes = const_cast<uint8_t*>(report.data());
-    const int sent = transfer(HIDIOCSFEATURE(report.size()), bytes);
+    const int sent = ioctl(m_file, HIDIOCSFEATURE(report.size()), bytes);
     if (sent < 0)
         return errno;
     return size_t(sent) == report.size() ? 0 : EIO;
@@ -54,16 +47,5 @@ HidStatus HidrawNode::setFeature(std::span<const uint8_t> report)
 
 HidStatus HidrawNode::getFeature(std::span<uint8_t> report)
 {
-    if (report.size() > kLongestReport)
-        return EINVAL;
-    return transfer(HIDIOCGFEATURE(report.size()), report.data()) < 0 ? errno : 0;
-}
-
-int HidrawNode::transfer(unsigned long request, uint8_t* bytes) const
-{
-    if (!m_isOurs) {
-        errno = ENODEV;
-        return -1;
-    }
-    return ioctl(m_file, request, bytes);
+    return ioctl(m_file, HIDIOCGFEATURE(report.size()), report.data()) < 0 ? errno : 0;
 }

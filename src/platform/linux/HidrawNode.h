@@ -18,14 +18,13 @@ public:
     /// Opens and locks the node; 0 when that has been done already. EBUSY: another program holds the lock.
     [[nodiscard]] HidStatus open();
 
+    // Only a node that has been opened carries reports.
     /// Sends a feature report, the report ID in byte 0.
     [[nodiscard]] HidStatus setFeature(std::span<const uint8_t> report);
     /// Reads a feature report, the report ID in byte 0. A shorter answer leaves the rest as it was.
     [[nodiscard]] HidStatus getFeature(std::span<uint8_t> report);
 
 private:
-    [[nodiscard]] int transfer(unsigned long request, uint8_t* bytes) const;
-
     std::string m_path;
     int m_file = -1;
     bool m_isOurs = false;
