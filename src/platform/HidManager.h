@@ -79,6 +79,7 @@ public:
 
 protected:
     HidManager() = default;
+    [[nodiscard]] bool isMatching(const HidDevice& device) const;
 
     Matching m_matching;
     DeviceCallback m_matched;

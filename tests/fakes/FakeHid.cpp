@@ -45,11 +45,7 @@ HidStatus FakeHidManager::open()
 
 void FakeHidManager::plug(const HidDeviceRef& device)
 {
-    const auto matches = [&](const QString& name) {
-        return device->stringProperty(name) == m_matching.value(name);
-    };
-    const auto names = m_matching.keys();
-    if (!m_open || !std::all_of(names.begin(), names.end(), matches))
+    if (!m_open || !isMatching(*device))
         return;
     m_attached.push_back(device);
     if (m_matched)

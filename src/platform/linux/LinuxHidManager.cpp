@@ -78,13 +78,12 @@ std::vector<HidDeviceRef> LinuxHidManager::copyDevices() const
 
 void LinuxHidManager::arrived(const HidrawAdapter& adapter)
 {
-    if (!matches(adapter) || find(adapter.syspath) != m_attached.end())
+    const auto device = std::make_shared<HidrawDevice>(adapter, m_restReport,
+        [this](const HidDeviceRef& sender, const HidMailbox::News& news) { newsArrived(sender, news); });
+    if (!isMatching(*device) || find(adapter.syspath) != m_attached.end())
         return;
-    Attached attached;
-    attached.device = std::make_shared<HidrawDevice>(adapter, m_restReport,
-        [this](const HidDeviceRef& device, const HidMailbox::News& news) { newsArrived(device, news); });
-    beginOpening(attached.device);
-    m_attached.push_back(std::move(attached));
+    beginOpening(device);
+    m_attached.push_back({device, {}, {}, {}});
 }
 
 void LinuxHidManager::left(const QString& syspath)
@@ -172,15 +171,6 @@ void LinuxHidManager::newsArrived(const HidDeviceRef& device, const HidMailbox::
     case HidMailbox::News::Kind::None:
         break;
     }
-}
-
-bool LinuxHidManager::matches(const HidrawAdapter& adapter) const
-{
-    const auto names = m_matching.keys();
-    return std::all_of(names.begin(), names.end(), [&](const QString& name) {
-        const auto value = adapter.strings.constFind(name);
-        return value != adapter.strings.cend() && *value == m_matching[name];
-    });
 }
 
 LinuxHidManager::DeviceList::iterator LinuxHidManager::find(const QString& syspath)

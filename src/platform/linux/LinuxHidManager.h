@@ -41,7 +41,6 @@ private:
     void openingEnded(const QString& syspath, HidStatus status);
     void newsArrived(const HidDeviceRef& device, const HidMailbox::News& news);
 
-    [[nodiscard]] bool matches(const HidrawAdapter& adapter) const;
     [[nodiscard]] DeviceList::iterator find(const QString& syspath);
 
     HidrawMonitor m_monitor;

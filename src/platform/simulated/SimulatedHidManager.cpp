@@ -2,7 +2,6 @@
 
 #include "platform/simulated/SimulatedHidDevice.h"
 
-#include <algorithm>
 #include <utility>
 
 SimulatedHidManager::SimulatedHidManager()
@@ -83,10 +82,7 @@ std::shared_ptr<SimulatedHidDevice> SimulatedHidManager::makeDevice(Slot& slot)
 
 bool SimulatedHidManager::isPresent(const Slot& slot) const
 {
-    const auto names = m_matching.keys();
-    return slot.device && !slot.device->isLost()
-        && std::all_of(names.begin(), names.end(),
-            [&](const QString& name) { return slot.device->stringProperty(name) == m_matching.value(name); });
+    return slot.device && !slot.device->isLost() && isMatching(*slot.device);
 }
 
 void SimulatedHidManager::newsArrived(const HidDeviceRef& device, const HidMailbox::News& news)
