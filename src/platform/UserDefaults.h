@@ -3,7 +3,8 @@
 #include <QString>
 #include <QVariant>
 
-/// The per-user settings store: typed values by key. Every change is on disk when synchronize() returns true.
+/// The per-user settings store: numbers, truth values and texts by key. Every change is on disk when
+/// synchronize() returns true.
 class UserDefaults {
 public:
     virtual ~UserDefaults() = default;

@@ -17,30 +17,12 @@
 namespace {
 constexpr auto kOwnerOnly = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
 
-bool isList(const QVariant& value)
-{
-    return value.userType() == QMetaType::QVariantList || value.userType() == QMetaType::QStringList;
-}
-
-/// INI has no lists of its own: a list of numbers would come back as texts and an empty list as nothing.
-/// Inside a list of one, QSettings stores the inner list with its types.
-QVariant wrapped(const QVariant& value)
-{
-    return isList(value) ? QVariant(QVariantList {value}) : value;
-}
-
-QVariant unwrapped(const QVariant& value)
-{
-    const QVariantList list = isList(value) ? value.toList() : QVariantList();
-    return list.size() == 1 && isList(list.first()) ? list.first() : value;
-}
-
 QMap<QString, QVariant> allValues(const QSettings& settings)
 {
     QMap<QString, QVariant> values;
     const QStringList keys = settings.allKeys();
     for (const QString& key : keys)
-        values.insert(key, unwrapped(settings.value(key)));
+        values.insert(key, settings.value(key));
     return values;
 }
 
@@ -183,7 +165,7 @@ bool QtUserDefaults::synchronize()
         if (value == m_values.cend())
             settings.remove(key);
         else
-            settings.setValue(key, wrapped(*value));
+            settings.setValue(key, *value);
     }
     settings.sync();
     const bool written = settings.status() != QSettings::AccessError;

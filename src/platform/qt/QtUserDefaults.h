@@ -13,8 +13,8 @@
 /// fsync, rename), so that a crash at any moment leaves either the old file or the new one. What somebody
 /// else changed in the file meanwhile is kept, unless the same key was changed here.
 ///
-/// Numbers and truth values come back from the file as texts that convert to what was stored; lists, maps and
-/// bytes come back as they were.
+/// It is made for numbers, truth values and texts; all come back from the file as texts that convert to what
+/// was stored.
 class QtUserDefaults final : public UserDefaults {
 public:
     /// Reads the file as far as it can be read; a missing one is an empty store. Where lines cannot be read,
