@@ -2,16 +2,52 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstring>
+#include <condition_variable>
+#include <cstdarg>
 #include <fcntl.h>
-#include <future>
 #include <linux/hidraw.h>
-#include <stdexcept>
-#include <sys/ioctl.h>
+#include <linux/ioctl.h>
+#include <map>
+#include <mutex>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <umockdev.h>
 #include <unistd.h>
 #include <utility>
+
+/// What the adapter's thread and the test share.
+struct TestWire {
+    int transfer(unsigned long request, uint8_t* bytes);
+
+    std::mutex mutex;
+    std::condition_variable silenceEnded;
+    TestAdapter::Report answer;
+    int failure = 0;
+    bool isSilent = false;
+    bool isHolding = false;
+    std::vector<TestAdapter::Report> written;
+};
+
+int TestWire::transfer(unsigned long request, uint8_t* bytes)
+{
+    std::unique_lock lock(mutex);
+    const int error = isSilent ? ETIMEDOUT : failure;
+    isHolding = isSilent;
+    silenceEnded.wait(lock, [this] { return !isSilent; });
+    isHolding = false;
+    if (error != 0) {
+        errno = error;
+        return -1;
+    }
+    const size_t size = _IOC_SIZE(request);
+    if (request == HIDIOCSFEATURE(size)) {
+        written.emplace_back(bytes, bytes + size);
+        return int(size);
+    }
+    const size_t count = std::min(size, answer.size());
+    std::copy_n(answer.begin(), count, bytes);
+    return int(count);
+}
 
 namespace {
 QByteArray take(gchar* text)
@@ -20,173 +56,121 @@ QByteArray take(gchar* text)
     g_free(text);
     return copy;
 }
+
+ino_t inodeOf(int file)
+{
+    struct stat status { };
+    fstat(file, &status);
+    return status.st_ino;
+}
+
+std::mutex s_wiresMutex;
+std::map<ino_t, std::shared_ptr<TestWire>> s_wires; ///< by the node's file
+
+std::shared_ptr<TestWire> wireOf(int file)
+{
+    const std::lock_guard lock(s_wiresMutex);
+    return s_wires.at(inodeOf(file));
+}
+}
+
+/// Takes the place of the C library's for the whole test program.
+extern "C" int ioctl(int file, unsigned long request, ...) noexcept
+{
+    va_list arguments;
+    va_start(arguments, request);
+    void* const argument = va_arg(arguments, void*);
+    va_end(arguments);
+    if (_IOC_TYPE(request) != 'H')
+        return int(syscall(SYS_ioctl, file, request, argument));
+    return wireOf(file)->transfer(request, static_cast<uint8_t*>(argument));
 }
 
 HidTestbed::HidTestbed()
     : m_testbed(umockdev_testbed_new())
-    , m_context(g_main_context_new())
-    , m_loop(g_main_loop_new(m_context, FALSE))
-    , m_thread([this] {
-        g_main_context_push_thread_default(m_context);
-        g_main_loop_run(m_loop);
-        g_main_context_pop_thread_default(m_context);
-    })
 {
-    // For a test that gives up its privileges: umockdev puts the sockets of listeners there.
-    chmod(take(umockdev_testbed_get_root_dir(m_testbed)).constData(), 0777);
+    // For a test that gives up its privileges: umockdev has sockets of its own there.
+    const QByteArray root = take(umockdev_testbed_get_root_dir(m_testbed));
+    chmod(root.constData(), 0777);
+    chmod((root + "/ioctl/_default").constData(), 0777);
 }
 
 HidTestbed::~HidTestbed()
 {
-    onAdapterThread([this] { g_main_loop_quit(m_loop); });
-    m_thread.join();
-    g_main_loop_unref(m_loop);
-    g_main_context_unref(m_context);
     g_object_unref(m_testbed);
 }
 
 std::unique_ptr<TestAdapter> HidTestbed::plug(const TestAdapter::Strings& strings)
 {
-    return std::make_unique<TestAdapter>(*this, m_nextNumber++, strings);
+    return std::make_unique<TestAdapter>(m_testbed, m_nextNumber++, strings);
 }
 
-void HidTestbed::onAdapterThread(const std::function<void()>& callable)
-{
-    std::packaged_task<void()> task(callable);
-    auto ended = task.get_future();
-    g_main_context_invoke(
-        m_context,
-        [](gpointer data) -> gboolean {
-            (*static_cast<std::packaged_task<void()>*>(data))();
-            return G_SOURCE_REMOVE;
-        },
-        &task);
-    ended.get();
-}
-
-TestAdapter::TestAdapter(HidTestbed& testbed, int number, const Strings& strings)
+TestAdapter::TestAdapter(UMockdevTestbed* testbed, int number, const Strings& strings)
     : m_testbed(testbed)
-    , m_node("/dev/hidraw" + QByteArray::number(number))
-    , m_handler(umockdev_ioctl_base_new())
+    , m_wire(std::make_shared<TestWire>())
 {
-    UMockdevTestbed* bed = testbed.m_testbed;
-    m_file = take(umockdev_testbed_get_root_dir(bed)) + m_node;
-    const QByteArray usbName = "usb" + QByteArray::number(number);
-    const QByteArray hidrawName = m_node.mid(int(strlen("/dev/")));
+    const QByteArray name = "hidraw" + QByteArray::number(number);
+    m_file = take(umockdev_testbed_get_root_dir(testbed)) + "/dev/" + name;
     m_usbPath = take(umockdev_testbed_add_device(
-        bed, "usb", usbName.constData(), nullptr, nullptr, "DEVTYPE", "usb_device", nullptr));
-    for (const auto& [name, value] :
+        testbed, "usb", ("usb" + name).constData(), nullptr, nullptr, "DEVTYPE", "usb_device", nullptr));
+    for (const auto& [attribute, value] :
         {std::pair("manufacturer", strings.manufacturer), {"product", strings.product}}) {
         if (value)
-            umockdev_testbed_set_attribute(bed, m_usbPath.constData(), name, (*value + "\n").constData());
+            umockdev_testbed_set_attribute(testbed, m_usbPath.constData(), attribute, value->constData());
     }
-    const QByteArray numbers = "240:" + QByteArray::number(number);
-    m_hidrawPath = take(umockdev_testbed_add_device(bed, "hidraw", hidrawName.constData(),
-        m_usbPath.constData(), "dev", numbers.constData(), nullptr, "DEVNAME", m_node.constData(), nullptr));
+    m_hidrawPath = take(umockdev_testbed_add_device(testbed, "hidraw", name.constData(),
+        m_usbPath.constData(), "dev", ("240:" + QByteArray::number(number)).constData(), nullptr, "DEVNAME",
+        ("/dev/" + name).constData(), nullptr));
 
-    // An ordinary file stands for the node; what is opened there meets the handler below.
-    close(open(m_file.constData(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, 0600));
-
-    g_signal_connect(m_handler, "handle-ioctl", G_CALLBACK(handle), this);
-    testbed.onAdapterThread([&] {
-        if (!umockdev_testbed_attach_ioctl(bed, m_node.constData(), m_handler, nullptr))
-            throw std::runtime_error("no transfers on the emulated node");
-    });
-    chmod((take(umockdev_testbed_get_root_dir(bed)) + "/ioctl" + m_node).constData(), 0777);
+    // An ordinary file stands for the node.
+    const int file = open(m_file.constData(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, 0600);
+    const std::lock_guard lock(s_wiresMutex);
+    s_wires[inodeOf(file)] = m_wire;
+    close(file);
 }
 
+/// Transfers on an open node fail from now on, then udev says why.
 TestAdapter::~TestAdapter()
 {
-    unplug();
-    setSilent(false);
-    m_testbed.onAdapterThread([this] { g_signal_handlers_disconnect_by_data(m_handler, this); });
-    g_object_unref(m_handler);
-}
-
-void TestAdapter::unplug()
-{
-    if (!std::exchange(m_isPlugged, false))
-        return;
-    UMockdevTestbed* bed = m_testbed.m_testbed;
     setFailure(ENODEV);
+    setSilent(false);
     report("remove");
-    m_testbed.onAdapterThread([&] { umockdev_testbed_detach_ioctl(bed, m_node.constData(), nullptr); });
-    umockdev_testbed_remove_device(bed, m_usbPath.constData());
+    umockdev_testbed_remove_device(m_testbed, m_usbPath.constData());
     unlink(m_file.constData());
 }
 
 void TestAdapter::setAnswer(Report answer)
 {
-    const std::lock_guard lock(m_mutex);
-    m_answer = std::move(answer);
+    const std::lock_guard lock(m_wire->mutex);
+    m_wire->answer = std::move(answer);
 }
 
 void TestAdapter::setFailure(int error)
 {
-    const std::lock_guard lock(m_mutex);
-    m_failure = error;
+    const std::lock_guard lock(m_wire->mutex);
+    m_wire->failure = error;
 }
 
 void TestAdapter::setSilent(bool silent)
 {
-    const std::lock_guard lock(m_mutex);
-    m_isSilent = silent;
-    if (silent)
-        return;
-    for (UMockdevIoctlClient* client : m_held) {
-        umockdev_ioctl_client_complete(client, -1, ETIMEDOUT);
-        g_object_unref(client);
-    }
-    m_held.clear();
+    const std::lock_guard lock(m_wire->mutex);
+    m_wire->isSilent = silent;
+    m_wire->silenceEnded.notify_all();
 }
 
 bool TestAdapter::isHolding() const
 {
-    const std::lock_guard lock(m_mutex);
-    return !m_held.empty();
+    const std::lock_guard lock(m_wire->mutex);
+    return m_wire->isHolding;
 }
 
 std::vector<TestAdapter::Report> TestAdapter::written() const
 {
-    const std::lock_guard lock(m_mutex);
-    return m_written;
+    const std::lock_guard lock(m_wire->mutex);
+    return m_wire->written;
 }
 
 void TestAdapter::report(const char* action)
 {
-    umockdev_testbed_uevent(m_testbed.m_testbed, m_hidrawPath.constData(), action);
-}
-
-int TestAdapter::handle(UMockdevIoctlBase*, UMockdevIoctlClient* client, void* adapter)
-{
-    static_cast<TestAdapter*>(adapter)->serve(client);
-    return TRUE;
-}
-
-void TestAdapter::serve(UMockdevIoctlClient* client)
-{
-    const std::lock_guard lock(m_mutex);
-    if (m_isSilent)
-        m_held.push_back(g_object_ref(client));
-    else if (m_failure != 0)
-        umockdev_ioctl_client_complete(client, -1, m_failure);
-    else
-        umockdev_ioctl_client_complete(client, transfer(client), 0);
-}
-
-long TestAdapter::transfer(UMockdevIoctlClient* client)
-{
-    const gulong request = umockdev_ioctl_client_get_request(client);
-    const size_t size = _IOC_SIZE(request);
-    UMockdevIoctlData* data =
-        umockdev_ioctl_data_resolve(umockdev_ioctl_client_get_arg(client), 0, size, nullptr);
-    long count = long(size);
-    if (request == HIDIOCSFEATURE(size)) {
-        m_written.emplace_back(data->data, data->data + size);
-    } else {
-        count = long(std::min(size, m_answer.size()));
-        umockdev_ioctl_data_update(data, 0, m_answer.data(), int(count));
-    }
-    umockdev_ioctl_data_unref(data);
-    return count;
+    umockdev_testbed_uevent(m_testbed, m_hidrawPath.constData(), action);
 }

@@ -1,24 +1,18 @@
 #pragma once
 
-#include <QString>
+#include <QByteArray>
 
 #include <cstdint>
-#include <functional>
 #include <memory>
-#include <mutex>
 #include <optional>
-#include <thread>
 #include <vector>
 
-typedef struct _GMainContext GMainContext;
-typedef struct _GMainLoop GMainLoop;
-typedef struct _UMockdevIoctlBase UMockdevIoctlBase;
-typedef struct _UMockdevIoctlClient UMockdevIoctlClient;
 typedef struct _UMockdevTestbed UMockdevTestbed;
 
-class HidTestbed;
+struct TestWire;
 
-/// An emulated USB adapter: answers feature reports on its hidraw node as the test tells it to.
+/// An emulated USB adapter: answers feature reports on its hidraw node as the test tells it to. The test
+/// program's own ioctl() stands for the kernel.
 class TestAdapter {
 public:
     using Report = std::vector<uint8_t>;
@@ -27,7 +21,7 @@ public:
         std::optional<QByteArray> product = "Desk adapter";
     };
 
-    TestAdapter(HidTestbed& testbed, int number, const Strings& strings);
+    TestAdapter(UMockdevTestbed* testbed, int number, const Strings& strings);
     ~TestAdapter();
     TestAdapter(const TestAdapter&) = delete;
     TestAdapter& operator=(const TestAdapter&) = delete;
@@ -45,29 +39,13 @@ public:
     [[nodiscard]] const QByteArray& file() const { return m_file; }
     /// Has udev speak of the adapter once more.
     void report(const char* action);
-    /// Pulls the adapter out: transfers on an open node fail, then udev says so. Its destructor does it at
-    /// the latest.
-    void unplug();
 
 private:
-    static int handle(UMockdevIoctlBase*, UMockdevIoctlClient* client, void* adapter);
-    void serve(UMockdevIoctlClient* client);
-    [[nodiscard]] long transfer(UMockdevIoctlClient* client);
-
-    HidTestbed& m_testbed;
-    QByteArray m_node;
+    UMockdevTestbed* m_testbed;
     QByteArray m_file;
     QByteArray m_usbPath;
     QByteArray m_hidrawPath;
-    UMockdevIoctlBase* m_handler;
-    bool m_isPlugged = true;
-
-    mutable std::mutex m_mutex;
-    Report m_answer;
-    int m_failure = 0;
-    bool m_isSilent = false;
-    std::vector<Report> m_written;
-    std::vector<UMockdevIoctlClient*> m_held;
+    std::shared_ptr<TestWire> m_wire;
 };
 
 /// A machine of its own under /sys and /dev, with udev's events. Runs under umockdev-wrapper.
@@ -81,13 +59,6 @@ public:
     [[nodiscard]] std::unique_ptr<TestAdapter> plug(const TestAdapter::Strings& strings = {});
 
 private:
-    friend class TestAdapter;
-    /// Runs the callable on the thread that answers for the adapters.
-    void onAdapterThread(const std::function<void()>& callable);
-
     UMockdevTestbed* m_testbed;
     int m_nextNumber = 0;
-    GMainContext* m_context;
-    GMainLoop* m_loop;
-    std::thread m_thread;
 };
