@@ -29,6 +29,12 @@ public:
 
 protected:
     Workspace() = default;
+    /// Who listened may have gone.
+    static void tell(const Callback& callback)
+    {
+        if (callback)
+            callback();
+    }
 
     Callback m_screensDidSleep;
     Callback m_didWake;

@@ -35,12 +35,6 @@ const struct ScreenSaver {
     {"/org/mate/ScreenSaver", "org.mate.ScreenSaver"},
     {"/org/xfce/ScreenSaver", "org.xfce.ScreenSaver"},
 };
-
-void callIfSet(const std::function<void()>& callback)
-{
-    if (callback)
-        callback();
-}
 }
 
 DBusWorkspace::DBusWorkspace(const QDBusConnection& systemBus, const QDBusConnection& sessionBus)
@@ -142,12 +136,12 @@ void DBusWorkspace::releaseDelayLock()
 void DBusWorkspace::prepareForSleep(bool isAboutToSleep)
 {
     if (isAboutToSleep) {
-        callIfSet(m_willSleep);
+        tell(m_willSleep);
         releaseDelayLock();
         return;
     }
     takeDelayLock();
-    callIfSet(m_didWake);
+    tell(m_didWake);
 }
 
 void DBusWorkspace::prepareForShutdown(bool isAboutToShutDown)
@@ -156,7 +150,7 @@ void DBusWorkspace::prepareForShutdown(bool isAboutToShutDown)
         takeDelayLock();
         return;
     }
-    callIfSet(m_willShutDown);
+    tell(m_willShutDown);
     releaseDelayLock();
 }
 
@@ -186,5 +180,5 @@ void DBusWorkspace::setDark(const QString& source, bool isDark)
     }
     m_darkSources.insert(source);
     if (!std::exchange(m_isDark, true))
-        callIfSet(m_screensDidSleep);
+        tell(m_screensDidSleep);
 }
