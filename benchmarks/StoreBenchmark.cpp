@@ -7,7 +7,7 @@
 #include "data/CalorieCalculator.h"
 #include "data/ManagedObjectContext.h"
 #include "data/PersistentStoreCoordinator.h"
-#include "fakes/TestPlatform.h"
+#include "platform/simulated/SimulatedDesktop.h"
 
 #include <QFile>
 
@@ -42,13 +42,13 @@ public:
     }
     QString path(int64_t records) const
     {
-        return m_platform.folder.filePath(QStringLiteral("%1.storedata").arg(records));
+        return m_desktop.folder.filePath(QStringLiteral("%1.storedata").arg(records));
     }
     [[nodiscard]] Date firstDay() const { return m_firstDay; }
     [[nodiscard]] Date lastDay() const { return m_firstDay.dateByAddingDays(kDays - 1); }
     /// A working day in the middle of the life.
     [[nodiscard]] Date someDay() const { return m_firstDay.dateByAddingDays(kDays / 2); }
-    VirtualRunLoop& runLoop() { return m_platform.runLoop; }
+    VirtualRunLoop& runLoop() { return m_desktop.runLoop; }
 
 private:
     World()
@@ -80,7 +80,7 @@ private:
         return context;
     }
 
-    TestPlatform m_platform;
+    SimulatedDesktop m_desktop {1710489600, {}};
     const Date m_firstDay = Date::dateFromComponents(2013, 1, 1);
     std::map<int64_t, std::shared_ptr<ManagedObjectContext>> m_contexts;
 };

@@ -9,10 +9,8 @@
 #include "data/ManagedObjectContext.h"
 #include "desk/Posture.h"
 #include "desk/ZelvoController.h"
-#include "fakes/TestPlatform.h"
 #include "platform/qt/QtRunLoop.h"
-#include "platform/simulated/SimulatedHidManager.h"
-#include "platform/simulated/VirtualRunLoop.h"
+#include "platform/simulated/SimulatedDesktop.h"
 #include "resources/Resources.h"
 #include "screens/HistoryWindowController.h"
 #include "screens/WizardWindowController.h"
@@ -30,9 +28,11 @@
 
 #include <algorithm>
 #include <chrono>
+#include <ctime>
 #include <functional>
 #include <malloc.h>
 #include <memory>
+#include <optional>
 #include <sys/resource.h>
 #include <vector>
 
@@ -76,23 +76,25 @@ qint64 pssKilobytes()
     return 0;
 }
 
-/// The program on the simulated desk, with a finished set-up and a store in a temporary folder.
-class World {
-public:
-    explicit World(RunLoop& runLoop)
-        : m_services({&runLoop, &m_bundle, &m_defaults})
+/// The program on the simulated desktop, with a finished set-up and a working life in the store.
+struct World {
+    /// @param realTime passes instead of virtual time
+    explicit World(RunLoop* realTime = nullptr)
     {
+        if (realTime)
+            services.emplace(ProcessServices::Backends {realTime, &desktop.bundle, &desktop.defaults});
         AppProperties& properties = AppProperties::instance();
         properties.setWeight(80);
         properties.setActivityMode(kCalorieGoal);
         properties.setActivityGoal(150);
         properties.setNumberOfStandUps(2);
-        app = std::make_unique<AppDelegate>(AppDelegate::Dependencies {m_simulated, m_events, m_workspace,
-            m_loginItems, m_dialogs, m_folder.path(), {}, [] {},
+        app = std::make_unique<AppDelegate>(AppDelegate::Dependencies {desktop.hid, desktop.events,
+            desktop.workspace, desktop.loginItems, desktop.dialogs, desktop.folder.path(), {}, [] {},
             [this](AppDelegate& delegate) {
-                return std::make_unique<TestWindowController>(delegate.menuletController(), &m_simulated);
+                return std::make_unique<TestWindowController>(delegate.menuletController(), &desktop.hid);
             }});
         app->applicationDidFinishLaunching();
+        fillStore();
     }
 
     void fillStore() const
@@ -112,18 +114,8 @@ public:
             out() << error.localizedDescription << Qt::endl;
     }
 
-private:
-    QTemporaryDir m_folder;
-    Bundle m_bundle {Bundle::compiledInformation()};
-    MemoryUserDefaults m_defaults;
-    ProcessServices m_services;
-    FakeEventSource m_events;
-    FakeWorkspace m_workspace;
-    FakeLoginItems m_loginItems;
-    FakeDialogs m_dialogs;
-    SimulatedHidManager m_simulated;
-
-public:
+    SimulatedDesktop desktop {double(std::time(nullptr))};
+    std::optional<ProcessServices> services;
     std::unique_ptr<AppDelegate> app;
 };
 
@@ -179,10 +171,10 @@ void measureRefresh(World& world)
           << Qt::endl;
 }
 
-void openAndCloseEverything(World& world, VirtualRunLoop& runLoop)
+void openAndCloseEverything(World& world)
 {
-    const auto pass = [&runLoop](double seconds) {
-        runLoop.advance(seconds);
+    const auto pass = [&world](double seconds) {
+        world.desktop.runLoop.advance(seconds);
         QApplication::processEvents();
     };
     MenuletController& menulet = world.app->menuletController();
@@ -207,23 +199,24 @@ void openAndCloseEverything(World& world, VirtualRunLoop& runLoop)
     pass(6);
 }
 
-void measureMemory(World& world, VirtualRunLoop& runLoop)
+void measureMemory(World& world)
 {
+    VirtualRunLoop& runLoop = world.desktop.runLoop;
     const auto print = [&runLoop](const char* when) {
         malloc_trim(0);
         out() << when << qint64(mallinfo2().uordblks / 1024) << " KB heap, " << pssKilobytes() << " KB PSS, "
               << runLoop.pendingTimerCount() << " timers" << Qt::endl;
     };
-    openAndCloseEverything(world, runLoop); // Whatever is made once is made now.
+    openAndCloseEverything(world); // Whatever is made once is made now.
     print("every window opened and closed once:      ");
     // The store's cache fills as time passes, with and without windows: that share is shown apart.
     const double before = runLoop.now();
-    openAndCloseEverything(world, runLoop);
+    openAndCloseEverything(world);
     const double length = runLoop.now() - before;
     runLoop.advance(length * kOpenings);
     print("as much time without windows:             ");
     for (int i = 0; i < kOpenings; ++i)
-        openAndCloseEverything(world, runLoop);
+        openAndCloseEverything(world);
     print("every window opened and closed 200 times: ");
 }
 
@@ -239,8 +232,7 @@ double cpuSecondsOfAMinute()
 void measureMinutes()
 {
     QtRunLoop runLoop;
-    World world(runLoop);
-    world.fillStore();
+    World world(&runLoop);
     QEventLoop settling;
     QTimer::singleShot(3000, &settling, [&settling] { settling.quit(); });
     settling.exec();
@@ -260,15 +252,12 @@ int main(int argc, char** argv)
     initResources();
     installTexts(application, QStringLiteral("en"));
     {
-        VirtualRunLoop runLoop(
-            double(std::chrono::system_clock::to_time_t(std::chrono::system_clock::now())));
-        World world(runLoop);
-        world.fillStore();
-        runLoop.advance(2);
+        World world;
+        world.desktop.runLoop.advance(2);
         measureOpening(world);
         measureRefresh(world);
         world.app->menuletController().mainWindowButtonCloseClicked();
-        measureMemory(world, runLoop);
+        measureMemory(world);
     }
     measureMinutes();
     return 0;

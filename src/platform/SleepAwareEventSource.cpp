@@ -18,7 +18,7 @@ double totalSleep()
 }
 }
 
-SleepAwareEventSource::SleepAwareEventSource(std::unique_ptr<EventSource> source)
+SleepAwareEventSource::SleepAwareEventSource(std::shared_ptr<EventSource> source)
     : m_source(std::move(source))
     , m_sleepSoFar(totalSleep())
 {

@@ -14,7 +14,7 @@
 /// after the wake.
 class SleepAwareEventSource final : public EventSource {
 public:
-    explicit SleepAwareEventSource(std::unique_ptr<EventSource> source);
+    explicit SleepAwareEventSource(std::shared_ptr<EventSource> source);
 
     [[nodiscard]] double secondsSinceLastEventType(EventType eventType) override;
     void didWake() override;
@@ -23,7 +23,7 @@ private:
     void noticeSleep();
     [[nodiscard]] bool isFirstLook();
 
-    std::unique_ptr<EventSource> m_source;
+    std::shared_ptr<EventSource> m_source;
     double m_sleepSoFar; ///< all sleep of the machine that has been noticed
     /// An absence that has not ended yet; times are on the monotonic clock.
     struct Absence {

@@ -23,7 +23,7 @@ protected:
     {
         QJsonObject information = TestPlatform::defaultInformation();
         information.insert(key, value);
-        auto next = std::make_unique<TestBundle>(information);
+        auto next = std::make_unique<SimulatedBundle>(information);
         platform.restart(next.get());
         bundle = std::move(next);
         return properties();
@@ -32,7 +32,7 @@ protected:
     /// The keys written since the last call.
     QString written() { return std::exchange(platform.defaults.writes, {}).join(' '); }
 
-    std::unique_ptr<TestBundle> bundle;
+    std::unique_ptr<SimulatedBundle> bundle;
     TestPlatform platform;
 };
 }

@@ -21,7 +21,7 @@ protected:
         m_zone = QTimeZone(name);
         platform.runLoop.advance(1);
     }
-    void useLocale(const char* name) { platform.bundle.testCalendarLocaleName = QString::fromLatin1(name); }
+    void useLocale(const char* name) { platform.bundle.userCalendar = QString::fromLatin1(name); }
     /// The instant that a wall clock in this zone shows as "2024-03-15T10:00".
     [[nodiscard]] Date at(const char* text) const
     {

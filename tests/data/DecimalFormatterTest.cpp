@@ -27,7 +27,7 @@ TEST(DecimalFormatter, keepsEntriesToDigitsAndARange)
     };
     TestPlatform platform;
     for (const auto& row : kFields) {
-        platform.bundle.testLocale = QLocale(row.locale);
+        platform.bundle.userLocale = QLocale(row.locale);
         DecimalFormatter field;
         field.setMinValue(row.least);
         if (row.most >= 0)

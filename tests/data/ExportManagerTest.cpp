@@ -21,7 +21,7 @@ TEST(ExportManager, writesByteForByteWhereTheUserSaysAndNothingOtherwise)
     };
     TestPlatform platform;
     platform.texts.byKey = {{"ExportFileName", "Export %1.csv"}, {"AppName", "Desk"}};
-    FakeDialogs dialogs;
+    SimulatedDialogs& dialogs = platform.dialogs;
     for (const auto& [place, values, written] : kCases) {
         const QString path = platform.folder.filePath(place);
         dialogs.savePanelAnswer = place.isNull() ? std::nullopt : std::optional(path);

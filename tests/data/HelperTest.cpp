@@ -19,7 +19,7 @@ TEST(Helper, convertsByFactorsThatAreRoundedApart)
     };
     TestPlatform platform;
     for (const auto& [locale, values, unit, expected] : kCases) {
-        platform.bundle.testLocale = QLocale(locale);
+        platform.bundle.userLocale = QLocale(locale);
         EXPECT_EQ((QList<double> {Helper::kiloToSystemUnit(71.5), Helper::systemUnitToKilo(176.4),
                       Helper::cmToSystemUnit(100), Helper::systemUnitToCm(10)}),
             values);

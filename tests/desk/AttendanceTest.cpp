@@ -15,8 +15,8 @@ struct Story : HubTest {
         const QString word = what.section(u'=', 0, 0);
         const double value = what.section(u'=', -1).toDouble();
         const std::map<QString, std::function<void()>> kDeeds {
-            {"away", [&] { user->stayActive(false); }},
-            {"back", [&] { user->stayActive(true); }},
+            {"away", [&] { user.leave(); }},
+            {"back", [&] { user.comeBack(); }},
             {"raise", [&] { adapter->setHeight(4000); }},
             {"lower", [&] { adapter->setHeight(2000); }},
             {"pull", [&] { hid.unplug(adapter); }},

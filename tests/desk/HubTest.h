@@ -5,33 +5,11 @@
 #include "desk/ZelvoController.h"
 #include "fakes/TestStore.h"
 #include "platform/NotificationCenter.h"
-#include "platform/SleepAwareEventSource.h"
 
 #include <QRegularExpression>
 
 #include <sqlite3.h>
 #include <utility>
-
-/// The hands on mouse and keyboard. Like the system's own sources it counts on a clock that stands still in
-/// sleep.
-class DeskUser final : public EventSource {
-public:
-    /// At work, or away from now on.
-    void stayActive(bool active)
-    {
-        m_isActive = active;
-        m_lastInput = RunLoop::main().monotonicNow();
-    }
-
-    [[nodiscard]] double secondsSinceLastEventType(EventType) override
-    {
-        return m_isActive ? 1 : RunLoop::main().monotonicNow() - m_lastInput;
-    }
-
-private:
-    double m_lastInput = 0;
-    bool m_isActive = true;
-};
 
 /// A delegate of the hub as the windows have one.
 struct HeightListener final : ZelvoControllerDelegate {
@@ -115,9 +93,9 @@ public:
     }
 
     QStringList diary;
-    DeskUser* const user = new DeskUser; ///< owned by the event source
-    SleepAwareEventSource eventSource {std::unique_ptr<EventSource>(user)};
-    FakeWorkspace workspace;
+    SimulatedUser& user = *platform.user;
+    SleepAwareEventSource& eventSource = platform.events;
+    SimulatedWorkspace& workspace = platform.workspace;
     std::shared_ptr<FakeHidDevice> adapter = makeAdapter();
     TestStore activities {platform};
     std::shared_ptr<ManagedObjectContext> context = activities.context; ///< what the hub is given

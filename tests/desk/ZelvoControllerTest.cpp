@@ -22,9 +22,9 @@ TEST_F(ZelvoControllerTest, logsWhatHappensInFixedWords)
     adapter->setHeight(4000);
     hid.plug(adapter);
     platform.runLoop.advance(1000); // The standing period ends.
-    user->stayActive(false);
+    user.leave();
     platform.runLoop.advance(400);
-    user->stayActive(true);
+    user.comeBack();
     platform.runLoop.advance(20);
     workspace.screensSleep();
     workspace.wake();

@@ -1,7 +1,7 @@
 #include "fakes/TestPlatform.h"
 
 TestPlatform::TestPlatform(const QJsonObject& information)
-    : bundle(information)
+    : SimulatedDesktop(kStart, information)
 {
 }
 

@@ -6,33 +6,21 @@
 #include <gtest/gtest.h>
 
 namespace {
-/// Counts idle time as Linux does: on the monotonic clock.
-class MonotonicSource final : public EventSource {
-public:
-    double lastInput = 0;
-    [[nodiscard]] double secondsSinceLastEventType(EventType) override
-    {
-        return RunLoop::main().monotonicNow() - lastInput;
-    }
-};
-
 /// What the source answers at each "?" of a story: seconds, or "away" for longer than any limit.
 QString answers(const char* story)
 {
     TestPlatform platform;
-    auto owned = std::make_unique<MonotonicSource>();
-    MonotonicSource& system = *owned;
-    SleepAwareEventSource source(std::move(owned));
+    platform.user->leave();
     QStringList result;
     for (const QString& step : QString::fromLatin1(story).split(QLatin1Char(' '))) {
         const double seconds = step.mid(1).toDouble();
         if (step == QStringLiteral("?")) {
-            const double answer = source.secondsSinceLastEventType(EventSource::EventType::KeyDown);
+            const double answer = platform.events.secondsSinceLastEventType(EventSource::EventType::KeyDown);
             result.append(std::isinf(answer) ? QStringLiteral("away") : QString::number(answer));
         } else if (step == QStringLiteral("input")) {
-            system.lastInput = platform.runLoop.monotonicNow();
+            platform.user->leave();
         } else if (step == QStringLiteral("wake")) {
-            source.didWake();
+            platform.events.didWake();
         } else if (step.startsWith(QLatin1Char('+'))) {
             platform.runLoop.advance(seconds);
         } else if (step.startsWith(QLatin1Char('z'))) {

@@ -58,7 +58,7 @@ protected:
     int headSize() { return find<QLabel>("historyHeadTitle1").font().pixelSize(); }
 
     TestStore store {platform};
-    FakeDialogs dialogs;
+    SimulatedDialogs& dialogs = platform.dialogs;
     std::optional<HistoryWindowController> controller;
 };
 }

@@ -19,7 +19,7 @@ TEST_F(SetupEntriesTest, showWhatIsStoredInTheUsersUnits)
         {"de_DE", 0, -4309, 0, "80 0 1 kg cm"}, {"en_US", -5, 0, 5, "176 16.9 5 lb in"}};
     plug();
     for (const auto& [locale, storedWeight, offset, storedStandUps, shown] : kCases) {
-        platform.bundle.testLocale = QLocale(locale);
+        platform.bundle.userLocale = QLocale(locale);
         properties().setWeight(storedWeight);
         store("TablePositionOffset", offset);
         store("NumberOfStandUps", storedStandUps);
@@ -44,7 +44,7 @@ TEST_F(SetupEntriesTest, areStoredInKilogramsAndTenthsOfAMillimetreWithTheGoal)
         {"en_US", {"9991", "25011", "61"}, "labelTime", "2 15 453.546 59200 6"}};
     plug();
     for (const auto& [locale, typed, tab, stored] : kCases) {
-        platform.bundle.testLocale = QLocale(locale);
+        platform.bundle.userLocale = QLocale(locale);
         open();
         type(weight(), typed[0]);
         type(height(), typed[1]);

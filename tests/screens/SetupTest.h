@@ -25,7 +25,7 @@ protected:
         store("ActivityGoal", 200);
         adapter->setCommunicating(true);
         properties().setZelvoController(std::make_shared<ZelvoController>(ZelvoController::Dependencies {
-            hid, eventSource, workspace, [this] { return activities.context; }, [](int32_t) {}}));
+            hid, platform.events, workspace, [this] { return activities.context; }, [](int32_t) {}}));
     }
     ~SetupTest() override
     {
@@ -96,8 +96,7 @@ protected:
 
     TestStore activities {platform};
     FakeHidManager hid;
-    FakeEventSource eventSource;
-    FakeWorkspace workspace;
+    SimulatedWorkspace& workspace = platform.workspace;
     std::shared_ptr<FakeHidDevice> adapter = std::make_shared<FakeHidDevice>();
     int terminations = 0;
     std::optional<WizardWindowController> wizard;

@@ -74,7 +74,7 @@ TEST_F(SetupViewControllerTest, tabsCirclesSliderAndSentenceFollowEachOther)
          },
             calories.arg(0).arg(50), "1"},
     };
-    platform.bundle.testLocale = QLocale("en_GB");
+    platform.bundle.userLocale = QLocale("en_GB");
     open();
     for (const auto& [action, expected, minutes] : kSteps) {
         action();

@@ -44,7 +44,7 @@ TEST(AppDelegate, anUpgradeIsByNumbersAndResetsTheDismissTimeInOneRelease)
         ShellWorld world;
         QJsonObject information = TestPlatform::defaultInformation();
         information[QStringLiteral("CFBundleShortVersionString")] = QString::fromLatin1(row.running);
-        TestBundle bundle(information);
+        SimulatedBundle bundle(information);
         const ProcessServices process({&world.platform.runLoop, &bundle, &world.platform.defaults});
         world.platform.defaults.values[QStringLiteral("TimeNotificationDismiss")] = 77.0;
         AppProperties::instance().setVersion(QString::fromLatin1(row.stored));

@@ -48,12 +48,10 @@ public:
 
     TestPlatform platform;
     FakeHidManager hid;
-    FakeEventSource events;
-    FakeWorkspace workspace;
-    FakeLoginItems loginItems;
-    FakeDialogs dialogs;
+    SimulatedWorkspace& workspace = platform.workspace;
+    SimulatedDialogs& dialogs = platform.dialogs;
     int quits = 0;
-    std::unique_ptr<AppDelegate> app =
-        std::make_unique<AppDelegate>(AppDelegate::Dependencies {hid, events, workspace, loginItems, dialogs,
+    std::unique_ptr<AppDelegate> app = std::make_unique<AppDelegate>(
+        AppDelegate::Dependencies {hid, platform.events, workspace, platform.loginItems, dialogs,
             platform.folder.path(), QStringLiteral("/opt/zelvo/zelvo-standup"), [this] { ++quits; }, {}});
 };

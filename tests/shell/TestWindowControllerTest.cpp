@@ -13,24 +13,20 @@ class TestWindowControllerTest : public WindowTest {
 protected:
     void startSimulated()
     {
-        world->app = std::make_unique<AppDelegate>(AppDelegate::Dependencies {simulated, world->events,
-            world->workspace, world->loginItems, world->dialogs, world->platform.folder.path(), {}, [] {},
-            [this](AppDelegate& delegate) {
-                return std::make_unique<TestWindowController>(delegate.menuletController(), &simulated);
-            }});
+        world->app = std::make_unique<AppDelegate>(
+            AppDelegate::Dependencies {simulated, world->platform.events, world->workspace,
+                world->platform.loginItems, world->dialogs, world->platform.folder.path(), {}, [] {},
+                [this](AppDelegate& delegate) {
+                    return std::make_unique<TestWindowController>(delegate.menuletController(), &simulated);
+                }});
         start();
         pass(2);
         world->app->showTestWindow();
         pass(1);
     }
-    ~TestWindowControllerTest() override
-    {
-        properties().setZelvoController(nullptr); // The hub goes before the simulated desk.
-        world->app.reset();
-    }
     QWidget& window() { return world->app->testWindowController().window(); }
 
-    SimulatedHidManager simulated;
+    SimulatedHidManager& simulated = world->platform.hid;
 };
 }
 

@@ -130,5 +130,5 @@ protected:
     std::shared_ptr<FakeHidDevice> desk;
 
 private:
-    std::optional<TestBundle> m_lacking;
+    std::optional<SimulatedBundle> m_lacking;
 };

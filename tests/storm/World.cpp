@@ -203,9 +203,9 @@ void World::start()
     m_defaults = std::make_unique<QtUserDefaults>(settingsPath());
     m_process.emplace(ProcessServices::Backends {&m_platform.runLoop, &m_platform.bundle, m_defaults.get()});
     m_events = std::make_unique<SleepAwareEventSource>(std::make_unique<User::Seen>(*m_user));
-    m_app =
-        std::make_unique<AppDelegate>(AppDelegate::Dependencies {*m_bus, *m_events, m_workspace, m_loginItems,
-            m_dialogs, m_platform.folder.path(), QStringLiteral("/opt/zelvo/zelvo-standup"), [] {}, {}});
+    m_app = std::make_unique<AppDelegate>(
+        AppDelegate::Dependencies {*m_bus, *m_events, m_workspace, m_platform.loginItems, m_dialogs,
+            m_platform.folder.path(), QStringLiteral("/opt/zelvo/zelvo-standup"), [] {}, {}});
     oracle().started();
     m_app->applicationDidFinishLaunching();
     const int silent = ::open("/dev/null", O_WRONLY | O_CLOEXEC); // The log of a decade is long.

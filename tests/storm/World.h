@@ -70,9 +70,8 @@ private:
     TestPlatform m_platform;
     Oracle m_oracle;
     std::unique_ptr<User> m_user;
-    FakeWorkspace m_workspace;
-    FakeLoginItems m_loginItems;
-    FakeDialogs m_dialogs;
+    SimulatedWorkspace& m_workspace = m_platform.workspace;
+    SimulatedDialogs& m_dialogs = m_platform.dialogs;
     SimulatedHidManager m_desks;
     std::unique_ptr<Bus> m_bus;
     std::unique_ptr<QtUserDefaults> m_defaults;

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "platform/Dialogs.h"
+
+#include <functional>
+#include <vector>
+
+/// Dialogs that note what they were to say and answer at once, as they were told to.
+class SimulatedDialogs final : public Dialogs {
+public:
+    bool errorsAreDealtWith = false;
+    int alertAnswer = kFirstButton;
+    std::function<void()> whileAlertRuns;
+    std::optional<QString> savePanelAnswer;
+
+    std::vector<Error> presented;
+    int timesForgotten = 0;
+    QStringList alerts;
+    QStringList proposedFileNames;
+
+    bool presentError(const Error& error) override
+    {
+        presented.push_back(error);
+        return errorsAreDealtWith;
+    }
+    void forgetErrors() override { ++timesForgotten; }
+    int runAlert(const QString& messageText, const QString&, const QStringList&) override
+    {
+        alerts.append(messageText);
+        if (whileAlertRuns)
+            whileAlertRuns();
+        return alertAnswer;
+    }
+    std::optional<QString> runSavePanel(const QString& proposedFileName) override
+    {
+        proposedFileNames.append(proposedFileName);
+        return savePanelAnswer;
+    }
+};
