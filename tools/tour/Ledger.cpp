@@ -1,24 +1,15 @@
 #include "Ledger.h"
 
+#include "TimeOfDay.h"
 #include "data/Activity.h"
 #include "platform/RunLoop.h"
 
-#include <QDateTime>
-
 #include <sqlite3.h>
-
-namespace {
-QString clock(double seconds)
-{
-    return QDateTime::fromMSecsSinceEpoch(qint64(seconds * 1000.0 + 0.5), Qt::UTC)
-        .toString(QStringLiteral("hh:mm:ss"));
-}
-}
 
 QString Period::text() const
 {
     return QStringLiteral("%1 - %2  %3  %4 min")
-        .arg(clock(start), clock(end), isStanding ? QStringLiteral("standing") : QStringLiteral("sitting "))
+        .arg(timeOfDay(start).left(8), timeOfDay(end).left(8), QString(isStanding ? "standing" : "sitting "))
         .arg((end - start) / 60.0, 6, 'f', 1);
 }
 

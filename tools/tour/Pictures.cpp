@@ -19,9 +19,19 @@
 #include <memory>
 
 namespace {
+constexpr int kNotSetUp = 0;
 constexpr double kDay = 86400;
 
-/// Pictures of one program in one language.
+void completeSetup(int mode)
+{
+    AppProperties& properties = AppProperties::instance();
+    properties.setWeight(80);
+    properties.setActivityMode(mode);
+    properties.setActivityGoal(mode == kTimeGoal ? 15 : 150);
+    properties.setNumberOfStandUps(2);
+}
+
+/// Pictures of one program in one language after the other.
 class Photographer {
 public:
     Photographer(const QString& folder, const QString& suffix, const QLocale& locale)
@@ -30,6 +40,23 @@ public:
         , m_locale(locale)
     {
         QDir().mkpath(folder);
+    }
+
+    /// A program in another world, which has not started yet.
+    TourWorld& prepare(int mode)
+    {
+        m_world.reset();
+        m_world = std::make_unique<TourWorld>(m_locale, TourWorld::Wire::Silent);
+        if (mode != kNotSetUp)
+            completeSetup(mode);
+        return *m_world;
+    }
+    /// One that has run for a moment.
+    TourWorld& start(int mode)
+    {
+        prepare(mode).app->applicationDidFinishLaunching();
+        m_world->pass(2);
+        return *m_world;
     }
 
     void take(const QString& windowName, const QString& picture)
@@ -46,13 +73,10 @@ public:
             pixmap.fill(Qt::transparent);
             window->render(&pixmap);
             pixmap.setDevicePixelRatio(1);
-            const QString name = picture + m_suffix + (scale == 2 ? QStringLiteral("@2x") : QString());
-            m_failed = !pixmap.save(m_folder.filePath(name + QStringLiteral(".png"))) || m_failed;
+            const QString name = picture + m_suffix + (scale == 2 ? "@2x" : "") + ".png";
+            m_failed = !pixmap.save(m_folder.filePath(name)) || m_failed;
         }
     }
-
-    /// The locale in which the program is to be photographed.
-    [[nodiscard]] const QLocale& locale() const { return m_locale; }
     [[nodiscard]] bool failed() const { return m_failed; }
 
 private:
@@ -60,16 +84,8 @@ private:
     QString m_suffix;
     QLocale m_locale;
     bool m_failed = false;
+    std::unique_ptr<TourWorld> m_world;
 };
-
-void completeSetup(int mode)
-{
-    AppProperties& properties = AppProperties::instance();
-    properties.setWeight(80);
-    properties.setActivityMode(mode);
-    properties.setActivityGoal(mode == kTimeGoal ? 15 : 150);
-    properties.setNumberOfStandUps(2);
-}
 
 /// Ten weeks of ordinary working days before now.
 void fillHistory(TourWorld& world)
@@ -134,37 +150,33 @@ void moveDeskTo(TourWorld& world, int32_t height)
 
 void takeFirstRun(Photographer& photographer)
 {
-    TourWorld world(photographer.locale(), TourWorld::Wire::Silent);
-    world.simulated.unplug();
+    TourWorld& world = photographer.prepare(kNotSetUp);
+    world.hid.unplug();
     world.app->applicationDidFinishLaunching();
     world.pass(2);
-    photographer.take(QStringLiteral("WizardWindow"), QStringLiteral("wizard-no-desk"));
-    world.simulated.plug();
+    photographer.take("WizardWindow", "wizard-no-desk");
+    world.hid.plug();
     world.pass(2);
-    photographer.take(QStringLiteral("WizardWindow"), QStringLiteral("wizard"));
+    photographer.take("WizardWindow", "wizard");
 }
 
-void takeSettings(Photographer& photographer, int mode, const QString& name)
+void takeSettings(Photographer& photographer)
 {
-    TourWorld world(photographer.locale(), TourWorld::Wire::Silent);
-    completeSetup(mode);
-    world.app->applicationDidFinishLaunching();
-    world.pass(2);
-    world.app->menuSettingsClicked();
-    world.pass(1);
-    photographer.take(QStringLiteral("WizardWindow"), name);
-    if (mode == kCalorieGoal)
-        return;
-    QTest::mouseClick(
-        TourWorld::control(QStringLiteral("WizardWindow"), QStringLiteral("buttonMemory2")), Qt::LeftButton);
-    world.pass(1);
-    photographer.take(QStringLiteral("WizardWindow"), QStringLiteral("memory-editor"));
+    for (const auto& [mode, name] :
+        {std::pair(kCalorieGoal, "settings-calories"), {kTimeGoal, "settings-time"}}) {
+        TourWorld& world = photographer.start(mode);
+        world.app->menuSettingsClicked();
+        world.pass(1);
+        photographer.take("WizardWindow", name);
+    }
+    QTest::mouseClick(TourWorld::control("WizardWindow", "buttonMemory2"), Qt::LeftButton);
+    photographer.take("WizardWindow", "memory-editor");
 }
 
-void takeMainWindow(Photographer& photographer, int mode, const QString& name)
+/// The main window of somebody who has stood already.
+TourWorld& openMainWindow(Photographer& photographer, int mode)
 {
-    TourWorld world(photographer.locale(), TourWorld::Wire::Silent);
-    completeSetup(mode);
+    TourWorld& world = photographer.prepare(mode);
     world.app->applicationDidFinishLaunching();
     world.pass(15 * 60);
     moveDeskTo(world, AppProperties::instance().devicePosition2());
@@ -173,106 +185,97 @@ void takeMainWindow(Photographer& photographer, int mode, const QString& name)
     world.pass(8 * 60);
     world.app->menuletController().menuletClicked();
     world.pass(1);
-    const QString window = QStringLiteral("MainWindow");
-    photographer.take(window, name);
-    if (mode == kCalorieGoal)
-        return;
-    hover(TourWorld::control(window, QStringLiteral("buttonMemory2")));
-    hover(TourWorld::control(window, QStringLiteral("buttonHistory")));
-    photographer.take(window, QStringLiteral("main-window-hover"));
-    world.simulated.desk().setError(DeskModel::ErrorKind::OverloadUp, true);
-    (void)world.simulated.desk().addErrorCode(12);
+    return world;
+}
+
+void takeMainWindow(Photographer& photographer)
+{
+    openMainWindow(photographer, kCalorieGoal);
+    photographer.take("MainWindow", "main-window-calories");
+    TourWorld& world = openMainWindow(photographer, kTimeGoal);
+    photographer.take("MainWindow", "main-window");
+    hover(TourWorld::control("MainWindow", "buttonMemory2"));
+    hover(TourWorld::control("MainWindow", "buttonHistory"));
+    photographer.take("MainWindow", "main-window-hover");
+    world.hid.desk().setError(DeskModel::ErrorKind::OverloadUp, true);
+    (void)world.hid.desk().addErrorCode(12);
     world.pass(2);
-    photographer.take(window, QStringLiteral("main-window-error"));
+    photographer.take("MainWindow", "main-window-error");
     postManyErrors();
     world.pass(0);
-    photographer.take(window, QStringLiteral("main-window-many-errors"));
+    photographer.take("MainWindow", "main-window-many-errors");
     world.app->menuletController().mainWindowButtonCloseClicked();
     world.app->menuletController().showNotification(reminder(kStanding));
     world.pass(1);
-    photographer.take(QStringLiteral("NotificationWindow"), QStringLiteral("reminder-error"));
-}
-
-void takeFocusMarks(Photographer& photographer)
-{
-    TourWorld world(photographer.locale(), TourWorld::Wire::Silent);
-    completeSetup(kTimeGoal);
-    world.app->applicationDidFinishLaunching();
-    world.pass(2);
-    world.app->menuletController().menuletClicked();
-    for (const char* control : {"buttonUp", "buttonMemory2", "buttonClose"}) {
-        focusByTab(QStringLiteral("MainWindow"), QString::fromLatin1(control));
-        photographer.take(QStringLiteral("MainWindow"),
-            QStringLiteral("main-window-focus-") + QString::fromLatin1(control));
-    }
-    world.app->showHistory();
-    focusByTab(QStringLiteral("HistoryWindow"), QStringLiteral("exportToExcelLabel"));
-    photographer.take(QStringLiteral("HistoryWindow"), QStringLiteral("history-focus"));
-}
-
-void takeTestWindow(Photographer& photographer)
-{
-    TourWorld world(photographer.locale(), TourWorld::Wire::Silent);
-    completeSetup(kTimeGoal);
-    world.app->applicationDidFinishLaunching();
-    world.app->showTestWindow();
-    world.pass(2);
-    photographer.take(QStringLiteral("TestWindow"), QStringLiteral("test-window"));
+    photographer.take("NotificationWindow", "reminder-error");
 }
 
 void takeMainWindowWithoutDesk(Photographer& photographer)
 {
-    TourWorld world(photographer.locale(), TourWorld::Wire::Silent);
-    completeSetup(kTimeGoal);
-    world.simulated.unplug();
+    TourWorld& world = photographer.prepare(kTimeGoal);
+    world.hid.unplug();
     world.app->applicationDidFinishLaunching();
     world.app->menuletController().menuletClicked();
     world.pass(2);
-    photographer.take(QStringLiteral("MainWindow"), QStringLiteral("main-window-no-desk"));
+    photographer.take("MainWindow", "main-window-no-desk");
+}
+
+void takeFocusMarks(Photographer& photographer)
+{
+    TourWorld& world = photographer.start(kTimeGoal);
+    world.app->menuletController().menuletClicked();
+    for (const QString control : {"buttonUp", "buttonMemory2", "buttonClose"}) {
+        focusByTab("MainWindow", control);
+        photographer.take("MainWindow", "main-window-focus-" + control);
+    }
+    world.app->showHistory();
+    focusByTab("HistoryWindow", "exportToExcelLabel");
+    photographer.take("HistoryWindow", "history-focus");
+}
+
+void takeTestWindow(Photographer& photographer)
+{
+    TourWorld& world = photographer.prepare(kTimeGoal);
+    world.app->applicationDidFinishLaunching();
+    world.app->showTestWindow();
+    world.pass(2);
+    photographer.take("TestWindow", "test-window");
 }
 
 void takeReminders(Photographer& photographer)
 {
-    TourWorld world(photographer.locale(), TourWorld::Wire::Silent);
-    completeSetup(kCalorieGoal);
-    world.app->applicationDidFinishLaunching();
-    world.pass(2);
-    const std::pair<int, const char*> kReminders[] = {
-        {kStanding, "reminder-stand"}, {kSitting, "reminder-sit"}};
-    for (const auto& [position, name] : kReminders) {
+    TourWorld& world = photographer.start(kCalorieGoal);
+    for (const auto& [position, name] :
+        {std::pair(kStanding, "reminder-stand"), {kSitting, "reminder-sit"}}) {
         world.app->menuletController().showNotification(reminder(position));
         world.pass(1);
-        photographer.take(QStringLiteral("NotificationWindow"), QString::fromLatin1(name));
+        photographer.take("NotificationWindow", name);
     }
 }
 
 void takeHistory(Photographer& photographer)
 {
-    TourWorld world(photographer.locale(), TourWorld::Wire::Silent);
-    completeSetup(kTimeGoal);
+    TourWorld& world = photographer.prepare(kTimeGoal);
     world.pass(9 * kDay); // The middle of a week, a month and a quarter.
     world.app->applicationDidFinishLaunching();
     fillHistory(world);
     world.pass(1);
     world.app->showHistory();
-    const QString window = QStringLiteral("HistoryWindow");
-    photographer.take(window, QStringLiteral("history-week"));
-    QTest::mouseClick(TourWorld::control(window, QStringLiteral("buttonMonth")), Qt::LeftButton);
-    photographer.take(window, QStringLiteral("history-month"));
-    QTest::mouseClick(TourWorld::control(window, QStringLiteral("buttonYear")), Qt::LeftButton);
-    photographer.take(window, QStringLiteral("history"));
+    photographer.take("HistoryWindow", "history-week");
+    for (const auto& [button, name] :
+        {std::pair("buttonMonth", "history-month"), {"buttonYear", "history"}}) {
+        QTest::mouseClick(TourWorld::control("HistoryWindow", button), Qt::LeftButton);
+        photographer.take("HistoryWindow", name);
+    }
 }
-
 }
 
 bool makePictures(const QString& folder, const QString& suffix, const QLocale& locale)
 {
     Photographer photographer(folder, suffix, locale);
     takeFirstRun(photographer);
-    takeSettings(photographer, kTimeGoal, QStringLiteral("settings-time"));
-    takeSettings(photographer, kCalorieGoal, QStringLiteral("settings-calories"));
-    takeMainWindow(photographer, kTimeGoal, QStringLiteral("main-window"));
-    takeMainWindow(photographer, kCalorieGoal, QStringLiteral("main-window-calories"));
+    takeSettings(photographer);
+    takeMainWindow(photographer);
     takeMainWindowWithoutDesk(photographer);
     takeFocusMarks(photographer);
     takeTestWindow(photographer);

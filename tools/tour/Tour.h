@@ -1,15 +1,16 @@
 #pragma once
 
-#include "Narrator.h"
 #include "TourWorld.h"
 
 /// A working morning with the real program: each chapter does what a person at the desk would do, prints what
 /// the program and the wire show of it, and checks it.
 class Tour {
 public:
-    Tour(TourWorld& world, Narrator& narrator);
+    explicit Tour(TourWorld& world);
 
     void run();
+    [[nodiscard]] int checks() const { return m_checks; }
+    [[nodiscard]] int failures() const { return m_failures; }
 
 private:
     void firstStart();
@@ -34,9 +35,10 @@ private:
     bool check(bool holds, const QString& what);
     void chapter(const QString& title);
     void say(const QString& text);
-    void printClosedPeriods();
+    void catchUp();
 
     TourWorld& m_world;
-    Narrator& m_narrator;
     size_t m_printedPeriods = 0;
+    int m_checks = 0;
+    int m_failures = 0;
 };

@@ -5,70 +5,17 @@
 #include "shell/TestWindowController.h"
 
 #include <QApplication>
-#include <QDir>
 
-#include <utility>
-
-void TourEventSource::leave()
+TourWorld::TourWorld(const QLocale& locale, Wire printed)
+    : SimulatedDesktop(kStart)
 {
-    m_awaySince = RunLoop::main().bootTimeNow();
-}
-
-void TourEventSource::comeBack()
-{
-    m_awaySince = -1;
-}
-
-double TourEventSource::secondsSinceLastEventType(EventType)
-{
-    return m_awaySince < 0 ? 1.0 : RunLoop::main().bootTimeNow() - m_awaySince;
-}
-
-bool TourWorkspace::openUrl(const QUrl& url)
-{
-    opened.append(url);
-    return true;
-}
-
-TourDialogs::TourDialogs(QString folder)
-    : m_folder(std::move(folder))
-{
-}
-
-bool TourDialogs::presentError(const Error& error)
-{
-    errors.append(error.localizedDescription);
-    return false;
-}
-
-int TourDialogs::runAlert(const QString&, const QString&, const QStringList&)
-{
-    return kFirstButton;
-}
-
-std::optional<QString> TourDialogs::runSavePanel(const QString& proposedFileName)
-{
-    savedPath = QDir(m_folder).filePath(proposedFileName);
-    return savedPath;
-}
-
-TourBundle::TourBundle(QLocale locale)
-    : Bundle(compiledInformation())
-    , m_locale(std::move(locale))
-{
-}
-
-TourWorld::TourWorld(QLocale locale, Wire printed)
-    : bundle(std::move(locale))
-    , defaults(folder.filePath(QStringLiteral("StandUp.conf")))
-    , dialogs(folder.path())
-{
+    bundle.userLocale = locale;
     if (printed == Wire::Printed)
-        simulated.adapter().onTransfer([this](const HidTransfer& transfer) { wire.record(transfer); });
-    app = std::make_unique<AppDelegate>(AppDelegate::Dependencies {simulated, events, workspace, loginItems,
+        hid.adapter().onTransfer([this](const HidTransfer& transfer) { wire.record(transfer); });
+    app = std::make_unique<AppDelegate>(AppDelegate::Dependencies {hid, events, workspace, loginItems,
         dialogs, folder.path(), QCoreApplication::applicationFilePath(), [this] { hasQuit = true; },
         [this](AppDelegate& delegate) {
-            return std::make_unique<TestWindowController>(delegate.menuletController(), &simulated);
+            return std::make_unique<TestWindowController>(delegate.menuletController(), &hid);
         }});
 }
 

@@ -1,7 +1,10 @@
 #include "WireLog.h"
 
-#include <QDateTime>
+#include "TimeOfDay.h"
+
 #include <QTextStream>
+
+#include <cstring>
 
 namespace {
 uint16_t littleEndian(const std::vector<uint8_t>& bytes, size_t at)
@@ -14,17 +17,32 @@ QString millimetres(uint16_t height)
     return QStringLiteral("%1 mm").arg(height / 10.0, 0, 'f', 1);
 }
 
+/// Direction, bytes in hexadecimal without the zeros at the end of an answer (eight at least), and what went
+/// wrong.
+QString bytesOf(const HidTransfer& transfer)
+{
+    constexpr size_t kFewestShownBytes = 8;
+    const bool isWrite = transfer.direction == HidTransfer::Direction::Write;
+    size_t shown = transfer.bytes.size();
+    while (!isWrite && shown > kFewestShownBytes && transfer.bytes[shown - 1] == 0)
+        --shown;
+    QString line = isWrite ? "write" : "read ";
+    for (size_t i = 0; i < shown; ++i)
+        line += QString::asprintf(" %02X", transfer.bytes[i]);
+    return transfer.status == 0 ? line : line + ": " + QString::fromLocal8Bit(strerror(transfer.status));
+}
+
 QString meaningOfMovement(uint16_t value)
 {
     switch (value) {
     case 0x8000:
-        return QStringLiteral("up");
+        return "up";
     case 0x7FFF:
-        return QStringLiteral("down");
+        return "down";
     case 0x8001:
-        return QStringLiteral("stop");
+        return "stop";
     default:
-        return QStringLiteral("go to ") + millimetres(value);
+        return "go to " + millimetres(value);
     }
 }
 
@@ -32,18 +50,18 @@ QString meaningOfStatus(const std::vector<uint8_t>& bytes)
 {
     const uint16_t status = littleEndian(bytes, 2);
     return QStringLiteral("%1, height %2%3")
-        .arg((status & 0x0001) ? QStringLiteral("desk answers") : QStringLiteral("no desk"),
-            millimetres(littleEndian(bytes, 4)), (status & 0x0200) ? QStringLiteral(", error") : QString());
+        .arg(QString((status & 0x0001) ? "desk answers" : "no desk"), millimetres(littleEndian(bytes, 4)),
+            QString((status & 0x0200) ? ", error" : ""));
 }
 
 /// In words, after docs/protocol.md.
 QString meaning(const HidTransfer& transfer)
 {
-    if (transfer.status != 0 || transfer.bytes.empty())
+    if (transfer.status != 0)
         return {};
     switch (transfer.bytes[0]) {
     case 3:
-        return QStringLiteral("init");
+        return "init";
     case 4:
         return meaningOfStatus(transfer.bytes);
     case 5:
@@ -72,16 +90,14 @@ void WireLog::record(const HidTransfer& transfer)
         if (isMoving)
             return;
     }
-    print(QStringLiteral("%1  %2").arg(transfer.text(), meaning(transfer)), transfer.seconds);
+    print(QStringLiteral("%1  %2").arg(bytesOf(transfer), meaning(transfer)), transfer.seconds);
 }
 
 void WireLog::flush()
 {
     if (m_count == 0)
         return;
-    const QString time = QDateTime::fromMSecsSinceEpoch(qint64(m_countedSince * 1000.0 + 0.5), Qt::UTC)
-                             .toString(QStringLiteral("hh:mm:ss.z"));
-    QTextStream(stdout) << time.leftJustified(10, u'0', true) << "      " << m_counted
+    QTextStream(stdout) << timeOfDay(m_countedSince) << "      " << m_counted
                         << (m_count > 1 ? QStringLiteral("  (%1 times)").arg(m_count) : QString())
                         << Qt::endl;
     m_count = 0;

@@ -29,21 +29,18 @@ period of sitting or standing that has been closed; [ok] and [FAILED] are what t
 int walk()
 {
     QTextStream(stdout) << kIntroduction;
-    Narrator narrator;
-    {
-        TourWorld world;
-        Tour(world, narrator).run();
-    }
-    const int passed = narrator.checks() - narrator.failures();
-    QTextStream(stdout) << "\nTour: " << passed << " passed, " << narrator.failures() << " failed"
-                        << Qt::endl;
-    return narrator.failures() == 0 ? 0 : 1;
+    TourWorld world;
+    Tour tour(world);
+    tour.run();
+    QTextStream(stdout) << "\nTour: " << tour.checks() - tour.failures() << " passed, " << tour.failures()
+                        << " failed" << Qt::endl;
+    return tour.failures() == 0 ? 0 : 1;
 }
 
 int photograph(QApplication& application, const QString& folder, const QString& variant)
 {
-    const bool isMirrored = variant == QStringLiteral("rtl");
-    const bool isDark = variant == QStringLiteral("dark");
+    const bool isMirrored = variant == "rtl";
+    const bool isDark = variant == "dark";
     const bool isForeign = !variant.isEmpty() && !isMirrored && !isDark;
     if (isForeign && !installTexts(application, variant))
         return 2;
@@ -52,7 +49,7 @@ int photograph(QApplication& application, const QString& folder, const QString& 
     if (isDark)
         QApplication::setPalette(QPalette(QColor(0x30, 0x30, 0x30)));
     const QString suffix = variant.isEmpty() ? QString() : u'-' + variant;
-    return makePictures(folder, suffix, QLocale(isForeign ? variant : QStringLiteral("en_GB"))) ? 0 : 1;
+    return makePictures(folder, suffix, QLocale(isForeign ? variant : QString("en_GB"))) ? 0 : 1;
 }
 }
 
@@ -60,17 +57,17 @@ int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("TZ", "UTC");
-    QApplication::setStyle(QStringLiteral("Fusion"));
+    QApplication::setStyle("Fusion");
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
     initResources();
-    installTexts(application, QStringLiteral("en"));
+    installTexts(application, "en");
 
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() == 1)
         return walk();
-    if ((arguments.size() == 3 || arguments.size() == 4) && arguments[1] == QStringLiteral("--pictures"))
+    if ((arguments.size() == 3 || arguments.size() == 4) && arguments[1] == "--pictures")
         return photograph(application, arguments[2], arguments.value(3));
     QTextStream(stdout) << kUsage;
-    return arguments.size() == 2 && arguments[1] == QStringLiteral("--help") ? 0 : 2;
+    return arguments.size() == 2 && arguments[1] == "--help" ? 0 : 2;
 }

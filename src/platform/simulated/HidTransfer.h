@@ -2,8 +2,6 @@
 
 #include "platform/HidMailbox.h"
 
-#include <QString>
-
 #include <cstdint>
 #include <vector>
 
@@ -17,8 +15,4 @@ struct HidTransfer {
     /// Byte 0 is the report ID. Written: as handed over; read: the buffer after the read.
     std::vector<uint8_t> bytes;
     HidStatus status;
-
-    /// One line for people: direction, bytes in hexadecimal without the zeros at the end of an answer (eight
-    /// at least), and what went wrong.
-    [[nodiscard]] QString text() const;
 };

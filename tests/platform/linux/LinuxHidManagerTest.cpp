@@ -276,8 +276,7 @@ TEST_F(LinuxHid, triesAgainWhenThePermissionsChangeAndEachHalfMinute)
     const int other = open(file, O_RDWR | O_CLOEXEC); // Of another program, which takes the adapter.
     flock(other, LOCK_EX);
     chmod(file, 0600);
-    settle();
-    EXPECT_EQ(m_added[0]->openExclusively(), EBUSY);
+    EXPECT_TRUE(waitFor([&] { return m_added[0]->openExclusively() == EBUSY; }));
     flock(other, LOCK_UN); // Nothing tells of it.
     EXPECT_TRUE(waitForAdded(2));
     EXPECT_EQ(m_added[0], m_added[1]);
