@@ -426,7 +426,7 @@ bool Oracle::isItsTurn(const Device& device) const
     const bool isLate =
         isNear(m_now, m_frozenUntil) && (device.communicates() || device.checkedAt > m_now - 5);
     const bool isCheck = isNear(m_now, device.polledSince); // Nobody looks at the height in it.
-    return !isCheck && (m_devices.size() == 1 || isRhythm || isDriving || isLate);
+    return (isDriving || !isCheck) && (m_devices.size() == 1 || isRhythm || isDriving || isLate);
 }
 
 void Oracle::hear(Device& device, const std::vector<uint8_t>& report)
