@@ -189,7 +189,7 @@ bool DeskConsole::execute(std::string_view line)
     const auto verb = std::find_if(verbs().begin(), verbs().end(),
         [&](const Verb& candidate) { return candidate.name == words.front(); });
     if (verb == verbs().end())
-        return complain("unknown command \"" + std::string(words.front()) + "\"; \"help\" lists them");
+        return complain(R"(unknown command ")" + std::string(words.front()) + R"("; "help" lists them)");
     words.erase(words.begin());
     if (verb->arguments.empty() && !words.empty())
         return complain("\"" + std::string(verb->name) + "\" takes no arguments");
@@ -316,7 +316,7 @@ bool DeskConsole::fault(const Words& arguments)
     if (what == "short") {
         const std::optional<size_t> length = parsed<size_t>(arguments[1]);
         if (!length && arguments[1] != "off")
-            return complain("\"fault short\" needs a number of bytes or \"off\"");
+            return complain(R"("fault short" needs a number of bytes or "off")");
         faults.answerLength = length;
         return true;
     }
@@ -336,7 +336,7 @@ bool DeskConsole::switchTo(const Words& arguments, void (DeskModel::*set)(bool))
 {
     const std::optional<bool> on = arguments.size() == 1 ? onOrOff(arguments[0]) : std::nullopt;
     if (!on)
-        return complain("\"on\" or \"off\" is missing");
+        return complain(R"("on" or "off" is missing)");
     (m_desk.*set)(*on);
     return true;
 }

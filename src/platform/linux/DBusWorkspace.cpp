@@ -37,9 +37,9 @@ const struct ScreenSaver {
 };
 }
 
-DBusWorkspace::DBusWorkspace(const QDBusConnection& systemBus, const QDBusConnection& sessionBus)
-    : m_systemBus(systemBus)
-    , m_sessionBus(sessionBus)
+DBusWorkspace::DBusWorkspace(QDBusConnection systemBus, QDBusConnection sessionBus)
+    : m_systemBus(std::move(systemBus))
+    , m_sessionBus(std::move(sessionBus))
 {
     if (m_sessionBus.isConnected())
         watchScreens();

@@ -22,7 +22,7 @@ class DBusWorkspace final : public QObject, public Workspace {
     Q_OBJECT
 
 public:
-    DBusWorkspace(const QDBusConnection& systemBus, const QDBusConnection& sessionBus);
+    DBusWorkspace(QDBusConnection systemBus, QDBusConnection sessionBus);
     ~DBusWorkspace() override;
 
     bool openUrl(const QUrl& url) override;

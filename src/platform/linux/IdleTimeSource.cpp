@@ -36,8 +36,8 @@ public:
 private:
     IdleBackend& choose()
     {
-        const auto found = std::find_if(m_backends.begin(), m_backends.end(),
-            [](const auto& backend) { return backend->isAvailable(); });
+        const auto found = std::find_if(
+            m_backends.begin(), m_backends.end(), [](const auto& backend) { return backend->isAvailable(); });
         if (std::exchange(m_chosen, found->get()) != found->get())
             Log::line(QStringLiteral("Idle time comes from: %1").arg((*found)->name()));
         return **found;
