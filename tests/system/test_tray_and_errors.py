@@ -121,7 +121,7 @@ def test_starts_that_end_at_once(desktop):
     assert said(2, "desk") == "zelvo-standup: 'desk' is not an option. Try --help.\n"
     assert "There are no texts in the language 'xx'." in said(2, "--language", "xx")
     assert "There is no display" in said(1, DISPLAY="")
-    assert "The display :77 does not answer." in said(1, DISPLAY=":77")
+    assert "The display :47110 does not answer." in said(1, DISPLAY=":47110")
     desktop.settings()
     program = desktop.start("--language=de", XDG_DATA_HOME="data")
     assert "Einstellungen…" in program.menu()
