@@ -1,14 +1,11 @@
 """A private desktop: X server, window manager, buses, home and clock of one scenario, and what a user does there."""
 
 import contextlib
-import math
-import mmap
 import os
 import re
 import shutil
 import signal
 import sqlite3
-import struct
 import subprocess
 import tempfile
 import time
@@ -17,85 +14,23 @@ from pathlib import Path
 import gi
 
 gi.require_version("Gio", "2.0")
-from gi.repository import Gio, GLib  # noqa: E402
+from gi.repository import Gio  # noqa: E402
 from Xlib import X, XK, display  # noqa: E402
 from Xlib.ext import xtest  # noqa: E402
 from Xlib.protocol import event  # noqa: E402
 
 from adapter import Machine  # noqa: E402
-from bus import Mock, call, get  # noqa: E402
-from screenreader import SHOWING, ignoring_what_goes, listen_to  # noqa: E402
-from waiting import DEADLINE, wait_until  # noqa: E402
+from bent_clock import Clock  # noqa: E402
+from bus import Mock, call  # noqa: E402
+from program import Program  # noqa: E402
+from screenreader import ignoring_what_goes  # noqa: E402
+from waiting import wait_until  # noqa: E402
 
 PROGRAM = Path(os.environ["ZELVO_BIN"]) / "zelvo-standup"
 SET_UP = {"ActivityMode": 2, "ActivityGoal": 15, "NumberOfStandUps": 2, "Weight": 70, "Version": "1.0.1"}
 FOLDERS = {"CONFIG_HOME": "config", "DATA_HOME": "data", "RUNTIME_DIR": "runtime"}
-TRAY_ITEM = ("/StatusNotifierItem", "org.kde.StatusNotifierItem")
 BUS_CONFIG = """<busconfig><type>session</type><listen>unix:path={}</listen><policy context="default">
 <allow send_destination="*" eavesdrop="true"/><allow eavesdrop="true"/><allow own="*"/></policy></busconfig>"""
-
-
-class Clock:
-    # The program's clocks, in a file that it maps.
-
-    LAYOUT = struct.Struct("=Qdddddd")
-
-    def __init__(self, path):
-        self.path = path
-        path.write_bytes(bytes(self.LAYOUT.size))
-        with open(path, "r+b") as file:
-            self._memory = mmap.mmap(file.fileno(), self.LAYOUT.size)
-        self._turn, self.rate = 0, 1.0
-        self._origin = self._virtual = self.until = self.ahead = self.slept = 0.0
-        self.run(1)
-
-    @contextlib.contextmanager
-    def _writing(self):
-        # Who asks for the time meanwhile waits, so that it never runs backwards.
-        self._memory[0:8] = struct.pack("=Q", self._turn + 1)
-        yield
-        values = (self._origin, self._virtual, self.rate, self.until, self.ahead, self.slept)
-        self._memory[8:] = struct.pack("=dddddd", *values)
-        self._turn += 2
-        self._memory[0:8] = struct.pack("=Q", self._turn)
-
-    def _at(self, monotonic):
-        fast = self._virtual + (monotonic - self._origin) * self.rate
-        return fast if fast <= self.until else self.until + (fast - self.until) / self.rate
-
-    def monotonic(self):
-        return self._at(time.monotonic())
-
-    def now(self):
-        # The wall clock, as the program reads it.
-        return time.time() - time.monotonic() + self.monotonic() + self.ahead + self.slept
-
-    def run(self, rate, until=math.inf):
-        with self._writing():
-            now = time.monotonic()
-            self._virtual, self._origin = self._at(now), now
-            self.rate, self.until = float(rate), until
-
-    @contextlib.contextmanager
-    def running(self, rate):
-        self.run(rate)
-        yield
-        self.run(1)
-
-    def reach(self, moment, rate):
-        # Time flies until then, and goes on at its own pace however late the scenario wakes up.
-        self.run(rate, until=self.monotonic() + moment - self.now())
-        wait_until(lambda: self.now() >= moment, "the moment")
-        self.run(1)
-
-    def set_wall(self, by):
-        with self._writing():
-            self.ahead += by
-
-    def sleep(self, seconds):
-        # The machine slept.
-        with self._writing():
-            self.slept += seconds
 
 
 class Desktop:
@@ -386,77 +321,3 @@ class Desktop:
     def type(self, text):
         for letter in text:
             self.key(letter)
-
-
-class Program:
-    # A started program, and what a screen reader finds in it.
-
-    def __init__(self, desktop, process):
-        self.desktop, self.process = desktop, process
-
-    @property
-    def ear(self):
-        # The program as a screen reader finds it, once it has shown a window.
-        return listen_to(self)
-
-    def window_with(self, *names):
-        # The accessible window that shows controls of these names.
-
-        def find():
-            windows = [window for window in self.ear.children if window.has(SHOWING)]
-            return next((window for window in windows if all(window.all(name) for name in names)), None)
-
-        return wait_until(ignoring_what_goes(find), f"a window with {names}")
-
-    def in_front(self, title):
-        # The window, once it has the keyboard.
-        window = self.desktop.window(title)
-        wait_until(lambda: self.desktop.is_active(window), f"{title} in front")
-        return window
-
-    def show(self):
-        # A second start brings the first one's window to the front.
-        self.desktop.start().ends(within=DEADLINE)
-        return self.in_front("Zelvo StandUp")
-
-    def tray_item(self):
-        def item():
-            names = [arguments[0] for _, arguments in self.desktop.tray.calls("RegisterStatusNotifierItem")]
-            return next((name for name in names if self.desktop.has_owner(self.desktop.session, name)), None)
-
-        return wait_until(ignoring_what_goes(item), "tray icon")
-
-    def click_tray(self):
-        call(self.desktop.session, self.tray_item(), *TRAY_ITEM, "Activate", "(ii)", 0, 0)
-
-    def tray_icon(self):
-        # Its pictures and what it says.
-        item = (self.desktop.session, self.tray_item(), *TRAY_ITEM)
-        return get(*item, "IconPixmap"), get(*item, "ToolTip")[2]
-
-    def menu(self):
-        # Label to (number, enabled) of the entries of the tray's menu.
-        menu = (self.desktop.session, self.tray_item(), "/MenuBar", "com.canonical.dbusmenu")
-        call(*menu, "AboutToShow", "(i)", 0)  # As a tray does before it shows one.
-        layout = call(*menu, "GetLayout", "(iias)", 0, -1, [])
-        entries = [(number, values) for number, values, _ in layout[1][2]]
-        return {values["label"].replace("_", ""): (number, values.get("enabled", True)) for number, values in entries}
-
-    def choose(self, label):
-        number = self.menu()[label][0]
-        event = (number, "clicked", GLib.Variant("s", ""), 0)
-        call(self.desktop.session, self.tray_item(), "/MenuBar", "com.canonical.dbusmenu", "Event", "(isvu)", *event)
-
-    def signal(self, number):
-        self.process.send_signal(number)
-
-    def ends(self, code=0, within=5):
-        try:
-            assert self.process.wait(within) == code
-        except subprocess.TimeoutExpired:
-            raise AssertionError("it goes on") from None
-        self.desktop.programs.remove(self)
-
-    def quit(self):
-        self.signal(signal.SIGTERM)
-        self.ends(within=DEADLINE)

@@ -1,0 +1,258 @@
+#include "storm/Oracle.h"
+#include "storm/OracleTerms.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace storm {
+// The cable.
+
+void Oracle::plugged(int adapter, bool in)
+{
+    m_isPlugged[size_t(adapter)] = in;
+    m_goodSince = std::max(m_goodSince, m_now);
+}
+
+void Oracle::wire(bool isHeard, bool isGood, double seconds)
+{
+    if (m_latency > 0)
+        m_quickSince = m_now + kPoll + 4 * kSlowest; // What is under way takes what it took when it began.
+    if (!m_isGood)
+        m_goodSince = m_now + 2 * kPatience;
+    if (!m_holds.empty())
+        m_holds.back().isExact = false;
+    m_deafSince = isHeard ? kNever : std::min(m_deafSince, m_now);
+    m_isHeard = isHeard;
+    m_isGood = isGood;
+    m_latency = seconds;
+}
+
+bool Oracle::isQuick() const
+{
+    return m_isGood && m_latency == 0 && m_now > std::max(m_quickSince, m_goodSince);
+}
+
+bool Oracle::isActive() const
+{
+    return !m_devices.empty() && m_devices.front().communicates() && m_devices.front().posture != None;
+}
+
+bool Oracle::isTakenUp(int adapter) const
+{
+    return std::any_of(
+        m_devices.begin(), m_devices.end(), [=](const Device& device) { return device.adapter == adapter; });
+}
+
+void Oracle::matched(int adapter)
+{
+    if (!m_isPlugged[size_t(adapter)])
+        fail("an adapter is taken up that is not there");
+    endHold();
+    adopt(adapter);
+}
+
+void Oracle::adopt(int adapter)
+{
+    m_devices.push_back({adapter, m_now + kCheck});
+    m_isInitOwed[size_t(adapter)] = true;
+    m_readAt = m_now + kCheck;
+    m_hadTwo = m_hadTwo || m_devices.size() > 1;
+    if (m_devices.size() == 1)
+        m_nextPoll = m_now + kCheck;
+}
+
+void Oracle::removed(int adapter)
+{
+    if (m_isPlugged[size_t(adapter)] && m_isGood && m_now > m_goodSince)
+        fail("an adapter that answers is given up");
+    endHold();
+    m_lastCommand.erase(adapter);
+    m_answers.erase(adapter);
+    m_readAt = m_now;
+    const bool wasFirst = m_devices.front().adapter == adapter;
+    const auto device = std::find_if(
+        m_devices.begin(), m_devices.end(), [=](const Device& one) { return one.adapter == adapter; });
+    if (wasFirst) {
+        m_posture = None;
+        m_nextPoll = kNever;
+        close();
+    }
+    errorIs(*device, {});
+    m_devices.erase(device);
+    if (!wasFirst || m_devices.empty())
+        return;
+    // The one that waited is taken up anew.
+    errorIs(m_devices.front(), {});
+    const int waiting = m_devices.front().adapter;
+    m_devices.clear();
+    adopt(waiting);
+}
+
+void Oracle::transferred(int adapter, const Transfer& transfer)
+{
+    if (!m_running)
+        return;
+    if (!transfer.isRead)
+        return commanded(adapter, transfer);
+    const bool isLate = transfer.duration > kWait;
+    if (!transfer.isOk || !isTakenUp(adapter) || (isLate && adapter != driven()))
+        return;
+    m_readAt = m_now;
+    m_answers[adapter] = {transfer.bytes, m_now - transfer.duration};
+    if (!isLate && isNear(m_now, m_nextPoll))
+        m_nextPoll += kPoll;
+    for (Device& device : m_devices) {
+        if (isLate || isItsTurn(device))
+            hear(device, transfer.bytes);
+    }
+}
+
+/// Of two devices each asks in a rhythm of its own, through the same cable; only the first one drives.
+bool Oracle::isItsTurn(const Device& device) const
+{
+    const double sincePoll = m_now - device.polledSince;
+    const bool isRhythm = device.communicates()
+        ? sincePoll > kRounding && isNear(sincePoll, std::round(sincePoll))
+        : isNear(m_now, device.checkedAt);
+    const bool isDriving = &device == &m_devices.front() && isNear(m_now, m_writtenAt);
+    const bool isLate =
+        isNear(m_now, m_frozenUntil) && (device.communicates() || device.checkedAt > m_now - 5);
+    const bool isCheck = isNear(m_now, device.polledSince); // Nobody looks at the height in it.
+    return (isDriving || !isCheck) && (m_devices.size() == 1 || isRhythm || isDriving || isLate);
+}
+
+void Oracle::hear(Device& device, const std::vector<uint8_t>& report)
+{
+    if (!device.communicates()) {
+        if (m_now < device.checkedAt - kRounding || !(report[2] & 1))
+            return;
+        device.polledSince = m_now;
+        if (&device == &m_devices.front()) {
+            m_nextPoll = m_now + kPoll;
+            open();
+        }
+        return;
+    }
+    errorIs(device, errorIn(report));
+    takeHeight(device, report[4] | report[5] << 8);
+}
+
+/// Whoever asks while the answer is on its way gets the one before, unless nobody would believe it any more.
+void Oracle::hearAgain()
+{
+    const auto answer = m_answers.find(driven());
+    const bool isSlow = m_latency > 0 || (m_isHeard && m_now < m_quickSince);
+    if (!isSlow || m_devices.empty() || answer == m_answers.end()
+        || m_now - answer->second.second > kBelieved)
+        return;
+    Device& device = m_devices.front();
+    if (device.communicates() || isNear(m_now, device.checkedAt))
+        hear(device, answer->second.first);
+}
+
+/// The standing point lies in the middle between the first two memory positions; the height is judged when it
+/// changes, and not when they do.
+void Oracle::takeHeight(Device& device, int height)
+{
+    if (std::exchange(device.height, height) == height)
+        return;
+    const int middle = (int(setting("DevicePosition1")) + int(setting("DevicePosition2"))) / 2;
+    device.posture = height >= middle ? Standing : Sitting;
+    if (&device == &m_devices.front() && std::exchange(m_posture, device.posture) != device.posture)
+        open();
+}
+
+void Oracle::commanded(int adapter, const Transfer& transfer)
+{
+    const auto& bytes = transfer.bytes;
+    m_writtenAt = m_now;
+    if (bytes[0] == 3) {
+        if (!m_isInitOwed[size_t(adapter)] || bytes != std::vector<uint8_t> {3, 4, 0, 0xFB, 0, 0, 0, 0})
+            fail("an init report without need, or none");
+        m_isInitOwed[size_t(adapter)] = !transfer.isOk; // Else it is tried again.
+        return;
+    }
+    const auto command = uint16_t(bytes[1] | bytes[2] << 8);
+    const auto low = uint8_t(command), high = uint8_t(command >> 8);
+    if (bytes != std::vector<uint8_t> {5, low, high, low, high, low, high, low})
+        fail("a report of no kind");
+    if (isTakenUp(adapter) && (transfer.isOk || command != kStopCommand))
+        m_lastCommand[adapter] = command;
+    // A stalled report is told of late: it belongs to the hold in which it began.
+    const double begun = m_now - transfer.duration;
+    const auto hold = std::find_if(
+        m_holds.rbegin(), m_holds.rend(), [=](const Hold& one) { return one.from <= begun + kRounding; });
+    const bool isKnown = hold != m_holds.rend() && hold->adapter == adapter;
+    if (command == kStopCommand) {
+        if (isKnown && hold->to <= begun)
+            hold->stopped = true;
+        return;
+    }
+    if (!isKnown || hold->command != command || hold->stopped || begun > hold->to + kStop) {
+        fail("movement report " + number(command) + " outside a hold");
+        return;
+    }
+    hold->moves += transfer.isOk ? 1 : 0;
+    m_figures.longestOverrun = std::max(m_figures.longestOverrun, begun - hold->to);
+}
+
+/// What must be true of adapters and their reports whenever time has passed.
+void Oracle::judgePresence()
+{
+    if (!m_running || m_now < m_frozenUntil + kRounding)
+        return;
+    // One that was not heard at the first is not asked again.
+    const bool isAsking = !m_devices.empty() && m_devices.front().communicates();
+    if (m_isGood && m_now > m_goodSince + kPoll) {
+        const double late = isQuick() ? 0 : 2 * kPoll + 4 * kSlowest;
+        for (int adapter : {0, 1}) {
+            if (isTakenUp(adapter) != m_isPlugged[size_t(adapter)])
+                fail("an adapter is not taken up, or is kept");
+        }
+        if (isAsking && m_now > m_readAt + kPoll + 0.01 + late)
+            fail("the height is not asked");
+    }
+    if (isAsking && m_now > m_deafSince + 2 * kPatience && m_now > m_readAt + 2 * kPatience)
+        fail("an adapter that does not answer is kept");
+    if (m_holds.empty() || !m_isGood)
+        return;
+    const auto last = m_lastCommand.find(m_holds.back().adapter);
+    const double by =
+        std::max({m_holds.back().to, m_goodSince, m_frozenUntil}) + kStop + (isQuick() ? 0 : 2 * kSlowest);
+    if (m_now > by && last != m_lastCommand.end() && last->second != kStopCommand)
+        fail("no stop after a hold");
+}
+
+void Oracle::pressed(uint16_t command, bool onReminder)
+{
+    m_isReminderHeld = onReminder;
+    hearAgain();
+    if (driven() >= 0)
+        m_nextResend = m_now + kResend;
+    if (driven() >= 0)
+        m_holds.push_back({m_now, kNever, driven(), command, isQuick()});
+}
+
+void Oracle::letGo(bool onReminder)
+{
+    endHold();
+    m_isReminderHeld = m_isReminderHeld && !onReminder;
+    m_isActionDone = m_isActionDone || onReminder;
+}
+
+void Oracle::endHold()
+{
+    if (m_holds.empty() || m_holds.back().to != kNever)
+        return;
+    Hold& hold = m_holds.back();
+    hold.to = m_now;
+    m_nextResend = kNever;
+    hearAgain();
+    ++m_figures.holds;
+    const int due = int((hold.to - hold.from) / kResend + kRounding);
+    if (hold.isExact && hold.moves != due)
+        fail("a hold of " + number(hold.to - hold.from) + " s gave " + number(hold.moves)
+            + " movement reports");
+}
+}

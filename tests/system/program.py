@@ -1,0 +1,89 @@
+"""A started program, as its user and a screen reader find it."""
+
+import signal
+import subprocess
+
+import gi
+
+gi.require_version("Gio", "2.0")
+from gi.repository import GLib  # noqa: E402
+
+from bus import call, get  # noqa: E402
+from screenreader import SHOWING, ignoring_what_goes, listen_to  # noqa: E402
+from waiting import DEADLINE, wait_until  # noqa: E402
+
+TRAY_ITEM = ("/StatusNotifierItem", "org.kde.StatusNotifierItem")
+
+
+class Program:
+    # A started program, and what a screen reader finds in it.
+
+    def __init__(self, desktop, process):
+        self.desktop, self.process = desktop, process
+
+    @property
+    def ear(self):
+        # The program as a screen reader finds it, once it has shown a window.
+        return listen_to(self)
+
+    def window_with(self, *names):
+        # The accessible window that shows controls of these names.
+
+        def find():
+            windows = [window for window in self.ear.children if window.has(SHOWING)]
+            return next((window for window in windows if all(window.all(name) for name in names)), None)
+
+        return wait_until(ignoring_what_goes(find), f"a window with {names}")
+
+    def in_front(self, title):
+        # The window, once it has the keyboard.
+        window = self.desktop.window(title)
+        wait_until(lambda: self.desktop.is_active(window), f"{title} in front")
+        return window
+
+    def show(self):
+        # A second start brings the first one's window to the front.
+        self.desktop.start().ends(within=DEADLINE)
+        return self.in_front("Zelvo StandUp")
+
+    def tray_item(self):
+        def item():
+            names = [arguments[0] for _, arguments in self.desktop.tray.calls("RegisterStatusNotifierItem")]
+            return next((name for name in names if self.desktop.has_owner(self.desktop.session, name)), None)
+
+        return wait_until(ignoring_what_goes(item), "tray icon")
+
+    def click_tray(self):
+        call(self.desktop.session, self.tray_item(), *TRAY_ITEM, "Activate", "(ii)", 0, 0)
+
+    def tray_icon(self):
+        # Its pictures and what it says.
+        item = (self.desktop.session, self.tray_item(), *TRAY_ITEM)
+        return get(*item, "IconPixmap"), get(*item, "ToolTip")[2]
+
+    def menu(self):
+        # Label to (number, enabled) of the entries of the tray's menu.
+        menu = (self.desktop.session, self.tray_item(), "/MenuBar", "com.canonical.dbusmenu")
+        call(*menu, "AboutToShow", "(i)", 0)  # As a tray does before it shows one.
+        layout = call(*menu, "GetLayout", "(iias)", 0, -1, [])
+        entries = [(number, values) for number, values, _ in layout[1][2]]
+        return {values["label"].replace("_", ""): (number, values.get("enabled", True)) for number, values in entries}
+
+    def choose(self, label):
+        number = self.menu()[label][0]
+        event = (number, "clicked", GLib.Variant("s", ""), 0)
+        call(self.desktop.session, self.tray_item(), "/MenuBar", "com.canonical.dbusmenu", "Event", "(isvu)", *event)
+
+    def signal(self, number):
+        self.process.send_signal(number)
+
+    def ends(self, code=0, within=5):
+        try:
+            assert self.process.wait(within) == code
+        except subprocess.TimeoutExpired:
+            raise AssertionError("it goes on") from None
+        self.desktop.programs.remove(self)
+
+    def quit(self):
+        self.signal(signal.SIGTERM)
+        self.ends(within=DEADLINE)
