@@ -60,7 +60,7 @@ private:
     std::shared_ptr<ManagedObjectContext> makeContext(int64_t records)
     {
         Error error;
-        const auto context = std::make_shared<ManagedObjectContext>(
+        auto context = std::make_shared<ManagedObjectContext>(
             PersistentStoreCoordinator::open({}, path(records), error));
         const int64_t workDays = int64_t(kYears) * kWorkDaysAYear;
         for (int64_t record = 0; record < records; ++record) {

@@ -227,7 +227,8 @@ double ZelvoHIDDevice::getStandingPoint()
     const int64_t second = properties.devicePosition2();
     if (first <= 0 || second <= 0)
         return kStandingPointWithoutMemory;
-    return double((first + second) / 2); // A whole unit, as heights are.
+    const int64_t middle = (first + second) / 2; // A whole unit, as heights are.
+    return double(middle);
 }
 
 void ZelvoHIDDevice::setPositionStateFromPosition(int32_t height)

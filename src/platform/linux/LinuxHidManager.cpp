@@ -29,6 +29,7 @@ void logRefusal(const QString& node, HidStatus status)
 }
 
 /// Calls a copy, because the manager and its callbacks may end in the call.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
 void announce(const HidManager::DeviceCallback callback, const HidDeviceRef& device)
 {
     if (callback)

@@ -54,8 +54,9 @@ int makeClient(int timeoutMs)
 {
     const int client = socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0);
     const sockaddr_un unnamed {AF_UNIX, {}};
-    bind(client, generic(unnamed), sizeof unnamed.sun_family);
-    const timeval timeout {timeoutMs / 1000, timeoutMs % 1000 * 1000};
+    // Whoever has no name hears no answer, which the wait for one notices.
+    static_cast<void>(bind(client, generic(unnamed), sizeof unnamed.sun_family));
+    const timeval timeout {timeoutMs / 1000, timeoutMs % 1000 * 1000L};
     setsockopt(client, SOL_SOCKET, SO_RCVTIMEO, &timeout, sizeof timeout);
     setsockopt(client, SOL_SOCKET, SO_SNDTIMEO, &timeout, sizeof timeout);
     return client;

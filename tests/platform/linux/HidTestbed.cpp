@@ -52,7 +52,7 @@ int TestWire::transfer(unsigned long request, uint8_t* bytes)
 namespace {
 QByteArray take(gchar* text)
 {
-    const QByteArray copy(text);
+    QByteArray copy(text);
     g_free(text);
     return copy;
 }
