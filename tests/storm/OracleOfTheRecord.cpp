@@ -212,9 +212,8 @@ void Oracle::look(const Progress& progress)
     const double session = m_isOpen && m_rows.back().storedEnd ? (wall() - m_rows.back().start) / 60 : 0;
     if (!isNear(progress.schedule, share, 0.01)
         || (isScheduled ? !says(progress.session, session) : !progress.session.empty()))
-        if (false)
-            fail("the session shows " + progress.session + " for " + number(session) + ", "
-                + number(progress.schedule) + " % for " + number(share));
+        fail("the session shows " + progress.session + " for " + number(session) + ", "
+            + number(progress.schedule) + " % for " + number(share));
 }
 
 /// By the given rule: what covers the begin or the end of the day counts as standing where minutes are asked.

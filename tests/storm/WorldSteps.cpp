@@ -43,11 +43,11 @@ void World::play(const Step& step)
 {
     using Player = void (World::*)(const Step&);
     /// In the order of Verb.
-    constexpr Player players[] {&World::wait, &World::press, &World::letGo, &World::openOrClose, &World::plug,
-        &World::unplug, &World::setWire, &World::setError, &World::moveByHandset, &World::setUser,
-        &World::darken, &World::signal, &World::sleep, &World::setClock, &World::travel, &World::set,
-        &World::answer, &World::setDisk, &World::restart, &World::freeze};
-    (this->*players[size_t(step.verb)])(step);
+    constexpr Player kPlayers[] {&World::wait, &World::press, &World::letGo, &World::openOrClose,
+        &World::plug, &World::unplug, &World::setWire, &World::setError, &World::moveByHandset,
+        &World::setUser, &World::darken, &World::signal, &World::sleep, &World::setClock, &World::travel,
+        &World::set, &World::answer, &World::setDisk, &World::restart, &World::freeze};
+    (this->*kPlayers[size_t(step.verb)])(step);
 }
 
 void World::setUser(const Step& step)
