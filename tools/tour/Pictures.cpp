@@ -17,6 +17,7 @@
 #include <QTextStream>
 
 #include <memory>
+#include <utility>
 
 namespace {
 constexpr int kNotSetUp = 0;
@@ -34,9 +35,9 @@ void completeSetup(int mode)
 /// Pictures of one program in one language after the other.
 class Photographer {
 public:
-    Photographer(const QString& folder, const QString& suffix, const QLocale& locale)
+    Photographer(const QString& folder, QString suffix, const QLocale& locale)
         : m_folder(folder)
-        , m_suffix(suffix)
+        , m_suffix(std::move(suffix))
         , m_locale(locale)
     {
         QDir().mkpath(folder);
