@@ -153,6 +153,20 @@ TEST_F(QtDialogsTest, aDialogMayGoWithItsWindow)
     EXPECT_EQ(m_dialogs.runAlert("Message", {}, {"Yes", "No"}), Dialogs::kFirstButton + 1);
 }
 
+TEST_F(QtDialogsTest, aQuestionOutlivesAPanelThatWasJustDismissed)
+{
+    m_dialogs.presentError({"generic", 7, "Something is full.", "Why."});
+    auto* const panel = QApplication::activeModalWidget();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(panel));
+    panel->hide(); // It is deleted in a moment, and the focus may still be its own.
+    QApplication::setActiveWindow(panel);
+    user([&](QWidget& modal) {
+        delete panel;
+        box(modal).buttons().at(0)->click();
+    });
+    EXPECT_EQ(m_dialogs.runAlert("Quit?", {}, {"Quit", "Cancel"}), Dialogs::kFirstButton);
+}
+
 TEST_F(QtDialogsTest, aFileGoesIntoTheDocumentsFolderAndIsReplacedOnlyWithConsent)
 {
     for (const char* const name : {"Export.csv", "a.pdf.csv"}) {

@@ -12,13 +12,21 @@
 #include <QStandardPaths>
 
 namespace {
+/// The window in front; nothing where that is a panel which the user has just dismissed, because it dies in a
+/// moment and would take a dialog of its own along.
+QWidget* parentOfDialog()
+{
+    QWidget* const modal = QApplication::activeModalWidget();
+    QWidget* const front = modal ? modal : QApplication::activeWindow();
+    return front && front->isVisible() ? front : nullptr;
+}
+
 /// A dialog dies with its parent window, also while it runs; the pointer then is null.
 template <typename Dialog>
 class Modal {
 public:
     Modal()
-        : m_dialog(new Dialog(QApplication::activeModalWidget() ? QApplication::activeModalWidget()
-                                                                : QApplication::activeWindow()))
+        : m_dialog(new Dialog(parentOfDialog()))
     {
     }
     ~Modal() { delete m_dialog.data(); }
