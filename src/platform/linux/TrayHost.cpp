@@ -19,8 +19,8 @@ const QString kWatcherName = QStringLiteral("org.kde.StatusNotifierWatcher");
 const QString kWatcherPath = QStringLiteral("/StatusNotifierWatcher");
 }
 
-TrayHost::TrayHost(const QDBusConnection& sessionBus, X11Tray x11Tray)
-    : m_bus(sessionBus)
+TrayHost::TrayHost(QDBusConnection sessionBus, X11Tray x11Tray)
+    : m_bus(std::move(sessionBus))
     , m_x11Tray(x11Tray)
 {
 }

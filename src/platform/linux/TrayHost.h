@@ -29,7 +29,7 @@ public:
     enum class X11Tray { Ignored, Accepted };
 
     /// @param sessionBus may be without connection. @param x11Tray Accepted only on the xcb platform.
-    TrayHost(const QDBusConnection& sessionBus, X11Tray x11Tray);
+    TrayHost(QDBusConnection sessionBus, X11Tray x11Tray);
     ~TrayHost() override;
 
     /// Starts looking. The callback comes once, on the main loop and never within this call.
