@@ -30,8 +30,7 @@ public:
     {
     }
     ~Modal() { delete m_dialog.data(); }
-    Modal(const Modal&) = delete;
-    Modal& operator=(const Modal&) = delete;
+    Q_DISABLE_COPY_MOVE(Modal)
 
     Dialog* operator->() const { return m_dialog.data(); }
     /// False when the dialog has gone with its window.
