@@ -1,118 +1,64 @@
-#include "desk/HubTest.h"
-
-#include <map>
-
-namespace {
-/// A story about what is recorded and what is not. It begins with a poll at 1.2 s that finds the desk low.
-/// Polls come each second, pulses every 15 s, looks at the user every 10 s, all awake.
-struct Story : HubTest {
-    void TestBody() override { }
-
-    /// A number lets the machine be awake until so many seconds after the start, "z" lets it sleep for some
-    /// seconds, "set" moves the wall clock, "due" ends the schedule after some.
-    void happens(const QString& what)
-    {
-        const QString word = what.section(u'=', 0, 0);
-        const double value = what.section(u'=', -1).toDouble();
-        const std::map<QString, std::function<void()>> kDeeds {
-            {"away", [&] { user.leave(); }},
-            {"back", [&] { user.comeBack(); }},
-            {"raise", [&] { adapter->setHeight(4000); }},
-            {"lower", [&] { adapter->setHeight(2000); }},
-            {"pull", [&] { hid.unplug(adapter); }},
-            {"plug", [&] { hid.plug(adapter); }},
-            {"pull2", [&] { hid.unplug(second); }},
-            {"plug2", [&] { hid.plug(second); }},
-            {"mute", [&] { letWritesFail(EPIPE); }},
-            {"speak", [&] { letWritesFail(0); }}, // The status can be read again.
-            {"dark", [&] { workspace.screensSleep(); }},
-            {"willsleep", [&] { workspace.willSleep(); }},
-            {"wake", [&] { workspace.wake(); }},
-            {"z", [&] { platform.runLoop.sleepMachine(value); }},
-            {"set", [&] { platform.runLoop.setWallClock(platform.runLoop.now() + value); }},
-            {"due", [&] { hub->scheduleManager()->startScheduledTimerWithInterval(value, kSitting); }},
-            {"full", [&] { execute("PRAGMA query_only = 1"); }},
-            {"room", [&] { execute("PRAGMA query_only = 0"); }},
-        };
-        const auto deed = kDeeds.find(word);
-        deed != kDeeds.end() ? deed->second() : until(value);
-    }
-
-    /// After a write that failed the device asks for the status.
-    void letWritesFail(HidStatus readStatus)
-    {
-        adapter->writeStatus = EPIPE;
-        adapter->readStatus = readStatus;
-        hub->moveDeviceUp();
-    }
-
-    std::shared_ptr<FakeHidDevice> second = makeAdapter(1200);
-};
+#include "desk/DeskStory.h"
 
 TEST(Attendance, isRecordedAndNothingElse)
 {
     const struct {
         const char* what;
-        const char* story;
-        const char* records;
-        const char* told; ///< sessions and reminders, in awake seconds
+        const char* happens;
+        QString records, told; ///< sessions and reminders, in awake seconds
     } kStories[] = {
-        {"postures meet without a gap", "20 raise 50 lower 66",
-            "sit 1.2..20.2, stand 20.2..50.2, sit 50.2..66", "20.2: session, 50.2: session"},
-        {"one reminder to stand up, and one to sit down", "4000 raise 4700",
-            "sit 1.2..4000.2, stand 4000.2..4700", "1201.2: reminder 1, 4000.2: session, 4600.2: reminder 2"},
+        {"postures meet without a gap", "20 height=4000 50 height=2000 66",
+            "sit 1.2..20.2, stand 20.2..50.2, sit 50.2..66", "20.2 session, 50.2 session"},
+        {"one reminder to stand up, and one to sit down", "4000 height=4000 4700",
+            "sit 1.2..4000.2, stand 4000.2..4700", "1201.2 reminder 1, 4000.2 session, 4600.2 reminder 2"},
         {"an adapter that leaves for a while", "100 pull 200 plug 210", "sit 1.2..100, sit 201.2..210",
-            "201.2: session"},
-        {"an adapter that is silent for a while", "50 mute 100 speak 120", "sit 1.2..50, sit 100..120",
-            "100.0: session"},
-        {"a write that fails on a line that is well", "50 speak 60", "sit 1.2..60", ""},
-        {"a second adapter changes nothing until the first one leaves",
-            "9 plug2 20 pull2 30 plug2 40 pull 50", "sit 1.2..40, sit 41.2..50", "41.2: session"},
+            "201.2 session"},
+        {"an adapter that is silent for a while", "50 on=0 100 on=1 120", "sit 1.2..50, sit 100..120",
+            "100 session"},
+        {"a write that fails on a line that is well", "50 on=1 60", "sit 1.2..60", ""},
         {"an absence, seen at the next look in both directions", "104 away 303 back 330",
-            "sit 1.2..280, sit 310..330", "310.0: session"},
+            "sit 1.2..280, sit 310..330", "310 session"},
         {"dark screens open a fresh period, a wake closes it", "47 dark 63 wake 66",
-            "sit 1.2..47, sit 47..63", "47.0: session"},
+            "sit 1.2..47, sit 47..63", "47 session"},
         {"dark screens open one where none was open, but not without a desk",
-            "22 wake 24 dark 27 pull dark 41", "sit 1.2..22, sit 24..27", "24.0: session"},
+            "22 wake 24 dark 27 pull 27.1 dark 41", "sit 1.2..22, sit 24..27", "24 session"},
         {"what is due while the user is known to be away", "7 away 183 dark due=4 201",
-            "sit 1.2..180, sit 183..190", "183.0: session, 183.0: session"},
+            "sit 1.2..180, sit 183..190", "183 session, 183 session"},
 
         {"a sleep with both signals", "42 willsleep 43 z=30000 wake 66", "sit 1.2..42, sit 30060..30066",
-            "60.0: session"},
+            "60 session"},
         {"four seconds asleep without a signal, noticed by the pulse", "41 z=4 66", "sit 1.2..45, sit 64..70",
-            "60.0: session"},
+            "60 session"},
         {"a night without a signal, noticed by the look at the user", "48 z=30000 66",
-            "sit 1.2..50, sit 30060..30066", "60.0: session"},
-        {"the schedule ends before anything notices", "41 due=3 z=30000 49", "sit 1.2..45", "41.0: session"},
+            "sit 1.2..50, sit 30060..30066", "60 session"},
+        {"the schedule ends before anything notices", "41 due=3 z=30000 49", "sit 1.2..45", "41 session"},
         {"a sleep behind a clock that lost the same time", "41 z=30000 set=-30000 66",
-            "sit 1.2..45, sit 60..66", "60.0: session"},
+            "sit 1.2..45, sit 60..66", "60 session"},
 
         {"a clock set back by a week: the schedule goes on", "41 set=-604800 1203",
-            "sit -604755..-603597, sit 1.2..45", "1201.2: reminder 1"},
+            "sit -604755..-603597, sit 1.2..45", "1201.2 reminder 1"},
         {"steps of less than two seconds, until they add up", "16 set=1.25 31 set=1.25 47",
             "sit 1.2..45, sit 47.5..49.5", ""},
         {"a small step back at the start: nothing runs backwards", "1.5 set=-1 1.6", "sit 1.2..1.2", ""},
-        {"a step, and the posture changes before the pulse", "41 set=1000 raise 44",
-            "sit 1.2..41.2, stand 1041.2..1044", "41.2: session"},
+        {"a step, and the posture changes before the pulse", "41 set=1000 height=4000 44",
+            "sit 1.2..41.2, stand 1041.2..1044", "41.2 session"},
         {"a step, and the adapter is pulled before the pulse", "41 set=-1000 pull 66", "sit 1.2..41", ""},
         {"a step in front of dark screens while nobody is there", "7 away 192 dark set=1000 199",
-            "sit 1.2..180, sit 192..195", "192.0: session"},
+            "sit 1.2..180, sit 192..195", "192 session"},
 
-        {"a full disk: what was pending goes out with the next record", "30 full raise 40 room lower 49",
-            "sit 1.2..30.2, stand 30.2..40.2, sit 40.2..49", "30.2: session, 40.2: session"},
-        {"a period that begins and ends without room goes out all the same", "50 full raise 55 pull room 61",
-            "sit 1.2..50.2, stand 50.2..55", "50.2: session"},
+        {"a full disk: what was pending goes out with the next record",
+            "30 full height=4000 40 room height=2000 49", "sit 1.2..30.2, stand 30.2..40.2, sit 40.2..49",
+            "30.2 session, 40.2 session"},
+        {"a period that begins and ends without room goes out all the same",
+            "50 full height=4000 55 pull room 61", "sit 1.2..50.2, stand 50.2..55", "50.2 session"},
     };
     for (const auto& [what, happens, records, told] : kStories) {
-        Story story;
-        story.plugAndPoll();
-        for (const QString& deed : QString::fromLatin1(happens).split(u' '))
-            story.happens(deed);
-        story.hub->terminate();
-        EXPECT_EQ(story.records(), records) << what;
-        EXPECT_EQ(story.heard(QRegularExpression(QStringLiteral("session|reminder"))), told) << what;
-        EXPECT_EQ(story.hub->activity(), nullptr) << what;
-        EXPECT_FALSE(story.hub->scheduleManager()->isScheduled()) << what;
+        SCOPED_TRACE(what);
+        DeskStory story;
+        story.play(QString(happens) + " quit");
+        EXPECT_EQ(story.records(), records);
+        EXPECT_EQ(story.heard("session|reminder"), told);
+        EXPECT_EQ(story.hub->activity(), nullptr);
+        EXPECT_FALSE(story.hub->scheduleManager()->isScheduled());
     }
-}
 }
