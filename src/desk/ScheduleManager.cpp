@@ -84,7 +84,8 @@ void ScheduleManager::snoozeForPosition(int32_t position)
 void ScheduleManager::cancelPeriodForPosition(int32_t position)
 {
     const auto cycle = int32_t((standingPerHour() + sittingPerHour()) * kSecondsPerMinute);
-    startScheduledTimerWithInterval(cycle / AppProperties::instance().standUpsForDivision(), position);
+    const int32_t wholeSeconds = cycle / AppProperties::instance().standUpsForDivision();
+    startScheduledTimerWithInterval(wholeSeconds, position);
 }
 
 std::optional<Date> ScheduleManager::scheduledDate() const

@@ -67,7 +67,7 @@ void initResources()
 QString firstAvailableLanguage(const QStringList& codes)
 {
     for (const QString& code : codes) {
-        const QString language = languageOf(code);
+        QString language = languageOf(code);
         if (!language.isEmpty() && QFile::exists(textsPath(language)))
             return language;
     }

@@ -18,7 +18,7 @@ public:
     /// What the circle shows, after the name it was given.
     [[nodiscard]] QString text(QAccessible::Text kind) const override
     {
-        const QString given = QAccessibleWidget::text(kind);
+        QString given = QAccessibleWidget::text(kind);
         if (kind != QAccessible::Name)
             return given;
         const QString shown = static_cast<CircleView*>(object())->text();

@@ -123,7 +123,7 @@ QRectF mirrored(const QRectF& rect, const QRectF& within, Qt::LayoutDirection di
 {
     if (direction == Qt::LeftToRight)
         return rect;
-    return QRectF(QPointF(within.left() + within.right() - rect.right(), rect.top()), rect.size());
+    return {QPointF(within.left() + within.right() - rect.right(), rect.top()), rect.size()};
 }
 
 void paintBeside(QPainter& painter, const QRectF& rect, const ButtonState& state)
