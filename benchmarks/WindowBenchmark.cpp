@@ -3,6 +3,7 @@
 // with it closed, memory before and after opening and closing every window many times. Takes a little over
 // two minutes.
 
+#include "SimulatedApplication.h"
 #include "data/ActivityMode.h"
 #include "data/ActivityPersister.h"
 #include "data/AppProperties.h"
@@ -14,7 +15,6 @@
 #include "resources/Resources.h"
 #include "screens/HistoryWindowController.h"
 #include "screens/WizardWindowController.h"
-#include "shell/AppDelegate.h"
 #include "shell/MainWindowController.h"
 #include "shell/Notification.h"
 #include "shell/NotificationWindowController.h"
@@ -88,11 +88,7 @@ struct World {
         properties.setActivityMode(kCalorieGoal);
         properties.setActivityGoal(150);
         properties.setNumberOfStandUps(2);
-        app = std::make_unique<AppDelegate>(AppDelegate::Dependencies {desktop.hid, desktop.events,
-            desktop.workspace, desktop.loginItems, desktop.dialogs, desktop.folder.path(), {}, [] {},
-            [this](AppDelegate& delegate) {
-                return std::make_unique<TestWindowController>(delegate.menuletController(), &desktop.hid);
-            }});
+        app = std::make_unique<AppDelegate>(simulatedApplication(desktop, desktop.hid));
         app->applicationDidFinishLaunching();
         fillStore();
     }

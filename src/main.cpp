@@ -20,7 +20,6 @@
 #include "resources/Resources.h"
 #include "shell/AppDelegate.h"
 #include "shell/PictureIcon.h"
-#include "shell/TestWindowController.h"
 
 #include <QApplication>
 #include <QDBusConnection>
@@ -96,10 +95,7 @@ struct Program {
         , app({*hidManager, *eventSource, workspace, loginItems, dialogs,
               QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation),
               QCoreApplication::applicationFilePath(), [] { QCoreApplication::exit(); },
-              [this](AppDelegate& delegate) {
-                  return std::make_unique<TestWindowController>(
-                      delegate.menuletController(), dynamic_cast<SimulatedHidManager*>(hidManager.get()));
-              }})
+              dynamic_cast<SimulatedHidManager*>(hidManager.get())})
     {
     }
 

@@ -114,8 +114,7 @@ void AppDelegate::showHistory()
 
 void AppDelegate::showTestWindow()
 {
-    if (m_dependencies.makeTestWindow)
-        testWindowController().showWindow();
+    testWindowController().showWindow();
 }
 
 void AppDelegate::showSomething()
@@ -153,7 +152,7 @@ bool AppDelegate::validateMenuItem(const QAction* item) const
 QString AppDelegate::applicationFilesDirectory()
 {
     const QString name = QStringLiteral("%1.%2").arg(kDomainPrefix, AppProperties::instance().bundleName());
-    const QString folder = QDir(m_dependencies.applicationSupportDirectory).filePath(name);
+    QString folder = QDir(m_dependencies.applicationSupportDirectory).filePath(name);
     if (!QFileInfo::exists(folder))
         QDir().mkpath(folder);
     return folder;
@@ -293,7 +292,8 @@ HistoryWindowController& AppDelegate::historyController()
 TestWindowController& AppDelegate::testWindowController()
 {
     if (!m_testWindowController)
-        m_testWindowController = m_dependencies.makeTestWindow(*this);
+        m_testWindowController =
+            std::make_unique<TestWindowController>(*m_menuletController, m_dependencies.simulatedDesk);
     return *m_testWindowController;
 }
 

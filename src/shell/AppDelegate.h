@@ -19,6 +19,7 @@ class HidManager;
 class HistoryWindowController;
 class LoginItems;
 class PersistentStoreCoordinator;
+class SimulatedHidManager;
 class TestWindowController;
 class WizardWindowController;
 class Workspace;
@@ -40,8 +41,8 @@ public:
         QString executablePath;
         /// Ends the event loop.
         std::function<void()> quit;
-        /// Fills the developer's test window with the simulated desk's controls; may be empty.
-        std::function<std::unique_ptr<TestWindowController>(AppDelegate&)> makeTestWindow;
+        /// The desk that the developer's test window works beside the real one; null when there is none.
+        SimulatedHidManager* simulatedDesk = nullptr;
     };
 
     explicit AppDelegate(Dependencies dependencies);

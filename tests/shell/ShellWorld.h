@@ -1,10 +1,10 @@
 #pragma once
 
+#include "SimulatedApplication.h"
 #include "data/AppProperties.h"
 #include "desk/ZelvoController.h"
 #include "fakes/FakeHid.h"
 #include "fakes/TestPlatform.h"
-#include "shell/AppDelegate.h"
 #include "shell/TestWindowController.h"
 
 #include <memory>
@@ -51,7 +51,6 @@ public:
     SimulatedWorkspace& workspace = platform.workspace;
     SimulatedDialogs& dialogs = platform.dialogs;
     int quits = 0;
-    std::unique_ptr<AppDelegate> app = std::make_unique<AppDelegate>(
-        AppDelegate::Dependencies {hid, platform.events, workspace, platform.loginItems, dialogs,
-            platform.folder.path(), QStringLiteral("/opt/zelvo/zelvo-standup"), [this] { ++quits; }, {}});
+    std::unique_ptr<AppDelegate> app =
+        std::make_unique<AppDelegate>(simulatedApplication(platform, hid, [this] { ++quits; }));
 };

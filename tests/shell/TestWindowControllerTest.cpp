@@ -13,12 +13,7 @@ class TestWindowControllerTest : public WindowTest {
 protected:
     void startSimulated()
     {
-        world->app = std::make_unique<AppDelegate>(
-            AppDelegate::Dependencies {simulated, world->platform.events, world->workspace,
-                world->platform.loginItems, world->dialogs, world->platform.folder.path(), {}, [] {},
-                [this](AppDelegate& delegate) {
-                    return std::make_unique<TestWindowController>(delegate.menuletController(), &simulated);
-                }});
+        world->app = std::make_unique<AppDelegate>(simulatedApplication(world->platform, simulated));
         start();
         pass(2);
         world->app->showTestWindow();

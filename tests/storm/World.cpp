@@ -70,7 +70,7 @@ void World::start()
     m_events = std::make_unique<SleepAwareEventSource>(std::make_unique<User::Seen>(*m_user));
     m_app = std::make_unique<AppDelegate>(
         AppDelegate::Dependencies {*m_bus, *m_events, m_workspace, m_platform.loginItems, m_dialogs,
-            m_platform.folder.path(), QStringLiteral("/opt/zelvo/zelvo-standup"), [] {}, {}});
+            m_platform.folder.path(), QStringLiteral("/opt/zelvo/zelvo-standup"), [] {}});
     oracle().started();
     m_app->applicationDidFinishLaunching();
     const int silent = ::open("/dev/null", O_WRONLY | O_CLOEXEC); // The log of a decade is long.

@@ -1,8 +1,8 @@
 #include "TourWorld.h"
 
+#include "SimulatedApplication.h"
 #include "data/AppProperties.h"
 #include "desk/ZelvoController.h"
-#include "shell/TestWindowController.h"
 
 #include <QApplication>
 
@@ -12,11 +12,7 @@ TourWorld::TourWorld(const QLocale& locale, Wire printed)
     bundle.userLocale = locale;
     if (printed == Wire::Printed)
         hid.adapter().onTransfer([this](const HidTransfer& transfer) { wire.record(transfer); });
-    app = std::make_unique<AppDelegate>(AppDelegate::Dependencies {hid, events, workspace, loginItems,
-        dialogs, folder.path(), QCoreApplication::applicationFilePath(), [this] { hasQuit = true; },
-        [this](AppDelegate& delegate) {
-            return std::make_unique<TestWindowController>(delegate.menuletController(), &hid);
-        }});
+    app = std::make_unique<AppDelegate>(simulatedApplication(*this, hid, [this] { hasQuit = true; }));
 }
 
 void TourWorld::pass(double seconds)
