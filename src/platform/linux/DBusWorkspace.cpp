@@ -117,7 +117,9 @@ void DBusWorkspace::takeDelayLock()
         QDBusMessage::createMethodCall(kLogind, kLogindPath, kLogindManager, QStringLiteral("Inhibit"));
     message << QStringLiteral("sleep:shutdown") << QStringLiteral("Zelvo StandUp")
             << QStringLiteral("Stops the desk and saves the record") << QStringLiteral("delay");
-    call(m_systemBus, message, [this](const QDBusPendingCallWatcher& finished) {
+    call(m_systemBus, message, [this, request = m_lockRequest](const QDBusPendingCallWatcher& finished) {
+        if (request != m_lockRequest)
+            return; // Asked of a logind that is gone, or for a sleep that has come: such a lock ends here.
         m_isTakingLock = false;
         const QDBusPendingReply<QDBusUnixFileDescriptor> reply = finished;
         if (reply.isError())
@@ -131,6 +133,8 @@ void DBusWorkspace::takeDelayLock()
 void DBusWorkspace::releaseDelayLock()
 {
     m_delayLock = QDBusUnixFileDescriptor();
+    m_isTakingLock = false;
+    ++m_lockRequest;
 }
 
 void DBusWorkspace::prepareForSleep(bool isAboutToSleep)

@@ -51,6 +51,7 @@ private:
     QDBusServiceWatcher m_logindWatcher;
     QDBusUnixFileDescriptor m_delayLock; ///< logind waits with sleep and shutdown while it is open
     bool m_isTakingLock = false;
+    int m_lockRequest = 0; ///< counts up when an answer that is still under way no longer counts
     QSet<QString> m_darkSources; ///< their last word was dark
     bool m_isDark = false;
 };
