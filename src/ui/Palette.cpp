@@ -50,12 +50,12 @@ QColor zelvoColor1()
 
 QColor zelvoTextColor()
 {
-    return QColor(0x61, 0x61, 0x61);
+    return {0x61, 0x61, 0x61};
 }
 
 QColor zelvoBackgroundColor()
 {
-    return QColor(0xEC, 0xEC, 0xEC);
+    return {0xEC, 0xEC, 0xEC};
 }
 
 QColor zelvoHoverColor()
@@ -65,22 +65,22 @@ QColor zelvoHoverColor()
 
 QColor zelvoMainLineColor()
 {
-    return QColor(0xB0, 0xB0, 0xB0);
+    return {0xB0, 0xB0, 0xB0};
 }
 
 QColor zelvoLineColor()
 {
-    return QColor(0xB2, 0xB2, 0xB2);
+    return {0xB2, 0xB2, 0xB2};
 }
 
 QColor zelvoButtonDarkBackgroundColor()
 {
-    return QColor(0xD9, 0xD9, 0xD9);
+    return {0xD9, 0xD9, 0xD9};
 }
 
 QColor zelvoLinkHover()
 {
-    return QColor(0x6F, 0x6F, 0x6F);
+    return {0x6F, 0x6F, 0x6F};
 }
 
 QColor colorFromHexadecimalValue(const QString& string)
