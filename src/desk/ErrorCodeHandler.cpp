@@ -3,7 +3,7 @@
 #include <array>
 
 namespace {
-constexpr size_t kFlagsByte = 3;
+constexpr size_t kStatusWordHighByte = 3;
 constexpr uint8_t kErrorPresent = 0x02;
 constexpr size_t kKindsByte = 6;
 constexpr size_t kCodesPresentByte = 32;
@@ -25,7 +25,7 @@ constexpr std::array kKinds {
 
 std::optional<QMap<QString, QString>> ErrorCodeHandler::setErrorCode(std::span<const uint8_t, 64> report)
 {
-    if (!(report[kFlagsByte] & kErrorPresent))
+    if (!(report[kStatusWordHighByte] & kErrorPresent))
         return std::nullopt;
 
     QMap<QString, QString> codes;
