@@ -81,8 +81,7 @@ bool QtDialogs::presentError(const Error& error)
         QStringLiteral("%1 %2: %3 %4")
             .arg(error.domain, QString::number(error.code), error.localizedDescription, error.failureReason));
     m_waitingErrors.enqueue(error);
-    if (!m_errorPanel)
-        showNextError();
+    showNextError();
     return false;
 }
 
@@ -97,7 +96,7 @@ void QtDialogs::forgetErrors()
 /// control. What comes meanwhile is shown afterwards, so that the cause is read before its consequences.
 void QtDialogs::showNextError()
 {
-    if (m_waitingErrors.isEmpty())
+    if (m_errorPanel || m_waitingErrors.isEmpty())
         return;
     const Error error = m_waitingErrors.dequeue();
     m_errorPanel = new QMessageBox(QApplication::activeWindow());
