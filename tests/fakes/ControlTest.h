@@ -30,11 +30,10 @@ protected:
     /// What nothing paints, so that what a test sees was painted.
     static constexpr QColor kGround {255, 0, 255};
 
-    /// What stands on a screen of that scale; the ground where the widget paints nothing.
-    static QImage grab(QWidget& widget, double scale = 1)
+    /// What stands on the screen; the ground where the widget paints nothing.
+    static QImage grab(QWidget& widget)
     {
-        QImage image((QSizeF(widget.size()) * scale).toSize(), QImage::Format_RGB32);
-        image.setDevicePixelRatio(scale);
+        QImage image(widget.size(), QImage::Format_RGB32);
         image.fill(kGround);
         widget.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
         return image;
@@ -47,12 +46,6 @@ protected:
         QPalette palette = button.palette();
         palette.setColor(QPalette::Button, color);
         button.setPalette(palette);
-    }
-
-    /// The colour at a point in logical pixels.
-    static QColor colorAt(const QImage& image, const QPointF& point)
-    {
-        return image.pixelColor((point * image.devicePixelRatio()).toPoint());
     }
 
     /// The rectangle around all pixels of which the condition holds.

@@ -1,11 +1,18 @@
 #pragma once
 
-#include "fakes/PrintQt.h"
 #include "platform/simulated/SimulatedDesktop.h"
 
 #include <QCoreApplication>
 #include <QMap>
 #include <QTranslator>
+
+#include <ostream>
+
+/// A readable text in the message of a failing test.
+inline void PrintTo(const QString& text, std::ostream* stream)
+{
+    *stream << '"' << text.toStdString() << '"';
+}
 
 /// Texts by key, before those of the installed language.
 class TestTexts final : public QTranslator {
@@ -26,12 +33,29 @@ public:
     /// 2024-03-15 08:00:00 UTC, a Friday.
     static constexpr double kStart = 1710489600.0;
 
-    explicit TestPlatform(const QJsonObject& information = defaultInformation());
+    explicit TestPlatform(const QJsonObject& information = defaultInformation())
+        : SimulatedDesktop(kStart, information)
+    {
+    }
 
     /// What the next start of the program finds, which may have brought another bundle.
-    void restart(Bundle* otherBundle = nullptr);
+    void restart(Bundle* otherBundle = nullptr)
+    {
+        ProcessServices::Backends backends = services->backends();
+        if (otherBundle)
+            backends.bundle = otherBundle;
+        services.reset();
+        services.emplace(backends);
+    }
 
-    static QJsonObject defaultInformation();
+    static QJsonObject defaultInformation()
+    {
+        return {{"CFBundleName", "StandUp"}, {"CFBundleShortVersionString", "1.0.1"},
+            {"ZelvoFontName", "Open Sans"}, {"ZelvoColor1", "#00707A"}, {"ActivityModeDefault", "2"},
+            {"DevicePosition1", 700}, {"DevicePosition2", 4300}, {"DevicePosition3", 4700},
+            {"TablePositionOffset", 6200}, {"InfoUrl", "https://zelvo.example/info"},
+            {"ErrorUrl", "https://zelvo.example/errors"}, {"VideoUrl", "https://zelvo.example/video"}};
+    }
 
     TestTexts texts;
 };
