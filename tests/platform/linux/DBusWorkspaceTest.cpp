@@ -4,16 +4,15 @@
 
 #include <QDBusObjectPath>
 #include <QDBusUnixFileDescriptor>
-#include <QStringList>
+#include <QtCore/qtestsupport_core.h>
 
 #include <fcntl.h>
-#include <gtest/gtest.h>
 #include <optional>
 #include <unistd.h>
 
 namespace {
-const QString kLogindPath = QStringLiteral("/org/freedesktop/login1");
-const QString kSessionPath = QStringLiteral("/org/freedesktop/login1/session/_32");
+const QString kLogindPath = "/org/freedesktop/login1";
+const QString kSessionPath = "/org/freedesktop/login1/session/_32";
 }
 
 /// As much of logind as a session program meets. The other end of a pipe shows whether a delay lock is held.
@@ -26,11 +25,11 @@ public:
         : m_bus(bus)
     {
         m_bus.registerObject(kLogindPath, this, QDBusConnection::ExportAllSlots);
-        m_bus.registerService(QStringLiteral("org.freedesktop.login1"));
+        m_bus.registerService("org.freedesktop.login1");
     }
     ~FakeLogind() override
     {
-        m_bus.unregisterService(QStringLiteral("org.freedesktop.login1"));
+        m_bus.unregisterService("org.freedesktop.login1");
         close(m_lock);
     }
     /// True while the program has its end of the lock open.
@@ -69,22 +68,20 @@ class DBusWorkspaceTest : public testing::Test {
 protected:
     DBusWorkspaceTest()
     {
-        m_logind.emplace(m_system);
-        m_workspace.onScreensDidSleep([this] { m_heard.append(QStringLiteral("dark")); });
-        m_workspace.onWillSleep([this] { hearWithTheLockHeld("sleep"); });
-        m_workspace.onWillShutDown([this] { hearWithTheLockHeld("shutdown"); });
-        m_workspace.onDidWake([this] { m_heard.append(QStringLiteral("wake")); });
-        waitForTheLock();
+        m_workspace.onScreensDidSleep([this] { hear("dark"); });
+        m_workspace.onWillSleep([this] { hear("sleep"); });
+        m_workspace.onWillShutDown([this] { hear("shutdown"); });
+        m_workspace.onDidWake([this] { m_heard.append("wake"); });
     }
 
-    void hearWithTheLockHeld(const char* what)
+    /// The machine may not sleep before the record is safe.
+    void hear(const char* what) { m_heard.append(m_logind->isLockHeld() ? what : "too late"); }
+    /// A logind is there, and the program has heard of it.
+    void startLogind()
     {
-        m_heard.append(QString::fromLatin1(what));
-        EXPECT_TRUE(m_logind->isLockHeld()) << "the machine may not sleep before the record is safe";
-    }
-    void waitForTheLock()
-    {
-        EXPECT_TRUE(waitFor([&] { return m_logind->isLockHeld() && m_logind->asked.size() == 2; }));
+        m_logind.reset();
+        m_logind.emplace(m_system);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return m_logind->isLockHeld() && m_logind->asked.size() == 2; }));
         settle();
     }
     /// What was sent so far arrives.
@@ -99,34 +96,28 @@ protected:
     void say(const QString& what)
     {
         const bool on = what.endsWith(u'+');
-        const QString service = what.chopped(1);
-        const bool isAboutLock = service.startsWith(QStringLiteral("Prepare"));
-        if (service == QStringLiteral("power") || service == QStringLiteral("panel"))
-            changeProperty(m_session, QStringLiteral("/org/gnome/Mutter/DisplayConfig"),
-                QStringLiteral("org.gnome.Mutter.DisplayConfig"),
-                service == QStringLiteral("power") ? "PowerSaveMode" : "PanelOrientationManaged",
-                what.endsWith(u'?') ? -1 : on * 3);
-        else if (service == QStringLiteral("LockedHint") || service == QStringLiteral("IdleHint"))
-            changeProperty(m_system, kSessionPath, QStringLiteral("org.freedesktop.login1.Session"),
-                service.toLatin1().constData(), on);
-        else if (isAboutLock)
-            send(m_system, kLogindPath, QStringLiteral("org.freedesktop.login1.Manager"), service, {on});
-        else if (service == QStringLiteral("kde")) // It uses the general name in two places.
-            send(m_session, QStringLiteral("/ScreenSaver"), QStringLiteral("org.freedesktop.ScreenSaver"),
-                QStringLiteral("ActiveChanged"), {on});
-        else
-            send(m_session, QStringLiteral("/org/%1/ScreenSaver").arg(service),
-                QStringLiteral("org.%1.ScreenSaver").arg(service), QStringLiteral("ActiveChanged"), {on});
+        const QString topic = what.chopped(1);
+        if (topic.startsWith("Prepare")) {
+            send(m_system, kLogindPath, "org.freedesktop.login1.Manager", topic, {on});
+            EXPECT_TRUE(QTest::qWaitFor([&] { return m_logind->isLockHeld() != on; })) << qPrintable(what);
+        } else if (topic.endsWith("Hint")) {
+            change(m_system, kSessionPath, "org.freedesktop.login1.Session", topic, on);
+        } else if (topic.startsWith(u'P')) {
+            change(m_session, "/org/gnome/Mutter/DisplayConfig", "org.gnome.Mutter.DisplayConfig", topic,
+                what.endsWith(u'?') ? -1 : on);
+        } else {
+            const bool isBrief = topic == "kde"; // It uses the general name in two places.
+            const QString name = QString("org.%1.ScreenSaver").arg(isBrief ? "freedesktop" : topic);
+            const QString path = isBrief ? "/ScreenSaver" : u'/' + QString(name).replace(u'.', u'/');
+            send(m_session, path, name, "ActiveChanged", {on});
+        }
         settle();
-        EXPECT_TRUE(waitFor([&] { return !isAboutLock || m_logind->isLockHeld() != on; }))
-            << qPrintable(what);
     }
-    static void changeProperty(const QDBusConnection& bus, const QString& path, const QString& interface,
-        const char* property, const QVariant& value)
+    static void change(const QDBusConnection& bus, const QString& path, const QString& interface,
+        const QString& property, const QVariant& value)
     {
-        send(bus, path, QStringLiteral("org.freedesktop.DBus.Properties"),
-            QStringLiteral("PropertiesChanged"),
-            {interface, QVariantMap {{QString::fromLatin1(property), value}}, QStringList()});
+        send(bus, path, "org.freedesktop.DBus.Properties", "PropertiesChanged",
+            {interface, QVariantMap {{property, value}}, QStringList()});
     }
     static void send(const QDBusConnection& bus, const QString& path, const QString& interface,
         const QString& name, const QVariantList& arguments)
@@ -140,46 +131,43 @@ protected:
     TestBus m_sessionBus;
     QDBusConnection m_system = m_systemBus.connect();
     QDBusConnection m_session = m_sessionBus.connect();
-    std::optional<FakeLogind> m_logind;
     QDBusConnection m_watchedSystem = m_systemBus.connect();
     QDBusConnection m_watchedSession = m_sessionBus.connect();
+    std::optional<FakeLogind> m_logind;
     DBusWorkspace m_workspace {m_watchedSystem, m_watchedSession};
     QStringList m_heard;
 };
 
 TEST_F(DBusWorkspaceTest, tellsTheFirstEdgeOfWhatManyServicesSay)
 {
+    startLogind();
     // What is on at the end of a row is switched off before the next.
     const char* const kTestCases[][2] = {
-        {"gnome+ gnome- gnome+ gnome-", "dark dark"}, // lock, unlock, lock
-        {"LockedHint+ LockedHint- LockedHint+ LockedHint-", "dark dark"},
         {"gnome+ gnome+ gnome- gnome- gnome+ gnome-", "dark dark"},
-        {"gnome+ power+ power+ kde+ LockedHint+ LockedHint- kde- power- gnome-", "dark"},
-        {"gnome+ power+ power- gnome- power+ power-", "dark dark"},
-        {"gnome+ kde+ kde- kde+ kde- gnome-", "dark dark"}, // a locker that is stuck
-        {"power? power-", ""}, // no mode is known
-        {"power+ panel+ power+ power-", "dark"}, {"LockedHint+ IdleHint- LockedHint+ LockedHint-", "dark"},
+        {"gnome+ PowerSaveMode+ kde+ LockedHint+ LockedHint- kde- PowerSaveMode- gnome-", "dark"},
+        {"gnome+ PowerSaveMode+ PowerSaveMode- gnome- PowerSaveMode+ PowerSaveMode-", "dark dark"},
+        {"gnome+ kde+ kde- kde+ kde- gnome-", "dark dark"}, // A locker that is stuck.
+        {"PowerSaveMode? PowerSaveMode-", ""}, // No mode is known.
+        {"PowerSaveMode+ PanelOrientationManaged- PowerSaveMode+ PowerSaveMode-", "dark"},
+        {"LockedHint+ IdleHint- LockedHint+ LockedHint-", "dark"},
         {"freedesktop+ freedesktop- cinnamon+ cinnamon- mate+ mate- xfce+ xfce-", "dark dark dark dark"},
-        {"PrepareForSleep+ PrepareForSleep- PrepareForSleep+ PrepareForSleep-", "sleep wake sleep wake"},
         {"LockedHint+ PrepareForSleep+ PrepareForSleep- LockedHint- LockedHint+ LockedHint-",
             "dark sleep wake dark"},
-        {"PrepareForShutdown+ PrepareForShutdown-", "shutdown"}, // called off
-        {"PrepareForSleep-", "wake"}, // of a sleep that was not announced
+        {"PrepareForShutdown+ PrepareForShutdown-", "shutdown"}, // Called off.
+        {"PrepareForSleep-", "wake"}, // Of a sleep that was not announced.
     };
     for (const auto& [said, heard] : kTestCases) {
         m_heard.clear();
-        for (const QString& what : QString::fromLatin1(said).split(u' '))
+        for (const QString& what : QString(said).split(u' '))
             say(what);
         EXPECT_EQ(m_heard.join(u' ').toStdString(), heard) << said;
     }
-    EXPECT_EQ(m_logind->asked.size(), 6) << "for the session, and for the lock after what ended";
-    m_logind.reset();
-    m_logind.emplace(m_system);
-    waitForTheLock(); // A logind that starts again is heard, and asked for the lock anew.
+    EXPECT_EQ(m_logind->asked.size(), 4) << "for the session, and for the lock after what ended";
+    startLogind(); // One that starts again is heard, and asked for the lock anew.
     m_heard.clear();
-    say(QStringLiteral("PrepareForSleep+"));
-    EXPECT_EQ(m_heard, QStringList {QStringLiteral("sleep")});
-    EXPECT_EQ(m_logind->asked.join(u' '), QStringLiteral("sleep:shutdown delay auto"));
+    say("PrepareForSleep+");
+    EXPECT_EQ(m_heard.join(u' '), "sleep");
+    EXPECT_EQ(m_logind->asked.join(u' '), "sleep:shutdown delay auto");
 }
 }
 

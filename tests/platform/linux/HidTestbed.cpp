@@ -13,64 +13,45 @@
 #include <sys/syscall.h>
 #include <umockdev.h>
 #include <unistd.h>
-#include <utility>
 
-/// What the adapter's thread and the test share.
-struct TestWire {
-    int transfer(unsigned long request, uint8_t* bytes);
+namespace {
+// What the adapters' threads and the test share.
+std::mutex s_mutex;
+std::condition_variable s_changed;
+std::map<ino_t, TestWire> s_wires; ///< by the node's file; they stay, for a thread may still hang on one
 
-    std::mutex mutex;
-    std::condition_variable silenceEnded;
-    TestAdapter::Report answer;
-    int failure = 0;
-    bool isSilent = false;
-    bool isHolding = false;
-    std::vector<TestAdapter::Report> written;
-};
-
-int TestWire::transfer(unsigned long request, uint8_t* bytes)
+TestWire& wireOf(int file)
 {
-    std::unique_lock lock(mutex);
-    const int error = isSilent ? ETIMEDOUT : failure;
-    isHolding = isSilent;
-    silenceEnded.wait(lock, [this] { return !isSilent; });
-    isHolding = false;
+    struct stat status { };
+    fstat(file, &status);
+    return s_wires[status.st_ino];
+}
+
+int transfer(TestWire& wire, std::unique_lock<std::mutex>& lock, unsigned long request, uint8_t* bytes)
+{
+    const int error = wire.isSilent ? ETIMEDOUT : wire.failure;
+    wire.isHolding = wire.isSilent;
+    s_changed.wait(lock, [&] { return !wire.isSilent; });
+    wire.isHolding = false;
     if (error != 0) {
         errno = error;
         return -1;
     }
     const size_t size = _IOC_SIZE(request);
     if (request == HIDIOCSFEATURE(size)) {
-        written.emplace_back(bytes, bytes + size);
+        wire.written.emplace_back(bytes, bytes + size);
         return int(size);
     }
-    const size_t count = std::min(size, answer.size());
-    std::copy_n(answer.begin(), count, bytes);
+    const size_t count = std::min(size, wire.answer.size());
+    std::copy_n(wire.answer.begin(), count, bytes);
     return int(count);
 }
 
-namespace {
 QByteArray take(gchar* text)
 {
     QByteArray copy(text);
     g_free(text);
     return copy;
-}
-
-ino_t inodeOf(int file)
-{
-    struct stat status { };
-    fstat(file, &status);
-    return status.st_ino;
-}
-
-std::mutex s_wiresMutex;
-std::map<ino_t, std::shared_ptr<TestWire>> s_wires; ///< by the node's file
-
-std::shared_ptr<TestWire> wireOf(int file)
-{
-    const std::lock_guard lock(s_wiresMutex);
-    return s_wires.at(inodeOf(file));
 }
 }
 
@@ -83,7 +64,8 @@ extern "C" int ioctl(int file, unsigned long request, ...) noexcept
     va_end(arguments);
     if (_IOC_TYPE(request) != 'H')
         return int(syscall(SYS_ioctl, file, request, argument));
-    return wireOf(file)->transfer(request, static_cast<uint8_t*>(argument));
+    std::unique_lock lock(s_mutex);
+    return transfer(wireOf(file), lock, request, static_cast<uint8_t*>(argument));
 }
 
 HidTestbed::HidTestbed()
@@ -100,74 +82,47 @@ HidTestbed::~HidTestbed()
     g_object_unref(m_testbed);
 }
 
-std::unique_ptr<TestAdapter> HidTestbed::plug(const TestAdapter::Strings& strings)
-{
-    return std::make_unique<TestAdapter>(m_testbed, m_nextNumber++, strings);
-}
-
-TestAdapter::TestAdapter(UMockdevTestbed* testbed, int number, const Strings& strings)
+TestAdapter::TestAdapter(UMockdevTestbed* testbed, int number, const char* manufacturer, const char* product)
     : m_testbed(testbed)
-    , m_wire(std::make_shared<TestWire>())
 {
     const QByteArray name = "hidraw" + QByteArray::number(number);
+    const char* const attribute = manufacturer ? "manufacturer" : nullptr; // Null ends the list.
     m_file = take(umockdev_testbed_get_root_dir(testbed)) + "/dev/" + name;
-    m_usbPath = take(umockdev_testbed_add_device(
-        testbed, "usb", ("usb" + name).constData(), nullptr, nullptr, "DEVTYPE", "usb_device", nullptr));
-    for (const auto& [attribute, value] :
-        {std::pair("manufacturer", strings.manufacturer), {"product", strings.product}}) {
-        if (value)
-            umockdev_testbed_set_attribute(testbed, m_usbPath.constData(), attribute, value->constData());
-    }
+    m_usbPath = take(umockdev_testbed_add_device(testbed, "usb", ("usb" + name).constData(), nullptr,
+        attribute, manufacturer, "product", product, nullptr, "DEVTYPE", "usb_device", nullptr));
     m_hidrawPath = take(umockdev_testbed_add_device(testbed, "hidraw", name.constData(),
         m_usbPath.constData(), "dev", ("240:" + QByteArray::number(number)).constData(), nullptr, "DEVNAME",
         ("/dev/" + name).constData(), nullptr));
 
     // An ordinary file stands for the node.
     const int file = open(m_file.constData(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, 0600);
-    const std::lock_guard lock(s_wiresMutex);
-    s_wires[inodeOf(file)] = m_wire;
+    const std::lock_guard lock(s_mutex);
+    m_wire = &wireOf(file);
+    *m_wire = {};
     close(file);
 }
 
 /// Transfers on an open node fail from now on, then udev says why.
 TestAdapter::~TestAdapter()
 {
-    setFailure(ENODEV);
+    change([](TestWire& wire) { wire.failure = ENODEV; });
     setSilent(false);
     report("remove");
     umockdev_testbed_remove_device(m_testbed, m_usbPath.constData());
     unlink(m_file.constData());
 }
 
-void TestAdapter::setAnswer(Report answer)
+void TestAdapter::change(const std::function<void(TestWire&)>& how)
 {
-    const std::lock_guard lock(m_wire->mutex);
-    m_wire->answer = std::move(answer);
+    const std::lock_guard lock(s_mutex);
+    how(*m_wire);
+    s_changed.notify_all();
 }
 
-void TestAdapter::setFailure(int error)
+TestWire TestAdapter::wire()
 {
-    const std::lock_guard lock(m_wire->mutex);
-    m_wire->failure = error;
-}
-
-void TestAdapter::setSilent(bool silent)
-{
-    const std::lock_guard lock(m_wire->mutex);
-    m_wire->isSilent = silent;
-    m_wire->silenceEnded.notify_all();
-}
-
-bool TestAdapter::isHolding() const
-{
-    const std::lock_guard lock(m_wire->mutex);
-    return m_wire->isHolding;
-}
-
-std::vector<TestAdapter::Report> TestAdapter::written() const
-{
-    const std::lock_guard lock(m_wire->mutex);
-    return m_wire->written;
+    const std::lock_guard lock(s_mutex);
+    return *m_wire;
 }
 
 void TestAdapter::report(const char* action)

@@ -3,38 +3,39 @@
 #include <QByteArray>
 
 #include <cstdint>
+#include <functional>
 #include <memory>
-#include <optional>
+#include <utility>
 #include <vector>
 
 typedef struct _UMockdevTestbed UMockdevTestbed;
 
-struct TestWire;
+/// What an adapter is to do, and what it did.
+struct TestWire {
+    using Report = std::vector<uint8_t>;
+
+    Report answer; ///< what a read brings, which may be less than was asked for
+    int failure = 0; ///< every transfer fails with this errno
+    bool isSilent = false; ///< a transfer hangs; it fails with ETIMEDOUT when the silence ends
+    bool isHolding = false; ///< one hangs now
+    std::vector<Report> written;
+};
 
 /// An emulated USB adapter: answers feature reports on its hidraw node as the test tells it to. The test
 /// program's own ioctl() stands for the kernel.
 class TestAdapter {
 public:
-    using Report = std::vector<uint8_t>;
-    struct Strings {
-        std::optional<QByteArray> manufacturer = "Zelvo Ardenta A/S";
-        std::optional<QByteArray> product = "Desk adapter";
-    };
-
-    TestAdapter(UMockdevTestbed* testbed, int number, const Strings& strings);
+    TestAdapter(UMockdevTestbed* testbed, int number, const char* manufacturer, const char* product);
     ~TestAdapter();
     TestAdapter(const TestAdapter&) = delete;
     TestAdapter& operator=(const TestAdapter&) = delete;
 
-    /// The bytes that a read brings, which may be fewer than asked for.
-    void setAnswer(Report answer);
-    /// Every transfer fails with this errno; 0 ends that.
-    void setFailure(int error);
-    /// While silent, a transfer hangs; it fails with ETIMEDOUT when the silence ends.
-    void setSilent(bool silent);
-    [[nodiscard]] bool isHolding() const;
-
-    [[nodiscard]] std::vector<Report> written() const;
+    void change(const std::function<void(TestWire&)>& how);
+    [[nodiscard]] TestWire wire();
+    void setSilent(bool isSilent)
+    {
+        change([isSilent](TestWire& wire) { wire.isSilent = isSilent; });
+    }
     /// The node's file in the test bed, for permissions and locks.
     [[nodiscard]] const QByteArray& file() const { return m_file; }
     /// Has udev speak of the adapter once more.
@@ -45,7 +46,7 @@ private:
     QByteArray m_file;
     QByteArray m_usbPath;
     QByteArray m_hidrawPath;
-    std::shared_ptr<TestWire> m_wire;
+    TestWire* m_wire = nullptr;
 };
 
 /// A machine of its own under /sys and /dev, with udev's events. Runs under umockdev-wrapper.
@@ -56,7 +57,12 @@ public:
     HidTestbed(const HidTestbed&) = delete;
     HidTestbed& operator=(const HidTestbed&) = delete;
 
-    [[nodiscard]] std::unique_ptr<TestAdapter> plug(const TestAdapter::Strings& strings = {});
+    /// @param manufacturer may be null: an adapter without any strings.
+    [[nodiscard]] std::unique_ptr<TestAdapter> plug(
+        const char* manufacturer = "Zelvo Ardenta A/S", const char* product = "Desk adapter")
+    {
+        return std::make_unique<TestAdapter>(m_testbed, m_nextNumber++, manufacturer, product);
+    }
 
 private:
     UMockdevTestbed* m_testbed;

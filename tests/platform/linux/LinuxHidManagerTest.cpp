@@ -1,31 +1,27 @@
 #include "platform/linux/LinuxHidManager.h"
 
 #include "HidTestbed.h"
-#include "TestBus.h"
 #include "platform/ProcessServices.h"
 #include "platform/qt/QtRunLoop.h"
 
+#include <QtCore/qtestsupport_core.h>
+
 #include <array>
 #include <cerrno>
-#include <chrono>
 #include <fcntl.h>
-#include <functional>
 #include <gtest/gtest.h>
-#include <memory>
 #include <mutex>
 #include <sys/file.h>
 #include <sys/inotify.h>
 #include <sys/stat.h>
 #include <unistd.h>
-#include <vector>
 
 namespace {
-using Clock = std::chrono::steady_clock;
-using Report = TestAdapter::Report;
+using Devices = std::vector<HidDeviceRef>;
+using Report = TestWire::Report;
 
-/// Far above what a busy machine adds to a call that does not wait.
-constexpr double kAtOnceSeconds = 0.2;
 constexpr uid_t kNobody = 65534;
+constexpr int kSettleMs = 80; ///< shows that nothing happens
 const Report kUp {5, 0, 0x80, 0, 0x80, 0, 0x80, 0};
 const Report kStop {5, 1, 0x80, 1, 0x80, 1, 0x80, 1};
 
@@ -40,20 +36,21 @@ public:
     /// What is handed over passes a lock here, because the thread sanitizer does not see those within Qt.
     void performSoon(std::function<void()> callable) override
     {
-        std::function<void()> handedOver = [this, callable = std::move(callable)] {
+        const std::scoped_lock lock(m_handOver);
+        m_loop.performSoon([this, callable = std::move(callable)] {
             m_handOver.lock();
             m_handOver.unlock();
             callable();
-        };
-        m_handOver.lock();
-        m_handOver.unlock();
-        m_loop.performSoon(std::move(handedOver));
+        });
     }
+
+    std::vector<double> waits; ///< all that were asked for
 
 protected:
     TimerRef platformScheduleTimer(
         double seconds, Repeat repeats, TimerCallback callback, QVariant userInfo, Precision) override
     {
+        waits.push_back(seconds);
         return m_loop.scheduleTimer(
             seconds / kHurry, repeats, std::move(callback), std::move(userInfo), Precision::Precise);
     }
@@ -63,23 +60,10 @@ private:
     std::mutex m_handOver;
 };
 
-double secondsOf(const std::function<void()>& action)
-{
-    const auto start = Clock::now();
-    action();
-    return std::chrono::duration<double>(Clock::now() - start).count();
-}
-
-/// Lets everything that is under way arrive, to show that nothing does.
-void settle()
-{
-    waitFor([] { return false; }, std::chrono::milliseconds(80));
-}
-
 /// Whether somebody has the adapter for itself.
-bool isHeld(const QByteArray& path)
+bool isHeld(const std::unique_ptr<TestAdapter>& adapter)
 {
-    const int file = open(path.constData(), O_RDWR | O_CLOEXEC);
+    const int file = open(adapter->file().constData(), O_RDWR | O_CLOEXEC);
     const bool isOurs = flock(file, LOCK_EX | LOCK_NB) == 0;
     close(file);
     return !isOurs;
@@ -95,14 +79,6 @@ void asOrdinaryUser(const Action& action)
     EXPECT_EQ(seteuid(user), 0);
 }
 
-/// A user has few of them, and other programs take their share.
-bool hasInotify()
-{
-    const int file = inotify_init1(IN_CLOEXEC);
-    close(file);
-    return file >= 0;
-}
-
 class LinuxHid : public testing::Test {
 protected:
     ~LinuxHid() override { m_manager.reset(); }
@@ -110,47 +86,43 @@ protected:
     void start()
     {
         m_manager = std::make_unique<LinuxHidManager>();
-        m_manager->setDeviceMatching({{QStringLiteral("Manufacturer"), QStringLiteral("Zelvo Ardenta A/S")}});
+        m_manager->setDeviceMatching({{"Manufacturer", "Zelvo Ardenta A/S"}});
         m_manager->setRestReport(kStop);
         m_manager->registerDeviceMatchingCallback(
             [this](const HidDeviceRef& device) { m_added.push_back(device); });
         m_manager->registerDeviceRemovalCallback(
             [this](const HidDeviceRef& device) { m_removed.push_back(device); });
-        m_manager->registerLateReportCallback([this](const HidDeviceRef& device, std::span<const uint8_t>) {
-            EXPECT_EQ(device, m_added.back());
-            ++m_late;
+        m_manager->registerLateReportCallback([this](const HidDeviceRef& device, auto report) {
+            m_late += device == m_added.back() && Report(report.begin(), report.end()) == m_answer;
         });
+        m_added.clear();
         ASSERT_EQ(m_manager->open(), 0);
         EXPECT_TRUE(m_added.empty()) << "announced before open() returned";
     }
-    bool waitForAdded(size_t count)
+    static bool reaches(const Devices& devices, size_t count)
     {
-        return waitFor([&] { return m_added.size() >= count; }) && m_added.size() == count;
-    }
-    bool waitForRemoved(size_t count)
-    {
-        return waitFor([&] { return m_removed.size() >= count; }) && m_removed.size() == count;
+        return QTest::qWaitFor([&] { return devices.size() >= count; }) && devices.size() == count;
     }
     /// One adapter, plugged in and opened.
     std::unique_ptr<TestAdapter> plugAndStart()
     {
         auto adapter = m_testbed.plug();
-        adapter->setAnswer({4, 1});
+        adapter->change([this](TestWire& wire) { wire.answer = m_answer; });
         start();
-        EXPECT_TRUE(waitForAdded(1));
+        EXPECT_TRUE(reaches(m_added, 1));
         EXPECT_EQ(m_added.front()->openExclusively(), 0);
         return adapter;
-    }
-    /// A busy machine may answer later than a read waits.
-    bool readsSoon(size_t device = 0)
-    {
-        return waitFor([&] { return read(device) == 0; });
     }
     HidStatus read(size_t device = 0)
     {
         m_buffer.fill(0xEE);
         m_buffer[0] = 4;
         return m_added.at(device)->getFeatureReport(m_buffer);
+    }
+    /// A busy machine may answer later than a read waits.
+    bool readsSoon(size_t device = 0)
+    {
+        return QTest::qWaitFor([&] { return read(device) == 0; });
     }
     /// A write is never waited for to its end.
     void write(const Report& report) { EXPECT_EQ(m_added.at(0)->setFeatureReport(report), 0); }
@@ -159,8 +131,9 @@ protected:
     ProcessServices m_services {{&m_runLoop}};
     HidTestbed m_testbed;
     std::unique_ptr<LinuxHidManager> m_manager;
-    std::vector<HidDeviceRef> m_added;
-    std::vector<HidDeviceRef> m_removed;
+    Devices m_added;
+    Devices m_removed;
+    Report m_answer = Report(64, 7);
     int m_late = 0;
     std::array<uint8_t, 64> m_buffer {};
 };
@@ -169,33 +142,31 @@ protected:
 TEST_F(LinuxHid, announcesEachMatchingAdapterOnceAndFollowsItOutAndInAgain)
 {
     const auto first = m_testbed.plug();
-    const auto stranger = m_testbed.plug({"Zelvo Ardenta", "Desk adapter"});
-    const auto nameless = m_testbed.plug({std::nullopt, "Zelvo Ardenta A/S"});
+    const auto stranger = m_testbed.plug("Zelvo Ardenta");
+    const auto nameless = m_testbed.plug(nullptr);
     start();
     first->report("add");
     first->report("change");
-    ASSERT_TRUE(waitForAdded(1));
-    const auto second = m_testbed.plug({"Zelvo Ardenta A/S", "Hæve-/sænkebord \xff"});
-    ASSERT_TRUE(waitForAdded(2));
+    ASSERT_TRUE(reaches(m_added, 1));
+    const auto second = m_testbed.plug("Zelvo Ardenta A/S", "Hæve-/sænkebord \xff");
+    ASSERT_TRUE(reaches(m_added, 2));
     EXPECT_EQ(m_manager->copyDevices(), m_added);
-    EXPECT_TRUE(isHeld(first->file()) && isHeld(second->file()) && !isHeld(stranger->file()));
-    EXPECT_EQ(
-        m_added[1]->stringProperty(QStringLiteral("Product")), QStringLiteral("Hæve-/sænkebord \uFFFD"));
-    EXPECT_EQ(m_added[1]->stringProperty(QStringLiteral("Serial")), std::nullopt);
+    EXPECT_TRUE(isHeld(first) && isHeld(second) && !isHeld(stranger));
+    EXPECT_EQ(m_added[1]->stringProperty("Product"), "Hæve-/sænkebord \uFFFD");
+    EXPECT_EQ(m_added[1]->stringProperty("Serial"), std::nullopt);
 
     first->report("remove");
-    ASSERT_TRUE(waitForRemoved(1));
+    ASSERT_TRUE(reaches(m_removed, 1));
     EXPECT_EQ(m_removed[0], m_added[0]);
-    EXPECT_EQ(m_manager->copyDevices(), std::vector {m_added[1]});
+    EXPECT_EQ(m_manager->copyDevices(), Devices {m_added[1]});
     EXPECT_EQ(read(), ENODEV);
     EXPECT_EQ(m_added[0]->openExclusively(), ENODEV);
-    EXPECT_TRUE(waitFor([&] { return !isHeld(first->file()); })) << "the node stays open";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !isHeld(first); })) << "the node stays open";
     first->report("add");
-    ASSERT_TRUE(waitForAdded(3));
+    ASSERT_TRUE(reaches(m_added, 3));
     EXPECT_TRUE(readsSoon(2));
-    const auto brief = m_testbed.plug();
-    brief->report("remove");
-    settle();
+    m_testbed.plug()->report("remove");
+    QTest::qWait(kSettleMs);
     EXPECT_EQ(m_added.size(), 3U) << "it left before it was opened";
     EXPECT_EQ(m_removed.size(), 1U);
 }
@@ -203,28 +174,28 @@ TEST_F(LinuxHid, announcesEachMatchingAdapterOnceAndFollowsItOutAndInAgain)
 TEST_F(LinuxHid, carriesReportsBothWaysAndAStopAsSoonAsTheAdapterIsFree)
 {
     const auto adapter = plugAndStart();
-    EXPECT_TRUE(waitFor([&] {
+    EXPECT_TRUE(QTest::qWaitFor([&] {
         write(kUp); // A busy machine sends a stop in place of one that has grown old.
-        return !adapter->written().empty() && adapter->written().back() == kUp;
+        const auto written = adapter->wire().written;
+        return !written.empty() && written.back() == kUp;
     }));
-    adapter->setAnswer({4, 5, 6});
-    ASSERT_TRUE(waitFor([&] { return read() == 0 && m_buffer[2] == 6; })); // Behind all that was written.
-    std::vector<Report> written = adapter->written();
+    adapter->change([](TestWire& wire) { wire.answer = {4, 5, 6}; });
+    ASSERT_TRUE(
+        QTest::qWaitFor([&] { return read() == 0 && m_buffer[2] == 6; })); // Behind all that was written.
     EXPECT_EQ(m_buffer[3], 0xEE) << "a short answer leaves the rest";
-    m_late = 0;
+    std::vector<Report> written = adapter->wire().written;
 
+    m_answer = Report(64, 9);
+    adapter->change([&](TestWire& wire) { wire.answer = m_answer; });
     adapter->setSilent(true);
-    EXPECT_LT(secondsOf([&] {
-        write(kUp);
-        EXPECT_EQ(read(), 0) << "the last answer";
-        write(kStop);
-    }),
-        kAtOnceSeconds);
-    ASSERT_TRUE(waitFor([&] { return adapter->isHolding(); }));
+    write(kUp);
+    EXPECT_EQ(read(), 0) << "the last answer";
+    write(kStop);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return adapter->wire().isHolding; }));
     adapter->setSilent(false);
-    ASSERT_TRUE(waitFor([&] { return m_late > 0; }));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return m_late > 0; }));
     written.push_back(kStop);
-    EXPECT_EQ(adapter->written(), written) << "what was held up has timed out";
+    EXPECT_EQ(adapter->wire().written, written) << "what was held up has timed out";
     EXPECT_TRUE(m_removed.empty());
 }
 
@@ -232,29 +203,32 @@ TEST_F(LinuxHid, losesASilentAdapterAndFindsItAgain)
 {
     const auto adapter = plugAndStart();
     const auto other = m_testbed.plug();
-    ASSERT_TRUE(waitForAdded(2));
+    ASSERT_TRUE(reaches(m_added, 2));
     adapter->setSilent(true);
     EXPECT_EQ(read(0), EINPROGRESS);
     EXPECT_TRUE(readsSoon(1)) << "nobody stands in the queue of another adapter";
     write(kUp);
-    ASSERT_TRUE(waitForRemoved(1));
-    EXPECT_EQ(m_manager->copyDevices(), std::vector {m_added[1]});
+    ASSERT_TRUE(reaches(m_removed, 1));
+    EXPECT_EQ(m_manager->copyDevices(), Devices {m_added[1]});
     adapter->setSilent(false);
-    ASSERT_TRUE(waitForAdded(3));
+    ASSERT_TRUE(reaches(m_added, 3));
     EXPECT_EQ(m_added[2], m_added[0]);
-    EXPECT_EQ(adapter->written().front(), kStop);
+    EXPECT_EQ(m_manager->copyDevices().size(), 2U);
+    EXPECT_EQ(adapter->wire().written.front(), kStop);
 
-    adapter->setFailure(EPIPE);
+    adapter->change([](TestWire& wire) { wire.failure = EPIPE; });
     EXPECT_EQ(read(), EINPROGRESS);
-    ASSERT_TRUE(waitForRemoved(2));
+    ASSERT_TRUE(reaches(m_removed, 2));
     adapter->report("remove");
-    settle();
+    QTest::qWait(kSettleMs);
     EXPECT_EQ(m_removed.size(), 2U) << "its leaving is told once";
 }
 
 TEST_F(LinuxHid, triesAgainWhenThePermissionsChangeAndEachHalfMinute)
 {
-    if (!hasInotify())
+    const int inotify = inotify_init1(IN_CLOEXEC); // A user has few of them.
+    close(inotify);
+    if (inotify < 0)
         GTEST_SKIP() << "no inotify instance is left";
     const auto adapter = m_testbed.plug();
     const char* const file = adapter->file().constData();
@@ -262,30 +236,29 @@ TEST_F(LinuxHid, triesAgainWhenThePermissionsChangeAndEachHalfMinute)
     testing::internal::CaptureStderr();
     asOrdinaryUser([this] {
         start();
-        EXPECT_TRUE(waitForAdded(1));
+        EXPECT_TRUE(reaches(m_added, 1));
     });
-    const std::string log = testing::internal::GetCapturedStderr();
-    EXPECT_EQ(std::count(log.begin(), log.end(), '\n'), 1);
-    EXPECT_NE(
-        log.find("put the rule file 70-zelvo-standup.rules into /etc/udev/rules.d and run \"sudo udevadm "
-                 "trigger --subsystem-match=hidraw --action=change\""),
-        std::string::npos);
+    const QString log = QString::fromStdString(testing::internal::GetCapturedStderr());
+    EXPECT_EQ(log.count('\n'), 1);
+    EXPECT_TRUE(log.contains("put the rule file 70-zelvo-standup.rules into /etc/udev/rules.d and run \"sudo "
+                             "udevadm trigger --subsystem-match=hidraw --action=change\""));
     EXPECT_EQ(m_added[0]->openExclusively(), EACCES);
     EXPECT_EQ(read(), EACCES);
+    EXPECT_EQ(m_runLoop.waits, std::vector<double> {30});
 
     chmod(file, 0040);
-    asOrdinaryUser(settle);
-    EXPECT_EQ(m_added.size(), 1U) << "still not enough";
+    asOrdinaryUser([] { QTest::qWait(kSettleMs); });
+    EXPECT_EQ(m_runLoop.waits, (std::vector<double> {30, 0.2, 30})) << "still not enough";
     const int other = open(file, O_RDWR | O_CLOEXEC); // Of another program, which takes the adapter.
     flock(other, LOCK_EX);
     chmod(file, 0600);
-    EXPECT_TRUE(waitFor([&] { return m_added[0]->openExclusively() == EBUSY; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return m_added[0]->openExclusively() == EBUSY; }));
     flock(other, LOCK_UN); // Nothing tells of it.
-    EXPECT_TRUE(waitForAdded(2));
+    EXPECT_TRUE(reaches(m_added, 2));
     EXPECT_EQ(m_added[0], m_added[1]);
     EXPECT_TRUE(readsSoon());
     close(other);
-    settle();
+    QTest::qWait(kSettleMs);
     EXPECT_EQ(m_added.size(), 2U);
 }
 
@@ -296,16 +269,16 @@ TEST_F(LinuxHid, endsWithAStopButNotInsideASilentAdapter)
         adapter->setSilent(true);
         write(kUp);
         write(kStop);
-        ASSERT_TRUE(waitFor([&] { return adapter->isHolding(); }));
-        if (!isSilent)
-            adapter->setSilent(false);
-        EXPECT_LT(secondsOf([&] { m_manager.reset(); }), 0.5 + kAtOnceSeconds);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return adapter->wire().isHolding; }));
+        adapter->setSilent(isSilent);
+        const double began = m_runLoop.monotonicNow();
+        m_manager.reset();
+        EXPECT_LT(m_runLoop.monotonicNow() - began, (0.5 + 3) * HurriedRunLoop::kHurry);
         EXPECT_EQ(read(), ENODEV);
-        EXPECT_EQ(adapter->written(), std::vector<Report>(isSilent ? 0 : 1, kStop));
-        m_added.clear();
+        EXPECT_EQ(adapter->wire().written, std::vector<Report>(isSilent ? 0 : 1, kStop));
         adapter->setSilent(false);
-        EXPECT_TRUE(waitFor([&] { return !isHeld(adapter->file()); }));
-        EXPECT_EQ(adapter->written(), std::vector<Report> {kStop});
+        EXPECT_TRUE(QTest::qWaitFor([&] { return !isHeld(adapter); }));
+        EXPECT_EQ(adapter->wire().written, std::vector<Report> {kStop});
     }
 }
 
@@ -314,13 +287,11 @@ TEST_F(LinuxHid, mayBeDestroyedByItsOwnCallbacks)
     auto adapter = m_testbed.plug();
     start();
     m_manager->registerDeviceRemovalCallback([this](const HidDeviceRef&) { m_manager.reset(); });
-    ASSERT_TRUE(waitForAdded(1));
+    ASSERT_TRUE(reaches(m_added, 1));
     adapter.reset();
-    EXPECT_TRUE(waitFor([&] { return !m_manager; }));
-
-    m_added.clear();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !m_manager; }));
     adapter = m_testbed.plug();
     start();
     m_manager->registerDeviceMatchingCallback([this](const HidDeviceRef&) { m_manager.reset(); });
-    EXPECT_TRUE(waitFor([&] { return !m_manager; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !m_manager; }));
 }

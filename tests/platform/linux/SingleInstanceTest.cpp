@@ -1,61 +1,57 @@
 #include "platform/linux/SingleInstance.h"
 
-#include "TestBus.h"
-
 #include <QFile>
 #include <QTemporaryDir>
+#include <QtCore/qtestsupport_core.h>
 
+#include <future>
 #include <gtest/gtest.h>
-#include <thread>
 
 namespace {
-class SingleInstanceTest : public testing::Test {
-protected:
-    /// Starts a further instance as a process would: from another thread, while this one runs its loop.
-    std::optional<bool> startAgain(const QByteArray& token)
-    {
-        std::optional<bool> answered;
-        std::atomic<bool> finished = false;
-        std::thread second([&] {
-            SingleInstance instance(m_folder.path());
-            if (!instance.acquire())
-                answered = instance.activateFirst(token);
-            finished = true;
-        });
-        waitFor([&] { return finished.load(); });
-        second.join();
-        return answered;
-    }
-
-    QTemporaryDir m_folder;
-};
-
-TEST_F(SingleInstanceTest, aSecondStartShowsTheFirstOnesWindow)
+/// Starts a further instance as a process would: beside this one, which runs its loop meanwhile.
+bool isAnsweredAgain(const QString& folder, const QByteArray& token)
 {
-    QFile leftover(m_folder.filePath(QStringLiteral("org.zelvo.StandUp.socket"))); // Of one that was killed.
+    auto answered = std::async(std::launch::async, [&] {
+        SingleInstance instance(folder);
+        return !instance.acquire() && instance.activateFirst(token);
+    });
+    return QTest::qWaitFor([&] {
+        return answered.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
+    }) && answered.get();
+}
+}
+
+TEST(SingleInstanceTest, aSecondStartShowsTheFirstOnesWindow)
+{
+    const QTemporaryDir folder;
+    QFile leftover(folder.filePath("org.zelvo.StandUp.socket")); // Of one that was killed.
     ASSERT_TRUE(leftover.open(QIODevice::WriteOnly));
-    SingleInstance first(m_folder.path());
+    SingleInstance first(folder.path());
     ASSERT_TRUE(first.acquire());
-    EXPECT_EQ(startAgain("nobody listens to it yet"), true);
+    EXPECT_TRUE(isAnsweredAgain(folder.path(), "nobody listens to it yet"));
     QByteArrayList shown;
     first.onActivated([&](const QByteArray& token) { shown.append(token); });
-    EXPECT_EQ(startAgain("token=with/odd signs"), true);
-    EXPECT_EQ(startAgain({}), true);
-    EXPECT_EQ(shown, (QByteArrayList {"token=with/odd signs", ""}));
+    const QByteArray longest(4096, '=');
+    EXPECT_TRUE(isAnsweredAgain(folder.path(), longest));
+    EXPECT_TRUE(isAnsweredAgain(folder.path(), {}));
+    EXPECT_EQ(shown, (QByteArrayList {longest, ""}));
 
-    SingleInstance second(m_folder.path());
+    SingleInstance second(folder.path());
     ASSERT_FALSE(second.acquire());
     EXPECT_FALSE(second.activateFirst({}, 100)) << "nobody runs the first one's loop";
 }
 
-TEST_F(SingleInstanceTest, withoutAUsableFolderTheProgramStartsAnyway)
+TEST(SingleInstanceTest, withoutAUsableFolderTheProgramStartsAnyway)
 {
-    SingleInstance unlocked(QStringLiteral("/proc/no such folder"));
+    const QTemporaryDir folder;
+    const QString tooLong = folder.filePath(QString(120, u'x'));
+    SingleInstance unlocked("/proc/no such folder");
     EXPECT_TRUE(unlocked.acquire());
-    SingleInstance unheard(m_folder.filePath(QString(120, QLatin1Char('x'))));
+    SingleInstance unheard(tooLong);
+    testing::internal::CaptureStderr();
     EXPECT_TRUE(unheard.acquire()) << "the lock holds, only the socket's path is too long";
-    SingleInstance second(m_folder.filePath(QString(120, QLatin1Char('x'))));
+    EXPECT_NE(testing::internal::GetCapturedStderr().find("File name too long"), std::string::npos);
+    SingleInstance second(tooLong);
     EXPECT_FALSE(second.acquire());
     EXPECT_FALSE(second.activateFirst({}));
-}
 }

@@ -1,6 +1,6 @@
 #include "platform/linux/UnixSignals.h"
 
-#include "TestBus.h"
+#include <QtCore/qtestsupport_core.h>
 
 #include <gtest/gtest.h>
 #include <vector>
@@ -18,7 +18,7 @@ TEST(UnixSignals, arriveOnTheMainLoopWhereACallbackMayEndThem)
     for (const int number : {SIGTERM, SIGHUP, SIGINT, SIGTERM})
         raise(number);
     EXPECT_TRUE(heard.empty()) << "not before";
-    EXPECT_TRUE(waitFor([&] { return !signals; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !signals; }));
     QCoreApplication::processEvents();
     EXPECT_EQ(heard, (std::vector {SIGTERM, SIGHUP, SIGINT}));
     EXPECT_EQ(signal(SIGTERM, SIG_DFL), SIG_DFL) << "the process is left as it was";

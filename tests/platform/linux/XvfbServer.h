@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QByteArray>
 #include <QProcess>
 
 #include <gtest/gtest.h>
@@ -9,22 +8,15 @@
 class XvfbServer {
 public:
     XvfbServer()
-        : m_previousDisplay(qgetenv("DISPLAY"))
     {
-        m_server.start(QStringLiteral("Xvfb"),
-            {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-screen"),
-                QStringLiteral("0"), QStringLiteral("320x200x24"), QStringLiteral("-nolisten"),
-                QStringLiteral("tcp"), QStringLiteral("-noreset")});
+        m_server.start("Xvfb", {"-displayfd", "1", "-noreset"});
         EXPECT_TRUE(m_server.waitForReadyRead(10'000)) << "Xvfb does not start";
         qputenv("DISPLAY", ':' + m_server.readLine().trimmed());
     }
     ~XvfbServer()
     {
         stop();
-        if (m_previousDisplay.isEmpty())
-            qunsetenv("DISPLAY");
-        else
-            qputenv("DISPLAY", m_previousDisplay);
+        qputenv("DISPLAY", m_previousDisplay);
     }
     XvfbServer(const XvfbServer&) = delete;
     XvfbServer& operator=(const XvfbServer&) = delete;
@@ -38,5 +30,5 @@ public:
 
 private:
     QProcess m_server;
-    QByteArray m_previousDisplay;
+    QByteArray m_previousDisplay = qgetenv("DISPLAY");
 };
