@@ -4,7 +4,6 @@
 
 #include <gtest/gtest.h>
 
-namespace {
 TEST(BundleTest, tellsValuesOfAnyKindAndMissingOnes)
 {
     const struct {
@@ -12,47 +11,41 @@ TEST(BundleTest, tellsValuesOfAnyKindAndMissingOnes)
         double number;
         std::optional<QString> text;
     } kTestCases[] = {
-        {0.5, 0.5, QStringLiteral("0.5")},
-        {QStringLiteral("-12.5"), -12.5, QStringLiteral("-12.5")},
-        {QStringLiteral("high"), 0, QStringLiteral("high")},
+        {0.5, 0.5, "0.5"},
+        {"-12.5", -12.5, "-12.5"},
+        {"high", 0, "high"},
         {QString(), 0, QString()},
-        {QStringLiteral("nan"), 0, QStringLiteral("nan")},
-        {QStringLiteral("inf"), 0, QStringLiteral("inf")},
-        {true, 0, QStringLiteral("true")},
+        {"nan", 0, "nan"},
+        {"inf", 0, "inf"},
+        {true, 0, "true"},
         {QJsonValue(), 0, std::nullopt},
         {QJsonArray {1}, 0, QString()},
+        {QJsonValue::Undefined, 0, std::nullopt},
     };
     for (const auto& [value, number, text] : kTestCases) {
-        const Bundle bundle(QJsonObject {{QStringLiteral("Key"), value}});
-        EXPECT_EQ(bundle.numberValue(QStringLiteral("Key")), number);
-        EXPECT_EQ(bundle.stringValue(QStringLiteral("Key")), text);
+        const Bundle bundle(value.isUndefined() ? QJsonObject() : QJsonObject {{"Key", value}});
+        testing::internal::CaptureStderr();
+        EXPECT_EQ(bundle.numberValue("Key"), number);
+        EXPECT_EQ(bundle.stringValue("Key"), text);
+        const QString log = QString::fromStdString(testing::internal::GetCapturedStderr());
+        EXPECT_EQ(log.count("key \"Key\" is missing"), value.isUndefined() ? 1 : 0);
     }
 }
 
 TEST(BundleTest, theEnvironmentNamesTheCalendarUnlessALanguageWasChosen)
 {
-    struct Chosen final : Bundle {
-        Chosen()
-            : Bundle(QJsonObject())
-        {
-        }
-        [[nodiscard]] QLocale locale() const override { return QLocale(QStringLiteral("nl_BE")); }
-    };
-    const struct {
-        const char* all;
-        const char* time;
-        const char* lang;
-        const char* name;
-    } kTestCases[] = {{"th_TH", "fa_IR", "de_AT", "th_TH"}, {"", "fa_IR", "de_AT", "fa_IR"},
-        {"", "", "de_AT", "de_AT"}, {"", "", "", "C"}};
+    const char* const kTestCases[][4] = {{"th_TH", "fa_IR", "de_AT", "th_TH"},
+        {"", "fa_IR", "de_AT", "fa_IR"}, {"", "", "de_AT", "de_AT"}, {"", "", "", "C"}};
     const QByteArray kept = qgetenv("LC_ALL");
-    for (const auto& testCase : kTestCases) {
-        qputenv("LC_ALL", testCase.all);
-        qputenv("LC_TIME", testCase.time);
-        qputenv("LANG", testCase.lang);
-        EXPECT_EQ(Bundle(QJsonObject()).calendarLocaleName(), QLatin1String(testCase.name));
-        EXPECT_EQ(Chosen().calendarLocaleName(), QStringLiteral("nl_BE"));
+    const Bundle bundle {QJsonObject()};
+    for (const auto& [all, time, lang, name] : kTestCases) {
+        qputenv("LC_ALL", all);
+        qputenv("LC_TIME", time);
+        qputenv("LANG", lang);
+        EXPECT_EQ(bundle.calendarLocaleName(), name);
     }
+    QLocale::setDefault(QLocale("nl_BE"));
+    EXPECT_EQ(bundle.calendarLocaleName(), "nl_BE");
+    QLocale::setDefault(QLocale::system());
     qputenv("LC_ALL", kept);
-}
 }

@@ -5,104 +5,81 @@
 #include <QRegularExpression>
 #include <QTemporaryDir>
 
-#include <fcntl.h>
-#include <functional>
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 #include <vector>
 
 namespace {
-/// The log belongs to the process, so each test takes a process of its own. Its result is the number of the
-/// check that failed, or 0.
-int inOwnProcess(const std::function<int()>& body)
-{
-    const pid_t child = fork();
-    if (child == 0) {
-        dup2(open("/dev/null", O_WRONLY | O_CLOEXEC), STDERR_FILENO);
-        _exit(body());
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
-
-QByteArrayList linesOf(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll().trimmed().split('\n') : QByteArrayList {{}};
-}
-
-class LogTest : public testing::Test {
+/// The log belongs to the process, so each start takes a process of its own, before other tests have logged:
+/// GoogleTest begins with the suites of this name.
+class LogDeathTest : public testing::Test {
 protected:
+    QString contents()
+    {
+        QFile file(m_path);
+        return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+    }
+
+    const QRegularExpression m_head {R"(^(\d{4}-\d\d-\d\d \d\d:\d\d:\d\d\.\d{3}) StandUp\[[1-9]\d*\] )",
+        QRegularExpression::MultilineOption};
     QTemporaryDir m_folder;
-    QString m_path = m_folder.filePath(QStringLiteral("StandUp.log"));
+    QString m_path = m_folder.filePath("StandUp.log");
 };
 
-TEST_F(LogTest, earlyLinesAreRepeatedIntoTheFileAndLaterOnesAppended)
+TEST_F(LogDeathTest, earlyLinesAreRepeatedIntoTheFileAndLaterOnesAppended)
 {
-    EXPECT_EQ(inOwnProcess([&] {
+    const auto firstStart = [&] {
         for (int i = 0; i < 101; ++i) // One more than is kept.
-            Log::line(QStringLiteral("early"));
-        return Log::redirectToFile(m_path) ? 0 : 1;
-    }),
-        0);
-    EXPECT_EQ(inOwnProcess([&] {
-        Log::line(QStringLiteral("second start é"));
-        if (!Log::redirectToFile(m_path))
-            return 1;
-        Log::line(QStringLiteral("later"));
+            Log::line("early");
+        _exit(!Log::redirectToFile(m_path));
+    };
+    EXPECT_EXIT(firstStart(), testing::ExitedWithCode(0), "early");
+    const auto secondStart = [&] {
+        Log::once("second start é");
+        Log::once("second start é");
+        const bool isRedirected = Log::redirectToFile(m_path);
+        Log::line("later");
         fputs("from a library\n", stderr);
-        return 0;
-    }),
-        0);
-    const QByteArrayList lines = linesOf(m_path);
-    ASSERT_EQ(lines.size(), 103);
-    EXPECT_TRUE(lines[99].endsWith("] early"));
-    EXPECT_TRUE(lines[100].endsWith("] second start é"));
-    EXPECT_TRUE(lines[101].endsWith("] later"));
-    EXPECT_EQ(lines[102], "from a library");
-    // The moment, as the user's clock shows it, and the process.
-    static const QRegularExpression kHead(
-        QStringLiteral(R"(^\d{4}-\d\d-\d\d \d\d:\d\d:\d\d\.\d{3} StandUp\[\d+\] later$)"));
-    EXPECT_TRUE(kHead.match(QString::fromUtf8(lines[101])).hasMatch()) << lines[101].constData();
-    EXPECT_LT(QDateTime::fromString(QString::fromUtf8(lines[101].left(23)), Qt::ISODateWithMs)
-                  .msecsTo(QDateTime::currentDateTime()),
-        60000);
+        _exit(!isRedirected || !Log::redirectToFile(m_path));
+    };
+    EXPECT_EXIT(secondStart(), testing::ExitedWithCode(0), "second start");
+    const QString written = contents();
+    EXPECT_EQ(QString(written).remove(m_head),
+        QString("early\n").repeated(100) + "second start é\nlater\nfrom a library\n");
+    const QDateTime moment = QDateTime::fromString(m_head.match(written).captured(1), Qt::ISODateWithMs);
+    EXPECT_LT(std::abs(moment.msecsTo(QDateTime::currentDateTime())), 60000);
     EXPECT_EQ(QFile::permissions(m_path) & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
 }
 
-TEST_F(LogTest, standardErrorMayBeClosedAndStaysWhereItIsWhenAFileCannotBeOpened)
+TEST_F(LogDeathTest, standardErrorMayBeClosedAndStaysWhereItIsWhenAFileCannotBeOpened)
 {
-    EXPECT_EQ(inOwnProcess([&] {
+    const auto start = [&] {
         close(STDERR_FILENO);
-        if (!Log::redirectToFile(m_path))
-            return 1;
-        return Log::redirectToFile(QStringLiteral("/proc/no such folder/StandUp.log")) ? 2 : 0;
-    }),
-        0);
-    EXPECT_TRUE(linesOf(m_path).constFirst().endsWith("cannot be opened: No such file or directory"));
+        const bool isRedirected = Log::redirectToFile(m_path);
+        _exit(!isRedirected || Log::redirectToFile("/proc/none/StandUp.log"));
+    };
+    EXPECT_EXIT(start(), testing::ExitedWithCode(0), "");
+    EXPECT_EQ(contents().remove(m_head),
+        "The log file /proc/none/StandUp.log cannot be opened: No such file or directory\n");
 }
 
-TEST_F(LogTest, linesOfSeveralThreadsStayWhole)
+TEST_F(LogDeathTest, linesOfSeveralThreadsStayWhole)
 {
-    EXPECT_EQ(inOwnProcess([&] {
+    const auto start = [&] {
         std::vector<std::thread> threads;
         for (int i = 0; i < 4; ++i) {
             threads.emplace_back([] {
                 for (int line = 0; line < 50; ++line)
-                    Log::line(QString(200, QLatin1Char('x')));
+                    Log::line(QString(200, u'x'));
             });
         }
-        if (!Log::redirectToFile(m_path))
-            return 1;
+        const bool isRedirected = Log::redirectToFile(m_path);
         for (std::thread& thread : threads)
             thread.join();
-        return 0;
-    }),
-        0);
-    for (const QByteArray& line : linesOf(m_path))
-        EXPECT_TRUE(line.endsWith("] " + QByteArray(200, 'x'))) << line.constData();
+        _exit(!isRedirected);
+    };
+    EXPECT_EXIT(start(), testing::ExitedWithCode(0), "");
+    EXPECT_EQ(contents().remove(m_head).remove(QString(200, u'x')).remove(u'\n'), QString());
 }
 }

@@ -5,13 +5,11 @@
 #include <string>
 
 namespace {
-const QString kNews = QStringLiteral("news");
-
 class NotificationCenterTest : public testing::Test {
 protected:
     NotificationCenter::Observation observe(char mark, std::function<void()> act = {})
     {
-        return m_center->addObserver(kNews, [this, mark, act](const PostedNotification&) {
+        return m_center->addObserver("news", [this, mark, act](const PostedNotification&) {
             m_heard += mark;
             if (act)
                 act();
@@ -26,20 +24,17 @@ TEST_F(NotificationCenterTest, deliversNewsToTheirObserversInOrder)
 {
     const auto a = observe('a');
     const auto object = std::make_shared<int>(7);
-    std::optional<PostedNotification> received;
-    const auto whole =
-        m_center->addObserver(kNews, [&](const PostedNotification& posted) { received = posted; });
+    int whole = 0;
+    const auto reader = m_center->addObserver("news", [&](const PostedNotification& posted) {
+        whole += posted.name == "news" && posted.object == object && posted.userInfo["E01"] == "Overload";
+    });
     auto moved = observe('x');
     auto b = observe('b');
     moved = std::move(b); // The first one ends here.
-    m_center->post(QStringLiteral("other"));
-    EXPECT_FALSE(received);
-    m_center->post(kNews, object, {{QStringLiteral("E01"), QStringLiteral("Overload")}});
+    m_center->post("other");
+    m_center->post("news", object, {{"E01", "Overload"}});
     EXPECT_EQ(m_heard, "ab");
-    ASSERT_TRUE(received);
-    EXPECT_EQ(received->name, kNews);
-    EXPECT_EQ(received->object, object);
-    EXPECT_EQ(received->userInfo.value(QStringLiteral("E01")), QStringLiteral("Overload"));
+    EXPECT_EQ(whole, 1);
     m_center.reset(); // An observation may outlive the center.
 }
 
@@ -53,13 +48,12 @@ TEST_F(NotificationCenterTest, observersMayComeAndGoAndPostDuringADelivery)
         others.erase('2');
         others['j'] = observe('j');
         if (++*witness == 1)
-            m_center->post(kNews);
+            m_center->post("news");
     });
     others['2'] = observe('2');
     others['3'] = observe('3');
-    m_center->post(kNews);
+    m_center->post("news");
     EXPECT_EQ(m_heard, "s3j3") << "who joins hears only later news, who leaves hears nothing more";
-    EXPECT_EQ(*witness, 1);
     EXPECT_EQ(witness.use_count(), 1) << "what an ended observer had captured is let go";
 }
 }
