@@ -172,6 +172,12 @@ void ZelvoHIDDevice::updateCommunicating()
         m_isCheckPending = true;
 }
 
+void ZelvoHIDDevice::repeatPendingCheck()
+{
+    if (m_isCheckPending)
+        updateCommunicating();
+}
+
 void ZelvoHIDDevice::judgeCommunication(const Report& report)
 {
     const auto self = shared_from_this();

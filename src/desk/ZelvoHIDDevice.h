@@ -76,6 +76,8 @@ public:
     void onMoveTimerTick(const Timer& timer);
     /// Reads the status word and starts or stops the polling by it.
     void updateCommunicating();
+    /// Asks again what another adapter was asked, and has not answered, when the shared node was its.
+    void repeatPendingCheck();
     /// The height in the status report, whose errors are handled on the way; 0 when the read failed, the last
     /// one while the first answer is under way.
     int32_t fetchPosition();

@@ -82,7 +82,9 @@ void ZelvoHIDManager::handleMatchingDevice(const HidDeviceRef& device, const Hid
 void ZelvoHIDManager::start(const HidDeviceRef& reference, const HidManager& sender)
 {
     const auto added = addDeviceReference(reference);
-    if (!added->initHID()) {
+    const bool isInitialised = added->initHID();
+    repeatPendingChecks();
+    if (!isInitialised) {
         Log::line(QStringLiteral("Could not init device"));
         return;
     }
@@ -101,6 +103,7 @@ void ZelvoHIDManager::handleRemovedDevice(const HidDeviceRef& device, const HidM
     ZelvoHIDDevice::setNode(m_devices.empty() ? nullptr : m_devices.back()->ownNode());
     // A hold that went to the adapter that has left must not begin to move the other one.
     endHeldMovements();
+    repeatPendingChecks();
     Log::line(QString::asprintf("\nDevice removed: %p\nDevice count: %lld", address(device),
         static_cast<long long>(USBDeviceCount(sender))));
     if (listed && !m_devices.empty())
@@ -135,6 +138,15 @@ void ZelvoHIDManager::endHeldMovements()
         if (device->moveTimer() && device->moveTimer()->isValid())
             device->stop();
     }
+}
+
+/// A late answer of an adapter that is not everybody's any more is heard by nobody: who waited for it would
+/// wait until the desk is plugged in anew.
+void ZelvoHIDManager::repeatPendingChecks()
+{
+    const Devices devices = m_devices;
+    for (const auto& device : devices)
+        device->repeatPendingCheck();
 }
 
 std::shared_ptr<ZelvoHIDDevice> ZelvoHIDManager::addDeviceReference(const HidDeviceRef& reference)

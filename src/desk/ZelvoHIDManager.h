@@ -74,6 +74,7 @@ private:
     [[nodiscard]] std::shared_ptr<ZelvoHIDDevice> deviceByReference(const HidDeviceRef& reference) const;
     void handleLateReport(const HidDeviceRef& device, std::span<const uint8_t> report);
     void endHeldMovements();
+    void repeatPendingChecks();
     void bringInWaitingDevice();
 
     HidManager& m_manager;

@@ -60,6 +60,12 @@ TEST(Wire, carriesWhatAHoldAsksForAndNothingAfterItsEnd)
             ""},
         {"latency=0.5 2.25 plug=1 5.2 height=4100 pull=1 8.2",
             "r 2.25+0.5 B:init 2.75+0.5 B:stop B:r B:r r r", "6.7 desk 1 1"},
+        // Nor does a check wait for the answer of an adapter that nobody listens to any more.
+        {"pull 2.2 plug 2.3 latency=0.5 plug=1 2.5 latency=0 pull=1 4.2", "2.2 init 2.2 stop r r",
+            "1.2 desk, 2.2 desk 0 0, 2.5 desk 1 0, 3.5 desk 1 2"},
+        {"pull 2.2 latency=0.15 plug 2.45 latency=0 plug=1 3.5",
+            "2.2+0.15 init 2.45 B:init 2.45 B:stop B:r 2.35+0.15 stop r B:r B:r",
+            "1.2 desk, 2.2 desk 0 0, 2.45 desk 1 0, 3.45 desk 1 2"},
     };
     for (const auto& [script, wire, heard] : kCases) {
         SCOPED_TRACE(script);
