@@ -82,9 +82,11 @@ void Oracle::runTimers(double until)
     while (true) {
         decltype(&timers[0]) next = nullptr;
         for (auto& timer : timers) {
-            // What is heard at this very moment counts before what was heard once.
+            // What is heard at this very moment counts before what was heard once, and after a standstill
+            // the earlier question comes first.
             const double limit = until + (timer.tick == &Oracle::hearAgain ? -kRounding : kRounding / 10);
-            const bool isDue = std::max(timer.due, m_frozenUntil) <= limit;
+            const bool isDue = std::max(timer.due, m_frozenUntil) <= limit
+                && (timer.due <= m_nextPoll || until > m_frozenUntil + kRounding || !isAnsweredAtOnce());
             if (isDue && (!next || timer.due < next->due - kRounding))
                 next = &timer;
         }

@@ -141,7 +141,8 @@ private:
 
     [[nodiscard]] double wall() const { return m_now + m_slept + m_wallOffset; }
     [[nodiscard]] bool isActive() const;
-    [[nodiscard]] bool isQuick() const; ///< transfers take no time and fail not
+    [[nodiscard]] bool isAnsweredAtOnce() const; ///< by an adapter that is taken up
+    [[nodiscard]] bool isQuick() const; ///< and all of them are taken up
     [[nodiscard]] bool isTakenUp(int adapter) const;
     [[nodiscard]] Posture truth() const;
     void goTo(double time);
@@ -199,6 +200,7 @@ private:
 
     // The cable.
     std::array<bool, 2> m_isPlugged {}, m_isInitOwed {};
+    double m_cableChangedAt = -1; ///< when another adapter became the driven one
     std::vector<Device> m_devices;
     bool m_isHeard = true, m_isGood = true, m_hadTwo = false;
     double m_latency = 0, m_quickSince = 0, m_goodSince = 0, m_deafSince = kNever;

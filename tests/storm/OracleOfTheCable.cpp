@@ -16,8 +16,8 @@ void Oracle::plugged(int adapter, bool in)
 
 void Oracle::wire(bool isHeard, bool isGood, double seconds)
 {
-    if (m_latency > 0)
-        m_quickSince = m_now + kPoll + 4 * kSlowest; // What is under way takes what it took when it began.
+    if (m_latency > 0 && std::isfinite(m_latency)) // What is under way takes what it took when it began.
+        m_quickSince = m_now + kPoll + std::max(4 * kSlowest, m_latency);
     if (!m_isGood)
         m_goodSince = m_now + 2 * kPatience;
     if (!m_holds.empty())
@@ -28,9 +28,14 @@ void Oracle::wire(bool isHeard, bool isGood, double seconds)
     m_latency = seconds;
 }
 
+bool Oracle::isAnsweredAtOnce() const
+{
+    return m_isGood && m_latency == 0 && m_now > m_quickSince;
+}
+
 bool Oracle::isQuick() const
 {
-    return m_isGood && m_latency == 0 && m_now > std::max(m_quickSince, m_goodSince);
+    return isAnsweredAtOnce() && m_now > m_goodSince;
 }
 
 bool Oracle::isActive() const
@@ -55,6 +60,7 @@ void Oracle::matched(int adapter)
 void Oracle::adopt(int adapter)
 {
     m_devices.push_back({adapter, m_now + kCheck});
+    m_cableChangedAt = m_now;
     m_isInitOwed[size_t(adapter)] = true;
     m_readAt = m_now + kCheck;
     m_hadTwo = m_hadTwo || m_devices.size() > 1;
@@ -80,6 +86,7 @@ void Oracle::removed(int adapter)
     }
     errorIs(*device, {});
     m_devices.erase(device);
+    m_cableChangedAt = m_now;
     if (!wasFirst || m_devices.empty())
         return;
     // The one that waited is taken up anew.
@@ -96,12 +103,13 @@ void Oracle::transferred(int adapter, const Transfer& transfer)
     if (!transfer.isRead)
         return commanded(adapter, transfer);
     const bool isLate = transfer.duration > kWait;
-    if (!transfer.isOk || !isTakenUp(adapter) || (isLate && adapter != driven()))
+    // Only the stop of a hold that another adapter ends is heard of through the one before.
+    if (!transfer.isOk || (adapter != driven() && !isNear(m_now, m_cableChangedAt)))
         return;
     m_readAt = m_now;
     m_answers[adapter] = {transfer.bytes, m_now - transfer.duration};
-    if (!isLate && isNear(m_now, m_nextPoll))
-        m_nextPoll += kPoll;
+    if (!isLate && isNear(m_now, std::max(m_nextPoll, m_frozenUntil)))
+        m_nextPoll += (std::floor((m_now - m_nextPoll) / kPoll + kRounding) + 1) * kPoll;
     for (Device& device : m_devices) {
         if (isLate || isItsTurn(device))
             hear(device, transfer.bytes);
@@ -114,11 +122,12 @@ bool Oracle::isItsTurn(const Device& device) const
     const double sincePoll = m_now - device.polledSince;
     const bool isRhythm = device.communicates()
         ? sincePoll > kRounding && isNear(sincePoll, std::round(sincePoll))
-        : isNear(m_now, device.checkedAt);
-    const bool isDriving = &device == &m_devices.front() && isNear(m_now, m_writtenAt);
+        : isNear(m_now, device.checkedAt) || isNear(m_now, m_cableChangedAt); // Asked anew.
+    const bool isCheck = isNear(m_now, device.polledSince); // Nobody looks at the height in it.
+    const bool isDriving = &device == &m_devices.front() && isNear(m_now, m_writtenAt)
+        && !(isCheck && isNear(m_now, m_cableChangedAt));
     const bool isLate =
         isNear(m_now, m_frozenUntil) && (device.communicates() || device.checkedAt > m_now - 5);
-    const bool isCheck = isNear(m_now, device.polledSince); // Nobody looks at the height in it.
     return (isDriving || !isCheck) && (m_devices.size() == 1 || isRhythm || isDriving || isLate);
 }
 
@@ -168,6 +177,9 @@ void Oracle::commanded(int adapter, const Transfer& transfer)
     const auto& bytes = transfer.bytes;
     m_writtenAt = m_now;
     if (bytes[0] == 3) {
+        // One that began before the adapter was brought in anew was owed to who waited with it.
+        if (m_now - transfer.duration < m_cableChangedAt - kRounding)
+            return;
         if (!m_isInitOwed[size_t(adapter)] || bytes != std::vector<uint8_t> {3, 4, 0, 0xFB, 0, 0, 0, 0})
             fail("an init report without need, or none");
         m_isInitOwed[size_t(adapter)] = !transfer.isOk; // Else it is tried again.
@@ -213,7 +225,7 @@ void Oracle::judgePresence()
         if (isAsking && m_now > m_readAt + kPoll + 0.01 + late)
             fail("the height is not asked");
     }
-    if (isAsking && m_now > m_deafSince + 2 * kPatience && m_now > m_readAt + 2 * kPatience)
+    if (isAsking && m_now > std::max(m_deafSince, m_readAt) + kPoll + 2 * kPatience)
         fail("an adapter that does not answer is kept");
     if (m_holds.empty() || !m_isGood)
         return;

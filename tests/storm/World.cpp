@@ -138,6 +138,8 @@ void World::passUntil(int thousandths)
 void World::look()
 {
     QApplication::processEvents();
+    if (m_held && !m_held->isActiveWindow())
+        letGo({Verb::LetGo, 0, 0, 0}); // Another window came up, and here it takes the keyboard.
     if (!m_isRunning)
         return;
     Oracle::Shown shown {{errorOf(m_main), errorOf(m_reminder)}, {}, {}, {}, {}};

@@ -246,10 +246,12 @@ void World::setWire(const Step& step)
     if (how == "one-failure")
         return m_desks.adapter(std::max(m_oracle.driven(), 0)).failNext(1, EPROTO);
     m_isSlow = how == "slow" && !(m_desks.isPlugged(0) && m_desks.isPlugged(1));
-    const bool isStuck = how == "stalled" || how == "silent";
     const bool isGood = how == "well" || how == "slow";
     const double latency = m_isSlow ? step.value + 0.0037 : 0; // At a moment of its own.
-    oracle().wire(isGood || how == "failing-writes", isGood, isStuck ? INFINITY : latency);
+    const double seconds = how == "stalled" ? INFINITY
+        : how == "silent"                   ? SimulatedAdapter::kSilenceSeconds
+                                            : latency;
+    oracle().wire(isGood || how == "failing-writes", isGood, seconds);
     for (int number : {0, 1}) {
         SimulatedAdapter& adapter = m_desks.adapter(number);
         DeskModel::Faults& faults = adapter.desk().faults();
