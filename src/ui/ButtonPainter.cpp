@@ -23,12 +23,10 @@ bool showsTitle(const ButtonState& state)
     return state.toolButtonStyle != Qt::ToolButtonIconOnly || state.image.isNull();
 }
 
-/// Spaces around a title make room beside a picture; without one they would push it off the middle.
+/// Spaces around a title would push it off the middle.
 QString shownTitle(const ButtonState& state)
 {
-    if (!showsTitle(state))
-        return {};
-    return state.image.isNull() ? state.title.trimmed() : state.title;
+    return showsTitle(state) ? state.title.trimmed() : QString();
 }
 
 QFont titleFont(const ButtonState& state)
@@ -41,25 +39,6 @@ QFont titleFont(const ButtonState& state)
 qreal horizontalPadding(const ButtonState& state)
 {
     return state.backgroundColor.isValid() ? kHorizontalPadding : kHorizontalPadding / 2;
-}
-
-/// A title that begins with spaces brings its own gap.
-qreal gapBesideTitle(const ButtonState& state)
-{
-    const QString title = shownTitle(state);
-    return title.isEmpty() || title.front().isSpace() ? 0 : kGap;
-}
-
-/// What the picture takes away from the title beside it.
-qreal widthBesideTitle(const ButtonState& state)
-{
-    const bool isBeside = !state.image.isNull() && state.toolButtonStyle == Qt::ToolButtonTextBesideIcon;
-    return isBeside ? state.image.size().width() + gapBesideTitle(state) : 0;
-}
-
-qreal titleWidth(const ButtonState& state, qreal buttonWidth)
-{
-    return std::max(0.0, buttonWidth - 2 * horizontalPadding(state) - widthBesideTitle(state));
 }
 
 QSizeF titleSize(const ButtonState& state)
@@ -111,14 +90,6 @@ void paintTitle(QPainter& painter, const QRectF& rect, const ButtonState& state)
     painter.drawText(rect, Qt::AlignCenter | Qt::TextSingleLine | Qt::TextDontClip, title);
 }
 
-/// The picture's size, made smaller where the button is too small for it.
-QSizeF shownImageSize(const ButtonState& state, const QRectF& rect)
-{
-    const QSizeF natural = state.image.size();
-    const bool fits = natural.width() <= rect.width() && natural.height() <= rect.height();
-    return fits ? natural : natural.scaled(rect.size(), Qt::KeepAspectRatio);
-}
-
 QRectF mirrored(const QRectF& rect, const QRectF& within, Qt::LayoutDirection direction)
 {
     if (direction == Qt::LeftToRight)
@@ -128,23 +99,23 @@ QRectF mirrored(const QRectF& rect, const QRectF& within, Qt::LayoutDirection di
 
 void paintBeside(QPainter& painter, const QRectF& rect, const ButtonState& state)
 {
-    const QSizeF image = shownImageSize(state, rect);
-    const qreal title = std::min(titleSize(state).width(), titleWidth(state, rect.width()));
-    const qreal gap = gapBesideTitle(state);
-    const qreal left = rect.center().x() - (image.width() + gap + title) / 2;
+    const QSizeF image = state.image.size();
+    const qreal room = rect.width() - 2 * horizontalPadding(state) - image.width() - kGap;
+    const qreal title = std::clamp(room, 0.0, titleSize(state).width());
+    const qreal left = rect.center().x() - (image.width() + kGap + title) / 2;
     const QRectF imageRect(
         QPointF(std::round(left), std::round(rect.center().y() - image.height() / 2)), image);
     paintImage(painter, mirrored(imageRect, rect, state.direction), state);
     if (title > 0)
         paintTitle(painter,
             mirrored(
-                QRectF(imageRect.right() + gap, rect.top(), title, rect.height()), rect, state.direction),
+                QRectF(imageRect.right() + kGap, rect.top(), title, rect.height()), rect, state.direction),
             state);
 }
 
 void paintBelow(QPainter& painter, const QRectF& rect, const ButtonState& state)
 {
-    const QSizeF image = shownImageSize(state, rect);
+    const QSizeF image = state.image.size();
     const qreal title = titleSize(state).height();
     const qreal gap = title > 0 ? kGap / 2 : 0;
     const qreal top = rect.center().y() - (image.height() + gap + title) / 2;
@@ -185,8 +156,8 @@ QSize buttonSizeHint(const ButtonState& state)
     QSizeF size(image.width() + title.width(), std::max(image.height(), title.height()));
     if (state.toolButtonStyle == Qt::ToolButtonTextUnderIcon && !image.isEmpty())
         size = {std::max(image.width(), title.width()), image.height() + kGap / 2 + title.height()};
-    else if (!image.isEmpty())
-        size.rwidth() += gapBesideTitle(state);
+    else if (!image.isEmpty() && !title.isEmpty())
+        size.rwidth() += kGap;
     size += QSizeF(2 * horizontalPadding(state), 2 * kVerticalPadding);
     return {int(std::ceil(size.width())), int(std::ceil(size.height()))};
 }
