@@ -69,7 +69,6 @@ void PanelWindow::setShowsWithoutKeyboard()
 {
     m_showsWithoutKeyboard = true;
     setAttribute(Qt::WA_ShowWithoutActivating);
-    setWindowFlag(Qt::WindowDoesNotAcceptFocus);
 }
 
 void PanelWindow::takeKeyboard()
