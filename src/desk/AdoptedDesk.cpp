@@ -34,9 +34,9 @@ int32_t deskPosition()
     return device() ? device()->position() : 0;
 }
 
-int64_t deskHeightMillimetres()
+int64_t deskHeightMillimetres(int32_t position)
 {
-    return (int64_t(deskPosition()) + AppProperties::instance().tablePositionOffset()) / kTenthsPerMillimetre;
+    return (int64_t(position) + AppProperties::instance().tablePositionOffset()) / kTenthsPerMillimetre;
 }
 
 PositionObservation observeDeskPosition(std::function<void(int32_t height)> callback)

@@ -16,9 +16,8 @@
 [[nodiscard]] bool isDeskActive();
 /// Raw, 0.1 mm above the adapter's zero; 0 without a desk.
 [[nodiscard]] int32_t deskPosition();
-/// Raw height and table offset together, in whole millimetres (truncated toward zero); the offset alone
-/// without a desk.
-[[nodiscard]] int64_t deskHeightMillimetres();
+/// Raw height and table offset together, in whole millimetres (truncated toward zero).
+[[nodiscard]] int64_t deskHeightMillimetres(int32_t position);
 
 /// A registration; it ends with its last copy.
 using PositionObservation = std::shared_ptr<void>;

@@ -85,9 +85,9 @@ void SetupEntries::setDefaultWeight()
         fill(*m_ui.textFieldWeight, truncated(Helper::kiloToSystemUnit(shown)));
 }
 
-void SetupEntries::setDefaultTableHeight()
+void SetupEntries::setDefaultTableHeight(int32_t position)
 {
-    fill(*m_ui.textFieldTableHeight, Helper::formattedTableHeight(double(deskHeightMillimetres())));
+    fill(*m_ui.textFieldTableHeight, Helper::formattedTableHeight(double(deskHeightMillimetres(position))));
 }
 
 void SetupEntries::setDefaultNumberOfStandUps()
@@ -102,7 +102,7 @@ void SetupEntries::refill(const QLineEdit& field)
     if (&field == m_ui.textFieldWeight)
         setDefaultWeight();
     else if (&field == m_ui.textFieldTableHeight)
-        setDefaultTableHeight();
+        setDefaultTableHeight(deskPosition());
     else
         setDefaultNumberOfStandUps();
 }

@@ -23,7 +23,7 @@ public:
     /// Fills the fields of a form that was just set up from the settings.
     void awakeFromNib();
     void setDefaultWeight();
-    void setDefaultTableHeight();
+    void setDefaultTableHeight(int32_t position); ///< raw, 0.1 mm
     void setDefaultNumberOfStandUps();
     /// Puts the stored value back into an emptied field, except the height's.
     void refillIfEmpty(const QLineEdit& field);

@@ -180,10 +180,10 @@ void SetupViewController::controlTextDidEndEditing(const QLineEdit& field)
     updateGoalLabel();
 }
 
-void SetupViewController::positionUpdated(int32_t)
+void SetupViewController::positionUpdated(int32_t height)
 {
     if (m_view)
-        m_entries.setDefaultTableHeight();
+        m_entries.setDefaultTableHeight(height);
 }
 
 void SetupViewController::observerDeviceStateDidChange()
@@ -193,7 +193,7 @@ void SetupViewController::observerDeviceStateDidChange()
     m_memories.updateConnectionLabel();
     // The height of a desk that has left must not stay: saved against no desk it would shift the offset.
     if (!device())
-        m_entries.setDefaultTableHeight();
+        m_entries.setDefaultTableHeight(deskPosition());
 }
 
 void SetupViewController::showStoredGoal()

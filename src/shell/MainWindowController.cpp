@@ -94,7 +94,7 @@ void MainWindowController::observe()
         ScheduleManager::kNewSession, [this](const PostedNotification&) { observerNewSession(); }));
     m_errorLine = std::make_unique<ErrorLine>(
         *m_ui->labelErrorText, *m_ui->errorArea, ErrorLine::WithoutUrl::PlainText);
-    m_heights = observeDeskPosition([this](int32_t) { setTabelHeight(); });
+    m_heights = observeDeskPosition([this](int32_t height) { setTabelHeight(height); });
 }
 
 void MainWindowController::connectButtons()
@@ -174,7 +174,7 @@ QWidget& MainWindowController::window() const
 void MainWindowController::updateData()
 {
     showGoalProgress();
-    setTabelHeight();
+    setTabelHeight(deskPosition());
     const bool isActive = isDeskActive();
     ScheduleManager* const schedule = isActive ? hub()->scheduleManager() : nullptr;
     if (schedule && schedule->isScheduled())
@@ -232,11 +232,12 @@ void MainWindowController::clearSchedule(const QString& status)
     m_ui->labelStatus->setText(status);
 }
 
-void MainWindowController::setTabelHeight()
+void MainWindowController::setTabelHeight(int32_t position)
 {
     m_ui->labelTabelHeigt->setText(
         QStringLiteral("%1\n %2 %3")
-            .arg(qtTrId("TableHeightLabel"), Helper::formattedTableHeight(double(deskHeightMillimetres())),
+            .arg(qtTrId("TableHeightLabel"),
+                Helper::formattedTableHeight(double(deskHeightMillimetres(position))),
                 Helper::TableHeightUnit()));
 }
 

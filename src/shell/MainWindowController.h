@@ -40,7 +40,7 @@ public:
 
     /// Recomputes everything that the window shows.
     void updateData();
-    void setTabelHeight();
+    void setTabelHeight(int32_t position); ///< raw, 0.1 mm
     /// Every opening adds a timer and only the last is kept and stopped; refreshing twice shows the same.
     void startUpdateDataTimer();
     void stopUpdateDataTimer();

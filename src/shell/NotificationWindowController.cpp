@@ -35,7 +35,7 @@ NotificationWindowController::~NotificationWindowController() = default;
 void NotificationWindowController::awakeFromNib()
 {
     m_ui->notificationView->setDelegate(this);
-    m_heights = observeDeskPosition([this](int32_t) { setTabelHeight(); });
+    m_heights = observeDeskPosition([this](int32_t height) { setTabelHeight(height); });
     for (MouseEventButton* button : {m_ui->buttonMemory, m_ui->buttonUp, m_ui->buttonDown})
         button->setDelegate(this);
     m_errorLine = std::make_unique<ErrorLine>(
@@ -97,13 +97,13 @@ void NotificationWindowController::updateControls()
         if (m_notification->indicatorTitle())
             m_ui->calRadialSubTitle->setText(*m_notification->indicatorTitle());
     }
-    setTabelHeight();
+    setTabelHeight(deskPosition());
 }
 
-void NotificationWindowController::setTabelHeight()
+void NotificationWindowController::setTabelHeight(int32_t position)
 {
     m_ui->labelTabelHeight->setText(QStringLiteral(" %1 %2").arg(
-        Helper::formattedTableHeight(double(deskHeightMillimetres())), Helper::TableHeightUnit()));
+        Helper::formattedTableHeight(double(deskHeightMillimetres(position))), Helper::TableHeightUnit()));
 }
 
 void NotificationWindowController::fadeIn()

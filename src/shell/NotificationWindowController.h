@@ -33,7 +33,7 @@ public:
     /// The same object again changes nothing; its timer goes on.
     void setNotification(std::shared_ptr<Notification> notification);
     void updateControls();
-    void setTabelHeight();
+    void setTabelHeight(int32_t position); ///< raw, 0.1 mm
     void fadeIn();
     void buttonSnoozeClicked();
     void snooze();
