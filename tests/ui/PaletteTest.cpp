@@ -20,6 +20,7 @@ TEST_F(PaletteTest, hexadecimalTextsAreScannedFromTheirBeginning)
     EXPECT_EQ(hexadecimalValue(QColor::fromRgbF(0.998F, 0.995F, 0.003F)), QStringLiteral("#fffe00"));
     EXPECT_EQ(hexadecimalValue(QColor::fromHsv(120, 255, 0xA7)), QStringLiteral("#00a700"));
     EXPECT_TRUE(hexadecimalValue(QColor()).isNull());
+    EXPECT_EQ(zelvoLinkHover().name() + zelvoLineColor().name(), QStringLiteral("#6f6f6f#b2b2b2"));
 }
 
 TEST_F(PaletteTest, aColourThatCannotBeReadGivesWayToTheBetterOfTwo)

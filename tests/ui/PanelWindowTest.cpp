@@ -15,12 +15,6 @@ protected:
         window.resize(200, 120);
         button.setGeometry(20, 20, 80, 30);
     }
-    static void activate(QWidget& other)
-    {
-        other.show();
-        other.windowHandle()->requestActivate();
-        QApplication::processEvents();
-    }
 
     PanelWindow window {Qt::Window | Qt::FramelessWindowHint};
     HoverButton button {&window};
@@ -35,10 +29,7 @@ TEST_F(PanelWindowTest, escapeAndEveryCloseAskFirstAndCloseWithNobodyToAsk)
         window.onCloseRequested(asks ? [&] { told += u'a'; } : std::function<void()>());
         for (const bool byKey : {true, false}) {
             show(window);
-            if (byKey)
-                QTest::keyClick(&button, Qt::Key_Escape);
-            else
-                window.windowHandle()->close();
+            byKey ? QTest::keyClick(&button, Qt::Key_Escape) : void(window.windowHandle()->close());
             EXPECT_EQ(window.isVisible(), asks); // It is the answer that hides it.
         }
     }
@@ -51,24 +42,33 @@ TEST_F(PanelWindowTest, escapeAndEveryCloseAskFirstAndCloseWithNobodyToAsk)
     EXPECT_EQ(told, QStringLiteral("aaccc"));
 }
 
-TEST_F(PanelWindowTest, comesToTheFrontAlsoWhenMinimisedAndIsPlacedOnlyWhenItOpens)
+TEST_F(PanelWindowTest, comesToTheFrontWithoutAFocusAndIsPlacedOnlyWhenItOpens)
 {
-    QWidget other;
     window.setOpensUnfocused();
     button.setFocus();
-    for (const bool isShown : {true, false}) {
-        window.showMinimized();
-        window.setVisible(isShown);
-        window.move(33, 44);
-        activate(other);
-        window.comeToFront([](PanelWindow& placed) { placed.move(70, 80); });
+    int opened = 0;
+    for (int time = 0; time < 2; ++time) {
+        window.comeToFront([&](PanelWindow&) { ++opened; });
         QApplication::processEvents();
-        EXPECT_TRUE(window.isVisible() && !window.isMinimized());
-        EXPECT_EQ(window.pos(), isShown ? QPoint(33, 44) : QPoint(70, 80));
-        EXPECT_EQ(QGuiApplication::focusWindow(), window.windowHandle());
         EXPECT_EQ(QApplication::focusWidget(), &window) << "no control is pressed by accident";
-        QTest::keyClick(&window, Qt::Key_Tab);
-        EXPECT_EQ(QApplication::focusWidget(), &button);
+        window.showMinimized();
+    }
+    EXPECT_EQ(opened, 1);
+}
+
+TEST_F(PanelWindowTest, takesNoKeyAfterEachOpeningUntilItIsTold)
+{
+    window.setShowsWithoutKeyboard();
+    EXPECT_TRUE(window.testAttribute(Qt::WA_ShowWithoutActivating));
+    window.takeKeyboard(); // Not before it opens.
+    for (int opening = 0; opening < 2; ++opening) {
+        window.show();
+        EXPECT_TRUE(window.windowHandle()->flags().testFlag(Qt::WindowDoesNotAcceptFocus));
+        window.takeKeyboard();
+        EXPECT_FALSE(window.windowHandle()->flags().testFlag(Qt::WindowDoesNotAcceptFocus));
+        QApplication::processEvents();
+        EXPECT_EQ(QGuiApplication::focusWindow(), window.windowHandle());
+        window.hide();
     }
 }
 
@@ -97,26 +97,21 @@ TEST_F(PanelWindowTest, aFadeTakesFourTenthsOfASecondAndTheLastOneHolds)
     const struct {
         void (WindowFade::*act)(); ///< or nothing
         double seconds;
-        int percent; ///< of opacity after that time, the nearest quarter
-        bool isVisible;
-        bool isFadingOut;
-        bool isMoving;
-    } kTestCases[] = {
-        {&WindowFade::fadeOut, 0, 100, false, false, false}, // Of a hidden window: nothing.
-        {&WindowFade::fadeIn, 0, 0, true, false, true}, {nullptr, 0.1, 25, true, false, true},
-        {nullptr, 0.2, 75, true, false, true}, {nullptr, 0.1, 100, true, false, false},
-        {&WindowFade::fadeOut, 0.3, 25, true, true, true}, {nullptr, 0.1, 100, false, false, false},
-        {&WindowFade::fadeIn, 1, 100, true, false, false}, {&WindowFade::fadeOut, 0.2, 50, true, true, true},
-        {&WindowFade::fadeIn, 1, 100, true, false, false}, // Ends the one that runs.
-    };
+        const char* expected; ///< percent of opacity after that time, the nearest quarter, and what it does
+    } kTestCases[] = {{&WindowFade::fadeOut, 0, "100 "}, // Of a hidden window: nothing.
+        {&WindowFade::fadeIn, 0, "0 shown moving"}, {nullptr, 0.1, "25 shown moving"},
+        {nullptr, 0.2, "75 shown moving"}, {nullptr, 0.1, "100 shown "},
+        {&WindowFade::fadeOut, 0.3, "25 shown leaving moving"}, {&WindowFade::fadeOut, 0.1, "100 "},
+        {&WindowFade::fadeIn, 1, "100 shown "}, {&WindowFade::fadeOut, 0.2, "50 shown leaving moving"},
+        {&WindowFade::fadeIn, 1, "100 shown "}}; // Ends the one that runs.
     for (const auto& row : kTestCases) {
         if (row.act)
             (fade.*row.act)();
         platform.runLoop.advance(row.seconds);
-        EXPECT_EQ(std::lround(window.windowOpacity() * 4) * 25, row.percent) << &row - kTestCases;
-        EXPECT_EQ(
-            (QList<bool> {window.isVisible(), fade.isFadingOut(), platform.runLoop.pendingTimerCount() == 1}),
-            (QList<bool> {row.isVisible, row.isFadingOut, row.isMoving}))
+        EXPECT_EQ(QString::number(std::lround(window.windowOpacity() * 4) * 25)
+                + (window.isVisible() ? " shown " : " ") + (fade.isFadingOut() ? "leaving " : "")
+                + (platform.runLoop.pendingTimerCount() == 1 ? "moving" : ""),
+            QString::fromLatin1(row.expected))
             << &row - kTestCases;
     }
 }

@@ -3,7 +3,6 @@
 #include "fakes/ControlTest.h"
 #include "ui/PanelWindow.h"
 
-#include <QCursor>
 #include <QScreen>
 
 namespace {
@@ -57,20 +56,29 @@ TEST_F(WindowPlacementTest, aWindowThatIsPartlyOffTheScreensNeedsOne)
         EXPECT_EQ(WindowPlacement::screenInNeed(row.window, row.screens), row.expected) << row.window.x();
 }
 
-TEST_F(WindowPlacementTest, windowsGoToTheScreenWithThePointerAndStayOnOneThatChanges)
+TEST_F(WindowPlacementTest, theTrayIsWhereTheWidestPanelEndsOrAtTheTop)
 {
-    PanelWindow window(Qt::Window | Qt::FramelessWindowHint);
-    window.resize(300, 200);
-    QScreen* const screen = window.screen();
-    const QRect area = screen->availableGeometry();
-    QCursor::setPos(area.bottomRight());
-    WindowPlacement::moveNearPointer(window);
-    EXPECT_EQ(window.geometry().bottomRight(), area.bottomRight() - QPoint(12, 12));
-    WindowPlacement::moveIntoCorner(window);
-    EXPECT_EQ(window.geometry().topRight(), area.topRight() + QPoint(-12, 12));
-    WindowPlacement::moveToCentre(window);
-    EXPECT_LE((window.geometry().center() - area.center()).manhattanLength(), 2);
+    const struct {
+        QMargins panels;
+        QPoint corner; ///< 0 or 1 from the left and the top
+        QPoint mirrored; ///< where lines are written from right to left
+    } kTestCases[] = {{{0, 0, 0, 0}, {1, 0}, {0, 0}}, {{0, 30, 0, 0}, {1, 0}, {0, 0}},
+        {{0, 30, 0, 31}, {1, 1}, {0, 1}}, {{30, 0, 0, 30}, {1, 1}, {0, 1}}, {{31, 30, 0, 30}, {0, 1}, {0, 1}},
+        {{0, 30, 31, 0}, {1, 1}, {1, 1}}, {{9, 0, 50, 49}, {1, 1}, {1, 1}}};
+    for (const auto& row : kTestCases) {
+        const auto corner = [&](Qt::LayoutDirection direction) {
+            const QPoint found = WindowPlacement::trayCorner(kScreen, kScreen - row.panels, direction);
+            return QPoint(found.x() == kScreen.right(), found.y() == kScreen.bottom());
+        };
+        EXPECT_EQ(corner(Qt::LeftToRight), row.corner) << &row - kTestCases;
+        EXPECT_EQ(corner(Qt::RightToLeft), row.mirrored) << &row - kTestCases;
+    }
+}
 
+TEST_F(WindowPlacementTest, aWindowIsFetchedIntoSightWhenTheScreensChange)
+{
+    QScreen* const screen = QGuiApplication::primaryScreen();
+    const QRect area = screen->availableGeometry();
     const std::pair<QRect, QRect> kTestCases[] = {{{20, 30, 300, 200}, {20, 30, 300, 200}},
         {{-40, 30, 300, 200}, {0, 30, 300, 200}},
         {{3000, 30, 301, 201}, {(area.width() - 301) / 2, (area.height() - 201) / 2, 301, 201}},

@@ -1,0 +1,104 @@
+#include "fakes/ControlTest.h"
+#include "ui/BackgroundTextField.h"
+#include "ui/ClickableLabel.h"
+#include "ui/HoverLink.h"
+#include "ui/HoverUnderlineButton.h"
+#include "ui/MouseEventButton.h"
+#include "ui/StepSlider.h"
+
+#include <QAccessible>
+#include <QTest>
+
+namespace {
+/// A control of each kind.
+class ControlsTest : public ControlTest, public ClickableLabelDelegate {
+protected:
+    ControlsTest()
+    {
+        for (QPushButton* each : std::initializer_list<QPushButton*> {&button, &link, &underlined, &desk}) {
+            each->setText(QStringLiteral("Calories"));
+            QObject::connect(each, &QPushButton::clicked, each, [this] { ++clicks; });
+        }
+        tab.setText(QStringLiteral("Calories"));
+        tab.setDelegateClick(this);
+        field.setInsertionPointColor(Qt::transparent);
+    }
+    void clickableLabelClicked(ClickableLabel&) override { ++clicks; }
+
+    int clicks = 0;
+    HoverButton button;
+    HoverLink link;
+    HoverUnderlineButton underlined;
+    ClickableLabel tab;
+    MouseEventButton desk;
+    StepSlider slider;
+    BackgroundTextField field;
+};
+}
+
+TEST_F(ControlsTest, aPressThatIsAskedForClicksButNeverHoldsADesksButton)
+{
+    const QString press = QAccessibleActionInterface::pressAction();
+    for (QWidget* const control : std::initializer_list<QWidget*> {&button, &link, &tab, &desk}) {
+        for (const bool isEnabled : {true, false}) {
+            SCOPED_TRACE(control->metaObject()->className());
+            control->setEnabled(isEnabled);
+            auto* const told = QAccessible::queryAccessibleInterface(control);
+            const bool isPressable = isEnabled && control != &desk;
+            EXPECT_EQ(told->actionInterface()->actionNames().contains(press), isPressable);
+            told->actionInterface()->doAction(press);
+            EXPECT_EQ(std::exchange(clicks, 0), isPressable);
+            EXPECT_EQ(told->state().linked, control == &link);
+        }
+    }
+    button.setDown(true);
+    EXPECT_TRUE(QAccessible::queryAccessibleInterface(&button)->state().pressed);
+}
+
+TEST_F(ControlsTest, theMouseAndTheKeyboardsFocusShowAndTheMarkComesBackWithTheWindow)
+{
+    for (QWidget* const control :
+        std::initializer_list<QWidget*> {&button, &link, &underlined, &tab, &slider, &field}) {
+        SCOPED_TRACE(control->metaObject()->className());
+        control->resize(100, 40);
+        show(*control);
+        control->clearFocus();
+        leave(*control);
+        const QImage plain = grab(*control);
+        enter(*control);
+        EXPECT_EQ(grab(*control) != plain, control != &slider && control != &field);
+        leave(*control);
+        control->setFocus(Qt::MouseFocusReason);
+        EXPECT_EQ(grab(*control), plain);
+        for (const auto reason : {Qt::ShortcutFocusReason, Qt::BacktabFocusReason, Qt::TabFocusReason}) {
+            control->clearFocus();
+            control->setFocus(reason);
+            EXPECT_NE(grab(*control), plain);
+        }
+        const QImage marked = grab(*control);
+        QApplication::setActiveWindow(nullptr);
+        EXPECT_EQ(grab(*control), plain);
+        QApplication::setActiveWindow(control);
+        EXPECT_EQ(grab(*control), marked);
+        control->hide();
+    }
+}
+
+TEST_F(ControlsTest, aTabIsClickedByItsReleaseInsideAndAsLargeInBothStates)
+{
+    const QSize size = tab.sizeHint();
+    tab.resize(size);
+    for (const auto& [which, place, expected] : {std::tuple(Qt::LeftButton, QPoint(9, 9), 1),
+             {Qt::RightButton, {9, 9}, 0}, {Qt::LeftButton, {9, 99}, 0}}) {
+        QTest::mousePress(&tab, which, {}, {9, 9});
+        EXPECT_EQ(clicks, 0);
+        QTest::mouseRelease(&tab, which, {}, place);
+        EXPECT_EQ(std::exchange(clicks, 0), expected);
+    }
+    for (const auto key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter, Qt::Key_A})
+        QTest::keyClick(&tab, key);
+    EXPECT_EQ(clicks, 3);
+    tab.toggleActive();
+    EXPECT_EQ(tab.sizeHint(), size);
+    EXPECT_LT(tab.minimumSizeHint().width(), size.width() * 2 / 3);
+}
