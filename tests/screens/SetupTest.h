@@ -19,13 +19,12 @@ protected:
     SetupTest()
     {
         installTexts(*qApp, QStringLiteral("en"));
-        store("Weight", 71.9);
-        store("NumberOfStandUps", 3);
-        store("ActivityMode", 1);
-        store("ActivityGoal", 200);
+        for (const auto& [key, value] :
+            {std::pair("Weight", 71.9), {"NumberOfStandUps", 3}, {"ActivityMode", 1}, {"ActivityGoal", 200}})
+            store(key, value);
         adapter->setCommunicating(true);
-        properties().setZelvoController(std::make_shared<ZelvoController>(ZelvoController::Dependencies {
-            hid, platform.events, workspace, [this] { return activities.context; }, [](int32_t) {}}));
+        properties().setZelvoController(std::make_shared<ZelvoController>(ZelvoController::Dependencies {hid,
+            platform.events, platform.workspace, [this] { return activities.context; }, [](int32_t) {}}));
     }
     ~SetupTest() override
     {
@@ -38,7 +37,6 @@ protected:
         adapter->setHeight(kHeight);
         hid.plug(adapter);
         platform.runLoop.advance(1.5);
-        ASSERT_TRUE(hub().isActive());
         adapter->written.clear();
     }
     void moveDeskTo(uint16_t height)
@@ -48,32 +46,23 @@ protected:
     }
     static AppProperties& properties() { return AppProperties::instance(); }
     static ZelvoController& hub() { return *properties().zelvoController(); }
-    void store(const char* key, const QVariant& value)
+    void store(const char* key, double value)
     {
         platform.defaults.values.insert(QString::fromLatin1(key), value);
     }
-
     void open()
     {
         if (!wizard)
-            wizard.emplace(workspace, [this] { ++terminations; });
+            wizard.emplace(platform.workspace, [] { ADD_FAILURE() << "It ends the program."; });
         wizard->showWindow();
         show(wizard->window());
         platform.defaults.writes.clear();
-    }
-    /// Leaves without saving; the next opening shows the settings as they are then.
-    void dismiss()
-    {
-        click(find("buttonCloseWithoutSaving"));
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 
     template <typename Widget = QWidget>
     Widget& find(const QString& name) const
     {
-        auto* widget = wizard->window().findChild<Widget*>(name);
-        EXPECT_TRUE(widget) << qPrintable(name);
-        return *widget;
+        return *wizard->window().findChild<Widget*>(name);
     }
     [[nodiscard]] QString text(const char* label) const { return find<QLabel>(label).text(); }
     QLineEdit& weight() const { return find<QLineEdit>("textFieldWeight"); }
@@ -82,7 +71,7 @@ protected:
     /// What the three fields hold.
     [[nodiscard]] QString entries() const
     {
-        return QStringList({weight().text(), height().text(), standUps().text()}).join(' ');
+        return weight().text() + ' ' + height().text() + ' ' + standUps().text();
     }
     static void click(QWidget& widget) { QTest::mouseClick(&widget, Qt::LeftButton); }
     /// Replaces a field's text as a user does.
@@ -96,8 +85,6 @@ protected:
 
     TestStore activities {platform};
     FakeHidManager hid;
-    SimulatedWorkspace& workspace = platform.workspace;
     std::shared_ptr<FakeHidDevice> adapter = std::make_shared<FakeHidDevice>();
-    int terminations = 0;
     std::optional<WizardWindowController> wizard;
 };
