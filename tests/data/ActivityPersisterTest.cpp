@@ -127,6 +127,8 @@ TEST_F(ActivityPersisterTest, findsAndClipsStoredChangedAndUnsavedRecords)
         changed[i]->setEndDate(hour(start + minutes / 60));
         changed[i]->setIsStanding(i % 2 == 1);
     }
+    const Date from = hour(8);
+    const Date to = hour(20);
     for (const std::optional<bool> posture : {std::optional<bool>(), {true}, {false}}) {
         size_t count = 0;
         double minutes = 0;
@@ -135,22 +137,19 @@ TEST_F(ActivityPersisterTest, findsAndClipsStoredChangedAndUnsavedRecords)
             count += size_t(times);
             minutes += times * row.inside;
         }
-        const auto fetched = posture ? persister.activitiesFromDate(hour(8), hour(20), *posture)
-                                     : persister.activitiesFromDate(hour(8), hour(20));
+        const auto fetched = posture ? persister.activitiesFromDate(from, to, *posture)
+                                     : persister.activitiesFromDate(from, to);
         ASSERT_TRUE(fetched);
         EXPECT_EQ(fetched->size(), count);
         EXPECT_TRUE(std::ranges::is_sorted(
             *fetched, {}, [](const auto& activity) { return activity->startDate().secondsSince1970(); }));
-        double seconds = 0;
-        for (const ActivityRef& activity : *fetched)
-            seconds += ActivityPersister::activityTimeForActivity(*activity, hour(8), hour(20));
-        EXPECT_NEAR(seconds / 60, minutes, 1e-6);
-        EXPECT_NEAR(posture ? persister.minutesActiveFromDate(hour(8), hour(20), *posture)
-                            : persister.minutesActiveFromDate(hour(8), hour(20)),
+        EXPECT_NEAR(posture ? persister.minutesActiveFromDate(from, to, *posture)
+                            : persister.minutesActiveFromDate(from, to),
             minutes, 1e-6);
     }
-    EXPECT_NEAR(persister.caloriesBurnedFromDate(hour(8), hour(20)),
-        persister.minutesActiveFromDate(hour(8), hour(20)) / 2 * kCaloriesPerMinute, 1e-6);
-    EXPECT_NEAR(persister.percentStandingFromDate(hour(8), hour(20)), 50, 1e-9);
-    EXPECT_EQ(persister.activitiesFromDate(hour(20), hour(8))->size(), 6 * 11U) << "what covers either end";
+    EXPECT_NEAR(persister.caloriesBurnedFromDate(from, to),
+        persister.minutesActiveFromDate(from, to) / 2 * kCaloriesPerMinute, 1e-6);
+    EXPECT_EQ(ActivityPersister::activityTimeForActivity(*changed[4], from, to), 60);
+    EXPECT_NEAR(persister.percentStandingFromDate(from, to), 50, 1e-9);
+    EXPECT_EQ(persister.activitiesFromDate(to, from)->size(), 6 * 11U) << "what covers either end";
 }

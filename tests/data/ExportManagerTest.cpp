@@ -8,16 +8,11 @@
 TEST(ExportManager, writesByteForByteWhereTheUserSaysAndNothingOtherwise)
 {
     const QByteArray titles = "Standing Minutes;Calories burned;Standing session count;Goals met;\n";
-    const struct {
-        QString place; ///< none where the user cancels
-        QStringList values;
-        QByteArray written;
-    } kCases[] = {
-        {{}, {"1"}, {}},
+    const std::tuple<QString, QStringList, QByteArray> kCases[] = {
+        {{}, {"1"}, {}}, // The user cancels.
         {"none/history.csv", {"1"}, {}}, // Passed over in silence.
         {"history.csv", {"1234.50", "1175.94", "87", "12"}, titles + "1234.50; 1175.94; 87; 12; "},
-        {"history.csv", {}, titles}, // Replaces a file that is there.
-        {"history.csv", {"a;b", "\u00e9"}, titles + "a;b; \xC3\xA9; "},
+        {"history.csv", {"a;b", "\u00e9"}, titles + "a;b; \xC3\xA9; "}, // In its place.
     };
     TestPlatform platform;
     platform.texts.byKey = {{"ExportFileName", "Export %1.csv"}, {"AppName", "Desk"}};
