@@ -83,33 +83,16 @@ TEST_F(ActivityPersisterTest, findsAndClipsStoredChangedAndUnsavedRecords)
         double start, minutes; ///< the hour of the day in which it begins, and its length
         Found found; ///< from 8 to 20 hours
         double inside; ///< minutes
-    } kCases[] = {
-        {6, 119, Never, 0},
-        {6, 120, Always, 0},
-        {6, 121, Always, 1},
-        {8, 7, Always, 7},
-        {8, 0, Always, 0},
-        {8.25, 13, WithItsPosture, 13},
-        {10, 0, WithItsPosture, 0},
-        {19.5, 29, WithItsPosture, 29},
-        {19.5, 30, Never, 0},
-        {19.5, 31, Always, 30},
-        {20, 0, Never, 0},
-        {20, 5, Never, 0},
-        {8, 720, Always, 720},
-        {7, 1440, Always, 720}, // A day is usual, a second more is not.
-        {-16, 1440, Always, 0},
-        {-15.75, 1440, Always, 15},
-        {7.5, 1440.1, Always, 720},
-        {-90, 9000, Always, 720},
+    } kCases[] = {{6, 119, Never, 0}, {6, 120, Always, 0}, {6, 121, Always, 1}, {8, 7, Always, 7},
+        {8, 0, Always, 0}, {8.25, 13, WithItsPosture, 13}, {10, 0, WithItsPosture, 0},
+        {19.5, 29, WithItsPosture, 29}, {19.5, 30, Never, 0}, {19.5, 31, Always, 30}, {20, 0, Never, 0},
+        {20, 5, Never, 0}, {8, 720, Always, 720},
+        // A day is usual, more is not.
+        {7, 1440, Always, 720}, {-16, 1440, Always, 0}, {-15.75, 1440, Always, 15},
+        {7.5, 1440.1, Always, 720}, {-90, 9000, Always, 720},
         // Backwards, where the clock was set.
-        {12, -61, WithItsPosture, -61},
-        {12, -300, WithItsPosture, -300},
-        {23, -240, WithItsPosture, -240},
-        {23, -9000, WithItsPosture, -9000},
-        {7, -1, Never, 0},
-        {23, -180, Never, 0},
-    };
+        {12, -61, WithItsPosture, -61}, {12, -300, WithItsPosture, -300}, {23, -240, WithItsPosture, -240},
+        {23, -9000, WithItsPosture, -9000}, {7, -1, Never, 0}, {23, -180, Never, 0}};
     std::vector<ActivityRef> changed;
     for (const bool isSaved : {true, false}) {
         for (const auto& row : kCases) {

@@ -28,11 +28,9 @@ TEST(CalorieCalculator, spreadsADaysCaloriesOverItsHours)
     EXPECT_DOUBLE_EQ(CalorieCalculator::caloriesBurnedInMinutes(60, 80), 57.1536);
     EXPECT_NEAR(CalorieCalculator::minutesToBurnCalories(100, 71.5), 117.46, 0.005);
     EXPECT_TRUE(std::isinf(CalorieCalculator::minutesToBurnCalories(100, 0)));
-    const struct {
-        double calories, weight;
-        QVariant workDayHours;
-        int32_t minutesPerHour;
-    } kCases[] = {{100, 80, 8.0, 14}, {250, 50, 8.0, 53}, {250, 40, 8.0, 60}, // would be 66
+    // Calories, weight, hours of a working day; minutes an hour.
+    const std::tuple<double, double, QVariant, int32_t> kCases[] = {{100, 80, 8.0, 14}, {250, 50, 8.0, 53},
+        {250, 40, 8.0, 60}, // would be 66
         {100, 80, 4.0, 27}, {100, 80, "4", 27}, {0, 80, 8.0, 0}, {100, 0, 8.0, 60}, // endless
         {0, 0, 8.0, 0}, {100, -80, 8.0, 0}, {100, 80, 25.0, 14}}; // No day is that long: the default counts.
     TestPlatform platform;

@@ -84,9 +84,6 @@ TEST_F(ZelvoHIDManagerTest, followsAnAdapterInAndOut)
 
 TEST_F(ZelvoHIDManagerTest, namesWhatFails)
 {
-    FakeHidManager closed;
-    closed.openStatus = EACCES;
-    EXPECT_EQ(logOf([&] { const ZelvoHIDManager other(closed); }), "IOHIDManagerOpen failed.\n");
     first->openStatus = EBUSY;
     EXPECT_EQ(logOf([&] { hid.plug(first); }), "Open failed\n");
     hid.unplug(first);
@@ -101,6 +98,11 @@ TEST_F(ZelvoHIDManagerTest, namesWhatFails)
     EXPECT_EQ(logOf(read), "IOHIDDeviceGetReport return value: 0000006e\n");
     second->readStatus = EINPROGRESS;
     EXPECT_EQ(logOf(read), "") << "the answer is only late";
+
+    FakeHidManager closed;
+    closed.openStatus = EACCES;
+    const auto begin = [&] { EXPECT_FALSE(ZelvoHIDManager(closed).isDeviceConneced()); };
+    EXPECT_EQ(logOf(begin), "IOHIDManagerOpen failed.\n") << "with a list of its own";
 }
 
 TEST_F(ZelvoHIDManagerTest, listsTheFirstAdapterAndTransfersThroughTheNewest)
