@@ -8,8 +8,8 @@
 class PanelWindow;
 
 /// Where windows that nobody placed by hand appear; no place is remembered beyond the window that has it.
-/// Positions are top left corners in logical pixels. A
-/// window keeps off the screen's edges where there is room; its upper left corner is always on the screen.
+/// Positions are top left corners in logical pixels. A window keeps off the screen's edges where there is
+/// room; its upper left corner is always on the screen.
 namespace WindowPlacement {
 /// Beside a tray icon that was clicked: centred on the pointer, at the screen's edge that is nearer, inside
 /// the screen.
