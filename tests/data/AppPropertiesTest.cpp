@@ -82,7 +82,12 @@ TEST_F(AppPropertiesTest, readsWritesAndClearsEachSettingUnderItsKey)
         "NumberOfStandupsdefault DevicePosition1 DevicePosition2 DevicePosition3 Weight ActivityMode "
         "ActivityGoal "
             + kDefaulted);
-    EXPECT_EQ(p.version(), "0.9");
+    const QString version = p.version();
+    written();
+    p.setVersion(version);
+    EXPECT_EQ(version + written(), "0.9");
+    p.setVersion(QString::fromLatin1("0.9"));
+    EXPECT_EQ(written(), "Version") << "the same text in another string is written";
     EXPECT_EQ(changeable(), (Numbers {72.5, 1, 150, 711, 4312, 4713, 6200, 0})) << "the known stays";
 }
 

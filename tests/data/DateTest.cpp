@@ -77,7 +77,6 @@ de_DE@calendar=none UTC 2024-03-17T20:00 03-17 03-11 03-01 01-01, 11/2024, März
             QString::number(date.year())};
         EXPECT_EQ(shown.join(' '), words.mid(3).join(' '));
         EXPECT_EQ(day.dateAtStartOfDay(), day);
-        EXPECT_NE(day.dateByAddingSeconds(-1).day(), day.day());
         EXPECT_EQ(show(Date::dateFromComponents(2016, 2, 29)), "02-29") << "counted in Gregorian years";
     }
     useZone("America/Havana"); // 01:00 becomes 00:00 again on 2024-11-03: the first of two midnights.
@@ -171,7 +170,7 @@ TEST_F(DateTest, countsDifferencesByCalendarAndInWholeUnitsTowardZero)
         Units units; ///< minutes, hours and days that passed
     } kCases[] = {
         // 29 February, a week and 4 days.
-        {"2023-01-30T12:00", "2024-03-11T13:02", {1, 1, 4, 1, 2, 0, 1}, 406, {584702, 9745, 406}},
+        {"2023-01-30T12:00", "2024-03-11T13:02", {1, 1, 4, 1, 2, 0, 1, 0, 0, 0}, 406, {584702, 9745, 406}},
         {"2024-03-15T12:00", "2024-03-14T12:00", {0, 0, -1, 0, 0, 0, 0}, -1, {-1440, -24, -1}},
         {"2024-03-11T12:00:30", "2024-03-11T10:15:31", {0, 0, 0, -1, -44, -59, 0}, 0, {-104, -1, 0}},
         // Days of 23 and of 25 hours are whole days; hours are time that passed.

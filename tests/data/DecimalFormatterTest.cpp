@@ -7,12 +7,9 @@
 TEST(DecimalFormatter, keepsEntriesToDigitsAndARange)
 {
     const QString nines(400, '9');
-    const struct {
-        const char* locale;
-        double least, most; ///< most below 0: as a new formatter has it
-        bool acceptComma;
-        QStringList valid, invalid;
-    } kFields[] = {
+    // The locale, the least and the most (below 0: as a new formatter has it), whether a point is accepted,
+    // valid and invalid texts.
+    const std::tuple<const char*, double, double, bool, QStringList, QStringList> kFields[] = {
         {"de_DE", 0, 999, false, {"", "999", "５", "٨٠", "𝟖𝟎"}, // full-width, Arabic, beyond 16 bits
             {"1000", nines, "-5", "72.5", "72,5", "½"}},
         {"ar_EG", 0, 999, false, {"٨٠"}, {}},
@@ -25,15 +22,15 @@ TEST(DecimalFormatter, keepsEntriesToDigitsAndARange)
         {"en_US", 0, -1, false, {"1"}, {nines}},
     };
     TestPlatform platform;
-    for (const auto& row : kFields) {
-        platform.bundle.userLocale = QLocale(row.locale);
+    for (const auto& [locale, least, most, acceptComma, valid, invalid] : kFields) {
+        platform.bundle.userLocale = QLocale(locale);
         DecimalFormatter field;
-        field.setMinValue(row.least);
-        if (row.most >= 0)
-            field.setMaxValue(row.most);
-        field.setAcceptComma(row.acceptComma);
-        for (const QString& text : row.valid + row.invalid)
-            EXPECT_EQ(field.isPartialStringValid(text), row.valid.contains(text))
-                << row.locale << " " << qPrintable(text.left(20));
+        field.setMinValue(least);
+        if (most >= 0)
+            field.setMaxValue(most);
+        field.setAcceptComma(acceptComma);
+        for (const QString& text : valid + invalid)
+            EXPECT_EQ(field.isPartialStringValid(text), valid.contains(text))
+                << locale << " " << qPrintable(text.left(20));
     }
 }

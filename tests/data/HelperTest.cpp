@@ -7,12 +7,9 @@
 
 TEST(Helper, convertsByFactorsThatAreRoundedApart)
 {
-    const struct {
-        const char* locale;
-        QList<double> values; ///< 71.5 kg and 176.4 units of weight, 100 cm and 10 units of length
-        const char* unit;
-        const char* heights; ///< of the millimetres below
-    } kCases[] = {
+    // The locale; 71.5 kg and 176.4 units of weight, 100 cm and 10 units of length; the unit; heights of the
+    // millimetres below.
+    const std::tuple<const char*, QList<double>, const char*, const char*> kCases[] = {
         {"de_DE", {71.5, 176.4, 100, 10}, "Centimeter", "73 74 74 75 74 0 0 6554"},
         {"en_US", {71.5 * 2.205, 176.4 * 0.454, 39.3701, 25.4}, "Inches",
             "28.6 29.3 28.9 29.3 29.3 0.0 0.0 2580.1"},

@@ -21,7 +21,7 @@ TEST_F(ManagedObjectContextTest, aRecordIsOneObjectAndAChangeIsSavedThoughNobody
 {
     ActivityRef record = store.insert(1000.25, 1100.125, true, 71.5);
     ASSERT_TRUE(store.context->save(error));
-    EXPECT_FALSE(store.context->hasChanges());
+    EXPECT_TRUE(store.context->commitEditing() && !store.context->hasChanges());
     record->setEndDate(Date(1150.5));
     EXPECT_TRUE(store.context->hasChanges());
     EXPECT_EQ(store.all(), std::vector {record});
@@ -30,7 +30,6 @@ TEST_F(ManagedObjectContextTest, aRecordIsOneObjectAndAChangeIsSavedThoughNobody
     ASSERT_TRUE(store.context->save(error));
     store.reopen();
     const auto all = store.all();
-    EXPECT_EQ(store.all(), all);
     EXPECT_EQ(all.at(0)->period(), (ActivityPeriod {Date(1000.25), Date(1150.5), true}));
     EXPECT_EQ(all[0]->weight(), 71.5);
     store.close();

@@ -9,31 +9,11 @@
 namespace {
 class PersistentStoreCoordinatorTest : public testing::Test {
 protected:
-    /// A store of some records, closed; the log that one more leaves behind after an unclean end.
-    QByteArray makeStore(int records)
-    {
-        QByteArray log;
-        for (const int count : {records, 1}) {
-            TestStore store(platform);
-            for (int i = 0; i < count; ++i)
-                store.insert(1200.0 * i, 1200.0 * (i + 1), i % 2 == 0);
-            EXPECT_TRUE(store.context->save(error));
-            log = contents(path + "-wal");
-        }
-        return log;
-    }
     /// What the user is told of a store that cannot be opened.
     QString refusal()
     {
         EXPECT_FALSE(PersistentStoreCoordinator::open({}, path, error));
         return error.localizedDescription + ", " + error.failureReason.remove(" StoreNothingRecorded");
-    }
-    sqlite3* connect(const char* sql)
-    {
-        sqlite3* connection = nullptr;
-        sqlite3_open(qPrintable(path), &connection);
-        execute(connection, sql);
-        return connection;
     }
 
     TestPlatform platform;
@@ -59,11 +39,18 @@ TEST_F(PersistentStoreCoordinatorTest, makesANewStoreOfNothingWhoseCommitsAreOnD
 
 TEST_F(PersistentStoreCoordinatorTest, refusesWhatIsNoGoodStoreAndLeavesItAsItIs)
 {
-    const QByteArray log = makeStore(1000);
+    QByteArray log; // What one more record leaves behind after an unclean end.
+    for (const int count : {1000, 1}) {
+        TestStore store(platform);
+        for (int i = 0; i < count; ++i)
+            store.insert(1200.0 * i, 1200.0 * (i + 1), i % 2 == 0);
+        ASSERT_TRUE(store.context->save(error));
+        log = contents(path + "-wal");
+    }
     const QByteArray sound = contents(path);
     const auto after = [&](const char* sql) {
         write(path, sound);
-        sqlite3_close(connect(sql));
+        execute(TestStore(platform).coordinator->connection(), sql);
         return contents(path);
     };
     const auto withZeros = [](QByteArray store) { return store.replace(8192, 4096, QByteArray(4096, '\0')); };
@@ -113,13 +100,15 @@ TEST_F(PersistentStoreCoordinatorTest, refusesWhatIsNoGoodStoreAndLeavesItAsItIs
 
 TEST_F(PersistentStoreCoordinatorTest, hardlyWaitsForAnotherProgramAndMakesDroppedIndexesAgain)
 {
-    makeStore(10);
-    sqlite3* other = connect("DROP INDEX UsualActivity; DROP INDEX OddActivity; "
-                             "PRAGMA locking_mode = EXCLUSIVE; BEGIN IMMEDIATE");
+    TestStore other(platform);
+    other.insert(1000, 1200, true);
+    ASSERT_TRUE(other.context->save(error));
+    execute(
+        other.coordinator->connection(), "DROP INDEX UsualActivity; DROP INDEX OddActivity; BEGIN IMMEDIATE");
     QElapsedTimer clock;
     clock.start();
     EXPECT_EQ(refusal(), "StoreInUse, StoreAdviceCloseOther");
     EXPECT_TRUE(clock.elapsed() >= 80 && clock.elapsed() < 1000) << clock.elapsed() << " ms";
-    sqlite3_close(other);
-    EXPECT_EQ(TestStore(platform).all().size(), 11U);
+    other.reopen();
+    EXPECT_EQ(other.all().size(), 1U);
 }

@@ -7,14 +7,10 @@
 
 TEST(ErrorCodeHandler, readsTheCodesOutOfAReport)
 {
-    const struct {
-        const char* what;
-        uint8_t flags; ///< byte 3
-        uint8_t kinds; ///< byte 6
-        uint8_t listed; ///< byte 32
-        std::array<uint8_t, 6> codes; ///< bytes 34 to 39
-        const char* expected; ///< each code with its text; null: no error
-    } kCases[] = {
+    // Byte 3 (flags), 6 (kinds), 32 (whether codes are listed) and 34 to 39 (codes) of a report; each code
+    // with its text, null for no error.
+    using Codes = std::array<uint8_t, 6>;
+    const std::tuple<const char*, uint8_t, uint8_t, uint8_t, Codes, const char*> kCases[] = {
         {"no flag, whatever else is set", 0xFD, 0xFF, 1, {5, 1, 1, 1, 1, 1}, nullptr},
         {"flag alone", 0x02, 0, 0, {}, ""},
         {"codes not announced", 0xFF, 0, 0, {5, 6, 7, 8, 9, 10}, ""},
@@ -27,19 +23,19 @@ TEST(ErrorCodeHandler, readsTheCodesOutOfAReport)
             "E03:OverloadDownError E04:"},
     };
     const TestPlatform platform; // It has no texts, so each key answers itself.
-    for (const auto& row : kCases) {
+    for (const auto& [what, flags, kinds, listed, slots, expected] : kCases) {
         std::array<uint8_t, 64> report {4};
-        report[3] = row.flags;
-        report[6] = row.kinds;
-        report[32] = row.listed;
+        report[3] = flags;
+        report[6] = kinds;
+        report[32] = listed;
         report[33] = 77; // Neighbours of the list, never read.
         report[40] = 78;
-        std::copy(row.codes.begin(), row.codes.end(), report.begin() + 34);
+        std::copy(slots.begin(), slots.end(), report.begin() + 34);
         const auto codes = ErrorCodeHandler::setErrorCode(report);
         QStringList found;
         for (const auto& [code, text] : codes.value_or(QMap<QString, QString>()).toStdMap())
             found.append(code + u':' + text);
-        EXPECT_EQ(codes.has_value(), row.expected != nullptr) << row.what;
-        EXPECT_EQ(found.join(u' '), QString::fromLatin1(row.expected)) << row.what;
+        EXPECT_EQ(codes.has_value(), expected != nullptr) << what;
+        EXPECT_EQ(found.join(u' '), QString::fromLatin1(expected)) << what;
     }
 }

@@ -13,9 +13,9 @@ protected:
         return asked.size() <= answers.size() ? answers[asked.size() - 1] : otherwise;
     }
     void updatedIdleObserverIsIdle(bool isIdle) override { note(isIdle ? "idle" : "active"); }
-    void note(const char* what)
+    void note(const QString& what)
     {
-        heard.append(QStringLiteral("%1 %2").arg(platform.runLoop.monotonicNow()).arg(QLatin1String(what)));
+        heard.append(QString("%1 ").arg(platform.runLoop.monotonicNow()) + what);
     }
 
     TestPlatform platform;
@@ -28,11 +28,7 @@ protected:
 
 TEST_F(IdleObserverTest, combinesTheAnswersWithItsRunningMinimum)
 {
-    const struct {
-        const char* what;
-        std::vector<double> answers;
-        double expected;
-    } kCases[] = {
+    const std::tuple<const char*, std::vector<double>, double> kCases[] = {
         {"the smallest", {50, 7, 30}, 7},
         {"a zero drops the minimum so far", {5, 0, 100}, 100},
         {"a zero first", {0, 40, 30}, 30},
@@ -40,10 +36,10 @@ TEST_F(IdleObserverTest, combinesTheAnswersWithItsRunningMinimum)
         {"a zero for the fifteenth type stays", {5, 5, 5, 5, 5, 5, 5, 5, 5, 5, 5, 5, 5, 5, 0, 3}, 0},
         {"the sixteenth type does not count", {9, 9, 9, 9, 9, 9, 9, 9, 9, 9, 9, 9, 9, 9, 9, 1}, 9},
     };
-    for (const auto& row : kCases) {
-        answers = row.answers;
+    for (const auto& [what, given, expected] : kCases) {
+        answers = given;
         asked.clear();
-        EXPECT_EQ(IdleObserver(*this).idleTimeInSeconds(), row.expected) << row.what;
+        EXPECT_EQ(IdleObserver(*this).idleTimeInSeconds(), expected) << what;
         EXPECT_EQ(asked, (std::vector {1, 2, 3, 4, 5, 6, 7, 10, 11, 12, 22, 23, 24, 25, 26, 27}));
     }
 }
@@ -57,7 +53,7 @@ TEST_F(IdleObserverTest, tellsOfTransitionsAndOfIdleUsersEveryTenSecondsUntilSto
         otherwise = idleSeconds;
         platform.runLoop.advance(10);
     }
-    EXPECT_EQ(heard.join(u','), QStringLiteral("20 idle,30 still idle,40 still idle,50 active"));
+    EXPECT_EQ(heard.join(','), "20 idle,30 still idle,40 still idle,50 active");
     observer->stopIdleObserverTimer();
     platform.runLoop.advance(100);
     EXPECT_EQ(asked.size(), 16u * 6);

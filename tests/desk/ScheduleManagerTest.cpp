@@ -36,12 +36,8 @@ protected:
 
 TEST_F(ScheduleManagerTest, splitsTheHourByGoalAndStandUps)
 {
-    const struct {
-        int mode; ///< 1: calories, 2: minutes
-        double goal;
-        int standUps;
-        double standing, sitting; ///< seconds; 0: nothing is planned
-    } kCases[] = {
+    // Mode (1: calories, 2: minutes), goal, stand-ups; seconds of standing and sitting, 0 for no plan.
+    const std::tuple<int, double, int, double, double> kCases[] = {
         {2, 15, 2, 450, 1350}, {2, 7.31, 6, 73.1, 526.9}, // no whole second
         {2, 75, 1, 3600, 0}, // more than an hour is an hour
         {2, 0.01, 1, 0.6, 3599.4}, {2, 0, 3, 0, 1200}, {1, 100, 1, 960, 2640}, // 124.4 minutes in 8 hours

@@ -8,11 +8,8 @@
 
 TEST(ZelvoHIDDevice, putsTheStandingPointBetweenTheFirstTwoMemories)
 {
-    const struct {
-        int first, second;
-        double expected;
-    } kCases[] = {{700, 1101, 900}, {4300, 700, 2500}, {0, 4300, 2540}, {700, 0, 2540}, {1, 1, 1},
-        {65535, 65533, 65534}};
+    const std::tuple<int, int, double> kCases[] = {{700, 1101, 900}, {4300, 700, 2500}, {0, 4300, 2540},
+        {700, 0, 2540}, {1, 1, 1}, {65535, 65533, 65534}};
     TestPlatform platform;
     for (const auto& [first, second, expected] : kCases) {
         platform.restart();
@@ -23,12 +20,8 @@ TEST(ZelvoHIDDevice, putsTheStandingPointBetweenTheFirstTwoMemories)
 
 TEST(ZelvoHIDDevice, takesCommunicationFromBitZeroOfTheStatusWordAfterAWriteThatFailed)
 {
-    const struct {
-        uint16_t status;
-        HidStatus readStatus;
-        bool expected;
-    } kCases[] = {{0x0001, 0, true}, {0xFFFF, 0, true}, {0x0000, 0, false}, {0xFFFE, 0, false},
-        {0x0001, EPIPE, false}, {0x4001, 0, true}};
+    const std::tuple<uint16_t, HidStatus, bool> kCases[] = {{0x0001, 0, true}, {0xFFFF, 0, true},
+        {0x0000, 0, false}, {0xFFFE, 0, false}, {0x0001, EPIPE, false}, {0x4001, 0, true}};
     const TestPlatform platform;
     FakeHidManager hid;
     const ZelvoHIDManager manager(hid);

@@ -1,0 +1,22 @@
+#include "desk/AdoptedDesk.h"
+
+#include "desk/DeskStory.h"
+
+TEST(AdoptedDesk, tellsHeightsOfTheHubThatIs)
+{
+    DeskStory story;
+    auto& properties = AppProperties::instance();
+    properties.setTablePositionOffset(-6205);
+    EXPECT_EQ(deskHeightMillimetres(900), -530);
+    EXPECT_EQ(deskPosition(), 0);
+    story.play("2");
+    properties.setZelvoController({std::shared_ptr<void>(), &*story.hub});
+    auto observation = observeDeskPosition([&story](int32_t height) { story.note(QString::number(height)); });
+    story.play("height=1234 4");
+    EXPECT_EQ(deskPosition(), 1234);
+    EXPECT_TRUE(isDeskActive());
+    observation.reset();
+    story.play("height=1300 6");
+    EXPECT_EQ(story.heard(), "2.2 1234");
+    properties.setZelvoController(nullptr);
+}
