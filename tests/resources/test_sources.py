@@ -77,8 +77,6 @@ def test_forms_and_code_name_pictures_and_styles_that_are_there():
     assert said("textStyle") <= set(re.findall(r"static QFont (\w+)\(\)", CODE))
     assert said("foregroundRole") | said("backgroundRole") <= {"Base", "HighlightedText", "Link", "Window"}
 
-
-def test_a_hover_form_is_its_picture_in_the_brand_colour():
     brand = re.search(r'"ZelvoColor1": "(#\w+)"', (SOURCE / "resources/Info.json.in").read_text())[1]
     for form in (SOURCE / "resources/images").glob("*_hoover.svg"):
         plain = form.with_name(form.name.replace("_hoover", "")).read_text()
