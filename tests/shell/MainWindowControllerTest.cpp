@@ -2,9 +2,9 @@
 
 #include "data/CalorieCalculator.h"
 #include "screens/CircleIndicatorView.h"
+#include "shell/MenuletView.h"
 #include "shell/WindowTest.h"
-#include "ui/HyperLinkTextField.h"
-#include "ui/MouseEventButton.h"
+#include "ui/Button.h"
 
 namespace {
 class MainWindowControllerTest : public WindowTest {
@@ -16,10 +16,6 @@ protected:
         ActivityPersister(world->app->managedObjectContext())
             .createWithStartDate(
                 midnight, midnight.dateByAddingSeconds(minutes * 60), true, properties().weight());
-    }
-    static void post(const QString& name, const QMap<QString, QString>& errors)
-    {
-        NotificationCenter::defaultCenter().post(name, {}, errors);
     }
     /// Value, title and percentage.
     static QString shown(QWidget& window, const char* circle)
@@ -71,7 +67,9 @@ TEST_F(MainWindowControllerTest, theSessionCircleFollowsTheSchedule)
     start();
     QWidget& window = openMainWindow();
     EXPECT_EQ(text(window, "labelStatus"), QStringLiteral("ConnectTable"));
+    EXPECT_FALSE(menulet().isDeviceConnected());
     desk = world->plugDesk(900);
+    EXPECT_TRUE(menulet().isDeviceConnected());
     EXPECT_EQ(text(window, "labelStatus"), QStringLiteral("CurrentSession")) << "at once";
     const double started = schedule().scheduleUpdatedDate()->secondsSince1970();
     pass(started + 1200 - world->platform.runLoop.now() + 4.9); // The last refresh is at most 5 s old.
@@ -84,6 +82,7 @@ TEST_F(MainWindowControllerTest, theSessionCircleFollowsTheSchedule)
     EXPECT_EQ(shown(window, "scheduleIndicator"), QStringLiteral("  0.0"));
     EXPECT_EQ(text(window, "labelStatus"), QString());
     world->hid.unplug(desk);
+    EXPECT_FALSE(menulet().isDeviceConnected());
     EXPECT_EQ(text(window, "labelStatus"), QStringLiteral("ConnectTable"));
 }
 
@@ -108,33 +107,37 @@ TEST_F(MainWindowControllerTest, refreshesEveryFiveSecondsAndLeavesNoTimerBehind
     EXPECT_EQ(text(window, "labelPercent"), QStringLiteral("75")) << "fresh when it opens";
 }
 
-TEST_F(MainWindowControllerTest, errorsAreLinksAndStayUntilFifteenSecondsAfterTheLast)
+TEST_F(MainWindowControllerTest, beforeTheSetUpAClickShowsNothingAndTheMenuOffersSettingsAndTheEnd)
 {
+    const auto offered = [this] {
+        QList<bool> enabled;
+        for (const QAction* entry : menulet().statusMenu()->actions())
+            enabled << entry->isEnabled();
+        return enabled;
+    };
+    properties().setWeight(0);
+    set("Weight", 0);
     start();
-    QWidget& window = openMainWindow();
-    QWidget& area = in(window, "errorArea");
-    auto& label = in<HyperLinkTextField>(window, "labelErrorText");
-    EXPECT_FALSE(area.isVisible());
-    for (const bool hasPage : {true, false}) {
-        if (!hasPage)
-            dropInformation("ErrorUrl");
-        post(ZelvoHIDDevice::kErrorCode,
-            {{QStringLiteral("E02"), QStringLiteral("Overload <up>")}, {QStringLiteral("E12"), {}}});
-        EXPECT_EQ(WindowChecks::accessibleText(label, QAccessible::Name),
-            QStringLiteral("Error \nE02: Overload <up> \nE12: \n"));
-        EXPECT_EQ(
-            label.text().count(QStringLiteral("href=\"https://zelvo.example/errors\"")), hasPage ? 2 : 0);
-        focus(window, "labelErrorText");
-        QTest::keyClick(&label, Qt::Key_Return);
-        pass(60); // The second error stops the countdown.
-        EXPECT_TRUE(area.isVisible());
-        post(ZelvoHIDDevice::kErrorCodeRemoved, {});
-        pass(14.9);
-        EXPECT_TRUE(area.isVisible());
-    }
-    EXPECT_EQ(
-        world->workspace.opened, std::vector<QUrl> {QUrl(QStringLiteral("https://zelvo.example/errors"))});
-    pass(0.2);
-    EXPECT_FALSE(area.isVisible());
-    EXPECT_EQ(label.text(), QString());
+    EXPECT_EQ(offered(), (QList<bool> {false, false, true, true}));
+    EXPECT_FALSE(openMainWindow().isVisible());
+    EXPECT_TRUE(menulet().isActive());
+    menulet().menuletClicked();
+    world->app->showSomething();
+    EXPECT_FALSE(menulet().isActive());
+    world->completeSetup();
+    Q_EMIT menulet().statusMenu()->aboutToShow();
+    EXPECT_EQ(offered(), (QList<bool> {true, true, true, true}));
+    world->app->showSomething();
+    EXPECT_TRUE(menulet().isActive() && menulet().mainWindow().isWindowVisible());
+}
+
+TEST_F(MainWindowControllerTest, theTrayIconLeavesTwoOfTwentyTwoPartsOnEachSide)
+{
+    const QImage icon = MenuletView::icon(true).pixmap(44, 44).toImage();
+    const QRect inner(4, 4, 36, 36);
+    QRect drawn;
+    for (int i = 0; i < 44 * 44; ++i)
+        drawn |= icon.pixelColor(i % 44, i / 44).alpha() > 0 ? QRect(i % 44, i / 44, 1, 1) : QRect();
+    EXPECT_TRUE(inner.contains(drawn)) << drawn.width();
+    EXPECT_GE(drawn.height(), 30);
 }

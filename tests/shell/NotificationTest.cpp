@@ -33,11 +33,10 @@ TEST(Notification, contentFollowsPositionModeAndPlan)
             {QStringLiteral("NotificationDetailMessage2"), QStringLiteral("for %1 kcal.")},
             {QStringLiteral("NotificationSittingmemory"), QStringLiteral("Sit %1 min.")},
             {QStringLiteral("Calories"), QStringLiteral("burned CALORIES")}};
-        AppProperties& properties = AppProperties::instance();
-        properties.setActivityMode(row.mode);
-        properties.setActivityGoal(row.goal);
-        properties.setNumberOfStandUps(row.standUps);
-        properties.setWeight(row.weight);
+        AppProperties::instance().setActivityMode(row.mode);
+        AppProperties::instance().setActivityGoal(row.goal);
+        AppProperties::instance().setNumberOfStandUps(row.standUps);
+        AppProperties::instance().setWeight(row.weight);
         world.app->applicationDidFinishLaunching();
         const Notification shown(row.position);
         const QString none = QStringLiteral("none");

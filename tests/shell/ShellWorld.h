@@ -33,14 +33,6 @@ public:
         return desk;
     }
 
-    /// The program after a finished set-up, with a desk at which the user sits.
-    std::shared_ptr<FakeHidDevice> startWithDesk()
-    {
-        completeSetup();
-        app->applicationDidFinishLaunching();
-        return plugDesk(900);
-    }
-
     [[nodiscard]] QString dataFolder() const
     {
         return platform.folder.filePath(QStringLiteral("org.zelvo.StandUp"));

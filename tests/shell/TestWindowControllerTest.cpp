@@ -28,9 +28,9 @@ protected:
 TEST_F(TestWindowControllerTest, worksTheDeskItsErrorsAndItsReminders)
 {
     startSimulated();
-    press(window(), "buttonHeight1000");
+    QTest::mousePress(&in(window(), "buttonHeight1000"), Qt::LeftButton);
     pass(20);
-    release(window(), "buttonHeight1000");
+    QTest::mouseRelease(&in(window(), "buttonHeight1000"), Qt::LeftButton);
     pass(2);
     EXPECT_NEAR(simulated.desk().height(), 1000, 20);
     EXPECT_EQ(text(window(), "labelHeight").toInt(), properties().zelvoController()->device()->position());

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "data/ActivityPersister.h"
-#include "fakes/WindowChecks.h"
 #include "resources/Resources.h"
 #include "shell/MainWindowController.h"
 #include "shell/Notification.h"
@@ -9,6 +8,7 @@
 #include "shell/ShellWorld.h"
 
 #include <QCursor>
+#include <QLabel>
 #include <QTest>
 #include <QTranslator>
 
@@ -20,9 +20,7 @@
 /// worked by mouse and keys. Texts are their keys unless a test installs a language.
 class WindowTest : public testing::Test {
 protected:
-    static constexpr uint16_t kUp = 0x8000;
     static constexpr uint16_t kStop = 0x8001;
-    static constexpr QPoint kAway {790, 590};
 
     using Commands = std::vector<uint16_t>;
 
@@ -30,7 +28,7 @@ protected:
     {
         initResources();
         world->completeSetup();
-        QCursor::setPos(kAway);
+        QCursor::setPos(790, 590);
     }
     ~WindowTest() override
     {
@@ -49,14 +47,6 @@ protected:
     void set(const char* key, double value)
     {
         world->platform.defaults.values[QString::fromLatin1(key)] = value;
-    }
-    /// Settings as of a program whose information lacks a key; to be called after start().
-    void dropInformation(const char* key)
-    {
-        QJsonObject information = TestPlatform::defaultInformation();
-        information.remove(QString::fromLatin1(key));
-        m_lacking.emplace(information);
-        properties().setMainBundle(&*m_lacking);
     }
     void start() { world->app->applicationDidFinishLaunching(); }
     /// The program with a desk at which the user sits.
@@ -90,29 +80,13 @@ protected:
     template <typename Widget = QWidget>
     static Widget& in(const QWidget& window, const char* name)
     {
-        auto* widget = window.findChild<Widget*>(QString::fromLatin1(name));
-        EXPECT_TRUE(widget) << name;
-        return *widget;
+        return *window.findChild<Widget*>(QString::fromLatin1(name));
     }
     static QString text(const QWidget& window, const char* label) { return in<QLabel>(window, label).text(); }
-    static void press(QWidget& window, const char* button)
-    {
-        QTest::mousePress(&in(window, button), Qt::LeftButton);
-    }
-    static void release(QWidget& window, const char* button)
-    {
-        QTest::mouseRelease(&in(window, button), Qt::LeftButton);
-    }
     static void click(QWidget& window, const char* button)
     {
         QTest::mouseClick(&in(window, button), Qt::LeftButton);
     }
-    static void focus(QWidget& window, const char* control)
-    {
-        QApplication::setActiveWindow(&window);
-        in(window, control).setFocus(Qt::TabFocusReason);
-    }
-
     /// The commands that the adapter has been sent since the last call.
     Commands commands()
     {
@@ -123,12 +97,6 @@ protected:
         }
         return sent;
     }
-    /// What holding a button for 0.5 s sends: a stop to begin with, then the command every 0.2 s.
-    static Commands heldFor(uint16_t command) { return {kStop, command, command}; }
-
     std::optional<ShellWorld> world {std::in_place};
     std::shared_ptr<FakeHidDevice> desk;
-
-private:
-    std::optional<SimulatedBundle> m_lacking;
 };
