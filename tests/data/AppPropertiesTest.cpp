@@ -67,11 +67,14 @@ TEST_F(AppPropertiesTest, readsWritesAndClearsEachSettingUnderItsKey)
     EXPECT_EQ(written(), "");
     for (int i = 0; i < 2; ++i)
         p.setWeight(72.5);
+    p.setDevicePosition1(712);
+    p.setDevicePosition2(4313);
     p.setTablePositionOffset(-630);
-    EXPECT_EQ(written(), "Weight TablePositionOffset") << "what differs from the known value is written";
+    EXPECT_EQ(written(), "Weight DevicePosition1 DevicePosition2 TablePositionOffset")
+        << "what differs from the known value is written";
     EXPECT_EQ(std::exchange(stored("Weight"), 66), 72.5);
     EXPECT_EQ(std::exchange(stored("TablePositionOffset"), 7), -630);
-    EXPECT_EQ(changeable(), (Numbers {72.5, 1, 150, 711, 4312, 4713, 7, 3})) << "the last two are read again";
+    EXPECT_EQ(changeable(), (Numbers {72.5, 1, 150, 712, 4313, 4713, 7, 3})) << "the last two are read again";
     P::removeValueForKey("DevicePosition1");
     EXPECT_TRUE(!p.hasDevicePosition1() && p.hasDevicePosition2() && p.hasDevicePosition3());
     written();
@@ -88,14 +91,13 @@ TEST_F(AppPropertiesTest, readsWritesAndClearsEachSettingUnderItsKey)
     EXPECT_EQ(version + written(), "0.9");
     p.setVersion(QString::fromLatin1("0.9"));
     EXPECT_EQ(written(), "Version") << "the same text in another string is written";
-    EXPECT_EQ(changeable(), (Numbers {72.5, 1, 150, 711, 4312, 4713, 6200, 0})) << "the known stays";
+    EXPECT_EQ(changeable(), (Numbers {72.5, 1, 150, 712, 4313, 4713, 6200, 0})) << "the known stays";
 }
 
 TEST(AppProperties, crossesTheNumbersOfTheActivityModesAndCompletesAHalfDoneSetUp)
 {
     const std::pair<QJsonValue, int32_t> kCases[] = {{"1", 2}, {"2", 1}, {"3", 0}, {{}, 0}};
     for (const auto& [information, mode] : kCases) {
-        SCOPED_TRACE(mode);
         TestPlatform platform(with("ActivityModeDefault", information));
         platform.defaults.values = {{"WeightDefault", 77}, {"ActivityGoal", 0}};
         P& p = P::instance();
@@ -105,7 +107,6 @@ TEST(AppProperties, crossesTheNumbersOfTheActivityModesAndCompletesAHalfDoneSetU
         EXPECT_FALSE(p.isUserSetupCompleted()) << "no default goal has ever been written";
         platform.defaults.values["ActivityGoalDefault"] = 75;
         p.setDefaultUserValues();
-        EXPECT_EQ(p.activityGoal(), 75);
         EXPECT_EQ(p.isUserSetupCompleted(), mode != 0);
         p.setWeight(0);
         EXPECT_FALSE(p.isUserSetupCompleted());

@@ -6,7 +6,6 @@
 #include <QTimeZone>
 
 #include <gtest/gtest.h>
-#include <tuple>
 
 namespace {
 /// A date's calendar in a zone that the test chooses, as a user's session would, and in its locale.

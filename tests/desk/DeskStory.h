@@ -84,7 +84,6 @@ public:
     SimulatedHidManager& hid = platform.hid;
     TestStore activities {platform};
     std::shared_ptr<ManagedObjectContext> context = activities.context; ///< what the hub is given
-    int timesAskedForContext = 0;
     QStringList diary;
     /// All that went over the wire: when each report began, how long it lasted if it lasted, "!" where it
     /// failed, and "r" for a read of the status. What is marked "B:" is the second adapter's.
@@ -95,7 +94,7 @@ private:
     void start()
     {
         hub.emplace(ZelvoController::Dependencies {hid, platform.events, platform.workspace,
-            [this] { return ++timesAskedForContext, context; },
+            [this] { return context; },
             [this](int32_t newPosition) { note(QString("reminder %1").arg(newPosition)); }});
         hub->addDelegate(std::make_shared<HeightListener>([this](int32_t height) {
             EXPECT_GT(height, 0) << "no height was made up";
@@ -116,12 +115,14 @@ private:
             {"height", [&] { hid.desk().setHeight(number); }},
             {"error", [&] { (void)hid.desk().addErrorCode(7); }},
             {"well", [&] { hid.desk().clearErrors(); }},
-            {"latency", [&] { hid.adapter(0).setLatency(value), hid.adapter(1).setLatency(value); }},
+            {"latency", [&] { hid.adapter(0).setLatency(value); }},
+            {"latency1", [&] { hid.adapter(1).setLatency(value); }},
             {"fail", [&] { hid.adapter().failNext(number, EPIPE); }},
             {"stall", [&] { hid.adapter().setStalled(number != 0); }},
             {"pull", [&] { hid.unplug(number); }},
             {"plug", [&] { hid.plug(number); }},
-            {"on", [&] { hid.desk().setDeskOn(number != 0), desk->updateCommunicating(); }},
+            {"on", [&] { hid.desk().setDeskOn(number != 0); }},
+            {"check", [&] { desk->updateCommunicating(); }},
             // Buttons.
             {"up", [&] { desk->moveUp(); }},
             {"down", [&] { desk->moveDown(); }},
