@@ -100,19 +100,16 @@ TEST_F(HistoryWindowControllerTest, numbersShareTheLargestSizeAtWhichEachFits)
 {
     open();
     find("historyHeadTitle1").setMinimumSize(0, 0);
-    const struct {
-        QSize field;
-        QString third;
-        int least, most;
-    } kCases[] = {{{200, 80}, "0", 44, 44}, {{200, 80}, QString(200, '8'), 9, 9}, // Fits at no size.
+    const std::tuple<QSize, QString, int, int> kCases[] = {{{200, 80}, "0", 44, 44},
+        {{200, 80}, QString(200, '8'), 9, 9}, // Fits at no size.
         {{200, 30}, "0", 20, 23}, // The height decides.
         {{100, 80}, "88888888", 19, 23}};
-    for (const auto& row : kCases) {
-        find("historyHeadTitle1").resize(row.field);
+    for (const auto& [field, third, least, most] : kCases) {
+        find("historyHeadTitle1").resize(field);
         const auto& heads = controller->historyHeadTextfieldsArray();
-        heads[2]->setText(row.third);
+        heads[2]->setText(third);
         controller->setFontSizeToFitHistoryHead();
-        EXPECT_TRUE(headSize() >= row.least && headSize() <= row.most) << headSize();
+        EXPECT_TRUE(headSize() >= least && headSize() <= most) << headSize();
         EXPECT_EQ(heads[3]->font(), heads[0]->font());
     }
 }

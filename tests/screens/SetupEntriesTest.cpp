@@ -8,13 +8,8 @@ using SetupEntriesTest = SetupTest;
 
 TEST_F(SetupEntriesTest, showWhatIsStoredInTheUsersUnitsAndTakeAsMuchAsTheyHaveRoomFor)
 {
-    const struct {
-        const char* locale;
-        double weight;
-        int offset, standUps;
-        QString shown;
-        QString typed; ///< of "9991", "41.52" and "61"
-    } kCases[] = {{"de_DE", 71.9, 6209, 3, "71 105 3 kg cm", "999 415 6"},
+    const std::tuple<const char*, double, int, int, QString, QString> kCases[] = {
+        {"de_DE", 71.9, 6209, 3, "71 105 3 kg cm", "999 415 6"},
         {"en_US", 71.9, 6209, 3, "158 41.3 3 lb in", "999 41.52 6"},
         {"de_DE", 0, -4309, 0, "80 0 1 kg cm", "999 415 6"},
         {"en_US", -5, 0, 1, "176 16.9 1 lb in", "999 41.52 6"}};

@@ -33,12 +33,9 @@ const QString kTime = "time circle %1, slider %1: 10 15 20 30 40 | %2 minutes";
 
 TEST_F(SetupViewControllerTest, theStoredGoalChoosesTabCirclesAndStep)
 {
-    const struct {
-        int mode;
-        double goal;
-        QString shown;
-    } kCases[] = {{1, 250, kCalories.arg(4).arg(250)}, {2, 40, kTime.arg(4).arg(40)},
-        {2, 15.9, kTime.arg(1).arg(15)}, {1, 0, kCalories.arg(2).arg(150)}, // The middle.
+    const std::tuple<int, double, QString> kCases[] = {{1, 250, kCalories.arg(4).arg(250)},
+        {2, 40, kTime.arg(4).arg(40)}, {2, 15.9, kTime.arg(1).arg(15)},
+        {1, 0, kCalories.arg(2).arg(150)}, // The middle.
         {2, 25, kTime.arg(0).arg(10)}, // Not among the goals.
         {7, 30, "circle 0, slider 0: 0 0 0 0 0 | 0 minutes"}}; // An unknown mode.
     for (const auto& [mode, storedGoal, shown] : kCases) {
@@ -52,11 +49,7 @@ TEST_F(SetupViewControllerTest, theStoredGoalChoosesTabCirclesAndStep)
 
 TEST_F(SetupViewControllerTest, tabsCirclesSliderAndSentenceFollowEachOther)
 {
-    const struct {
-        std::function<void()> action;
-        QString goal;
-        const char* minutes;
-    } kSteps[] = {
+    const std::tuple<std::function<void()>, QString, const char*> kSteps[] = {
         {[this] { click(circle(4)); }, kCalories.arg(4).arg(250), "12"},
         {[this] { click(find("labelTime")); }, kTime.arg(4).arg(40), "13"},
         {[this] { QTest::keyClick(&slider(), Qt::Key_Left); }, kTime.arg(3).arg(30), "10"},

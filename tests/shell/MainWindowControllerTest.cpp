@@ -31,13 +31,8 @@ protected:
 
 TEST_F(MainWindowControllerTest, progressFollowsModeGoalAndRecords)
 {
-    const struct {
-        int mode;
-        double goal;
-        double done; ///< minutes; in mode 1 the minutes that burn as many calories
-        const char* circle;
-        const char* percent;
-    } kTestCases[] = {
+    // Mode, goal and what was done: minutes, in mode 1 the minutes that burn as many calories.
+    const std::tuple<int, double, double, const char*, const char*> kTestCases[] = {
         {1, 200, 250.2, "250 Calories 100.0", "100"}, // Beyond the goal the percentage stops.
         {1, 200, 50.2, "50 Calories 25.1", "25"},
         {1, 0, 0, "0 Calories 100.0", "100"}, // Without a goal none is all of it.
@@ -45,18 +40,17 @@ TEST_F(MainWindowControllerTest, progressFollowsModeGoalAndRecords)
         {2, 18, -0.5, "0 Min -0.4", "0"}, // A clock that was set back; without a sign.
         {7, 18, 30, "0  0.0", "0"},
     };
-    for (const auto& row : kTestCases) {
-        SCOPED_TRACE(testing::Message() << row.mode << ' ' << row.goal << ' ' << row.done);
+    for (const auto& [mode, goal, done, circle, percent] : kTestCases) {
+        SCOPED_TRACE(testing::Message() << mode << ' ' << goal << ' ' << done);
         beginAnew();
-        properties().setActivityMode(row.mode);
-        properties().setActivityGoal(row.goal);
+        properties().setActivityMode(mode);
+        properties().setActivityGoal(goal);
         set("AverageWorkDayHours", 7);
         start();
-        stood(row.mode == 1 ? CalorieCalculator::minutesToBurnCalories(row.done, properties().weight())
-                            : row.done);
+        stood(mode == 1 ? CalorieCalculator::minutesToBurnCalories(done, properties().weight()) : done);
         QWidget& window = openMainWindow();
-        EXPECT_EQ(shown(window, "caloriesBurnedIndicator"), QString::fromLatin1(row.circle));
-        EXPECT_EQ(text(window, "labelPercent"), QString::fromLatin1(row.percent));
+        EXPECT_EQ(shown(window, "caloriesBurnedIndicator"), QString::fromLatin1(circle));
+        EXPECT_EQ(text(window, "labelPercent"), QString::fromLatin1(percent));
     }
 }
 

@@ -9,14 +9,8 @@
 
 TEST(Notification, contentFollowsPositionModeAndPlan)
 {
-    const struct {
-        int position;
-        int mode;
-        double goal;
-        int standUps;
-        double weight;
-        const char* content; ///< list of titles, value, caption with capitals, message
-    } kCases[] = {
+    // Position, mode, goal, stand-ups and weight; list of titles, value, caption with capitals and message.
+    const std::tuple<int, int, double, int, double, const char*> kCases[] = {
         {1, 2, 15, 2, 71, "SittingMessage|7|Minutes|"},
         {2, 2, 15, 2, 71, "StandingMessage|22|Mins|"},
         {1, 2, 10, 3, 71, "SittingMessage|3|Minutes|"},
@@ -26,26 +20,26 @@ TEST(Notification, contentFollowsPositionModeAndPlan)
         {0, 2, 15, 2, 71, "SittingMessage|none|none|"},
         {1, 1, 200, 1, 1e300, "SittingMessage|2147483647|Burned Calories|Stand 1 min for 2147483647 kcal."},
     };
-    for (const auto& row : kCases) {
+    for (const auto& [position, mode, goal, standUps, weight, content] : kCases) {
         ShellWorld world;
         world.platform.texts.byKey = {// With their numbers in sight.
             {QStringLiteral("NotificationDetailMessage1"), QStringLiteral("Stand %1 min")},
             {QStringLiteral("NotificationDetailMessage2"), QStringLiteral("for %1 kcal.")},
             {QStringLiteral("NotificationSittingmemory"), QStringLiteral("Sit %1 min.")},
             {QStringLiteral("Calories"), QStringLiteral("burned CALORIES")}};
-        AppProperties::instance().setActivityMode(row.mode);
-        AppProperties::instance().setActivityGoal(row.goal);
-        AppProperties::instance().setNumberOfStandUps(row.standUps);
-        AppProperties::instance().setWeight(row.weight);
+        AppProperties::instance().setActivityMode(mode);
+        AppProperties::instance().setActivityGoal(goal);
+        AppProperties::instance().setNumberOfStandUps(standUps);
+        AppProperties::instance().setWeight(weight);
         world.app->applicationDidFinishLaunching();
-        const Notification shown(row.position);
+        const Notification shown(position);
         const QString none = QStringLiteral("none");
-        EXPECT_EQ(shown.position(), row.position);
+        EXPECT_EQ(shown.position(), position);
         EXPECT_EQ((QStringList {QString(shown.title()).remove(QRegularExpression(QStringLiteral("\\d+$"))),
                        shown.indicatorValue().value_or(none), shown.indicatorTitle().value_or(none),
                        shown.message()})
                       .join(u'|'),
-            QString::fromLatin1(row.content));
+            QString::fromLatin1(content));
     }
 }
 

@@ -17,23 +17,20 @@ protected:
 
 TEST_F(NotificationWindowControllerTest, theMemoryButtonFallsThroughToTheOtherMemory)
 {
-    const struct {
-        int position;
-        const char* forgotten;
-        Commands sent; ///< a stop to begin with, then the height every 0.2 s
-    } kTestCases[] = {{kSitting, "DevicePosition2", {kStop, 700, 700}},
-        {kSitting, "DevicePosition1", {kStop, 4300, 4300}},
+    // What is sent is a stop to begin with, then the height every 0.2 s.
+    const std::tuple<int, const char*, Commands> kTestCases[] = {
+        {kSitting, "DevicePosition2", {kStop, 700, 700}}, {kSitting, "DevicePosition1", {kStop, 4300, 4300}},
         {kStanding, "DevicePosition1", {kStop, 4300, 4300}}, {kStanding, "DevicePosition2", {}},
         {0, "", {kStop, 4300, 4300}}};
-    for (const auto& row : kTestCases) {
-        SCOPED_TRACE(testing::Message() << row.position << row.forgotten);
+    for (const auto& [position, forgotten, sent] : kTestCases) {
+        SCOPED_TRACE(testing::Message() << position << forgotten);
         beginAnew();
         startWithDesk();
-        world->platform.defaults.values.remove(QString::fromLatin1(row.forgotten));
-        QWidget& window = remind(row.position);
+        world->platform.defaults.values.remove(QString::fromLatin1(forgotten));
+        QWidget& window = remind(position);
         QTest::mousePress(&in(window, "buttonMemory"), Qt::LeftButton);
         pass(0.5);
-        EXPECT_EQ(commands(), row.sent);
+        EXPECT_EQ(commands(), sent);
         QTest::mouseRelease(&in(window, "buttonMemory"), Qt::LeftButton);
         EXPECT_EQ(commands(), Commands {kStop});
     }

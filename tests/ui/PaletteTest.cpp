@@ -25,11 +25,7 @@ TEST_F(PaletteTest, hexadecimalTextsAreScannedFromTheirBeginning)
 
 TEST_F(PaletteTest, aColourThatCannotBeReadGivesWayToTheBetterOfTwo)
 {
-    const struct {
-        QRgb preferred;
-        QRgb background;
-        QRgb shown;
-    } kTestCases[] = {
+    const std::tuple<QRgb, QRgb, QRgb> kTestCases[] = {
         {0xFF616161, 0xFFD9D9D9, 0xFF616161}, {0xFF00707A, 0xFF00707A, 0xFFFFFFFF},
         {0xFFFFFFFF, 0xFFECECEC, 0xFF616161},
         {0xFF949494, 0xFFFFFFFF, 0xFF949494}, // 3.03 : 1, where 3 is asked for
@@ -37,9 +33,8 @@ TEST_F(PaletteTest, aColourThatCannotBeReadGivesWayToTheBetterOfTwo)
         {0xFF000000, 0xFF5A5A5A, 0xFF000000}, // 3.04 : 1
         {0xFF000000, 0xFF585858, 0xFFFFFFFF}, // 2.95 : 1
     };
-    for (const auto& row : kTestCases)
-        EXPECT_EQ(readableColor(row.preferred, row.background).rgb(), row.shown)
-            << std::hex << row.background;
+    for (const auto& [preferred, background, shown] : kTestCases)
+        EXPECT_EQ(readableColor(preferred, background).rgb(), shown) << std::hex << background;
     Bundle withoutBrand {QJsonObject()};
     const ProcessServices process({&platform.runLoop, &withoutBrand, &platform.defaults});
     EXPECT_EQ(zelvoHoverColor(), QColor(Qt::black));

@@ -77,42 +77,37 @@ TEST_F(PanelWindowTest, isAsLargeAsItsFormWhereThereIsRoom)
 {
     PanelWindow framed;
     framed.resize(200, 120);
-    const struct {
-        QSize available;
-        QSize expected;
-        QSize expectedFramed; ///< with room for what the window manager adds
-    } kTestCases[] = {{{800, 480}, {200, 120}, {200, 120}}, {{800, 90}, {200, 90}, {200, 42}},
-        {{150, 480}, {150, 120}, {134, 120}}};
-    for (const auto& row : kTestCases) {
-        window.fitInto(row.available);
-        framed.fitInto(row.available);
-        EXPECT_EQ(window.size(), row.expected);
-        EXPECT_EQ(window.minimumSize(), row.expected) << "of one size";
-        EXPECT_EQ(framed.size(), row.expectedFramed);
+    // A framed window leaves room for what the window manager adds.
+    const std::tuple<QSize, QSize, QSize> kTestCases[] = {{{800, 480}, {200, 120}, {200, 120}},
+        {{800, 90}, {200, 90}, {200, 42}}, {{150, 480}, {150, 120}, {134, 120}}};
+    for (const auto& [available, expected, expectedFramed] : kTestCases) {
+        window.fitInto(available);
+        framed.fitInto(available);
+        EXPECT_EQ(window.size(), expected);
+        EXPECT_EQ(window.minimumSize(), expected) << "of one size";
+        EXPECT_EQ(framed.size(), expectedFramed);
     }
 }
 
 TEST_F(PanelWindowTest, aFadeTakesFourTenthsOfASecondAndTheLastOneHolds)
 {
     WindowFade fade(window);
-    const struct {
-        void (WindowFade::*act)(); ///< or nothing
-        double seconds;
-        const char* expected; ///< percent of opacity after that time, the nearest quarter, and what it does
-    } kTestCases[] = {{&WindowFade::fadeOut, 0, "100 "}, // Of a hidden window: nothing.
-        {&WindowFade::fadeIn, 0, "0 shown moving"}, {nullptr, 0.1, "25 shown moving"},
-        {nullptr, 0.2, "75 shown moving"}, {nullptr, 0.1, "100 shown "},
-        {&WindowFade::fadeOut, 0.3, "25 shown leaving moving"}, {&WindowFade::fadeOut, 0.1, "100 "},
-        {&WindowFade::fadeIn, 1, "100 shown "}, {&WindowFade::fadeOut, 0.2, "50 shown leaving moving"},
-        {&WindowFade::fadeIn, 1, "100 shown "}}; // Ends the one that runs.
-    for (const auto& row : kTestCases) {
-        if (row.act)
-            (fade.*row.act)();
-        platform.runLoop.advance(row.seconds);
+    constexpr auto kIn = &WindowFade::fadeIn;
+    constexpr auto kOut = &WindowFade::fadeOut;
+    // What is done, seconds, and percent of opacity after them (the nearest quarter) with what goes on.
+    const std::tuple<void (WindowFade::*)(), double, const char*> kTestCases[] = {
+        {kOut, 0, "100 "}, // Of a hidden window: nothing.
+        {kIn, 0, "0 shown moving"}, {nullptr, 0.1, "25 shown moving"}, {nullptr, 0.2, "75 shown moving"},
+        {nullptr, 0.1, "100 shown "}, {kOut, 0.3, "25 shown leaving moving"}, {kOut, 0.1, "100 "},
+        {kIn, 1, "100 shown "}, {kOut, 0.2, "50 shown leaving moving"},
+        {kIn, 1, "100 shown "}}; // Ends the one that runs.
+    for (const auto& [act, seconds, expected] : kTestCases) {
+        if (act)
+            (fade.*act)();
+        platform.runLoop.advance(seconds);
         EXPECT_EQ(QString::number(std::lround(window.windowOpacity() * 4) * 25)
                 + (window.isVisible() ? " shown " : " ") + (fade.isFadingOut() ? "leaving " : "")
                 + (platform.runLoop.pendingTimerCount() == 1 ? "moving" : ""),
-            QString::fromLatin1(row.expected))
-            << &row - kTestCases;
+            QString::fromLatin1(expected));
     }
 }

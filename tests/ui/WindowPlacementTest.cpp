@@ -14,14 +14,8 @@ constexpr QRect kSecond(1000, 0, 800, 600);
 
 TEST_F(WindowPlacementTest, theMarginGivesWayBeforeTheWindowLeavesTheScreen)
 {
-    const struct {
-        QSize window;
-        QPoint pointer;
-        QPoint nearPointer; ///< at the nearer edge
-        QPoint centred;
-        QPoint inCorner; ///< where a line of text ends
-        QPoint inOtherCorner;
-    } kTestCases[] = {
+    // A window's size and the pointer; the places at the nearer edge, in the middle and in both corners.
+    const std::tuple<QSize, QPoint, QPoint, QPoint, QPoint, QPoint> kTestCases[] = {
         {{300, 400}, {500, 379}, {350, 318}, {350, 180}, {688, 42}, {12, 42}},
         {{300, 400}, {990, 378}, {688, 42}, {350, 180}, {688, 42}, {12, 42}}, // It stays on the screen.
         {{300, 400}, {0, 740}, {12, 318}, {350, 180}, {688, 42}, {12, 42}},
@@ -29,49 +23,41 @@ TEST_F(WindowPlacementTest, theMarginGivesWayBeforeTheWindowLeavesTheScreen)
         {{988, 700}, {999, 729}, {6, 30}, {6, 30}, {6, 30}, {6, 30}},
         {{1200, 900}, {500, 729}, {0, 30}, {0, 30}, {0, 30}, {0, 30}}, // The corner that has its title.
     };
-    for (const auto& row : kTestCases) {
-        EXPECT_EQ((QList<QPoint> {WindowPlacement::nearPointer(row.pointer, kScreen, row.window),
-                      WindowPlacement::centred(kScreen, row.window),
-                      WindowPlacement::inCorner(kScreen, row.window, Qt::LeftToRight),
-                      WindowPlacement::inCorner(kScreen, row.window, Qt::RightToLeft)}),
-            (QList<QPoint> {row.nearPointer, row.centred, row.inCorner, row.inOtherCorner}))
-            << "row " << &row - kTestCases;
+    for (const auto& [window, pointer, nearPointer, centred, inCorner, inOtherCorner] : kTestCases) {
+        EXPECT_EQ(WindowPlacement::nearPointer(pointer, kScreen, window), nearPointer);
+        EXPECT_EQ(WindowPlacement::centred(kScreen, window), centred);
+        EXPECT_EQ(WindowPlacement::inCorner(kScreen, window, Qt::LeftToRight), inCorner);
+        EXPECT_EQ(WindowPlacement::inCorner(kScreen, window, Qt::RightToLeft), inOtherCorner);
     }
 }
 
 TEST_F(WindowPlacementTest, aWindowThatIsPartlyOffTheScreensNeedsOne)
 {
-    const struct {
-        QRect window;
-        QList<QRect> screens;
-        QRect expected;
-    } kTestCases[] = {
+    const std::tuple<QRect, QList<QRect>, QRect> kTestCases[] = {
         {{1488, 12, 300, 400}, {kScreen}, kScreen},
         {{1600, 12, 300, 400}, {kScreen, kSecond}, kSecond},
         {{800, 30, 400, 500}, {kScreen, kSecond}, {}}, // On both of them.
         {{800, 0, 300, 400}, {kScreen, kSecond}, kScreen}, // Under the panel of one.
         {{1488, 12, 300, 400}, {}, {}},
     };
-    for (const auto& row : kTestCases)
-        EXPECT_EQ(WindowPlacement::screenInNeed(row.window, row.screens), row.expected) << row.window.x();
+    for (const auto& [window, screens, expected] : kTestCases)
+        EXPECT_EQ(WindowPlacement::screenInNeed(window, screens), expected) << window.x();
 }
 
 TEST_F(WindowPlacementTest, theTrayIsWhereTheWidestPanelEndsOrAtTheTop)
 {
-    const struct {
-        QMargins panels;
-        QPoint corner; ///< 0 or 1 from the left and the top
-        QPoint mirrored; ///< where lines are written from right to left
-    } kTestCases[] = {{{0, 0, 0, 0}, {1, 0}, {0, 0}}, {{0, 30, 0, 0}, {1, 0}, {0, 0}},
-        {{0, 30, 0, 31}, {1, 1}, {0, 1}}, {{30, 0, 0, 30}, {1, 1}, {0, 1}}, {{31, 30, 0, 30}, {0, 1}, {0, 1}},
-        {{0, 30, 31, 0}, {1, 1}, {1, 1}}, {{9, 0, 50, 49}, {1, 1}, {1, 1}}};
-    for (const auto& row : kTestCases) {
-        const auto corner = [&](Qt::LayoutDirection direction) {
-            const QPoint found = WindowPlacement::trayCorner(kScreen, kScreen - row.panels, direction);
-            return QPoint(found.x() == kScreen.right(), found.y() == kScreen.bottom());
-        };
-        EXPECT_EQ(corner(Qt::LeftToRight), row.corner) << &row - kTestCases;
-        EXPECT_EQ(corner(Qt::RightToLeft), row.mirrored) << &row - kTestCases;
+    // Corners are 0 or 1 from the left and the top; the second one where lines are written to the left.
+    const std::tuple<QMargins, QPoint, QPoint> kTestCases[] = {{{0, 0, 0, 0}, {1, 0}, {0, 0}},
+        {{0, 30, 0, 0}, {1, 0}, {0, 0}}, {{0, 30, 0, 31}, {1, 1}, {0, 1}}, {{30, 0, 0, 30}, {1, 1}, {0, 1}},
+        {{31, 30, 0, 30}, {0, 1}, {0, 1}}, {{0, 30, 31, 0}, {1, 1}, {1, 1}},
+        {{9, 0, 50, 49}, {1, 1}, {1, 1}}};
+    const auto corner = [](const QMargins& panels, Qt::LayoutDirection direction) {
+        const QPoint found = WindowPlacement::trayCorner(kScreen, kScreen - panels, direction);
+        return QPoint(found.x() == kScreen.right(), found.y() == kScreen.bottom());
+    };
+    for (const auto& [panels, expected, mirrored] : kTestCases) {
+        EXPECT_EQ(corner(panels, Qt::LeftToRight), expected) << panels.left() << panels.bottom();
+        EXPECT_EQ(corner(panels, Qt::RightToLeft), mirrored) << panels.left() << panels.bottom();
     }
 }
 
