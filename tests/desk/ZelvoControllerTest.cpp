@@ -30,7 +30,6 @@ TEST_F(ZelvoControllerTest, ignoresWhatItKnowsAndWhomItDoesNot)
     const auto stranger = std::make_shared<ZelvoHIDDevice>();
     hub->deviceRemoved(stranger);
     hub->deviceAdded(stranger);
-    EXPECT_NE(hub->device(), stranger);
     EXPECT_TRUE(hub->isActive());
     EXPECT_EQ(heard(), "");
     const auto held = hub->device(); // As a screen may.
