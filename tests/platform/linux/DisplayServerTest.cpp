@@ -7,22 +7,14 @@
 TEST(DisplayServer, isWhereAServerAnswersUnlessTheUserChose)
 {
     const QByteArray before = qgetenv("QT_QPA_PLATFORM");
-    XvfbServer server;
-    const QByteArray deadDisplay = qgetenv("DISPLAY");
-    const XvfbServer live;
+    const XvfbServer server;
     const QByteArray display = qgetenv("DISPLAY");
-    server.stop();
-    const struct {
-        QByteArray chosen;
-        QByteArray x11;
-        QByteArray wayland; // "/dev/null" is something that exists.
-        QByteArray expected;
-        const char* reason;
-    } kTestCases[] = {
-        {"", display, "/dev/null", "xcb", ""},
-        {"", deadDisplay, "/dev/null", "wayland", ""},
-        {"", deadDisplay, "", "", "The display %1 does not answer."},
-        {"", "", "/dev/no such", "", "The display /dev/no such does not answer."},
+    const QByteArray kTestCases[][5] = {
+        // QT_QPA_PLATFORM, DISPLAY, WAYLAND_DISPLAY; the first one then, and what is wrong
+        {"", display, "/dev/null", "xcb", ""}, // "/dev/null" is something that exists.
+        {"", ":47110", "/dev/null", "wayland", ""},
+        {"", ":47110", "", "", "The display :47110 does not answer."},
+        {"", ":47110", "/dev/no such", "", "The display /dev/no such does not answer."},
         {"", "", "", "", "There is no display: neither DISPLAY nor WAYLAND_DISPLAY is set."},
         {"offscreen", display, "", "offscreen", ""},
     };
@@ -30,8 +22,7 @@ TEST(DisplayServer, isWhereAServerAnswersUnlessTheUserChose)
         qputenv("QT_QPA_PLATFORM", chosen);
         qputenv("DISPLAY", x11);
         qputenv("WAYLAND_DISPLAY", wayland);
-        EXPECT_EQ(chooseDisplayServer(),
-            QString::fromLatin1(reason).replace(QStringLiteral("%1"), QString::fromLatin1(x11)));
+        EXPECT_EQ(chooseDisplayServer(), reason);
         EXPECT_EQ(qgetenv("QT_QPA_PLATFORM"), expected);
     }
     qunsetenv("WAYLAND_DISPLAY");

@@ -8,6 +8,7 @@
 #include <linux/hidraw.h>
 #include <linux/ioctl.h>
 #include <map>
+#include <memory>
 #include <mutex>
 #include <sys/stat.h>
 #include <sys/syscall.h>
@@ -53,6 +54,19 @@ QByteArray take(gchar* text)
     g_free(text);
     return copy;
 }
+
+UMockdevTestbed* testbed()
+{
+    static const std::unique_ptr<UMockdevTestbed, decltype(&g_object_unref)> s_testbed = [] {
+        UMockdevTestbed* const made = umockdev_testbed_new();
+        // For a test that gives up its privileges: umockdev has sockets of its own there.
+        const QByteArray root = take(umockdev_testbed_get_root_dir(made));
+        chmod(root.constData(), 0777);
+        chmod((root + "/ioctl/_default").constData(), 0777);
+        return std::unique_ptr<UMockdevTestbed, decltype(&g_object_unref)>(made, g_object_unref);
+    }();
+    return s_testbed.get();
+}
 }
 
 /// Takes the place of the C library's for the whole test program.
@@ -68,30 +82,16 @@ extern "C" int ioctl(int file, unsigned long request, ...) noexcept
     return transfer(wireOf(file), lock, request, static_cast<uint8_t*>(argument));
 }
 
-HidTestbed::HidTestbed()
-    : m_testbed(umockdev_testbed_new())
+TestAdapter::TestAdapter(const char* manufacturer, const char* product)
 {
-    // For a test that gives up its privileges: umockdev has sockets of its own there.
-    const QByteArray root = take(umockdev_testbed_get_root_dir(m_testbed));
-    chmod(root.constData(), 0777);
-    chmod((root + "/ioctl/_default").constData(), 0777);
-}
-
-HidTestbed::~HidTestbed()
-{
-    g_object_unref(m_testbed);
-}
-
-TestAdapter::TestAdapter(UMockdevTestbed* testbed, int number, const char* manufacturer, const char* product)
-    : m_testbed(testbed)
-{
-    const QByteArray name = "hidraw" + QByteArray::number(number);
+    static int s_count = 0;
+    const QByteArray name = "hidraw" + QByteArray::number(++s_count);
     const char* const attribute = manufacturer ? "manufacturer" : nullptr; // Null ends the list.
-    m_file = take(umockdev_testbed_get_root_dir(testbed)) + "/dev/" + name;
-    m_usbPath = take(umockdev_testbed_add_device(testbed, "usb", ("usb" + name).constData(), nullptr,
+    m_file = take(umockdev_testbed_get_root_dir(testbed())) + "/dev/" + name;
+    m_usbPath = take(umockdev_testbed_add_device(testbed(), "usb", ("usb" + name).constData(), nullptr,
         attribute, manufacturer, "product", product, nullptr, "DEVTYPE", "usb_device", nullptr));
-    m_hidrawPath = take(umockdev_testbed_add_device(testbed, "hidraw", name.constData(),
-        m_usbPath.constData(), "dev", ("240:" + QByteArray::number(number)).constData(), nullptr, "DEVNAME",
+    m_hidrawPath = take(umockdev_testbed_add_device(testbed(), "hidraw", name.constData(),
+        m_usbPath.constData(), "dev", ("240:" + QByteArray::number(s_count)).constData(), nullptr, "DEVNAME",
         ("/dev/" + name).constData(), nullptr));
 
     // An ordinary file stands for the node.
@@ -108,7 +108,7 @@ TestAdapter::~TestAdapter()
     change([](TestWire& wire) { wire.failure = ENODEV; });
     setSilent(false);
     report("remove");
-    umockdev_testbed_remove_device(m_testbed, m_usbPath.constData());
+    umockdev_testbed_remove_device(testbed(), m_usbPath.constData());
     unlink(m_file.constData());
 }
 
@@ -127,5 +127,5 @@ TestWire TestAdapter::wire()
 
 void TestAdapter::report(const char* action)
 {
-    umockdev_testbed_uevent(m_testbed, m_hidrawPath.constData(), action);
+    umockdev_testbed_uevent(testbed(), m_hidrawPath.constData(), action);
 }

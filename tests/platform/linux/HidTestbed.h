@@ -4,11 +4,7 @@
 
 #include <cstdint>
 #include <functional>
-#include <memory>
-#include <utility>
 #include <vector>
-
-typedef struct _UMockdevTestbed UMockdevTestbed;
 
 /// What an adapter is to do, and what it did.
 struct TestWire {
@@ -21,11 +17,14 @@ struct TestWire {
     std::vector<Report> written;
 };
 
-/// An emulated USB adapter: answers feature reports on its hidraw node as the test tells it to. The test
-/// program's own ioctl() stands for the kernel.
+/// An emulated USB adapter of a machine with a /sys, a /dev and a udev of its own: answers feature reports on
+/// its hidraw node as the test tells it to. The test program's own ioctl() stands for the kernel; it runs
+/// under umockdev-wrapper.
 class TestAdapter {
 public:
-    TestAdapter(UMockdevTestbed* testbed, int number, const char* manufacturer, const char* product);
+    /// @param manufacturer may be null: an adapter without any strings.
+    explicit TestAdapter(
+        const char* manufacturer = "Zelvo Ardenta A/S", const char* product = "Desk adapter");
     ~TestAdapter();
     TestAdapter(const TestAdapter&) = delete;
     TestAdapter& operator=(const TestAdapter&) = delete;
@@ -42,29 +41,8 @@ public:
     void report(const char* action);
 
 private:
-    UMockdevTestbed* m_testbed;
     QByteArray m_file;
     QByteArray m_usbPath;
     QByteArray m_hidrawPath;
     TestWire* m_wire = nullptr;
-};
-
-/// A machine of its own under /sys and /dev, with udev's events. Runs under umockdev-wrapper.
-class HidTestbed {
-public:
-    HidTestbed();
-    ~HidTestbed();
-    HidTestbed(const HidTestbed&) = delete;
-    HidTestbed& operator=(const HidTestbed&) = delete;
-
-    /// @param manufacturer may be null: an adapter without any strings.
-    [[nodiscard]] std::unique_ptr<TestAdapter> plug(
-        const char* manufacturer = "Zelvo Ardenta A/S", const char* product = "Desk adapter")
-    {
-        return std::make_unique<TestAdapter>(m_testbed, m_nextNumber++, manufacturer, product);
-    }
-
-private:
-    UMockdevTestbed* m_testbed;
-    int m_nextNumber = 0;
 };
