@@ -27,8 +27,7 @@ TEST(BundleTest, tellsValuesOfAnyKindAndMissingOnes)
         testing::internal::CaptureStderr();
         EXPECT_EQ(bundle.numberValue("Key"), number);
         EXPECT_EQ(bundle.stringValue("Key"), text);
-        const QString log = QString::fromStdString(testing::internal::GetCapturedStderr());
-        EXPECT_EQ(log.count("key \"Key\" is missing"), value.isUndefined() ? 1 : 0);
+        EXPECT_EQ(testing::internal::GetCapturedStderr().empty(), !value.isUndefined());
     }
 }
 

@@ -40,14 +40,14 @@ TEST_F(QtUserDefaultsTest, valuesSurviveARestart)
         {"General", "a key of that name"}};
     {
         QtUserDefaults defaults(m_path);
-        for (auto value = values.begin(); value != values.end(); ++value)
-            defaults.setObject(value.key(), value.value());
+        for (const QString& key : values.keys())
+            defaults.setObject(key, values[key]);
     } // The program ends.
     const QtUserDefaults defaults(m_path);
-    for (auto value = values.begin(); value != values.end(); ++value) {
-        QVariant read = defaults.object(value.key());
-        EXPECT_TRUE(read.isValid() && read.convert(value->metaType()) && read == *value)
-            << qPrintable(value.key());
+    for (const QString& key : values.keys()) {
+        QVariant read = defaults.object(key);
+        EXPECT_TRUE(read.isValid() && read.convert(values[key].metaType()) && read == values[key])
+            << qPrintable(key);
     }
     EXPECT_FALSE(defaults.object("numberofstandups").isValid()) << "keys are case-sensitive";
 }

@@ -12,6 +12,8 @@
 
 namespace {
 const QString kLogindPath = "/org/freedesktop/login1";
+const QString kProperties = "org.freedesktop.DBus.Properties";
+const QString kChanged = "PropertiesChanged";
 const QString kSessionPath = "/org/freedesktop/login1/session/_32";
 }
 
@@ -97,14 +99,18 @@ protected:
     {
         const bool on = what.endsWith(u'+');
         const QString topic = what.chopped(1);
+        const QVariant value = what.endsWith(u'?') ? -1 : QVariant(on);
+        const auto change = [&](const QString& interface) {
+            return QVariantList {interface, QVariantMap {{topic, value}}, QStringList()};
+        };
         if (topic.startsWith("Prepare")) {
             send(m_system, kLogindPath, "org.freedesktop.login1.Manager", topic, {on});
             EXPECT_TRUE(QTest::qWaitFor([&] { return m_logind->isLockHeld() != on; })) << qPrintable(what);
         } else if (topic.endsWith("Hint")) {
-            change(m_system, kSessionPath, "org.freedesktop.login1.Session", topic, on);
+            send(m_system, kSessionPath, kProperties, kChanged, change("org.freedesktop.login1.Session"));
         } else if (topic.startsWith(u'P')) {
-            change(m_session, "/org/gnome/Mutter/DisplayConfig", "org.gnome.Mutter.DisplayConfig", topic,
-                what.endsWith(u'?') ? -1 : on);
+            send(m_session, "/org/gnome/Mutter/DisplayConfig", kProperties, kChanged,
+                change("org.gnome.Mutter.DisplayConfig"));
         } else {
             const bool isBrief = topic == "kde"; // It uses the general name in two places.
             const QString name = QString("org.%1.ScreenSaver").arg(isBrief ? "freedesktop" : topic);
@@ -112,12 +118,6 @@ protected:
             send(m_session, path, name, "ActiveChanged", {on});
         }
         settle();
-    }
-    static void change(const QDBusConnection& bus, const QString& path, const QString& interface,
-        const QString& property, const QVariant& value)
-    {
-        send(bus, path, "org.freedesktop.DBus.Properties", "PropertiesChanged",
-            {interface, QVariantMap {{property, value}}, QStringList()});
     }
     static void send(const QDBusConnection& bus, const QString& path, const QString& interface,
         const QString& name, const QVariantList& arguments)
