@@ -11,61 +11,10 @@
 #include <unistd.h>
 
 namespace {
+const QString kLogind = "org.freedesktop.login1";
 const QString kLogindPath = "/org/freedesktop/login1";
-const QString kProperties = "org.freedesktop.DBus.Properties";
-const QString kChanged = "PropertiesChanged";
 const QString kSessionPath = "/org/freedesktop/login1/session/_32";
-}
 
-/// As much of logind as a session program meets. The other end of a pipe shows whether a delay lock is held.
-class FakeLogind : public QObject {
-    Q_OBJECT
-    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.login1.Manager")
-
-public:
-    explicit FakeLogind(const QDBusConnection& bus)
-        : m_bus(bus)
-    {
-        m_bus.registerObject(kLogindPath, this, QDBusConnection::ExportAllSlots);
-        m_bus.registerService("org.freedesktop.login1");
-    }
-    ~FakeLogind() override
-    {
-        m_bus.unregisterService("org.freedesktop.login1");
-        close(m_lock);
-    }
-    /// True while the program has its end of the lock open.
-    [[nodiscard]] bool isLockHeld() const
-    {
-        char byte = 0;
-        return m_lock >= 0 && read(m_lock, &byte, 1) < 0;
-    }
-
-    QStringList asked;
-
-public Q_SLOTS:
-    QDBusUnixFileDescriptor Inhibit(const QString& what, const QString&, const QString&, const QString& mode)
-    {
-        asked.append(what + u' ' + mode);
-        int ends[2];
-        EXPECT_EQ(pipe2(ends, O_CLOEXEC | O_NONBLOCK), 0);
-        close(std::exchange(m_lock, ends[0]));
-        QDBusUnixFileDescriptor descriptor(ends[1]); // Makes a copy of its own.
-        close(ends[1]);
-        return descriptor;
-    }
-    QDBusObjectPath GetSession(const QString& id)
-    {
-        asked.append(id);
-        return QDBusObjectPath(kSessionPath);
-    }
-
-private:
-    QDBusConnection m_bus;
-    int m_lock = -1;
-};
-
-namespace {
 class DBusWorkspaceTest : public testing::Test {
 protected:
     DBusWorkspaceTest()
@@ -75,15 +24,36 @@ protected:
         m_workspace.onWillShutDown([this] { hear("shutdown"); });
         m_workspace.onDidWake([this] { m_heard.append("wake"); });
     }
+    ~DBusWorkspaceTest() override { close(m_lock); }
 
     /// The machine may not sleep before the record is safe.
-    void hear(const char* what) { m_heard.append(m_logind->isLockHeld() ? what : "too late"); }
+    void hear(const char* what) { m_heard.append(isLockHeld() ? what : "too late"); }
+    /// True while the program has its end of the pipe open that it got from logind.
+    [[nodiscard]] bool isLockHeld() const
+    {
+        char byte = 0;
+        return m_lock >= 0 && read(m_lock, &byte, 1) < 0;
+    }
+    QVariant answerOfLogind(const QDBusMessage& call)
+    {
+        m_asked.append(
+            call.member() + u' ' + call.arguments().first().toString() + call.arguments().last().toString());
+        if (call.member() == "GetSession")
+            return QVariant::fromValue(QDBusObjectPath(kSessionPath));
+        int ends[2];
+        EXPECT_EQ(pipe2(ends, O_CLOEXEC | O_NONBLOCK), 0);
+        close(std::exchange(m_lock, ends[0]));
+        const QDBusUnixFileDescriptor given(ends[1]); // Makes a copy of its own.
+        close(ends[1]);
+        return QVariant::fromValue(given);
+    }
     /// A logind is there, and the program has heard of it.
     void startLogind()
     {
         m_logind.reset();
-        m_logind.emplace(m_system);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return m_logind->isLockHeld() && m_logind->asked.size() == 2; }));
+        m_asked.clear();
+        m_logind.emplace(m_system, kLogind, kLogindPath, [this](auto& call) { return answerOfLogind(call); });
+        EXPECT_TRUE(QTest::qWaitFor([&] { return isLockHeld() && m_asked.size() == 2; }));
         settle();
     }
     /// What was sent so far arrives.
@@ -99,32 +69,26 @@ protected:
     {
         const bool on = what.endsWith(u'+');
         const QString topic = what.chopped(1);
-        const QVariant value = what.endsWith(u'?') ? -1 : QVariant(on);
-        const auto change = [&](const QString& interface) {
-            return QVariantList {interface, QVariantMap {{topic, value}}, QStringList()};
+        const auto tellChange = [&](const QDBusConnection& bus, const QString& path,
+                                    const QString& interface) {
+            const QVariantMap changed {{topic, what.endsWith(u'?') ? -1 : QVariant(on)}};
+            TestBus::sendSignal(bus, path, "org.freedesktop.DBus.Properties", "PropertiesChanged",
+                {interface, changed, QStringList()});
         };
         if (topic.startsWith("Prepare")) {
-            send(m_system, kLogindPath, "org.freedesktop.login1.Manager", topic, {on});
-            EXPECT_TRUE(QTest::qWaitFor([&] { return m_logind->isLockHeld() != on; })) << qPrintable(what);
+            TestBus::sendSignal(m_system, kLogindPath, kLogind + ".Manager", topic, {on});
+            EXPECT_TRUE(QTest::qWaitFor([&] { return isLockHeld() != on; })) << qPrintable(what);
         } else if (topic.endsWith("Hint")) {
-            send(m_system, kSessionPath, kProperties, kChanged, change("org.freedesktop.login1.Session"));
+            tellChange(m_system, kSessionPath, kLogind + ".Session");
         } else if (topic.startsWith(u'P')) {
-            send(m_session, "/org/gnome/Mutter/DisplayConfig", kProperties, kChanged,
-                change("org.gnome.Mutter.DisplayConfig"));
+            tellChange(m_session, "/org/gnome/Mutter/DisplayConfig", "org.gnome.Mutter.DisplayConfig");
         } else {
             const bool isBrief = topic == "kde"; // It uses the general name in two places.
             const QString name = QString("org.%1.ScreenSaver").arg(isBrief ? "freedesktop" : topic);
             const QString path = isBrief ? "/ScreenSaver" : u'/' + QString(name).replace(u'.', u'/');
-            send(m_session, path, name, "ActiveChanged", {on});
+            TestBus::sendSignal(m_session, path, name, "ActiveChanged", {on});
         }
         settle();
-    }
-    static void send(const QDBusConnection& bus, const QString& path, const QString& interface,
-        const QString& name, const QVariantList& arguments)
-    {
-        QDBusMessage message = QDBusMessage::createSignal(path, interface, name);
-        message.setArguments(arguments);
-        bus.send(message);
     }
 
     TestBus m_systemBus;
@@ -133,7 +97,9 @@ protected:
     QDBusConnection m_session = m_sessionBus.connect();
     QDBusConnection m_watchedSystem = m_systemBus.connect();
     QDBusConnection m_watchedSession = m_sessionBus.connect();
-    std::optional<FakeLogind> m_logind;
+    QStringList m_asked;
+    int m_lock = -1;
+    std::optional<TestService> m_logind;
     DBusWorkspace m_workspace {m_watchedSystem, m_watchedSession};
     QStringList m_heard;
 };
@@ -162,13 +128,11 @@ TEST_F(DBusWorkspaceTest, tellsTheFirstEdgeOfWhatManyServicesSay)
             say(what);
         EXPECT_EQ(m_heard.join(u' ').toStdString(), heard) << said;
     }
-    EXPECT_EQ(m_logind->asked.size(), 4) << "for the session, and for the lock after what ended";
+    EXPECT_EQ(m_asked.size(), 4) << "for the session, and for the lock after what ended";
     startLogind(); // One that starts again is heard, and asked for the lock anew.
+    EXPECT_EQ(m_asked.join(u' '), "Inhibit sleep:shutdowndelay GetSession autoauto");
     m_heard.clear();
     say("PrepareForSleep+");
     EXPECT_EQ(m_heard.join(u' '), "sleep");
-    EXPECT_EQ(m_logind->asked.join(u' '), "sleep:shutdown delay auto");
 }
 }
-
-#include "DBusWorkspaceTest.moc"

@@ -2,12 +2,15 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QDBusVirtualObject>
 #include <QProcess>
 
+#include <functional>
 #include <gtest/gtest.h>
+#include <utility>
 
-/// A message bus of the test's own. Every connection is a private one, so that the test's fake services and
-/// the class under test are strangers on the bus, as in a real session.
+/// A message bus of the test's own. Every connection is a private one, so that the test's services and the
+/// class under test are strangers on the bus, as in a real session.
 class TestBus {
 public:
     TestBus()
@@ -32,6 +35,13 @@ public:
         m_names.append(QString("test-%1").arg(++s_count));
         return QDBusConnection::connectToBus(m_address, m_names.back());
     }
+    static void sendSignal(const QDBusConnection& connection, const QString& path, const QString& interface,
+        const QString& name, const QVariantList& arguments = {})
+    {
+        QDBusMessage message = QDBusMessage::createSignal(path, interface, name);
+        message.setArguments(arguments);
+        connection.send(message);
+    }
     /// Everything sent before on this connection has reached its receivers' queues when this returns.
     static void settle(const QDBusConnection& connection)
     {
@@ -43,4 +53,31 @@ private:
     QProcess m_daemon;
     QString m_address;
     QStringList m_names;
+};
+
+/// A service with one object, on the bus while it lives.
+class TestService final : public QDBusVirtualObject {
+public:
+    using Answer = std::function<QVariant(const QDBusMessage& call)>;
+
+    TestService(const QDBusConnection& bus, QString name, const QString& path, Answer answer)
+        : m_bus(bus)
+        , m_name(std::move(name))
+        , m_answer(std::move(answer))
+    {
+        m_bus.registerVirtualObject(path, this);
+        m_bus.registerService(m_name);
+    }
+    ~TestService() override { m_bus.unregisterService(m_name); }
+
+    [[nodiscard]] QString introspect(const QString&) const override { return {}; }
+    bool handleMessage(const QDBusMessage& call, const QDBusConnection& bus) override
+    {
+        return bus.send(call.createReply(m_answer(call)));
+    }
+
+private:
+    QDBusConnection m_bus;
+    QString m_name;
+    Answer m_answer;
 };

@@ -6,37 +6,17 @@
 #include "platform/linux/XcbConnection.h"
 #include "platform/simulated/VirtualRunLoop.h"
 
+#include <QDBusVariant>
 #include <QtCore/qtestsupport_core.h>
 
 #include <functional>
 #include <map>
 #include <optional>
 
-/// The service at which tray icons and the panels that show them meet.
-class FakeWatcher : public QObject {
-    Q_OBJECT
-    Q_CLASSINFO("D-Bus Interface", "org.kde.StatusNotifierWatcher")
-    Q_PROPERTY(bool IsStatusNotifierHostRegistered MEMBER m_hasHost)
-
-public:
-    FakeWatcher(const QDBusConnection& bus, bool hasHost)
-        : m_bus(bus)
-        , m_hasHost(hasHost)
-    {
-        m_bus.registerObject("/StatusNotifierWatcher", this, QDBusConnection::ExportAllContents);
-        m_bus.registerService("org.kde.StatusNotifierWatcher");
-    }
-    ~FakeWatcher() override { m_bus.unregisterService("org.kde.StatusNotifierWatcher"); }
-
-Q_SIGNALS:
-    void StatusNotifierHostRegistered();
-
-private:
-    QDBusConnection m_bus;
-    bool m_hasHost;
-};
-
 namespace {
+const QString kWatcher = "org.kde.StatusNotifierWatcher";
+const QString kPath = "/StatusNotifierWatcher";
+
 /// An X11 panel's tray: owns the selection and announces it.
 XcbConnectionRef makeXTray()
 {
@@ -63,7 +43,13 @@ QString found(const char* story, const QString& expected)
     const ProcessServices services({&runLoop});
     TestBus bus;
     const QDBusConnection desktop = bus.connect();
-    std::optional<FakeWatcher> watcher;
+    std::optional<TestService> watcher; // The service at which tray icons and the panels that show them meet.
+    const auto startWatcher = [&](bool hasHost) {
+        watcher.emplace(desktop, kWatcher, kPath, [hasHost](const QDBusMessage& call) {
+            EXPECT_EQ(call.arguments().at(1), "IsStatusNotifierHostRegistered");
+            return QVariant::fromValue(QDBusVariant(hasHost));
+        });
+    };
     XcbConnectionRef xTray;
     std::optional<TrayHost> host;
     int count = 0;
@@ -76,9 +62,9 @@ QString found(const char* story, const QString& expected)
         {"look", [&] { look(bus.connect(), TrayHost::X11Tray::Ignored); }},
         {"lookX", [&] { look(bus.connect(), TrayHost::X11Tray::Accepted); }},
         {"lookWithoutBus", [&] { look(QDBusConnection("none"), TrayHost::X11Tray::Accepted); }},
-        {"watcher", [&] { watcher.emplace(desktop, false); }},
-        {"watcher+host", [&] { watcher.emplace(desktop, true); }},
-        {"host", [&] { Q_EMIT watcher->StatusNotifierHostRegistered(); }},
+        {"watcher", [&] { startWatcher(false); }},
+        {"watcher+host", [&] { startWatcher(true); }},
+        {"host", [&] { TestBus::sendSignal(desktop, kPath, kWatcher, "StatusNotifierHostRegistered"); }},
         {"gone", [&] { watcher.reset(); }},
         {"xtray", [&] { xTray = makeXTray(); }},
         {"+4.9", [&] { runLoop.advance(4.9); }},
@@ -122,5 +108,3 @@ TEST(TrayHost, findsATrayOnceWheneverAndHoweverItComes)
         EXPECT_EQ(found(story, expected).toStdString(), expected) << story;
 }
 }
-
-#include "TrayHostTest.moc"
