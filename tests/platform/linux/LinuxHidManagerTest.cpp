@@ -25,10 +25,10 @@ constexpr int kSettleMs = 80; ///< shows that nothing happens
 const Report kUp {5, 0, 0x80, 0, 0x80, 0, 0x80, 0};
 const Report kStop {5, 1, 0x80, 1, 0x80, 1, 0x80, 1};
 
-/// Time runs thirty times as fast, so that nobody waits for real seconds.
+/// Time runs fifteen times as fast, so that nobody waits for real seconds.
 class HurriedRunLoop final : public RunLoop {
 public:
-    static constexpr double kHurry = 30;
+    static constexpr double kHurry = 15;
 
     [[nodiscard]] double now() const override { return m_loop.now() * kHurry; }
     [[nodiscard]] double monotonicNow() const override { return m_loop.monotonicNow() * kHurry; }
@@ -234,7 +234,7 @@ TEST_F(LinuxHid, triesAgainWhenThePermissionsChangeAndEachHalfMinute)
     EXPECT_EQ(m_added[0]->openExclusively(), EACCES);
     EXPECT_EQ(read(), EACCES);
     chmod(file, 0040);
-    asOrdinaryUser([] { QTest::qWait(kSettleMs); });
+    asOrdinaryUser([this] { (void)QTest::qWaitFor([this] { return m_runLoop.waits.size() == 3; }); });
     EXPECT_EQ(m_runLoop.waits, (std::vector<double> {30, 0.2, 30})) << "still not enough";
 
     const int other = open(file, O_RDWR | O_CLOEXEC); // Of another program, which takes the adapter.
