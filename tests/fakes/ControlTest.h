@@ -6,7 +6,6 @@
 
 #include <QApplication>
 #include <QEnterEvent>
-#include <QFocusEvent>
 #include <QImage>
 #include <QPushButton>
 #include <QWidget>
@@ -27,14 +26,11 @@ protected:
         QApplication::processEvents();
     }
 
-    /// What nothing paints, so that what a test sees was painted.
-    static constexpr QColor kGround {255, 0, 255};
-
-    /// What stands on the screen; the ground where the widget paints nothing.
+    /// What stands on the screen; a colour that nothing has where the widget paints nothing.
     static QImage grab(QWidget& widget)
     {
         QImage image(widget.size(), QImage::Format_RGB32);
-        image.fill(kGround);
+        image.fill(QColor(255, 0, 255));
         widget.render(&image, QPoint(), QRegion(), QWidget::DrawChildren);
         return image;
     }
