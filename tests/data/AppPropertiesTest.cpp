@@ -110,6 +110,9 @@ TEST(AppProperties, crossesTheNumbersOfTheActivityModesAndCompletesAHalfDoneSetU
         EXPECT_EQ(p.isUserSetupCompleted(), mode != 0);
         p.setWeight(0);
         EXPECT_FALSE(p.isUserSetupCompleted());
+        p.setActivityMode(3 - mode);
+        p.setDefaultUserValues();
+        EXPECT_EQ(p.activityMode(), 3 - mode) << "what was chosen stays";
     }
 }
 

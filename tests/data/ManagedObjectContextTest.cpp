@@ -41,11 +41,8 @@ TEST_F(ManagedObjectContextTest, aRecordIsOneObjectAndAChangeIsSavedThoughNobody
 TEST_F(ManagedObjectContextTest, aStoreThatIsGoneIsBegunAnewWithTheOpenRecord)
 {
     const QString aside = platform.folder.filePath("aside");
-    const struct {
-        std::function<void()> spoil;
-        QStringList reports;
-        size_t records;
-    } kCases[] = {
+    // What happens, what the saves report, and how many records there are then.
+    const std::tuple<std::function<void()>, QStringList, size_t> kCases[] = {
         {[&] { QDir(QFileInfo(store.path).path()).removeRecursively(); }, {"StoreGone", "saved"}, 2},
         {[&] { QFile::rename(store.path, aside); }, {"StoreGone", "saved"}, 2},
         // Replaced by a copy with the open record, by something else, and that taken away again.
@@ -64,20 +61,20 @@ TEST_F(ManagedObjectContextTest, aStoreThatIsGoneIsBegunAnewWithTheOpenRecord)
     store.insert(100, 200, false);
     const ActivityRef open = store.insert(1000, 1100, true, 71.5);
     ASSERT_TRUE(store.context->save(error));
-    for (const auto& row : kCases) {
-        SCOPED_TRACE(&row - kCases);
+    for (const auto& [spoil, expectedReports, records] : kCases) {
+        SCOPED_TRACE(records);
         reports.clear();
-        row.spoil();
+        spoil();
         open->setEndDate(open->endDate().dateByAddingSeconds(15));
         store.insert(open->endDate().secondsSince1970() + 5000, 9000, true);
         for (int pulse = 0; pulse < 2; ++pulse)
-            EXPECT_EQ(store.context->save(error), row.records > 0);
-        EXPECT_EQ(reports, row.reports);
-        if (row.records == 0)
+            EXPECT_EQ(store.context->save(error), records > 0);
+        EXPECT_EQ(reports, expectedReports);
+        if (records == 0)
             continue;
         EXPECT_EQ(std::ranges::count(store.all(), open), 1) << "still the same object";
         const auto onDisk = TestStore(platform).all();
-        EXPECT_EQ(onDisk.size(), row.records);
+        EXPECT_EQ(onDisk.size(), records);
         EXPECT_EQ(std::ranges::count(onDisk, open->period(), &Activity::period), 1);
     }
 }

@@ -11,10 +11,10 @@ TEST_F(ZelvoControllerTest, logsWhatHappensInFixedWords)
     testing::internal::CaptureStderr();
     play("height=4000 full 40 room 1000 away 1400 back 1420 dark wake on=0 check");
     const std::string log = testing::internal::GetCapturedStderr();
+    const char* const kRecord = "Creating new activity. startDate: 2024-03-15T08:00:02.200Z, "
+                                "endDate: 2024-03-15T08:00:02.200Z, isStanding: 1, weight: 67.500000\n";
     for (const char* text : {"ReadPositionTimer started\n", "device status updated: isCommunicating: 1\n",
-             "device position state updated. Position state: 1\n", "Activity pulse\n",
-             "Creating new activity. startDate: 2024-03-15T08:00:02.200Z, endDate: 2024-03-15T08:00:02.200Z, "
-             "isStanding: 1, weight: 67.500000\n",
+             "device position state updated. Position state: 1\n", kRecord, "Activity pulse\n",
              "Couldn't save pulse: StoreNotWritable", "Couldn't save: StoreNotWritable",
              "IdleTime: 1.000000\n", "Schedule timer ticked. For new position: 1\n", "IdleObserver - Idle\n",
              "IdleObserver - Active\n", "receiveSleepNotification\n", "receiveWakeNotification\n",

@@ -34,7 +34,7 @@ protected:
         testing::internal::CaptureStderr();
         action();
         return QString::fromStdString(testing::internal::GetCapturedStderr())
-            .remove(QRegularExpression("20.* StandUp\\[\\d+\\] "));
+            .remove(QRegularExpression(R"(20.* StandUp\[\d+\] )"));
     }
 
     TestPlatform platform;
