@@ -73,7 +73,6 @@ void DBusWorkspace::watchLogind()
     m_systemBus.connect(kLogind, kLogindPath, kLogindManager, QStringLiteral("PrepareForShutdown"), this,
         SLOT(prepareForShutdown(bool)));
     m_logindWatcher.setConnection(m_systemBus);
-    m_logindWatcher.setWatchMode(QDBusServiceWatcher::WatchForOwnerChange);
     m_logindWatcher.addWatchedService(kLogind);
     connect(&m_logindWatcher, &QDBusServiceWatcher::serviceRegistered, this, [this] {
         releaseDelayLock();

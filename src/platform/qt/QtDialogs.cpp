@@ -101,7 +101,6 @@ void QtDialogs::showNextError()
     const Error error = m_waitingErrors.dequeue();
     m_errorPanel = new QMessageBox(QApplication::activeWindow());
     m_errorPanel->setAttribute(Qt::WA_DeleteOnClose);
-    m_errorPanel->setWindowModality(Qt::ApplicationModal);
     m_errorPanel->setIcon(QMessageBox::Critical);
     m_errorPanel->setTextFormat(Qt::PlainText);
     m_errorPanel->setText(error.localizedDescription);
