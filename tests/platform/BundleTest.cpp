@@ -6,11 +6,7 @@
 
 TEST(BundleTest, tellsValuesOfAnyKindAndMissingOnes)
 {
-    const struct {
-        QJsonValue value;
-        double number;
-        std::optional<QString> text;
-    } kTestCases[] = {
+    const std::tuple<QJsonValue, double, std::optional<QString>> kTestCases[] = {
         {0.5, 0.5, "0.5"},
         {"-12.5", -12.5, "-12.5"},
         {"high", 0, "high"},

@@ -80,11 +80,8 @@ TEST_F(QtUserDefaultsTest, whateverCanBeReadIsKeptAndTheRestIsNamed)
 {
     const QByteArray nul(1, '\0');
     const QByteArray kWritten = "[General]\nDevicePosition1=6512\nWeight=70.5\n";
-    const struct {
-        QByteArray bytes;
-        QByteArray unreadable; ///< null: nothing is wrong with the file
-        QByteArray written; ///< after the next write
-    } kTestCases[] = {
+    const QByteArray kTestCases[][3] = {
+        // The file, what of it is unreadable (null: nothing), and the file after the next write.
         {"; by hand\nDevicePosition1 = 6512\n\n", {}, kWritten},
         {"[General]\nDevicePosition1=6512", {}, kWritten}, // No final line end.
         {"# mine = 1\n#\n[General]\nDevicePosition1=6512\n", {}, kWritten},

@@ -18,10 +18,8 @@ std::string play(const std::string& script)
 
 TEST(DeskConsole, saysWhatTheDeskDoes)
 {
-    const struct {
-        const char* script; ///< after the init report
-        const char* output; ///< after its "ok"
-    } kCases[] = {
+    const char* const kCases[][2] = {
+        // A script after the init report, and the output after its "ok".
         {"\n# up for a moment\nset 05 00 80 00 80 00 80 00\nadvance 0.25   # to top speed\nheight\nstatus\n"
          "advance 10\nget 04\nquit\nnonsense after the end\n",
             "ok\n948\nheight 948 of 0 to 6500, 380 a second, going to 6500\n"
@@ -46,9 +44,8 @@ TEST(DeskConsole, saysWhatTheDeskDoes)
             "height 900 of 0 to 6500, 0 a second\n"
             "plugged yes, initialised no, desk on no, communicating no\nerrors none\nfaults none\n"},
     };
-    for (const auto& row : kCases)
-        EXPECT_EQ(play(std::string("set 03 04 00 FB 00 00 00 00\n") + row.script),
-            std::string("ok\n") + row.output);
+    for (const auto& [script, output] : kCases)
+        EXPECT_EQ(play(std::string("set 03 04 00 FB 00 00 00 00\n") + script), std::string("ok\n") + output);
 }
 
 TEST(DeskConsole, theDeskIsHeardAndObeysAsItsStateAllows)
@@ -56,39 +53,33 @@ TEST(DeskConsole, theDeskIsHeardAndObeysAsItsStateAllows)
     const std::string kErring = "04 00 01 02 34 12 0";
     const std::string kNoKinds =
         " 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 ";
-    const struct {
-        const char* spoil; ///< at the end of a ramp downwards
-        int height; ///< 0.21 s later: 2892 when it went on, 2939 when it stopped
-        std::string read; ///< at the height 0x1234
-        const char* write;
-        int after; ///< 4668 when it has obeyed
-    } kCases[] = {
-        {"", 2892, "04 00 01 00 34 12 00 00", "ok", 4668},
-        {"fault reads on", 2892, "failed", "ok", 4668},
-        {"fault writes on", 2892, "04 00 01 00 34 12 00 00", "failed", 4660},
-        {"fault silence on", 2892, "no answer", "no answer", 4660},
-        {"fault short 5", 2892, "04 00 01 00 34 00 00 00", "ok", 4668},
-        {"unplug", 2939, "unplugged", "unplugged", 4660},
-        {"unplug\nplug", 2939, "04 00 00 00 00 00 00 00", "ok", 4660}, // Its init report is forgotten.
-        {"desk off", 2939, "04 00 00 00 34 12 00 00", "ok", 4660},
-        {"error position-lost", 2939, kErring + "1 00", "ok", 4660},
-        {"error overload-up\nerror overload-down\nerror overload-up off", 2939, kErring + "8 00", "ok", 4660},
-        {"error E5\nerror E12\nerror E5\nerror E255", 2939, kErring + "0" + kNoKinds + "01 00 05 0C FF", "ok",
-            4660},
-        {"error unnamed", 2939, kErring + "0 00", "ok", 4660},
+    const std::tuple<std::string, const char*, std::string, const char*, const char*> kCases[] = {
+        // What happens at the end of a ramp downwards, the height 0.21 s later (2892 when it went on, 2939
+        // when it
+        // stopped), a read at the height 0x1234, a write, and the height after it (4668 when it has obeyed).
+        {"", "2892", "04 00 01 00 34 12 00 00", "ok", "4668"},
+        {"fault reads on", "2892", "failed", "ok", "4668"},
+        {"fault writes on", "2892", "04 00 01 00 34 12 00 00", "failed", "4660"},
+        {"fault silence on", "2892", "no answer", "no answer", "4660"},
+        {"fault short 5", "2892", "04 00 01 00 34 00 00 00", "ok", "4668"},
+        {"unplug", "2939", "unplugged", "unplugged", "4660"},
+        {"unplug\nplug", "2939", "04 00 00 00 00 00 00 00", "ok", "4660"}, // Its init report is forgotten.
+        {"desk off", "2939", "04 00 00 00 34 12 00 00", "ok", "4660"},
+        {"error position-lost", "2939", kErring + "1 00", "ok", "4660"},
+        {"error overload-up\nerror overload-down\nerror overload-up off", "2939", kErring + "8 00", "ok",
+            "4660"},
+        {"error E5\nerror E12\nerror E5\nerror E255", "2939", kErring + "0" + kNoKinds + "01 00 05 0C FF",
+            "ok", "4660"},
+        {"error unnamed", "2939", kErring + "0 00", "ok", "4660"},
     };
-    for (const auto& row : kCases) {
-        const std::string output = play(std::string("set 03 04 00 FB 00 00 00 00\nheight 3000\n"
-                                                    "set 05 FF 7F FF 7F FF 7F FF\nadvance 0.2\n")
-            + row.spoil
-            + "\nadvance 0.21\nheight\nheight 4660\nget 04\nset 05 00 80 00 80 00 80 00\n"
-              "plug\nneeds-init off\ndesk on\nerror clear\nfault reads off\nfault writes off\n"
-              "fault silence off\nfault short off\nadvance 0.1\nheight\n");
-        EXPECT_EQ(output,
-            "ok\nok\n" + std::to_string(row.height) + '\n' + row.read + '\n' + row.write + '\n'
-                + std::to_string(row.after) + '\n')
-            << row.spoil;
-    }
+    for (const auto& [spoil, height, read, write, after] : kCases)
+        EXPECT_EQ(play("set 03 04 00 FB 00 00 00 00\nheight 3000\nset 05 FF 7F FF 7F FF 7F FF\nadvance 0.2\n"
+                      + spoil
+                      + "\nadvance 0.21\nheight\nheight 4660\nget 04\nset 05 00 80 00 80 00 80 00\n"
+                        "plug\nneeds-init off\ndesk on\nerror clear\nfault reads off\nfault writes off\n"
+                        "fault silence off\nfault short off\nadvance 0.1\nheight\n"),
+            std::string("ok\nok\n") + height + '\n' + read + '\n' + write + '\n' + after + '\n')
+            << spoil;
 }
 
 TEST(DeskConsole, namesTheLineAndTheFaultOfBadInputAndGoesOn)

@@ -34,13 +34,8 @@ DeskModel deskAt(int height)
 TEST(DeskModel, speedsUpAndTurnsRoundThroughARamp)
 {
     DeskModel desk = deskAt(1000);
-    const struct {
-        double seconds;
-        int command; ///< at the end of them
-        double velocity;
-        double height;
-        int goal;
-    } kTimeline[] = {
+    const std::tuple<double, int, double, double, int> kTimeline[] = {
+        // Seconds, the command at their end; velocity, height and goal.
         // With the acceleration a: v = at and a t^2 / 2, until the top speed is reached after 0.25 s.
         {0.0, kUp, 0, 1000, 6500},
         {0.1, kUp, 152, 1007.6, 6500},
@@ -49,12 +44,12 @@ TEST(DeskModel, speedsUpAndTurnsRoundThroughARamp)
         {0.25, kDown, 0, 1209, 0},
         {0.2, kDown, -304, 1178.6, 0},
     };
-    for (const auto& row : kTimeline) {
-        desk.advance(row.seconds);
-        send(desk, row.command);
-        EXPECT_NEAR(desk.velocity(), row.velocity, 0.01);
-        EXPECT_NEAR(desk.height(), row.height, 0.51);
-        EXPECT_EQ(desk.goal(), row.goal);
+    for (const auto& [seconds, command, velocity, height, goal] : kTimeline) {
+        desk.advance(seconds);
+        send(desk, command);
+        EXPECT_NEAR(desk.velocity(), velocity, 0.01);
+        EXPECT_NEAR(desk.height(), height, 0.51);
+        EXPECT_EQ(desk.goal(), goal);
     }
     // Times without sense do no harm.
     desk.advance(std::numeric_limits<double>::infinity());
@@ -69,13 +64,10 @@ TEST(DeskModel, speedsUpAndTurnsRoundThroughARamp)
 
 TEST(DeskModel, movesAsItIsToldAndComesToRest)
 {
-    const struct {
-        int from;
-        int command;
-        double held; ///< the last report goes out 0.2 s before the end
-        bool isStopped; ///< with a stop report
-        int rest;
-    } kTestCases[] = {
+    const std::tuple<int, int, double, bool, int> kTestCases[] = {
+        // From where, the command, how long it is held (the last report goes out 0.2 s before the end),
+        // whether a
+        // stop report follows, and where the desk comes to rest.
         {3000, kUp, 2.0, false, 3000 + 760 - 48 + 114 + 48}, // left alone
         {3000, kDown, 2.0, false, 3000 - 760 + 48 - 114 - 48},
         {3000, kUp, 1.0, true, 3000 + 380},

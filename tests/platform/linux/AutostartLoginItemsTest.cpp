@@ -16,11 +16,8 @@ TEST(AutostartLoginItemsTest, startThisExecutableUnlessTheUserWantsItOtherwise)
     const QByteArray fresh = AutostartLoginItems::entry("/usr/bin/zelvo-standup");
 
     const QByteArray own = QByteArray(fresh).replace("standup\"\n", "standup\" --language de\n");
-    const struct {
-        QByteArray entry;
-        bool isSwitchedOff;
-        bool isKept;
-    } kTestCases[] = {
+    const std::tuple<QByteArray, bool, bool> kTestCases[] = {
+        // The entry, whether it is switched off, and whether it is kept.
         {fresh, false, true},
         {own, false, true}, // A command of the user's own.
         {"[Desktop Entry]\nExec=env A=1 zelvo-standup\n", false, true},

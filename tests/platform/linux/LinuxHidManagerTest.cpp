@@ -198,6 +198,7 @@ TEST_F(LinuxHid, carriesReportsBothWaysWhenTheAdapterIsFreeLosesItAndFindsItAgai
     written.push_back(kStop);
     EXPECT_EQ(adapter.wire().written, written) << "what was held up has timed out";
 
+    testing::internal::CaptureStderr();
     adapter.setSilent(true);
     write(kUp);
     ASSERT_TRUE(reaches(m_removed, 1));
@@ -208,6 +209,8 @@ TEST_F(LinuxHid, carriesReportsBothWaysWhenTheAdapterIsFreeLosesItAndFindsItAgai
     adapter.change([](TestWire& wire) { wire.failure = EPIPE; });
     EXPECT_EQ(read(), EINPROGRESS);
     ASSERT_TRUE(reaches(m_removed, 2));
+    const QString log = QString::fromStdString(testing::internal::GetCapturedStderr());
+    EXPECT_TRUE(log.count("does not answer.") == 2 && log.count("answers again.") == 1) << qPrintable(log);
     adapter.report("remove");
     QTest::qWait(kSettleMs);
     EXPECT_EQ(m_removed.size(), 2U) << "its leaving is told once";
