@@ -2,7 +2,9 @@
 
 #include "storm/Script.h"
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdint>
 #include <limits>
 #include <map>
@@ -13,29 +15,26 @@
 
 namespace storm {
 /// Knows what must be true of a history from what the user, the desk and the machine did; the program itself
-/// it never asks. It is told of each event at the moment it happens, keeps a record, a schedule, a reminder
-/// and error lines of its own, looks at the windows between events, and in the end reads the store's file
-/// through a connection of its own.
+/// it never asks. It is told of each event at the moment it happens, keeps a record, a schedule and a
+/// reminder of its own, looks at the windows between events, and in the end reads the store's file through a
+/// connection of its own.
 ///
 /// Times are seconds on the clock that stands still in sleep.
 class Oracle {
 public:
     /// What the cable carried.
     struct Transfer {
+        int adapter;
         bool isRead, isOk;
         double duration; ///< until now
         const std::vector<uint8_t>& bytes;
     };
-    /// What the windows show; nothing of those that were not made yet.
+    /// What is on show; nothing of windows that were not made yet.
     struct Shown {
-        std::array<std::optional<std::string>, 2> errors; ///< of main window and reminder; empty without
-        std::optional<std::string> height, status; ///< of the main window
-        std::optional<std::string> number, memory; ///< of the reminder while it is on show
-    };
-    /// What the main window has just brought up to date.
-    struct Progress {
-        std::string percent, value, session;
-        double schedule;
+        bool isConnected; ///< says the icon
+        std::optional<std::string> height, status; ///< says the main window
+        bool hasError; ///< so does the main window
+        std::optional<std::string> number, memory; ///< says the reminder
     };
 
     Oracle(const Script& script, std::string storePath);
@@ -43,61 +42,78 @@ public:
     /// Time goes on; what is told next happens now.
     void pass(double now);
 
+    // The process and the adapters.
     void started();
     void ended(bool killed);
     void plugged(int adapter, bool in);
     /// How transfers fare from here on: whether the desk is heard, whether all is well, what a transfer
-    /// takes.
+    /// takes (for ever: it ends with the trouble).
     void wire(bool isHeard, bool isGood, double seconds);
     /// An adapter is taken up, is given up.
     void matched(int adapter);
     void removed(int adapter);
-    void transferred(int adapter, const Transfer& transfer);
+    void transferred(const Transfer& transfer);
 
+    // The user and the machine.
     void setAway(std::optional<double> since) { m_awaySince = since; }
-    void dark();
+    void dark() { open(); }
     void sleepAnnounced();
     void wakeTold();
     void slept(double seconds);
     void frozenUntil(double time);
-    void clockSet(double by);
-    void disk(bool full) { m_isFull = full; }
+    void clockSet(double by) { m_wallOffset += by; }
     void set(size_t key, double value);
-
     /// A button went down; `command` is the report value it stands for.
     void pressed(uint16_t command, bool onReminder);
     void letGo(bool onReminder);
     /// The user asks for the main window.
     void opened();
     void answered(const std::string& how);
+
+    // The windows.
     void reminderAppeared();
     void reminderLeft();
-
     void look(const Shown& shown);
-    void look(const Progress& progress);
+    /// At the circle of a main window that was just opened.
+    void lookAtSession(const std::string& minutes, double percent);
+
     /// After the last event: holds the record in the file against what must be there.
     void judge();
     void fail(const std::string& what);
 
     [[nodiscard]] const std::string& failure() const { return m_failure; }
-    [[nodiscard]] double setting(const std::string& key) const;
+    [[nodiscard]] double setting(const std::string& key) const { return m_settings[indexOfSetting(key)]; }
     /// The adapter that the program drives: the one taken up last. -1 without any.
     [[nodiscard]] int driven() const { return m_devices.empty() ? -1 : m_devices.back().adapter; }
     [[nodiscard]] bool isReminderOpen() const { return m_isReminderOnShow && m_fadedAt == kNever; }
-    [[nodiscard]] bool hasStore() const { return m_hasStore; }
-    /// Timers that run now; nothing where two adapters may have left some behind.
-    [[nodiscard]] std::optional<size_t> timers() const;
 
     struct Figures {
         double longestOverrun = 0; ///< of a hold, seconds
         double largestError = 0; ///< longest stretch in which the record was not the truth, seconds
-        double recorded = 0, attended = 0, standing = 0; ///< seconds
-        int records = 0, reminders = 0, errors = 0, holds = 0;
+        int records = 0, reminders = 0, holds = 0;
     };
     [[nodiscard]] const Figures& figures() const { return m_figures; }
 
 private:
     static constexpr double kNever = std::numeric_limits<double>::infinity();
+    static constexpr double kPoll = 1.0;
+    static constexpr double kCheck = 0.2; ///< after an adapter was taken up
+    static constexpr double kLook = 10.0; ///< at the user
+    static constexpr double kPulse = 15.0;
+    static constexpr double kResend = 0.2; ///< of a held movement
+    static constexpr double kStop = 0.3; ///< no movement report comes later than this after a hold
+    static constexpr double kErrorStays = 15.0;
+    static constexpr double kFade = 0.4;
+    static constexpr double kPatience = 5.05; ///< with a transfer that is not answered
+    static constexpr double kSlowest = 0.6; ///< transfer
+    static constexpr double kBelieved = 5.0; ///< an answer
+    static constexpr double kWait = 0.01; ///< for an answer; then it is heard of when it comes
+    static constexpr double kRounding = 1e-4;
+    /// The record is the truth again so soon after whatever happens: two looks at the user after a wake, and
+    /// a standstill.
+    static constexpr double kLongestError = 2 * kLook + 4.5;
+    static constexpr uint16_t kStopCommand = 0x8001;
+
     enum Posture { None = 0, Standing = 1, Sitting = 2 };
 
     /// What the program keeps of an adapter. The first is the one it listens to.
@@ -114,7 +130,6 @@ private:
         double start, end; ///< on the wall
         Posture posture;
         double weight;
-        std::optional<double> storedEnd;
     };
     /// Since the record was begun or ended last.
     struct Span {
@@ -128,25 +143,28 @@ private:
         int moves = 0;
         bool stopped = false;
     };
-    struct ErrorLine {
-        bool exists = false, isClockCurrent = false;
-        double shownAt = -1;
-        std::vector<double> clocks; ///< begun when an error went; each clears the line every 15 s
-        std::string text;
-    };
     struct Absence {
         double since;
         double lookedAt = kNever;
     };
+    struct Answer {
+        std::vector<uint8_t> bytes;
+        double askedAt;
+    };
+
+    static bool isNear(double left, double right) { return std::abs(left - right) < 1e-3; }
+    /// `due`, or the first of the moments that follow it in the rhythm after now.
+    [[nodiscard]] double next(double due, double interval) const;
 
     [[nodiscard]] double wall() const { return m_now + m_slept + m_wallOffset; }
     [[nodiscard]] bool isActive() const;
+    [[nodiscard]] bool isTakenUp(int adapter) const;
     [[nodiscard]] bool isAnsweredAtOnce() const; ///< by an adapter that is taken up
     [[nodiscard]] bool isQuick() const; ///< and all of them are taken up
-    [[nodiscard]] bool isTakenUp(int adapter) const;
     [[nodiscard]] Posture truth() const;
     void goTo(double time);
-    void runTimers(double until);
+    /// @param isAllHeard nothing more comes over the cable at that moment
+    void runTimers(double until, bool isAllHeard = false);
     void pulse();
     void lookAtUser();
     [[nodiscard]] double idleSeconds();
@@ -157,16 +175,15 @@ private:
     void hear(Device& device, const std::vector<uint8_t>& report);
     [[nodiscard]] bool isItsTurn(const Device& device) const;
     void hearAgain();
+    void errorIs(Device& device, bool isThere);
     void takeHeight(Device& device, int height);
-    void commanded(int adapter, const Transfer& transfer);
-    void errorIs(Device& device, const std::string& text);
-    [[nodiscard]] bool isShown(const ErrorLine& line) const;
+    void initialised(const Transfer& transfer);
+    void commanded(const Transfer& transfer);
 
     void open();
     void beginRow();
     void endRow();
     void close();
-    void save();
     [[nodiscard]] bool hasSlept() const { return m_slept - m_span.slept > 2; }
     [[nodiscard]] bool isBroken() const;
     [[nodiscard]] double spanEnd() const;
@@ -176,8 +193,8 @@ private:
     void describeReminder(Posture target);
 
     void endHold();
+    void blurHold();
     void judgePresence();
-    [[nodiscard]] double standingMinutesToday(bool asCalories) const;
 
     const std::string m_storePath;
     std::string m_failure;
@@ -185,11 +202,10 @@ private:
     std::vector<double> m_settings;
 
     // Clocks.
-    double m_now = 0, m_slept = 0, m_wallOffset, m_frozenUntil = 0, m_wokeAt = -1e9;
+    double m_now = 0, m_slept = 0, m_wallOffset, m_frozenFrom = 0, m_frozenUntil = 0, m_wokeAt = -1e9;
 
     // User and machine.
     std::optional<double> m_awaySince;
-    bool m_isFull = false, m_hasStore = false;
 
     // The process.
     bool m_running = false, m_isIdle = false;
@@ -200,19 +216,18 @@ private:
 
     // The cable.
     std::array<bool, 2> m_isPlugged {}, m_isInitOwed {};
-    double m_cableChangedAt = -1; ///< when another adapter became the driven one
     std::vector<Device> m_devices;
-    bool m_isHeard = true, m_isGood = true, m_hadTwo = false;
+    double m_drivenSince = -1; ///< that adapter
+    bool m_isHeard = true, m_isGood = true;
     double m_latency = 0, m_quickSince = 0, m_goodSince = 0, m_deafSince = kNever;
     double m_writtenAt = -1, m_readAt = 0;
     std::map<int, uint16_t> m_lastCommand;
-    std::map<int, std::pair<std::vector<uint8_t>, double>>
-        m_answers; ///< the last ones, and when they were asked
+    std::map<int, Answer> m_answers; ///< the last ones
     std::vector<Hold> m_holds;
 
     // Record and schedule.
     std::vector<Row> m_rows;
-    size_t m_firstUnstored = 0;
+    double m_storedEnd = 0; ///< of the last one
     bool m_isOpen = false;
     bool m_isGiven = false; ///< nothing is recorded until the next event, as a wake has it
     Posture m_posture = None;
@@ -222,10 +237,9 @@ private:
     double m_wrong = 0;
 
     // Windows.
-    std::array<ErrorLine, 2> m_lines;
-    bool m_isReminderOnShow = false, m_isReminderHeld = false;
-    bool m_isActionDone = false, m_isPointed = false;
-    double m_dismissAt = kNever, m_fadedAt = kNever, m_fadedInAt = 0, m_owedSince = kNever;
+    bool m_isReminderOnShow = false, m_isReminderHeld = false, m_isActionDone = false, m_isPointed = false;
+    double m_dismissAt = kNever, m_fadedAt = kNever, m_owedSince = kNever;
+    double m_openedAt = kNever, m_errorAt = -1, m_errorOverAt = -1;
     std::set<double> m_offsets; ///< since the window was opened
     std::string m_number, m_memory;
 };

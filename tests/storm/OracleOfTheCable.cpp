@@ -1,12 +1,9 @@
 #include "storm/Oracle.h"
-#include "storm/OracleTerms.h"
 
-#include <algorithm>
-#include <cmath>
 #include <utility>
 
 namespace storm {
-// The cable.
+// Adapters, their reports, and what a held button sends.
 
 void Oracle::plugged(int adapter, bool in)
 {
@@ -16,12 +13,11 @@ void Oracle::plugged(int adapter, bool in)
 
 void Oracle::wire(bool isHeard, bool isGood, double seconds)
 {
-    if (m_latency > 0 && std::isfinite(m_latency)) // What is under way takes what it took when it began.
+    if (m_latency > 0 && m_latency < kNever) // What is under way takes what it took when it began.
         m_quickSince = m_now + kPoll + std::max(4 * kSlowest, m_latency);
     if (!m_isGood)
         m_goodSince = m_now + 2 * kPatience;
-    if (!m_holds.empty())
-        m_holds.back().isExact = false;
+    blurHold();
     m_deafSince = isHeard ? kNever : std::min(m_deafSince, m_now);
     m_isHeard = isHeard;
     m_isGood = isGood;
@@ -60,10 +56,9 @@ void Oracle::matched(int adapter)
 void Oracle::adopt(int adapter)
 {
     m_devices.push_back({adapter, m_now + kCheck});
-    m_cableChangedAt = m_now;
     m_isInitOwed[size_t(adapter)] = true;
+    m_drivenSince = m_now;
     m_readAt = m_now + kCheck;
-    m_hadTwo = m_hadTwo || m_devices.size() > 1;
     if (m_devices.size() == 1)
         m_nextPoll = m_now + kCheck;
 }
@@ -75,41 +70,39 @@ void Oracle::removed(int adapter)
     endHold();
     m_lastCommand.erase(adapter);
     m_answers.erase(adapter);
-    m_readAt = m_now;
+    m_readAt = m_drivenSince = m_now;
     const bool wasFirst = m_devices.front().adapter == adapter;
-    const auto device = std::find_if(
-        m_devices.begin(), m_devices.end(), [=](const Device& one) { return one.adapter == adapter; });
-    if (wasFirst) {
-        m_posture = None;
-        m_nextPoll = kNever;
-        close();
+    for (Device& device : m_devices) {
+        if (device.adapter == adapter || wasFirst)
+            errorIs(device, false);
     }
-    errorIs(*device, {});
-    m_devices.erase(device);
-    m_cableChangedAt = m_now;
-    if (!wasFirst || m_devices.empty())
+    std::erase_if(m_devices, [=](const Device& device) { return device.adapter == adapter; });
+    if (!wasFirst)
         return;
-    // The one that waited is taken up anew.
-    errorIs(m_devices.front(), {});
-    const int waiting = m_devices.front().adapter;
+    m_posture = None;
+    m_nextPoll = kNever;
+    close();
+    if (m_devices.empty())
+        return;
+    const int waiting = m_devices.front().adapter; // It is taken up anew.
     m_devices.clear();
     adopt(waiting);
 }
 
-void Oracle::transferred(int adapter, const Transfer& transfer)
+void Oracle::transferred(const Transfer& transfer)
 {
     if (!m_running)
         return;
     if (!transfer.isRead)
-        return commanded(adapter, transfer);
-    const bool isLate = transfer.duration > kWait;
+        return transfer.bytes[0] == 3 ? initialised(transfer) : commanded(transfer);
     // Only the stop of a hold that another adapter ends is heard of through the one before.
-    if (!transfer.isOk || (adapter != driven() && !isNear(m_now, m_cableChangedAt)))
+    if (!transfer.isOk || (transfer.adapter != driven() && !isNear(m_now, m_drivenSince)))
         return;
+    const bool isLate = transfer.duration > kWait;
     m_readAt = m_now;
-    m_answers[adapter] = {transfer.bytes, m_now - transfer.duration};
+    m_answers[transfer.adapter] = {transfer.bytes, m_now - transfer.duration};
     if (!isLate && isNear(m_now, std::max(m_nextPoll, m_frozenUntil)))
-        m_nextPoll += (std::floor((m_now - m_nextPoll) / kPoll + kRounding) + 1) * kPoll;
+        m_nextPoll = next(m_nextPoll, kPoll);
     for (Device& device : m_devices) {
         if (isLate || isItsTurn(device))
             hear(device, transfer.bytes);
@@ -119,16 +112,16 @@ void Oracle::transferred(int adapter, const Transfer& transfer)
 /// Of two devices each asks in a rhythm of its own, through the same cable; only the first one drives.
 bool Oracle::isItsTurn(const Device& device) const
 {
-    const double sincePoll = m_now - device.polledSince;
-    const bool isRhythm = device.communicates()
-        ? sincePoll > kRounding && isNear(sincePoll, std::round(sincePoll))
-        : isNear(m_now, device.checkedAt) || isNear(m_now, m_cableChangedAt); // Asked anew.
+    const double from = isNear(m_now, m_frozenUntil) ? m_frozenFrom : m_now - 1e-3;
+    const auto polls = [&](double at) { return std::floor((at - device.polledSince) / kPoll + kRounding); };
+    const bool isNewCable = isNear(m_now, m_drivenSince);
     const bool isCheck = isNear(m_now, device.polledSince); // Nobody looks at the height in it.
-    const bool isDriving = &device == &m_devices.front() && isNear(m_now, m_writtenAt)
-        && !(isCheck && isNear(m_now, m_cableChangedAt));
-    const bool isLate =
-        isNear(m_now, m_frozenUntil) && (device.communicates() || device.checkedAt > m_now - 5);
-    return (isDriving || !isCheck) && (m_devices.size() == 1 || isRhythm || isDriving || isLate);
+    const bool isDriving =
+        &device == &m_devices.front() && isNear(m_now, m_writtenAt) && !(isCheck && isNewCable);
+    const bool isDue = device.communicates()
+        ? polls(m_now) > polls(from)
+        : isNewCable || (device.checkedAt > from && device.checkedAt < m_now + kRounding);
+    return isDriving || (!isCheck && (m_devices.size() == 1 || isDue));
 }
 
 void Oracle::hear(Device& device, const std::vector<uint8_t>& report)
@@ -143,8 +136,14 @@ void Oracle::hear(Device& device, const std::vector<uint8_t>& report)
         }
         return;
     }
-    errorIs(device, errorIn(report));
+    errorIs(device, report[3] & 2);
     takeHeight(device, report[4] | report[5] << 8);
+}
+
+void Oracle::errorIs(Device& device, bool isThere)
+{
+    const bool wasThere = std::exchange(device.hasError, isThere);
+    (isThere ? m_errorAt : wasThere ? m_errorOverAt : m_readAt) = m_now;
 }
 
 /// Whoever asks while the answer is on its way gets the one before, unless nobody would believe it any more.
@@ -152,12 +151,11 @@ void Oracle::hearAgain()
 {
     const auto answer = m_answers.find(driven());
     const bool isSlow = m_latency > 0 || (m_isHeard && m_now < m_quickSince);
-    if (!isSlow || m_devices.empty() || answer == m_answers.end()
-        || m_now - answer->second.second > kBelieved)
+    if (!isSlow || answer == m_answers.end() || m_now - answer->second.askedAt > kBelieved)
         return;
     Device& device = m_devices.front();
     if (device.communicates() || isNear(m_now, device.checkedAt))
-        hear(device, answer->second.first);
+        hear(device, answer->second.bytes);
 }
 
 /// The standing point lies in the middle between the first two memory positions; the height is judged when it
@@ -172,23 +170,27 @@ void Oracle::takeHeight(Device& device, int height)
         open();
 }
 
-void Oracle::commanded(int adapter, const Transfer& transfer)
+void Oracle::initialised(const Transfer& transfer)
+{
+    m_writtenAt = m_now;
+    // One that began before the adapter was taken up anew was owed to who waited with it.
+    if (m_now - transfer.duration < m_drivenSince - kRounding)
+        return;
+    bool& isOwed = m_isInitOwed[size_t(transfer.adapter)];
+    if (!isOwed || transfer.bytes != std::vector<uint8_t> {3, 4, 0, 0xFB, 0, 0, 0, 0})
+        fail("an init report without need, or none");
+    isOwed = !transfer.isOk; // Else it is tried again.
+}
+
+void Oracle::commanded(const Transfer& transfer)
 {
     const auto& bytes = transfer.bytes;
+    const int adapter = transfer.adapter;
     m_writtenAt = m_now;
-    if (bytes[0] == 3) {
-        // One that began before the adapter was brought in anew was owed to who waited with it.
-        if (m_now - transfer.duration < m_cableChangedAt - kRounding)
-            return;
-        if (!m_isInitOwed[size_t(adapter)] || bytes != std::vector<uint8_t> {3, 4, 0, 0xFB, 0, 0, 0, 0})
-            fail("an init report without need, or none");
-        m_isInitOwed[size_t(adapter)] = !transfer.isOk; // Else it is tried again.
-        return;
-    }
-    const auto command = uint16_t(bytes[1] | bytes[2] << 8);
-    const auto low = uint8_t(command), high = uint8_t(command >> 8);
+    const uint8_t low = bytes[1], high = bytes[2];
     if (bytes != std::vector<uint8_t> {5, low, high, low, high, low, high, low})
         fail("a report of no kind");
+    const auto command = uint16_t(low | high << 8);
     if (isTakenUp(adapter) && (transfer.isOk || command != kStopCommand))
         m_lastCommand[adapter] = command;
     // A stalled report is told of late: it belongs to the hold in which it began.
@@ -201,10 +203,8 @@ void Oracle::commanded(int adapter, const Transfer& transfer)
             hold->stopped = true;
         return;
     }
-    if (!isKnown || hold->command != command || hold->stopped || begun > hold->to + kStop) {
-        fail("movement report " + number(command) + " outside a hold");
-        return;
-    }
+    if (!isKnown || hold->command != command || hold->stopped || begun > hold->to + kStop)
+        return fail("movement report " + std::to_string(command) + " outside a hold");
     hold->moves += transfer.isOk ? 1 : 0;
     m_figures.longestOverrun = std::max(m_figures.longestOverrun, begun - hold->to);
 }
@@ -214,24 +214,24 @@ void Oracle::judgePresence()
 {
     if (!m_running || m_now < m_frozenUntil + kRounding)
         return;
-    // One that was not heard at the first is not asked again.
     const bool isAsking = !m_devices.empty() && m_devices.front().communicates();
     if (m_isGood && m_now > m_goodSince + kPoll) {
-        const double late = isQuick() ? 0 : 2 * kPoll + 4 * kSlowest;
-        for (int adapter : {0, 1}) {
+        for (const int adapter : {0, 1}) {
             if (isTakenUp(adapter) != m_isPlugged[size_t(adapter)])
                 fail("an adapter is not taken up, or is kept");
         }
-        if (isAsking && m_now > m_readAt + kPoll + 0.01 + late)
+        if (!m_devices.empty()
+            && m_now > m_readAt + kPoll + kWait + (isQuick() ? 0 : 2 * kPoll + 4 * kSlowest))
             fail("the height is not asked");
     }
     if (isAsking && m_now > std::max(m_deafSince, m_readAt) + kPoll + 2 * kPatience)
         fail("an adapter that does not answer is kept");
     if (m_holds.empty() || !m_isGood)
         return;
-    const auto last = m_lastCommand.find(m_holds.back().adapter);
+    const Hold& hold = m_holds.back();
+    const auto last = m_lastCommand.find(hold.adapter);
     const double by =
-        std::max({m_holds.back().to, m_goodSince, m_frozenUntil}) + kStop + (isQuick() ? 0 : 2 * kSlowest);
+        std::max({hold.to, m_goodSince, m_frozenUntil}) + kStop + (isQuick() ? 0 : 2 * kSlowest);
     if (m_now > by && last != m_lastCommand.end() && last->second != kStopCommand)
         fail("no stop after a hold");
 }
@@ -240,10 +240,10 @@ void Oracle::pressed(uint16_t command, bool onReminder)
 {
     m_isReminderHeld = onReminder;
     hearAgain();
-    if (driven() >= 0)
-        m_nextResend = m_now + kResend;
-    if (driven() >= 0)
-        m_holds.push_back({m_now, kNever, driven(), command, isQuick()});
+    if (driven() < 0)
+        return;
+    m_nextResend = m_now + kResend;
+    m_holds.push_back({m_now, kNever, driven(), command, isQuick()});
 }
 
 void Oracle::letGo(bool onReminder)
@@ -262,9 +262,15 @@ void Oracle::endHold()
     m_nextResend = kNever;
     hearAgain();
     ++m_figures.holds;
-    const int due = int((hold.to - hold.from) / kResend + kRounding);
-    if (hold.isExact && hold.moves != due)
-        fail("a hold of " + number(hold.to - hold.from) + " s gave " + number(hold.moves)
+    if (hold.isExact && hold.moves != int((hold.to - hold.from) / kResend + kRounding))
+        fail("a hold of " + std::to_string(hold.to - hold.from) + " s gave " + std::to_string(hold.moves)
             + " movement reports");
+}
+
+/// How many reports the hold gives is not known any more.
+void Oracle::blurHold()
+{
+    if (!m_holds.empty())
+        m_holds.back().isExact = false;
 }
 }

@@ -25,7 +25,6 @@ enum class Verb {
     Zone, ///< the user travels
     Set, ///< a setting to its `value`
     Answer, ///< to a reminder
-    Disk, ///< full, free
     End, ///< of the process, and a new start
     Freeze, ///< the process stands still for `value` seconds; a held button is let go half way
 };
@@ -55,10 +54,11 @@ struct Script {
 
 /// As they stand in the settings file.
 [[nodiscard]] const std::vector<const char*>& settingKeys();
+[[nodiscard]] size_t indexOfSetting(const std::string& key);
 /// The variants of a verb by name.
 [[nodiscard]] const std::vector<const char*>& variantNames(Verb verb);
 
-/// Scripts of up to that many steps; a failing one is made shorter and plainer.
+/// Scripts of up to that many steps; a failing one is made shorter.
 [[nodiscard]] rc::Gen<Script> anyScript(int mostSteps);
 /// One line that parseScript() understands: start, settings, then "verb variant value +seconds" for each
 /// step.

@@ -1,20 +1,15 @@
 #pragma once
 
 #include "fakes/TestPlatform.h"
-#include "platform/SleepAwareEventSource.h"
-#include "platform/qt/QtUserDefaults.h"
-#include "platform/simulated/SimulatedHidManager.h"
 #include "shell/AppDelegate.h"
 #include "storm/Oracle.h"
 
 #include <QPointer>
 
 #include <memory>
-#include <optional>
 
 namespace storm {
-/// The whole program on the virtual run loop, with the simulated desks, a user and a disk around it. Plays a
-/// script and tells the oracle what happens.
+/// The whole program on a simulated desktop with two desks. Plays a script and tells the oracle what happens.
 class World final : public QObject {
 public:
     explicit World(const Script& script);
@@ -30,8 +25,6 @@ public:
 private:
     /// The cables: tells the oracle which adapters are taken up and given up.
     class Bus;
-    /// The hands on mouse and keyboard.
-    struct User;
 
     void start();
     void end(bool killed);
@@ -54,31 +47,25 @@ private:
     void setClock(const Step& step);
     void travel(const Step& step);
     void set(const Step& step);
-    void setDisk(const Step& step);
     void setWire(const Step& step);
     void setError(const Step& step);
     void moveByHandset(const Step& step);
     void plug(const Step& step);
     void unplug(const Step& step);
     void restart(const Step& step);
-    void readSettingsBack();
-    void quiet();
-    [[nodiscard]] QString settingsPath() const;
     [[nodiscard]] VirtualRunLoop& loop() { return m_platform.runLoop; }
+    [[nodiscard]] SimulatedHidManager& desks() { return m_platform.hid; }
+    /// The desk that is driven, or would be.
+    [[nodiscard]] int desk() const { return std::max(m_oracle.driven(), 0); }
 
     const Script& m_script;
     TestPlatform m_platform;
     Oracle m_oracle;
-    std::unique_ptr<User> m_user;
-    SimulatedWorkspace& m_workspace = m_platform.workspace;
-    SimulatedDialogs& m_dialogs = m_platform.dialogs;
-    SimulatedHidManager m_desks;
     std::unique_ptr<Bus> m_bus;
-    std::unique_ptr<QtUserDefaults> m_defaults;
-    std::optional<ProcessServices> m_process;
     std::unique_ptr<SleepAwareEventSource> m_events;
-    std::unique_ptr<AppDelegate> m_app;
+    std::unique_ptr<AppDelegate> m_app; ///< while it runs
     QPointer<QWidget> m_held, m_main, m_reminder;
-    bool m_isRunning = false, m_isSlow = false;
+    double m_startedAt = 0;
+    bool m_isSlow = false;
 };
 }
