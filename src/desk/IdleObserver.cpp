@@ -51,6 +51,15 @@ double IdleObserver::idleTimeInSeconds()
 
 void IdleObserver::onIdleObserverTimerTick(const Timer&)
 {
+    // The answer may come when this object is gone or no longer observes; its timer is invalid then.
+    m_eventSource.refresh([this, weakTimer = std::weak_ptr(m_idleObserverTimer)] {
+        if (const TimerRef timer = weakTimer.lock(); timer && timer->isValid())
+            look();
+    });
+}
+
+void IdleObserver::look()
+{
     const double idleTime = idleTimeInSeconds();
     Log::line(QString::asprintf("IdleTime: %f", idleTime));
     if (const bool isIdle = idleTime >= m_timeIdle; isIdle != m_isIdle) {

@@ -35,7 +35,12 @@ public:
     [[nodiscard]] bool isIdle() const { return m_isIdle; }
     [[nodiscard]] const TimerRef& idleObserverTimer() const { return m_idleObserverTimer; }
 
+    /// Whether this desktop tells of input at all; if not, the user counts as active.
+    [[nodiscard]] bool canTell() const { return m_eventSource.canTell(); }
+
 private:
+    void look();
+
     EventSource& m_eventSource;
     IdleObserverDelegate* m_delegate = nullptr;
     std::function<void()> m_stillIdle;

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <QString>
+
+#include <functional>
+
 /// The user's input events as the desktop sees them, for telling how long ago the last one was.
 class EventSource {
 public:
@@ -23,6 +27,9 @@ public:
         OtherMouseDragged = 27,
     };
 
+    /// Posted without object and information when canTell() changes.
+    inline static const QString kCanTellDidChange = QStringLiteral("org.zelvo.StandUp.idletimedidchange");
+
     virtual ~EventSource() = default;
     EventSource(const EventSource&) = delete;
     EventSource& operator=(const EventSource&) = delete;
@@ -31,6 +38,12 @@ public:
     /// After each sleep of the machine the user counts as absent until the first input: the answers are
     /// longer than any limit, those to the first question of all.
     [[nodiscard]] virtual double secondsSinceLastEventType(EventType eventType) = 0;
+    /// Brings the answers up to date and calls back then: at once, or from the main loop soon after. Between
+    /// two calls the answers grow with time, whatever input there is. A call drops the callback of the one
+    /// before if that is still out.
+    virtual void refresh(std::function<void()> ready) { ready(); }
+    /// False where nothing on this desktop tells of input; the user counts as active then.
+    [[nodiscard]] virtual bool canTell() const { return true; }
     /// The desktop says that the machine woke, whether or not the clocks show a sleep.
     virtual void didWake() { }
 

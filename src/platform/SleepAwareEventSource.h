@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <optional>
+#include <utility>
 
 /// Makes of each sleep of the machine one absence of the user, however short it was.
 ///
@@ -17,6 +18,8 @@ public:
     explicit SleepAwareEventSource(std::shared_ptr<EventSource> source);
 
     [[nodiscard]] double secondsSinceLastEventType(EventType eventType) override;
+    void refresh(std::function<void()> ready) override { m_source->refresh(std::move(ready)); }
+    [[nodiscard]] bool canTell() const override { return m_source->canTell(); }
     void didWake() override;
 
 private:

@@ -12,6 +12,7 @@ protected:
         asked.push_back(int(eventType));
         return asked.size() <= answers.size() ? answers[asked.size() - 1] : otherwise;
     }
+    void refresh(std::function<void()> ready) override { isSlow ? void(late = ready) : ready(); }
     void updatedIdleObserverIsIdle(bool isIdle) override { note(isIdle ? "idle" : "active"); }
     void note(const QString& what)
     {
@@ -23,6 +24,8 @@ protected:
     double otherwise = 1000;
     std::vector<int> asked; ///< types of event
     QStringList heard;
+    bool isSlow = false; ///< answers when late() is called
+    std::function<void()> late;
 };
 }
 
@@ -63,4 +66,23 @@ TEST_F(IdleObserverTest, tellsOfTransitionsAndOfIdleUsersEveryTenSecondsUntilSto
     EXPECT_EQ(asked.size(), 16u * 7);
     observer.reset();
     EXPECT_EQ(platform.runLoop.pendingTimerCount(), 0u);
+}
+
+TEST_F(IdleObserverTest, looksWhenTheAnswerHasComeUnlessItObservesNoMore)
+{
+    isSlow = true;
+    auto observer = std::make_unique<IdleObserver>(*this, 170);
+    observer->setDelegate(this);
+    platform.runLoop.advance(10);
+    EXPECT_EQ(asked.size(), 0u);
+    platform.runLoop.advance(2);
+    late();
+    EXPECT_EQ(heard.join(u','), QStringLiteral("12 idle"));
+    observer->stopIdleObserverTimer();
+    late();
+    observer->startIdleObserverTimer();
+    platform.runLoop.advance(10);
+    observer.reset();
+    late();
+    EXPECT_EQ(asked.size(), 16u);
 }
