@@ -88,7 +88,7 @@ std::unique_ptr<HidManager> makeHidManager(bool simulate)
 struct Program {
     explicit Program(const CommandLine& commandLine)
         : hidManager(makeHidManager(commandLine.simulate))
-        , eventSource(makeIdleTimeSource())
+        , eventSource(makeIdleTimeSource(QDBusConnection::sessionBus()))
         , tray(QDBusConnection::sessionBus(),
               QGuiApplication::platformName() == QStringLiteral("xcb") ? TrayHost::X11Tray::Accepted
                                                                        : TrayHost::X11Tray::Ignored)

@@ -1,54 +1,102 @@
 #include "platform/linux/IdleTimeSource.h"
 
 #include "platform/Log.h"
+#include "platform/NotificationCenter.h"
+#include "platform/RunLoop.h"
 #include "platform/SleepAwareEventSource.h"
-#include "platform/linux/NullEventSource.h"
-#include "platform/linux/X11EventSource.h"
+#include "platform/linux/ExtIdleBackend.h"
+#include "platform/linux/GnomeIdleBackend.h"
+#include "platform/linux/KdeIdleBackend.h"
+#include "platform/linux/ScreenSaverIdleBackend.h"
+#include "platform/linux/X11IdleBackend.h"
 
 #include <algorithm>
 #include <utility>
-#include <vector>
 
 namespace {
-using Backends = std::vector<std::unique_ptr<IdleBackend>>;
+/// A compositor that crashed is back sooner.
+constexpr double kRestartSeconds = 25.0;
 
-/// Best first; each is here only where its answers would be right, and the last one is always available.
-Backends backends()
+bool isWaylandSession()
 {
-    Backends backends;
-    if (qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
-        backends.push_back(std::make_unique<X11EventSource>());
-    backends.push_back(std::make_unique<NullEventSource>());
-    return backends;
+    return !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")
+        || qgetenv("XDG_SESSION_TYPE") == QByteArrayLiteral("wayland");
+}
 }
 
-/// Asks the first of the backends that can answer at the moment.
-class FirstAvailable final : public EventSource {
-public:
-    double secondsSinceLastEventType(EventType eventType) override
-    {
-        IdleBackend& backend = choose();
-        const double seconds = backend.secondsSinceLastEventType(eventType);
-        // A backend may notice only now that its other end is gone; then its answer is an old one.
-        return backend.isAvailable() ? seconds : choose().secondsSinceLastEventType(eventType);
-    }
-
-private:
-    IdleBackend& choose()
-    {
-        const auto found = std::find_if(
-            m_backends.begin(), m_backends.end(), [](const auto& backend) { return backend->isAvailable(); });
-        if (std::exchange(m_chosen, found->get()) != found->get())
-            Log::line(QStringLiteral("Idle time comes from: %1").arg((*found)->name()));
-        return **found;
-    }
-
-    Backends m_backends = backends();
-    const IdleBackend* m_chosen = nullptr;
-};
+IdleTimeSource::IdleTimeSource(Backends backends)
+    : m_backends(std::move(backends))
+{
+    refresh([] {});
 }
 
-std::unique_ptr<EventSource> makeIdleTimeSource()
+double IdleTimeSource::secondsSinceLastEventType(EventType)
 {
-    return std::make_unique<SleepAwareEventSource>(std::make_unique<FirstAvailable>());
+    return m_lastInputAt ? std::max(0.0, RunLoop::main().monotonicNow() - *m_lastInputAt) : 0;
+}
+
+void IdleTimeSource::refresh(std::function<void()> ready)
+{
+    ++m_looks;
+    askFrom(0, ready);
+}
+
+void IdleTimeSource::askFrom(std::size_t rank, const std::function<void()>& ready)
+{
+    if (rank == m_backends.size()) {
+        nobodyAnswered();
+        ready();
+        return;
+    }
+    m_backends[rank]->ask([this, rank, ready, look = m_looks](std::optional<double> lastInputAt) {
+        if (look != m_looks)
+            return; // It came too late for its look.
+        if (!lastInputAt)
+            return askFrom(rank + 1, ready);
+        learn(rank, *lastInputAt);
+        ready();
+    });
+}
+
+void IdleTimeSource::learn(std::size_t rank, double lastInputAt)
+{
+    if (m_chosen != rank)
+        m_knownBefore = m_lastInputAt;
+    choose(rank);
+    m_lastInputAt = std::max(lastInputAt, m_knownBefore.value_or(lastInputAt));
+    m_answeredAt = RunLoop::main().monotonicNow();
+}
+
+void IdleTimeSource::nobodyAnswered()
+{
+    const double now = RunLoop::main().monotonicNow();
+    if (m_answeredAt && now - *m_answeredAt <= kRestartSeconds)
+        return;
+    choose(m_backends.size());
+    m_lastInputAt = now;
+}
+
+void IdleTimeSource::choose(std::size_t rank)
+{
+    const bool couldTell = canTell();
+    if (std::exchange(m_chosen, rank) == rank)
+        return;
+    Log::line(QStringLiteral("Idle time comes from: %1")
+                  .arg(canTell() ? m_backends[rank]->name() : QStringLiteral("none, absences go unnoticed")));
+    if (canTell() != couldTell)
+        NotificationCenter::defaultCenter().post(kCanTellDidChange);
+}
+
+std::unique_ptr<EventSource> makeIdleTimeSource(const QDBusConnection& sessionBus)
+{
+    IdleTimeSource::Backends backends;
+    if (isWaylandSession()) {
+        backends.push_back(std::make_unique<ExtIdleBackend>());
+        backends.push_back(std::make_unique<KdeIdleBackend>());
+    }
+    backends.push_back(std::make_unique<GnomeIdleBackend>(sessionBus));
+    if (!isWaylandSession())
+        backends.push_back(std::make_unique<X11IdleBackend>());
+    backends.push_back(std::make_unique<ScreenSaverIdleBackend>(sessionBus));
+    return std::make_unique<SleepAwareEventSource>(std::make_unique<IdleTimeSource>(std::move(backends)));
 }

@@ -2,6 +2,7 @@
 
 #include <QProcess>
 
+#include <csignal>
 #include <gtest/gtest.h>
 
 /// An X server without a screen of its own, for tests. DISPLAY names it while it lives.
@@ -27,6 +28,10 @@ public:
         m_server.kill();
         m_server.waitForFinished();
     }
+
+    /// It answers nothing any more, until it goes on.
+    void freeze() { ::kill(pid_t(m_server.processId()), SIGSTOP); }
+    void thaw() { ::kill(pid_t(m_server.processId()), SIGCONT); }
 
 private:
     QProcess m_server;

@@ -1,0 +1,94 @@
+#include "platform/linux/IdleTimeSource.h"
+
+#include "platform/NotificationCenter.h"
+#include "platform/ProcessServices.h"
+#include "platform/simulated/VirtualRunLoop.h"
+
+#include <QStringList>
+
+#include <gtest/gtest.h>
+#include <utility>
+
+namespace {
+/// Answers what it is told to, or keeps silent.
+struct ToldBackend final : IdleBackend {
+    explicit ToldBackend(const char* its)
+        : itsName(QString::fromLatin1(its))
+    {
+    }
+    [[nodiscard]] QString name() const override { return itsName; }
+    void ask(Answer answer) override
+    {
+        if (isSilent && !unanswered)
+            unanswered = std::move(answer);
+        else
+            answer(isSilent ? std::nullopt : lastInputAt);
+    }
+    QString itsName;
+    std::optional<double> lastInputAt;
+    bool isSilent = false;
+    Answer unanswered;
+};
+
+/// The idle seconds at each "?" of a story, with "!" where nothing can tell and "-" where the look is not
+/// over, and after them what the log and the notifications said.
+QString told(const char* story)
+{
+    VirtualRunLoop runLoop;
+    const ProcessServices services({&runLoop});
+    const double start = runLoop.monotonicNow();
+    IdleTimeSource::Backends backends;
+    backends.push_back(std::make_unique<ToldBackend>("a"));
+    backends.push_back(std::make_unique<ToldBackend>("b"));
+    auto* const a = static_cast<ToldBackend*>(backends[0].get());
+    auto* const b = static_cast<ToldBackend*>(backends[1].get());
+    std::unique_ptr<IdleTimeSource> source;
+    QStringList answers;
+    int posts = 0;
+    const auto observation = NotificationCenter::defaultCenter().addObserver(
+        EventSource::kCanTellDidChange, [&](const PostedNotification&) { ++posts; });
+    testing::internal::CaptureStderr();
+    for (const QString& step : QString(story).split(u' ')) {
+        ToldBackend& backend = step.startsWith(u'b') ? *b : *a;
+        if (step == "start") {
+            source = std::make_unique<IdleTimeSource>(std::move(backends));
+        } else if (step == "?") {
+            bool isReady = false;
+            source->refresh([&] { isReady = true; });
+            const double seconds = source->secondsSinceLastEventType(EventSource::EventType::KeyDown);
+            answers.append(!isReady ? "-" : QString::number(seconds));
+            answers.last().append(source->canTell() ? "" : "!");
+        } else if (step.startsWith(u'+')) {
+            runLoop.advance(step.mid(1).toDouble());
+        } else if (step.endsWith(u'!')) {
+            std::exchange(backend.unanswered, {})(start + 1000);
+        } else {
+            backend.isSilent = step.endsWith(u'~');
+            backend.lastInputAt =
+                step.contains(u'=') ? std::optional(start + step.mid(2).toDouble()) : std::nullopt;
+        }
+    }
+    const QString log = QString::fromStdString(testing::internal::GetCapturedStderr());
+    for (const QString& line : log.split(u'\n', Qt::SkipEmptyParts))
+        answers.append(line.section("comes from: ", 1).section(u',', 0, 0));
+    return answers.join(u' ') + QString(" %1").arg(posts);
+}
+
+TEST(IdleTimeSource, asksTheBestThatAnswersAndForgetsNoInput)
+{
+    const char* const kTestCases[][2] = {
+        {"a=4 b=1 start +9 ? +3 ?", "5 8 a 0"},
+        {"b=1 start +9 ? a=5 ? a- ? b=8 ?", "8 4 4 1 b a b 0"}, // The next knows of older input only.
+        {"a=5 start +10 ? a=3 ? a=20 ?", "5 7 0 a 0"}, // One may know better by and by.
+        {"start +9 ? +4 ? b=6 ? +4 b=15 ?", "0! 0! 0 2 none b 2"}, // Active while nothing could tell.
+        // An absence goes on while the compositor restarts, and ends when it stays away.
+        {"a=0 start +300 ? a- +10 ? +15 ? +0.1 ? a=0 +4 ?", "300 310 325 0! 4 a none a 2"},
+        {"a=0 start +300 ? a- +25 ? a=0 +10 ? a- +25 ?", "300 325 335 360 a 0"},
+        // One that hangs holds up one look, and its late answer is for nobody.
+        {"b=4 a~ start +6 ? +1 ? a! ? a=9 +5 ?", "2 3 - 3 b a 0"},
+        {"a=1 start a~ +10 ? +10 ? a! +10 ? a=25 ?", "- 19 - 5 a 0"},
+    };
+    for (const auto& [story, expected] : kTestCases)
+        EXPECT_EQ(told(story).toStdString(), expected) << story;
+}
+}
