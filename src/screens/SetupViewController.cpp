@@ -56,6 +56,7 @@ void SetupViewController::awakeFromNib()
     observe();
     setLocalizationText();
     connectControls();
+    showAbsenceLine();
     showStoredGoal();
     m_entries.awakeFromNib();
     m_memories.awakeFromNib(*this);
@@ -68,6 +69,8 @@ void SetupViewController::observe()
     m_observations.push_back(
         NotificationCenter::defaultCenter().addObserver(ZelvoController::kDeviceStateDidChange,
             [this](const PostedNotification&) { observerDeviceStateDidChange(); }));
+    m_observations.push_back(NotificationCenter::defaultCenter().addObserver(
+        EventSource::kCanTellDidChange, [this](const PostedNotification&) { showAbsenceLine(); }));
     m_heights.push_back(observeDeskPosition([this](int32_t height) { positionUpdated(height); }));
 }
 
@@ -194,6 +197,12 @@ void SetupViewController::observerDeviceStateDidChange()
     // The height of a desk that has left must not stay: saved against no desk it would shift the offset.
     if (!device())
         m_entries.setDefaultTableHeight(deskPosition());
+}
+
+void SetupViewController::showAbsenceLine()
+{
+    if (m_view)
+        m_ui->labelAbsence->setHidden(!hub() || hub()->idleObserver().canTell());
 }
 
 void SetupViewController::showStoredGoal()

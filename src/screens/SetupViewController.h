@@ -86,6 +86,7 @@ private:
     void setLocalizationText();
     void connectControls();
 
+    void showAbsenceLine();
     void showStoredGoal();
     void showActivityMode(int32_t mode);
     [[nodiscard]] static QString modeTitleFromMode(int32_t mode);

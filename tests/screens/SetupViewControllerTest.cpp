@@ -82,10 +82,14 @@ TEST_F(SetupViewControllerTest, leavingWithoutSavingWritesNothingAndBuildsTheScr
     EXPECT_FALSE(dropped);
     moveDeskTo(4500); // News that arrives while there is no screen.
     hid.unplug(adapter);
+    platform.user->setSeen(false);
     EXPECT_TRUE(platform.defaults.writes.isEmpty());
     plug();
     open();
     EXPECT_EQ(entries(), "71 105 3");
     EXPECT_EQ(goal(), kCalories.arg(3).arg(200));
+    EXPECT_TRUE(find("labelAbsence").isVisible());
+    platform.user->setSeen(true);
+    EXPECT_FALSE(find("labelAbsence").isVisible());
     EXPECT_EQ(hub().delegates().size(), 2U); // Each loading registers once more.
 }

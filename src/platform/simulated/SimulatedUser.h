@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/EventSource.h"
+#include "platform/NotificationCenter.h"
 #include "platform/RunLoop.h"
 
 #include <optional>
@@ -14,11 +15,20 @@ public:
     void comeBack() { m_awaySince.reset(); }
     [[nodiscard]] bool isAway() const { return m_awaySince.has_value(); }
 
+    /// Whether the desktop tells of them at all.
+    void setSeen(bool isSeen)
+    {
+        m_isSeen = isSeen;
+        NotificationCenter::defaultCenter().post(kCanTellDidChange);
+    }
+    [[nodiscard]] bool canTell() const override { return m_isSeen; }
+
     [[nodiscard]] double secondsSinceLastEventType(EventType) override
     {
         return m_awaySince ? RunLoop::main().monotonicNow() - *m_awaySince : 1.0;
     }
 
 private:
+    bool m_isSeen = true;
     std::optional<double> m_awaySince; ///< on the monotonic clock
 };

@@ -434,6 +434,10 @@
         <source>More about standing at work</source>
         <translation>Mehr über das Arbeiten im Stehen</translation>
     </message>
+    <message id="AbsenceUnnoticed">
+        <source></source>
+        <translation>Diese Desktop-Umgebung meldet keine Abwesenheiten: Diese zählen als Sitzen oder Stehen.</translation>
+    </message>
     <message id="MemoryInstruction">
         <source>Hold Up or Down, then choose Done.</source>
         <extracomment>In the small panel that sets the height of a memory position</extracomment>

@@ -433,6 +433,10 @@
         <source></source>
         <translation>More about standing at work</translation>
     </message>
+    <message id="AbsenceUnnoticed">
+        <source></source>
+        <translation>This desktop environment does not say when you are away: absences count as sitting or standing.</translation>
+    </message>
     <message id="MemoryInstruction">
         <source></source>
         <extracomment>In the small panel that sets the height of a memory position</extracomment>

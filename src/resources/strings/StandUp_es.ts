@@ -434,6 +434,10 @@
         <source>More about standing at work</source>
         <translation>Más sobre el trabajo de pie</translation>
     </message>
+    <message id="AbsenceUnnoticed">
+        <source></source>
+        <translation>Este entorno de escritorio no indica las ausencias: cuentan como tiempo sentado o de pie.</translation>
+    </message>
     <message id="MemoryInstruction">
         <source>Hold Up or Down, then choose Done.</source>
         <extracomment>In the small panel that sets the height of a memory position</extracomment>

@@ -434,6 +434,10 @@
         <source>More about standing at work</source>
         <translation>En savoir plus sur le travail debout</translation>
     </message>
+    <message id="AbsenceUnnoticed">
+        <source></source>
+        <translation>Cet environnement de bureau n’indique pas les absences : elles comptent comme position assise ou debout.</translation>
+    </message>
     <message id="MemoryInstruction">
         <source>Hold Up or Down, then choose Done.</source>
         <extracomment>In the small panel that sets the height of a memory position</extracomment>

@@ -434,6 +434,10 @@
         <source>More about standing at work</source>
         <translation>Meer over staand werken</translation>
     </message>
+    <message id="AbsenceUnnoticed">
+        <source></source>
+        <translation>Deze desktopomgeving meldt geen afwezigheid: die telt als zitten of staan.</translation>
+    </message>
     <message id="MemoryInstruction">
         <source>Hold Up or Down, then choose Done.</source>
         <extracomment>In the small panel that sets the height of a memory position</extracomment>
