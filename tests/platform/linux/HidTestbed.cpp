@@ -86,10 +86,9 @@ TestAdapter::TestAdapter(const char* manufacturer, const char* product)
 {
     static int s_count = 0;
     const QByteArray name = "hidraw" + QByteArray::number(++s_count);
-    const char* const attribute = manufacturer ? "manufacturer" : nullptr; // Null ends the list.
     m_file = take(umockdev_testbed_get_root_dir(testbed())) + "/dev/" + name;
     m_usbPath = take(umockdev_testbed_add_device(testbed(), "usb", ("usb" + name).constData(), nullptr,
-        attribute, manufacturer, "product", product, nullptr, "DEVTYPE", "usb_device", nullptr));
+        "manufacturer", manufacturer, "product", product, nullptr, "DEVTYPE", "usb_device", nullptr));
     m_hidrawPath = take(umockdev_testbed_add_device(testbed(), "hidraw", name.constData(),
         m_usbPath.constData(), "dev", ("240:" + QByteArray::number(s_count)).constData(), nullptr, "DEVNAME",
         ("/dev/" + name).constData(), nullptr));

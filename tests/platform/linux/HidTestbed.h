@@ -22,7 +22,6 @@ struct TestWire {
 /// under umockdev-wrapper.
 class TestAdapter {
 public:
-    /// @param manufacturer may be null: an adapter without any strings.
     explicit TestAdapter(
         const char* manufacturer = "Zelvo Ardenta A/S", const char* product = "Desk adapter");
     ~TestAdapter();

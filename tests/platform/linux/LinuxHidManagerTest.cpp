@@ -139,7 +139,6 @@ TEST_F(LinuxHid, announcesEachMatchingAdapterOnceAndFollowsItOutAndInAgain)
 {
     TestAdapter first;
     const TestAdapter stranger("Zelvo Ardenta");
-    const TestAdapter nameless(nullptr);
     start();
     first.report("add");
     first.report("change");

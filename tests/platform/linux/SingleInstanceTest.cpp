@@ -24,7 +24,9 @@ TEST(SingleInstanceTest, aSecondStartShowsTheFirstOnesWindow)
 {
     const QTemporaryDir folder;
     SingleInstance first(folder.path());
+    testing::internal::CaptureStderr();
     ASSERT_TRUE(first.acquire());
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
     EXPECT_TRUE(isAnsweredAgain(folder.path(), "nobody listens to it yet"));
     QByteArrayList shown;
     first.onActivated([&](const QByteArray& token) { shown.append(token); });

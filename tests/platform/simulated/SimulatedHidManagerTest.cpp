@@ -40,9 +40,11 @@ TEST(SimulatedHidManagerTest, announcesWhatMatchesToWhoeverOpensItAndEndsInACall
     EXPECT_EQ(first->getFeatureReport(report), ENODEV) << "another user has come";
     EXPECT_EQ(removed, 0);
 
-    open("Zelvo Ardenta A/S");
-    manager->plug();
     manager->plug(1);
+    platform.runLoop.advance(0);
+    open("Zelvo Ardenta A/S");
+    EXPECT_EQ(arrived.size(), 3u);
+    manager->plug();
     manager->plug(2);
     manager->unplug(2);
     platform.runLoop.advance(0);
