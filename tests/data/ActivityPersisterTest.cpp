@@ -110,6 +110,7 @@ TEST_F(ActivityPersisterTest, findsAndClipsStoredChangedAndUnsavedRecords)
         changed[i]->setEndDate(hour(start + minutes / 60));
         changed[i]->setIsStanding(i % 2 == 1);
     }
+    EXPECT_EQ(persister.count(), 6 * std::size(kCases));
     const Date from = hour(8);
     const Date to = hour(20);
     for (const std::optional<bool> posture : {std::optional<bool>(), {true}, {false}}) {

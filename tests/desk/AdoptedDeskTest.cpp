@@ -13,8 +13,7 @@ TEST(AdoptedDesk, tellsHeightsOfTheHubThatIs)
     properties.setZelvoController({std::shared_ptr<void>(), &*story.hub});
     auto observation = observeDeskPosition([&story](int32_t height) { story.note(QString::number(height)); });
     story.play("height=1234 4");
-    EXPECT_EQ(deskPosition(), 1234);
-    EXPECT_TRUE(isDeskActive());
+    EXPECT_EQ(isDeskActive() ? deskPosition() : 0, 1234);
     observation.reset();
     story.play("height=1300 6");
     EXPECT_EQ(story.heard(), "2.2 1234");

@@ -78,7 +78,8 @@ TEST_F(ZelvoControllerTest, runsWithoutAStore)
 
 TEST_F(ZelvoControllerTest, leavesNothingBehind)
 {
-    play("2");
+    play("2 height=4000 3");
+    EXPECT_EQ(records(), "sit 1.2..2.2, stand 2.2..2.2") << "an end is saved at once";
     auto held = hub->device();
     hub.reset();
     EXPECT_EQ(held->delegate(), nullptr);
