@@ -1,7 +1,10 @@
 #include "shell/NotificationWindowController.h"
 
 #include "desk/Posture.h"
+#include "shell/NotificationView.h"
 #include "shell/WindowTest.h"
+
+#include <QWindow>
 
 namespace {
 class NotificationWindowControllerTest : public WindowTest {
@@ -48,6 +51,27 @@ TEST_F(NotificationWindowControllerTest, aHoldIsNotCutByTheWaitButByTheMainWindo
     pass(0.5); // It fades for 0.4 s.
     EXPECT_FALSE(window.isVisible());
     EXPECT_EQ(commands().back(), kStop);
+}
+
+TEST_F(NotificationWindowControllerTest, anAnsweredReminderTakesNoKeyboardAndWaitsForNothing)
+{
+    startWithDesk();
+    set("TimeSnooze", 430);
+    // Skipping goes on with 14 minutes of sitting and 6 of standing; an ignored reminder comes again.
+    for (const auto& [place, isAnswer, interval] :
+        {std::tuple("buttonCancel", true, 1200), {"labelTitle", false, 430}}) {
+        QWidget& window = remind(kStanding);
+        auto& view = in<NotificationView>(window, "notificationView");
+        view.mouseEntered({9, 9});
+        const QWidget& clicked = in(window, place);
+        QTest::mouseClick(
+            window.windowHandle(), Qt::LeftButton, {}, clicked.mapTo(&window, clicked.rect().center()));
+        pass(0);
+        EXPECT_EQ(window.windowHandle()->flags().testFlag(Qt::WindowDoesNotAcceptFocus), isAnswer);
+        view.mouseExited({-1, -1});
+        pass(50);
+        EXPECT_EQ(schedule().currentScheduleInterval(), interval);
+    }
 }
 
 TEST_F(NotificationWindowControllerTest, everyMessageFitsInEveryLanguageAndDirection)

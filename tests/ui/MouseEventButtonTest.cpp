@@ -34,11 +34,6 @@ struct Stage final : MouseEventButtonDelegate {
     {
         QApplication::sendEvent(receiver, &event);
     }
-    void mouse(QEvent::Type type, Qt::MouseButton which, bool isDown, QWidget* receiver)
-    {
-        pressed.setFlag(which, isDown);
-        send(QMouseEvent(type, {9, 9}, button->mapToGlobal(QPointF(9, 9)), which, pressed, {}), receiver);
-    }
 };
 
 using Act = std::function<void(Stage&)>;
@@ -51,7 +46,10 @@ constexpr auto kUp = QEvent::KeyRelease;
 Act mouse(QEvent::Type type, Qt::MouseButton which, bool isDown, QWidget* Stage::*receiver = nullptr)
 {
     return [=](Stage& stage) {
-        stage.mouse(type, which, isDown, receiver ? stage.*receiver : stage.button.data());
+        stage.pressed.setFlag(which, isDown);
+        const QPointF place = stage.button->mapToGlobal(QPointF(9, 9));
+        stage.send(QMouseEvent(type, {9, 9}, place, which, stage.pressed, {}),
+            receiver ? stage.*receiver : stage.button.data());
     };
 }
 Act key(QEvent::Type type, int which, Qt::KeyboardModifiers with = {}, bool isRepeat = false)
