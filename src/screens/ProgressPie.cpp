@@ -18,14 +18,9 @@ void paintPie(QPainter& painter, const QRectF& rect, double percent, const QColo
         return;
     const QPointF center = rect.topLeft() + QPointF(half, half);
     const QRectF disc(center - QPointF(radius, radius), center + QPointF(radius, radius));
-    QPainterPath path;
-    if (percent >= 100) {
-        path.addEllipse(disc);
-    } else {
-        path.moveTo(center);
-        path.arcTo(disc, kTwelveOClock, percent / -100 * 360);
-        path.closeSubpath();
-    }
+    QPainterPath path(center);
+    path.arcTo(disc, kTwelveOClock, percent / -100 * 360); // It goes round once at most.
+    path.closeSubpath();
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.fillPath(path, color);
