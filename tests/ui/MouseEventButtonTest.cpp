@@ -122,6 +122,7 @@ TEST_F(MouseEventButtonTest, whateverElseEndsTheHoldReportsItOnce)
                 stage.button->clearFocus();
             kSteps.at(holder)(stage);
             end(stage);
+            EXPECT_EQ(stage.heard, "v^") << holder << &end - kEnds;
             if (stage.button)
                 kSteps.at(char(std::tolower(holder)))(stage);
             EXPECT_EQ(stage.heard, "v^") << holder << &end - kEnds;
