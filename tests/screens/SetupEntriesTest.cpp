@@ -9,10 +9,10 @@ using SetupEntriesTest = SetupTest;
 TEST_F(SetupEntriesTest, showWhatIsStoredInTheUsersUnitsAndTakeAsMuchAsTheyHaveRoomFor)
 {
     const std::tuple<const char*, double, int, int, QString, QString> kCases[] = {
-        {"de_DE", 71.9, 6209, 3, "71 105 3 kg cm", "999 415 6"},
-        {"en_US", 71.9, 6209, 3, "158 41.3 3 lb in", "999 41.52 6"},
-        {"de_DE", 0, -4309, 0, "80 0 1 kg cm", "999 415 6"},
-        {"en_US", -5, 0, 1, "176 16.9 1 lb in", "999 41.52 6"}};
+        {"de_DE", 71.9, 6209, 3, "71 105 3 kg cm", "100 250 6"},
+        {"en_US", 71.9, 6209, 3, "158 41.3 3 lb in", "100 250.5 6"},
+        {"de_DE", 0, -4309, 0, "80 0 1 kg cm", "100 250 6"},
+        {"en_US", -5, 0, 1, "176 16.9 1 lb in", "100 250.5 6"}};
     plug();
     for (const auto& [locale, storedWeight, offset, storedStandUps, shown, typed] : kCases) {
         platform.bundle.userLocale = QLocale(locale);
@@ -21,9 +21,9 @@ TEST_F(SetupEntriesTest, showWhatIsStoredInTheUsersUnitsAndTakeAsMuchAsTheyHaveR
         store("NumberOfStandUps", storedStandUps);
         open();
         EXPECT_EQ(entries() + ' ' + text("labelSystemOfUnits") + ' ' + text("labelCm"), shown);
-        type(weight(), "9991");
-        type(height(), "41.52");
-        type(standUps(), "61");
+        type(weight(), "1000");
+        type(height(), "2501.5");
+        type(standUps(), "76");
         EXPECT_EQ(entries(), typed);
         wizard.reset();
     }
