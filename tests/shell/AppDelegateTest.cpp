@@ -3,6 +3,10 @@
 #include "data/ManagedObjectContext.h"
 #include "shell/ShellWorld.h"
 
+#include <QDir>
+#include <QFile>
+
+#include <cerrno>
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
@@ -23,6 +27,21 @@ TEST(AppDelegate, anUpgradeIsByNumbersAndResetsTheDismissTimeInOneRelease)
         EXPECT_EQ(AppProperties::instance().timeNotificationDismiss(), dismissTime) << running;
         EXPECT_EQ(AppProperties::instance().version(), QString::fromLatin1(version));
     }
+}
+
+TEST(AppDelegate, aFolderThatCannotBeMadeIsToldWithItsCauseAndTriedAgain)
+{
+    ShellWorld world;
+    QDir folder(world.platform.folder.path());
+    folder.removeRecursively();
+    QFile inTheWay(folder.path());
+    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
+    EXPECT_EQ(world.app->managedObjectContext(), nullptr);
+    ASSERT_EQ(world.dialogs.presented.size(), 2U);
+    EXPECT_EQ(world.dialogs.presented[0].code, ENOTDIR);
+    EXPECT_EQ(world.dialogs.presented[1].code, 9999);
+    inTheWay.remove();
+    EXPECT_NE(world.app->managedObjectContext(), nullptr);
 }
 
 TEST(AppDelegate, anUnsavableChangeAsksAndEitherAnswerQuits)
