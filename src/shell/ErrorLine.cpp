@@ -34,6 +34,9 @@ void ErrorLine::hide()
 void ErrorLine::observerErrorRecieved(const PostedNotification& posted)
 {
     invalidate(m_updateErrorTimer);
+    if (!m_label.isHidden() && posted.userInfo == m_errorCodes)
+        return; // Each report repeats it, as often as five times a second.
+    m_errorCodes = posted.userInfo;
     // First the text: a screen reader is told once, of a label that appears or says something new.
     m_label.setText(text(posted.userInfo));
     m_label.show();

@@ -34,6 +34,7 @@ private:
     HyperLinkTextField& m_label;
     QWidget& m_area;
     WithoutUrl m_withoutUrl;
+    QMap<QString, QString> m_errorCodes; ///< on show
     TimerRef m_updateErrorTimer;
     TimerScope m_timers;
     NotificationCenter::Observation m_errorObservation;

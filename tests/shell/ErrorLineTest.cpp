@@ -23,6 +23,7 @@ TEST(ErrorLine, linksErrorsWhereThereIsAPageAndGoesFifteenSecondsAfterTheirEnd)
         const ErrorLine line(label, area, withoutUrl);
         QStringList opened;
         label.setOpener([&](const QUrl& link) { opened << link.toString(); });
+        NotificationCenter::defaultCenter().post(ZelvoHIDDevice::kErrorCode, {}, {{"E02", {}}});
         NotificationCenter::defaultCenter().post(
             ZelvoHIDDevice::kErrorCode, {}, {{"E02", "Overload <up>"}, {"E12", {}}});
         EXPECT_EQ(QTextDocumentFragment::fromHtml(label.text()).toPlainText(),
