@@ -193,13 +193,6 @@ void Oracle::frozenUntil(double time)
     blurHold();
 }
 
-void Oracle::set(size_t key, double value)
-{
-    if (key == indexOfSetting("TablePositionOffset"))
-        m_offsets.insert({m_settings[key], value}); // A new one shows with the next refresh.
-    m_settings[key] = value;
-}
-
 void Oracle::judge()
 {
     sqlite3* store = nullptr;

@@ -9,7 +9,6 @@
 #include <limits>
 #include <map>
 #include <optional>
-#include <set>
 #include <string>
 #include <vector>
 
@@ -34,7 +33,7 @@ public:
         bool isConnected; ///< says the icon
         std::optional<std::string> height, status; ///< says the main window
         bool hasError; ///< so does the main window
-        std::optional<std::string> number, memory; ///< says the reminder
+        std::optional<std::string> memory; ///< offers the reminder
     };
 
     Oracle(const Script& script, std::string storePath);
@@ -62,7 +61,7 @@ public:
     void slept(double seconds);
     void frozenUntil(double time);
     void clockSet(double by) { m_wallOffset += by; }
-    void set(size_t key, double value);
+    void set(size_t key, double value) { m_settings[key] = value; }
     /// A button went down; `command` is the report value it stands for.
     void pressed(uint16_t command, bool onReminder);
     void letGo(bool onReminder);
@@ -190,7 +189,6 @@ private:
     void schedule(double seconds);
     void snooze();
     void fade();
-    void describeReminder(Posture target);
 
     void endHold();
     void blurHold();
@@ -232,7 +230,7 @@ private:
     bool m_isGiven = false; ///< nothing is recorded until the next event, as a wake has it
     Posture m_posture = None;
     Span m_span;
-    double m_due = kNever, m_interval = 0, m_scheduledAt = kNever, m_standingPerHour = 0;
+    double m_due = kNever, m_interval = 0, m_scheduledAt = kNever;
     Posture m_scheduled = None;
     double m_wrong = 0;
 
@@ -240,7 +238,6 @@ private:
     bool m_isReminderOnShow = false, m_isReminderHeld = false, m_isActionDone = false, m_isPointed = false;
     double m_dismissAt = kNever, m_fadedAt = kNever, m_owedSince = kNever;
     double m_openedAt = kNever, m_errorAt = -1, m_errorOverAt = -1;
-    std::set<double> m_offsets; ///< since the window was opened
-    std::string m_number, m_memory;
+    Posture m_target = None; ///< of the reminder
 };
 }

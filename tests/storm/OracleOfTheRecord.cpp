@@ -17,8 +17,8 @@ void Oracle::open()
         const double caloriesAMinute = setting("Weight") * 2.205 * 0.0054;
         standing = std::ceil(standing / caloriesAMinute / setting("AverageWorkDayHours"));
     }
-    m_standingPerHour = std::min(standing, 60.0);
-    const double minutes = m_posture == Standing ? m_standingPerHour : 60 - m_standingPerHour;
+    standing = std::min(standing, 60.0);
+    const double minutes = m_posture == Standing ? standing : 60 - standing;
     if (minutes > 0)
         schedule(minutes * 60 / setting("NumberOfStandUps"));
 }
@@ -78,18 +78,7 @@ void Oracle::periodEnds()
     m_isActionDone = false;
     m_fadedAt = kNever;
     m_dismissAt = m_now + setting("TimeNotificationDismiss");
-    describeReminder(target);
-}
-
-void Oracle::describeReminder(Posture target)
-{
-    const bool standUp = target == Standing;
-    const int standUps = int(setting("NumberOfStandUps"));
-    int value = int(standUp ? m_standingPerHour : 60 - m_standingPerHour) / standUps;
-    if (standUp && setting("ActivityMode") == 1)
-        value = int(value * (setting("Weight") * 2.205) * 0.0054);
-    m_number = std::to_string(value);
-    m_memory = standUp ? "Memory2" : "Memory1";
+    m_target = target;
 }
 
 void Oracle::dismissTicks()
@@ -150,7 +139,6 @@ void Oracle::answered(const std::string& how)
 void Oracle::opened()
 {
     m_openedAt = std::min(m_openedAt, m_now);
-    m_offsets = {setting("TablePositionOffset")};
     m_dismissAt = kNever;
     fade();
     blurHold(); // Another window that comes to the front takes a hold away.
@@ -161,16 +149,15 @@ void Oracle::look(const Shown& shown)
     runTimers(m_now, true);
     if (shown.isConnected != isActive())
         fail("the icon does not follow the desk");
-    if (m_isReminderOnShow && (shown.number != m_number || shown.memory != m_memory))
-        fail("the reminder says " + shown.number.value_or("nothing") + " for " + m_number);
+    if (m_isReminderOnShow && shown.memory != (m_target == Standing ? "Memory2" : "Memory1"))
+        fail("the reminder offers " + shown.memory.value_or("nothing"));
     if (!shown.height)
         return;
     if ((*shown.status == "ConnectTable") == isActive())
         fail("the status says " + *shown.status);
     const int raw = m_devices.empty() ? 0 : m_devices.front().height;
     const double height = std::stod(shown.height->substr(shown.height->find_first_of("0123456789")));
-    if (std::none_of(m_offsets.begin(), m_offsets.end(),
-            [=](double offset) { return std::abs(height - (int(offset) + raw) / 10 / 10.0) <= 0.5; }))
+    if (std::abs(height - (int(setting("TablePositionOffset")) + raw) / 10 / 10.0) > 0.5)
         fail("the height is shown as " + *shown.height);
     const bool hasError =
         std::any_of(m_devices.begin(), m_devices.end(), [](const Device& device) { return device.hasError; });

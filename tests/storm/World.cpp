@@ -183,14 +183,13 @@ void World::look()
         letGo({Verb::LetGo, 0, 0, 0}); // Another window came up, and here it takes the keyboard.
     if (!m_app)
         return;
-    Oracle::Shown shown {m_app->menuletController().isDeviceConnected(), {}, {}, false, {}, {}};
+    Oracle::Shown shown {m_app->menuletController().isDeviceConnected(), {}, {}, false, {}};
     if (m_main && m_main->isVisible()) {
         shown.height = textOf(m_main, "labelTabelHeigt");
         shown.status = textOf(m_main, "labelStatus");
         shown.hasError = !m_main->findChild<QLabel*>(QStringLiteral("labelErrorText"))->isHidden();
     }
     if (m_reminder && m_reminder->isVisible()) {
-        shown.number = textOf(m_reminder, "calRadialTitle");
         shown.memory = textOf(m_reminder, "buttonMemory");
     }
     oracle().look(shown);

@@ -186,9 +186,10 @@ void World::set(const Step& step)
         [](auto& properties, double value) { properties.setDevicePosition1(int(value)); },
         [](auto& properties, double value) { properties.setDevicePosition2(int(value)); },
         [](auto& properties, double value) { properties.setDevicePosition3(int(value)); },
-        [](auto& properties, double value) { properties.setTablePositionOffset(int(value)); },
     };
     const auto key = size_t(step.variant);
+    if (key == indexOfSetting("TablePositionOffset"))
+        return; // A new one shows with the next refresh, and nobody waits for it.
     oracle().set(key, step.value);
     if (key < std::size(kSetters))
         kSetters[key](AppProperties::instance(), step.value);
