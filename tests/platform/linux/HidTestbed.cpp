@@ -41,7 +41,7 @@ int transfer(TestWire& wire, std::unique_lock<std::mutex>& lock, unsigned long r
     const size_t size = _IOC_SIZE(request);
     if (request == HIDIOCSFEATURE(size)) {
         wire.written.emplace_back(bytes, bytes + size);
-        return int(size);
+        return int(size) - wire.isShort;
     }
     const size_t count = std::min(size, wire.answer.size());
     std::copy_n(wire.answer.begin(), count, bytes);
@@ -92,6 +92,9 @@ TestAdapter::TestAdapter(const char* manufacturer, const char* product)
     m_hidrawPath = take(umockdev_testbed_add_device(testbed(), "hidraw", name.constData(),
         m_usbPath.constData(), "dev", ("240:" + QByteArray::number(s_count)).constData(), nullptr, "DEVNAME",
         ("/dev/" + name).constData(), nullptr));
+    // Its other side is none of ours.
+    g_free(umockdev_testbed_add_device(testbed(), "input", ("input" + name).constData(),
+        m_usbPath.constData(), nullptr, "DEVNAME", ("/dev/input" + name).constData(), nullptr));
 
     // An ordinary file stands for the node.
     const int file = open(m_file.constData(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, 0600);

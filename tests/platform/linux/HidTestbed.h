@@ -14,6 +14,7 @@ struct TestWire {
     int failure = 0; ///< every transfer fails with this errno
     bool isSilent = false; ///< a transfer hangs; it fails with ETIMEDOUT when the silence ends
     bool isHolding = false; ///< one hangs now
+    bool isShort = false; ///< a byte of each report written gets lost
     std::vector<Report> written;
 };
 
