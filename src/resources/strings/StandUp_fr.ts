@@ -436,7 +436,7 @@
     </message>
     <message id="AbsenceUnnoticed">
         <source></source>
-        <translation>Cet environnement de bureau n’indique pas les absences : elles comptent comme position assise ou debout.</translation>
+        <translation>Cet environnement n’indique pas les absences : elles comptent comme assis ou debout.</translation>
     </message>
     <message id="MemoryInstruction">
         <source>Hold Up or Down, then choose Done.</source>
