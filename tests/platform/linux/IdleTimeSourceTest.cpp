@@ -51,7 +51,7 @@ QString told(const char* story)
     for (const QString& step : QString(story).split(u' ')) {
         ToldBackend& backend = step.startsWith(u'b') ? *b : *a;
         if (step == "start") {
-            source = std::make_unique<IdleTimeSource>(std::move(backends));
+            source = std::make_unique<IdleTimeSource>(std::exchange(backends, {}));
         } else if (step == "?") {
             bool isReady = false;
             source->refresh([&] { isReady = true; });
