@@ -47,6 +47,12 @@ TEST_F(SetupEntriesTest, thatCannotBeStoredAreRefusedUntilTheNextEdit)
         field->undo();
     }
     EXPECT_TRUE(platform.defaults.writes.isEmpty());
+
+    store("TablePositionOffset", 290000);
+    wizard.reset();
+    open();
+    QTest::keyClicks(&height(), "x");
+    EXPECT_EQ(height().text(), "2943") << "no letters after what is too much";
 }
 
 TEST_F(SetupEntriesTest, areRefilledWhenEmptyExceptTheHeightWhichFollowsTheDesk)

@@ -143,6 +143,8 @@ TEST_F(MouseEventButtonTest, aKeyKeptDownIsHeldThoughX11ReportsItAsGoingUpAndDow
     platform.runLoop.advance(0.019);
     send(QEvent::KeyPress, 1660);
     platform.runLoop.advance(1);
+    QEvent other(QEvent::User);
+    EXPECT_FALSE(stage.button->eventFilter(stage.field, &other)) << "it takes nothing from anybody";
     send(QEvent::KeyRelease, 2000);
     platform.runLoop.advance(0.019);
     EXPECT_EQ(stage.heard, "v");
