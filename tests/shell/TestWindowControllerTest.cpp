@@ -36,8 +36,11 @@ TEST_F(TestWindowControllerTest, worksTheDeskItsErrorsAndItsReminders)
     EXPECT_EQ(text(window(), "labelHeight").toInt(), properties().zelvoController()->device()->position());
     EXPECT_EQ(text(window(), "labelState"), QStringLiteral("2"));
     EXPECT_TRUE(text(window(), "labelReport").startsWith(QStringLiteral("04 ")));
-    click(window(), "buttonRemindSit");
-    EXPECT_EQ(menulet().notificationWindow().notification()->position(), 2);
+    for (const auto& [button, position] :
+        {std::pair("buttonRemindUnknown", 0), {"buttonRemindStand", 1}, {"buttonRemindSit", 2}}) {
+        click(window(), button);
+        EXPECT_EQ(menulet().notificationWindow().notification()->position(), position);
+    }
 
     QWidget& main = openMainWindow();
     in<QCheckBox>(window(), "checkOverloadUp").click();
