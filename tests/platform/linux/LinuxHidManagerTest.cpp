@@ -248,6 +248,7 @@ TEST_F(LinuxHid, triesAgainWhenThePermissionsChangeAndEachHalfMinute)
     EXPECT_EQ(m_added[0], m_added[1]);
     EXPECT_TRUE(readsSoon());
     const size_t waits = m_runLoop.waits.size();
+    chmod(file, 0640);
     close(other);
     QTest::qWait(kSettleMs);
     EXPECT_EQ(m_added.size(), 2U);
