@@ -61,7 +61,7 @@ const std::vector<Setting> kSettings {
     {"DevicePosition3", {230, 320, 10}},
     {"TablePositionOffset", {30, 90, 100}},
     {"TimeIdle", {41, 171, 1.0037}},
-    {"TimeSnooze", {3, 40, 1.9037}},
+    {"TimeSnooze", {3, 12, 1.9037}},
     {"TimeNotificationDismiss", {7, 19, 1}},
     {"TimeNotificationDismissOnAction", {2, 6, 1}},
     {"AverageWorkDayHours", {3, 7, 1}},

@@ -139,7 +139,8 @@ void World::freeze(const Step& step)
     // Whether a slow answer or a late look at the user comes first, nobody can know: none falls into it.
     if (m_isSlow)
         pass(5.03 - std::fmod(loop().monotonicNow() - m_startedAt, 5));
-    if (step.variant == 1) {
+    if (step.variant == 1 && !m_held) {
+        openOrClose({Verb::Open, 0, 0, 0});
         press({Verb::Press, 0, 0, 0});
         pass(0.5);
     }
