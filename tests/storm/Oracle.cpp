@@ -182,6 +182,7 @@ void Oracle::slept(double seconds)
 {
     m_slept += seconds;
     m_wokeAt = m_now;
+    m_wrong = 0; // Each wake is an absence of its own.
     blurHold();
 }
 

@@ -100,7 +100,8 @@ private:
     static constexpr double kLook = 10.0; ///< at the user
     static constexpr double kPulse = 15.0;
     static constexpr double kResend = 0.2; ///< of a held movement
-    static constexpr double kStop = 0.3; ///< no movement report comes later than this after a hold
+    static constexpr double kOverrun = 0.15; ///< no movement report comes later than this after a hold
+    static constexpr double kStop = 0.3; ///< and the stop no later than this
     static constexpr double kErrorStays = 15.0;
     static constexpr double kFade = 0.4;
     static constexpr double kPatience = 5.05; ///< with a transfer that is not answered

@@ -59,6 +59,8 @@ void Oracle::adopt(int adapter)
     m_isInitOwed[size_t(adapter)] = true;
     m_drivenSince = m_now;
     m_readAt = m_now + kCheck;
+    if (m_latency == 0)
+        m_quickSince = std::min(m_quickSince, m_now); // Nothing slow is under way to one that was lost.
     if (m_devices.size() == 1)
         m_nextPoll = m_now + kCheck;
 }
@@ -203,7 +205,7 @@ void Oracle::commanded(const Transfer& transfer)
             hold->stopped = true;
         return;
     }
-    if (!isKnown || hold->command != command || hold->stopped || begun > hold->to + kStop)
+    if (!isKnown || hold->command != command || hold->stopped || begun > hold->to + kOverrun)
         return fail("movement report " + std::to_string(command) + " outside a hold");
     hold->moves += transfer.isOk ? 1 : 0;
     m_figures.longestOverrun = std::max(m_figures.longestOverrun, begun - hold->to);

@@ -42,7 +42,7 @@ const std::vector<VerbRow> kVerbs {
     {"set", 4, {}},
     {"answer", 9, {"snooze", "skip", "skip-unpointed", "close"}},
     {"end", 1, {"kill", "quit"}},
-    {"freeze", 2, {"idle", "held"}, 1, {1, 40, 0.1}},
+    {"freeze", 2, {"idle", "held"}, 1, {1, 25, 0.13}},
 };
 
 struct Setting {
