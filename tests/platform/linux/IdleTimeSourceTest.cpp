@@ -30,8 +30,8 @@ struct ToldBackend final : IdleBackend {
     Answer unanswered;
 };
 
-/// The idle seconds at each "?" of a story, with "!" where nothing can tell and "-" where the look is not
-/// over, and after them what the log and the notifications said.
+/// The idle seconds at each "?" of a story, with "!" where nothing can tell and "-" before it where the look
+/// is not over, and after them what the log and the notifications said.
 QString told(const char* story)
 {
     VirtualRunLoop runLoop;
@@ -56,8 +56,7 @@ QString told(const char* story)
             bool isReady = false;
             source->refresh([&] { isReady = true; });
             const double seconds = source->secondsSinceLastEventType(EventSource::EventType::KeyDown);
-            answers.append(!isReady ? "-" : QString::number(seconds));
-            answers.last().append(source->canTell() ? "" : "!");
+            answers.append((isReady ? "" : "-") + QString::number(seconds) + (source->canTell() ? "" : "!"));
         } else if (step.startsWith(u'+')) {
             runLoop.advance(step.mid(1).toDouble());
         } else if (step.endsWith(u'!')) {
@@ -85,8 +84,8 @@ TEST(IdleTimeSource, asksTheBestThatAnswersAndForgetsNoInput)
         {"a=0 start +300 ? a- +10 ? +15 ? +0.1 ? a=0 +4 ?", "300 310 325 0! 4 a none a 2"},
         {"a=0 start +300 ? a- +25 ? a=0 +10 ? a- +25 ?", "300 325 335 360 a 0"},
         // One that hangs holds up one look, and its late answer is for nobody.
-        {"b=4 a~ start +6 ? +1 ? a! ? a=9 +5 ?", "2 3 - 3 b a 0"},
-        {"a=1 start a~ +10 ? +10 ? a! +10 ? a=25 ?", "- 19 - 5 a 0"},
+        {"b=4 a~ start +6 ? +1 ? a! ? a=9 +5 ?", "2 3 -3 3 b a 0"},
+        {"a=1 start a~ +10 ? +10 ? a! +10 ? a=25 ?", "-9 19 -29 5 a 0"},
     };
     for (const auto& [story, expected] : kTestCases)
         EXPECT_EQ(told(story).toStdString(), expected) << story;
