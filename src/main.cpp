@@ -13,6 +13,7 @@
 #include "platform/linux/SingleInstance.h"
 #include "platform/linux/TrayHost.h"
 #include "platform/linux/UnixSignals.h"
+#include "platform/linux/XScreenWatch.h"
 #include "platform/qt/QtDialogs.h"
 #include "platform/qt/QtRunLoop.h"
 #include "platform/qt/QtUserDefaults.h"
@@ -106,6 +107,9 @@ struct Program {
     std::unique_ptr<HidManager> hidManager;
     std::unique_ptr<EventSource> eventSource;
     DBusWorkspace workspace {QDBusConnection::systemBus(), QDBusConnection::sessionBus()};
+    std::unique_ptr<XScreenWatch> xScreens = isWaylandSession()
+        ? nullptr
+        : std::make_unique<XScreenWatch>([this](bool isDark) { workspace.xScreensChanged(isDark); });
     AutostartLoginItems loginItems;
     QtDialogs dialogs;
     TrayHost tray;

@@ -159,16 +159,28 @@ void DBusWorkspace::prepareForShutdown(bool isAboutToShutDown)
 
 void DBusWorkspace::screenSaverActiveChanged(bool isActive, const QDBusMessage& message)
 {
-    setDark(message.interface() + message.path(), isActive);
+    serviceSays(message.interface() + message.path(), isActive);
 }
 
 void DBusWorkspace::propertiesChanged(
     const QString& interface, const QVariantMap& changed, const QStringList&)
 {
     if (interface == kDisplayConfig && changed.contains(kPowerSaveMode))
-        setDark(interface, changed.value(kPowerSaveMode).toInt() > 0); // 0 is on, -1 cannot be told.
+        serviceSays(interface, changed.value(kPowerSaveMode).toInt() > 0); // 0 is on, -1 cannot be told.
     else if (interface == kLogindSession && changed.contains(kLockedHint))
-        setDark(interface, changed.value(kLockedHint).toBool());
+        serviceSays(interface, changed.value(kLockedHint).toBool());
+}
+
+void DBusWorkspace::xScreensChanged(bool isDark)
+{
+    if (!m_hasService)
+        setDark(QStringLiteral("X server"), isDark);
+}
+
+void DBusWorkspace::serviceSays(const QString& service, bool isDark)
+{
+    m_hasService = true;
+    setDark(service, isDark);
 }
 
 void DBusWorkspace::setDark(const QString& source, bool isDark)

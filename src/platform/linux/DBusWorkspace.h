@@ -26,6 +26,9 @@ public:
     ~DBusWorkspace() override;
 
     bool openUrl(const QUrl& url) override;
+    /// What the X server says of its screens. It counts as long as no service says anything of them: lockers
+    /// let the screens light up again while they are locked.
+    void xScreensChanged(bool isDark);
 
 private Q_SLOTS:
     void prepareForSleep(bool isAboutToSleep);
@@ -44,6 +47,7 @@ private:
 
     void takeDelayLock();
     void releaseDelayLock();
+    void serviceSays(const QString& service, bool isDark);
     void setDark(const QString& source, bool isDark);
 
     QDBusConnection m_systemBus;
@@ -54,4 +58,5 @@ private:
     int m_lockRequest = 0; ///< counts up when an answer that is still under way no longer counts
     QSet<QString> m_darkSources; ///< their last word was dark
     bool m_isDark = false;
+    bool m_hasService = false; ///< one has said something of the screens
 };

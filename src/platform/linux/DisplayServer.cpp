@@ -41,3 +41,9 @@ QString chooseDisplayServer()
     }
     return QStringLiteral("There is no display: neither DISPLAY nor WAYLAND_DISPLAY is set.");
 }
+
+bool isWaylandSession()
+{
+    return !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")
+        || qgetenv("XDG_SESSION_TYPE") == QByteArrayLiteral("wayland");
+}

@@ -9,3 +9,7 @@
 ///
 /// Empty, or one sentence that says why no window can be shown.
 [[nodiscard]] QString chooseDisplayServer();
+
+/// Whether a Wayland compositor has the input and the screens. An X server that answers there sees its own
+/// windows only.
+[[nodiscard]] bool isWaylandSession();

@@ -4,6 +4,7 @@
 #include "platform/NotificationCenter.h"
 #include "platform/RunLoop.h"
 #include "platform/SleepAwareEventSource.h"
+#include "platform/linux/DisplayServer.h"
 #include "platform/linux/ExtIdleBackend.h"
 #include "platform/linux/GnomeIdleBackend.h"
 #include "platform/linux/KdeIdleBackend.h"
@@ -16,12 +17,6 @@
 namespace {
 /// A compositor that crashed is back sooner.
 constexpr double kRestartSeconds = 25.0;
-
-bool isWaylandSession()
-{
-    return !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY")
-        || qgetenv("XDG_SESSION_TYPE") == QByteArrayLiteral("wayland");
-}
 }
 
 IdleTimeSource::IdleTimeSource(Backends backends)

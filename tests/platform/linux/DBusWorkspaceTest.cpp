@@ -78,6 +78,8 @@ protected:
         if (topic.startsWith("Prepare")) {
             TestBus::sendSignal(m_system, kLogindPath, kLogind + ".Manager", topic, {on});
             EXPECT_TRUE(QTest::qWaitFor([&] { return isLockHeld() != on; })) << qPrintable(what);
+        } else if (topic == "x") {
+            m_workspace.xScreensChanged(on);
         } else if (topic.endsWith("Hint")) {
             tellChange(m_system, kSessionPath, kLogind + ".Session");
         } else if (topic.startsWith(u'P')) {
@@ -109,6 +111,8 @@ TEST_F(DBusWorkspaceTest, tellsTheFirstEdgeOfWhatManyServicesSay)
     startLogind();
     // What is on at the end of a row is switched off before the next.
     const char* const kTestCases[][2] = {
+        {"x+ x+ x- x+ x-", "dark dark"}, {"x+ gnome+ gnome- gnome+ x- gnome-", "dark dark"},
+        {"x+ x- gnome+ x+ x- x+ gnome-", "dark"}, // Services know better.
         {"gnome+ gnome+ gnome- gnome- gnome+ gnome-", "dark dark"},
         {"gnome+ PowerSaveMode+ kde+ LockedHint+ LockedHint- kde- PowerSaveMode- gnome-", "dark"},
         {"gnome+ PowerSaveMode+ PowerSaveMode- gnome- PowerSaveMode+ PowerSaveMode-", "dark dark"},
