@@ -3,6 +3,7 @@
 #include "data/CalorieCalculator.h"
 #include "screens/CircleIndicatorView.h"
 #include "shell/MenuletView.h"
+#include "shell/StatusItem.h"
 #include "shell/WindowTest.h"
 #include "ui/Button.h"
 
@@ -61,9 +62,9 @@ TEST_F(MainWindowControllerTest, theSessionCircleFollowsTheSchedule)
     start();
     QWidget& window = openMainWindow();
     EXPECT_EQ(text(window, "labelStatus"), QStringLiteral("ConnectTable"));
-    EXPECT_FALSE(menulet().isDeviceConnected());
+    EXPECT_EQ(menulet().statusItem()->toolTip(), QStringLiteral("TrayTooltipDisconnected"));
     desk = world->plugDesk(900);
-    EXPECT_TRUE(menulet().isDeviceConnected());
+    EXPECT_EQ(menulet().statusItem()->toolTip(), QStringLiteral("TrayTooltipConnected"));
     EXPECT_EQ(text(window, "labelStatus"), QStringLiteral("CurrentSession")) << "at once";
     const double started = schedule().scheduleUpdatedDate()->secondsSince1970();
     pass(started + 1200 - world->platform.runLoop.now() + 4.9); // The last refresh is at most 5 s old.
@@ -76,7 +77,7 @@ TEST_F(MainWindowControllerTest, theSessionCircleFollowsTheSchedule)
     EXPECT_EQ(shown(window, "scheduleIndicator"), QStringLiteral("  0.0"));
     EXPECT_EQ(text(window, "labelStatus"), QString());
     world->hid.unplug(desk);
-    EXPECT_FALSE(menulet().isDeviceConnected());
+    EXPECT_EQ(menulet().statusItem()->toolTip(), QStringLiteral("TrayTooltipDisconnected"));
     EXPECT_EQ(text(window, "labelStatus"), QStringLiteral("ConnectTable"));
 }
 
