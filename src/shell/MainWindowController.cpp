@@ -2,6 +2,7 @@
 
 #include "data/ActivityMode.h"
 #include "data/AppProperties.h"
+#include "data/GoalProgress.h"
 #include "data/Helper.h"
 #include "platform/Workspace.h"
 #include "shell/ErrorLine.h"
@@ -34,10 +35,11 @@ int baselineBelowMiddle(const QFont& font)
     return metrics.ascent() - metrics.height() / 2;
 }
 
-/// fmin() takes the number where the other is none: a goal of 0 counts as reached.
-double cappedPercent(double raw)
+QString caption(int32_t activityMode)
 {
-    return std::fmin(raw, kFullScale);
+    if (activityMode == kCalorieGoal)
+        return qtTrId("Calories");
+    return activityMode == kTimeGoal ? qtTrId("Min") : QString();
 }
 }
 
@@ -183,30 +185,13 @@ void MainWindowController::updateData()
         clearSchedule(isActive ? QString() : qtTrId("ConnectTable"));
 }
 
-MainWindowController::GoalProgress MainWindowController::goalProgress()
-{
-    AppProperties& properties = AppProperties::instance();
-    const Date now = Date::now();
-    if (properties.activityMode() == kCalorieGoal) {
-        const double calories = m_persister->caloriesBurnedOnDay(now);
-        return {calories, calories / properties.activityGoal() * kFullScale, qtTrId("Calories")};
-    }
-    if (properties.activityMode() == kTimeGoal) {
-        const double target = properties.activityGoal() * properties.averageWorkDayHours();
-        const double minutes = m_persister->minutesActiveOnDay(now, true);
-        return {minutes, minutes / target * kFullScale, qtTrId("Min")};
-    }
-    return {};
-}
-
 void MainWindowController::showGoalProgress()
 {
-    const GoalProgress progress = goalProgress();
-    const double percent = cappedPercent(progress.percent);
+    const GoalProgress progress = GoalProgress::onDay(Date::now(), *m_persister);
     m_ui->caloriesBurnedIndicator->setValue(truncated(progress.value));
-    m_ui->caloriesBurnedIndicator->setTitle(progress.caption);
-    m_ui->caloriesBurnedIndicator->setPercent(percent);
-    m_ui->labelPercent->setText(truncated(percent));
+    m_ui->caloriesBurnedIndicator->setTitle(caption(progress.mode));
+    m_ui->caloriesBurnedIndicator->setPercent(progress.percent);
+    m_ui->labelPercent->setText(truncated(progress.percent));
 }
 
 void MainWindowController::showSchedule()
@@ -220,7 +205,7 @@ void MainWindowController::showSchedule()
     m_ui->scheduleIndicator->setTitle(qtTrId("Min"));
     const double interval = schedule.currentScheduleInterval() / kSecondsPerMinute;
     const double left = schedule.timeToSchedule() / kSecondsPerMinute;
-    m_ui->scheduleIndicator->setPercent(cappedPercent((interval - left) / interval * kFullScale));
+    m_ui->scheduleIndicator->setPercent(std::fmin((interval - left) / interval * kFullScale, kFullScale));
     m_ui->labelStatus->setText(qtTrId("CurrentSession"));
 }
 

@@ -64,13 +64,6 @@ public:
     void mouseEventButtonMouseUp(MouseEventButton& button) override;
 
 private:
-    /// Today's progress towards the goal, in the goal's own unit.
-    struct GoalProgress {
-        double value = 0;
-        double percent = 0;
-        QString caption;
-    };
-
     void awakeFromNib();
     void windowDidLoad();
     void windowWillClose();
@@ -78,7 +71,6 @@ private:
     void connectButtons();
     void observe();
     void onUpdateDataTimerTick(Timer& timer);
-    [[nodiscard]] GoalProgress goalProgress();
     void showGoalProgress();
     void showSchedule();
     void clearSchedule(const QString& status);
