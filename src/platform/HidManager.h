@@ -70,8 +70,9 @@ public:
     void setRestReport(std::vector<uint8_t> report) { m_restReport = std::move(report); }
 
     /// Starts announcing. Adapters already plugged in are announced too, after this call has returned. An
-    /// adapter that could not be opened is announced again once it can be. One that stopped answering is
-    /// removed, and announced again when it answers, after the report of rest has gone out to it.
+    /// adapter that could not be opened is announced again once it can be, or cannot for another reason. One
+    /// that stopped answering is removed, and announced again when it answers, after the report of rest has
+    /// gone out to it.
     [[nodiscard]] virtual HidStatus open() = 0;
 
     /// The matching adapters that are attached now.

@@ -137,8 +137,8 @@ void LinuxHidManager::openingEnded(const QString& syspath, HidStatus status)
     }
     if (status != 0 && maySucceedLater(status))
         retryAfter(kOpeningRetrySeconds, *found);
-    // After the first announcement only success is news, and only once.
-    if (found->announced && (status != 0 || found->announced == 0))
+    // After the first announcement only another result is news, and nothing after success.
+    if (found->announced == status || found->announced == 0)
         return;
     found->announced = status;
     if (status == 0)
