@@ -33,6 +33,8 @@ public:
     [[nodiscard]] double timeIdle() const { return m_timeIdle; } ///< seconds without input that count as idle
     void setTimeIdle(double timeIdle) { m_timeIdle = timeIdle; }
     [[nodiscard]] bool isIdle() const { return m_isIdle; }
+    /// Where the idle time comes from; empty where that has no name.
+    [[nodiscard]] QString sourceName() const { return m_eventSource.name(); }
     [[nodiscard]] const TimerRef& idleObserverTimer() const { return m_idleObserverTimer; }
 
     /// Whether this desktop tells of input at all; if not, the user counts as active.

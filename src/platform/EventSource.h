@@ -44,6 +44,8 @@ public:
     virtual void refresh(std::function<void()> ready) { ready(); }
     /// False where nothing on this desktop tells of input; the user counts as active then.
     [[nodiscard]] virtual bool canTell() const { return true; }
+    /// How the log calls what the answers come from; empty while that is not known.
+    [[nodiscard]] virtual QString name() const { return {}; }
     /// The desktop says that the machine woke, whether or not the clocks show a sleep.
     virtual void didWake() { }
 

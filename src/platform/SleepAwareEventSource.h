@@ -20,6 +20,7 @@ public:
     [[nodiscard]] double secondsSinceLastEventType(EventType eventType) override;
     void refresh(std::function<void()> ready) override { m_source->refresh(std::move(ready)); }
     [[nodiscard]] bool canTell() const override { return m_source->canTell(); }
+    [[nodiscard]] QString name() const override { return m_source->name(); }
     void didWake() override;
 
 private:

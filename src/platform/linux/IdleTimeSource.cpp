@@ -76,10 +76,16 @@ void IdleTimeSource::choose(std::size_t rank)
     const bool couldTell = canTell();
     if (std::exchange(m_chosen, rank) == rank)
         return;
-    Log::line(QStringLiteral("Idle time comes from: %1")
-                  .arg(canTell() ? m_backends[rank]->name() : QStringLiteral("none, absences go unnoticed")));
+    Log::line(QStringLiteral("Idle time comes from: %1").arg(name()));
     if (canTell() != couldTell)
         NotificationCenter::defaultCenter().post(kCanTellDidChange);
+}
+
+QString IdleTimeSource::name() const
+{
+    if (!m_chosen)
+        return {};
+    return canTell() ? m_backends[*m_chosen]->name() : QStringLiteral("none, absences go unnoticed");
 }
 
 std::unique_ptr<EventSource> makeIdleTimeSource(const QDBusConnection& sessionBus)

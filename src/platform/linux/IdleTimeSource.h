@@ -27,6 +27,7 @@ public:
     [[nodiscard]] double secondsSinceLastEventType(EventType eventType) override;
     void refresh(std::function<void()> ready) override;
     [[nodiscard]] bool canTell() const override { return m_chosen != m_backends.size(); }
+    [[nodiscard]] QString name() const override;
 
 private:
     void askFrom(std::size_t rank, const std::function<void()>& ready);
