@@ -2,6 +2,7 @@
 
 #include "data/AppProperties.h"
 
+#include <cerrno>
 #include <utility>
 
 namespace {
@@ -27,6 +28,17 @@ ZelvoHIDDevice* device()
 bool isDeskActive()
 {
     return device() && device()->isActive();
+}
+
+bool isAdapterForbidden()
+{
+    return hub() && hub()->deviceManager().accessStatus() == EACCES;
+}
+
+QStringList permissionCommands()
+{
+    return {QStringLiteral("sudo cp packaging/70-zelvo-standup.rules /etc/udev/rules.d/"),
+        QStringLiteral("sudo udevadm trigger -s hidraw -c change")};
 }
 
 int32_t deskPosition()

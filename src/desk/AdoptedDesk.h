@@ -2,6 +2,8 @@
 
 #include "desk/ZelvoController.h"
 
+#include <QStringList>
+
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -14,6 +16,10 @@
 [[nodiscard]] ZelvoHIDDevice* device();
 /// Whether a desk is adopted, communicates and has told its height.
 [[nodiscard]] bool isDeskActive();
+/// Whether an adapter is plugged in which this user may not open.
+[[nodiscard]] bool isAdapterForbidden();
+/// What gives the permission, as commands for a terminal.
+[[nodiscard]] QStringList permissionCommands();
 /// Raw, 0.1 mm above the adapter's zero; 0 without a desk.
 [[nodiscard]] int32_t deskPosition();
 /// Raw height and table offset together, in whole millimetres (truncated toward zero).

@@ -159,6 +159,7 @@ void ZelvoController::updatedIdleObserverIsIdle(bool isIdle)
         stopCurrentActivity();
     else
         startNewActivity();
+    NotificationCenter::defaultCenter().post(kIdleDidChange);
 }
 
 void ZelvoController::activityScheduledToPosition(int32_t position)

@@ -43,6 +43,9 @@ public:
     static inline const QString kDeviceStateDidChange =
         QStringLiteral("org.zelvo.StandUp.devicestatedidchange");
 
+    /// Posted without object when the user has left or come back, after the record has followed.
+    static inline const QString kIdleDidChange = QStringLiteral("org.zelvo.StandUp.idledidchange");
+
     explicit ZelvoController(Dependencies dependencies);
     ~ZelvoController();
     ZelvoController(const ZelvoController&) = delete;

@@ -2,6 +2,7 @@
 
 #include "desk/ZelvoHIDDevice.h"
 #include "platform/Log.h"
+#include "platform/NotificationCenter.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -72,10 +73,13 @@ std::shared_ptr<ZelvoHIDDevice> ZelvoHIDManager::connectedDevice() const
 
 void ZelvoHIDManager::handleMatchingDevice(const HidDeviceRef& device, const HidManager& sender, int32_t)
 {
-    if (device->openExclusively() != 0) {
+    if (const HidStatus status = device->openExclusively(); status != 0) {
         Log::line(QStringLiteral("Open failed"));
+        m_refused[device] = status;
+        NotificationCenter::defaultCenter().post(kAccessDidChange);
         return;
     }
+    m_refused.erase(device);
     start(device, sender);
 }
 
@@ -106,6 +110,8 @@ void ZelvoHIDManager::handleRemovedDevice(const HidDeviceRef& device, const HidM
     repeatPendingChecks();
     Log::line(QString::asprintf("\nDevice removed: %p\nDevice count: %lld", address(device),
         static_cast<long long>(USBDeviceCount(sender))));
+    if (m_refused.erase(device) != 0)
+        NotificationCenter::defaultCenter().post(kAccessDidChange);
     if (listed && !m_devices.empty())
         m_timers.schedule(0, RunLoop::Repeat::No, [this](Timer&) { bringInWaitingDevice(); });
 }
@@ -209,6 +215,13 @@ bool ZelvoHIDManager::killDeviceReference(const HidDeviceRef& reference)
         }
     }
     return false;
+}
+
+std::optional<HidStatus> ZelvoHIDManager::accessStatus() const
+{
+    if (!m_devices.empty())
+        return 0;
+    return m_refused.empty() ? std::nullopt : std::optional(m_refused.begin()->second);
 }
 
 int64_t ZelvoHIDManager::USBDeviceCount(const HidManager& manager)

@@ -4,8 +4,12 @@
 #include "platform/HidManager.h"
 #include "platform/RunLoop.h"
 
+#include <QString>
+
 #include <cstdint>
+#include <map>
 #include <memory>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -30,6 +34,9 @@ class ZelvoHIDManager {
 public:
     using Devices = std::vector<std::shared_ptr<ZelvoHIDDevice>>;
 
+    /// Posted without object when an adapter may not be used, or one of which that was told has left.
+    static inline const QString kAccessDidChange = QStringLiteral("org.zelvo.StandUp.accessdidchange");
+
     /// Starts matching; adapters already attached are announced once the run loop runs.
     explicit ZelvoHIDManager(HidManager& manager);
     ~ZelvoHIDManager();
@@ -52,6 +59,9 @@ public:
     [[nodiscard]] ZelvoDeviceNodeRef deviceNodeByReference(const HidDeviceRef& reference) const;
     /// Takes the adapter's node off the list. False when none was listed.
     bool killDeviceReference(const HidDeviceRef& reference);
+    /// How opening the attached adapter ended: 0, EACCES without permission, EBUSY while another program
+    /// holds it, or another errno. Empty when none is attached.
+    [[nodiscard]] std::optional<HidStatus> accessStatus() const;
     [[nodiscard]] static int64_t USBDeviceCount(const HidManager& manager);
 
     /// Sends the first 8 bytes of the buffer as a feature report (byte 0 = report ID). False, and no transfer
@@ -80,5 +90,6 @@ private:
     HidManager& m_manager;
     ZelvoHIDManagerDelegate* m_delegate = nullptr;
     Devices m_devices;
+    std::map<HidDeviceRef, HidStatus> m_refused; ///< attached, and why they could not be opened
     TimerScope m_timers;
 };
