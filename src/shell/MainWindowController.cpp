@@ -94,6 +94,8 @@ void MainWindowController::observe()
         [this](const PostedNotification&) { observerDeviceStateDidChange(); }));
     m_observations.push_back(center.addObserver(
         ScheduleManager::kNewSession, [this](const PostedNotification&) { observerNewSession(); }));
+    m_observations.push_back(center.addObserver(
+        ZelvoHIDManager::kAccessDidChange, [this](const PostedNotification&) { updateData(); }));
     m_errorLine = std::make_unique<ErrorLine>(
         *m_ui->labelErrorText, *m_ui->errorArea, ErrorLine::WithoutUrl::PlainText);
     m_heights = observeDeskPosition([this](int32_t height) { setTabelHeight(height); });
@@ -177,6 +179,7 @@ void MainWindowController::updateData()
 {
     showGoalProgress();
     setTabelHeight(deskPosition());
+    showPermission();
     const bool isActive = isDeskActive();
     ScheduleManager* const schedule = isActive ? hub()->scheduleManager() : nullptr;
     if (schedule && schedule->isScheduled())
@@ -215,6 +218,18 @@ void MainWindowController::clearSchedule(const QString& status)
     m_ui->scheduleIndicator->setTitle(QStringLiteral(""));
     m_ui->scheduleIndicator->setPercent(0.0);
     m_ui->labelStatus->setText(status);
+}
+
+void MainWindowController::showPermission()
+{
+    QLabel& label = *m_ui->labelPermission;
+    const bool isForbidden = isAdapterForbidden();
+    if (label.isHidden() == !isForbidden)
+        return;
+    if (isForbidden)
+        label.setText(qtTrId("AdapterForbidden") + u'\n' + permissionCommands().join(u'\n'));
+    label.setVisible(isForbidden);
+    m_window->setExtraHeight(isForbidden ? label.heightForWidth(label.minimumWidth()) : 0);
 }
 
 void MainWindowController::setTabelHeight(int32_t position)

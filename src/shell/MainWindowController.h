@@ -74,6 +74,7 @@ private:
     void showGoalProgress();
     void showSchedule();
     void clearSchedule(const QString& status);
+    void showPermission();
 
     Dependencies m_dependencies;
     std::unique_ptr<ActivityPersister> m_persister;

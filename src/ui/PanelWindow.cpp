@@ -59,10 +59,20 @@ void PanelWindow::fitInto(QSize available)
 {
     if (m_formSize.isEmpty())
         m_formSize = size();
+    const QSize wanted = m_formSize + QSize(0, m_extraHeight);
     if (windowFlags().testFlag(Qt::FramelessWindowHint))
-        setFixedSize(m_formSize.boundedTo(available)); // Tiling desktops let windows of one size float.
+        setFixedSize(wanted.boundedTo(available)); // Tiling desktops let windows of one size float.
     else
-        resize(m_formSize.boundedTo(available - kWidestFrame));
+        resize(wanted.boundedTo(available - kWidestFrame));
+}
+
+void PanelWindow::setExtraHeight(int pixels)
+{
+    m_extraHeight = pixels;
+    if (!isVisible())
+        return;
+    fitInto(screen()->availableSize());
+    onScreensChanged(); // Its lower edge may be out of sight now.
 }
 
 void PanelWindow::setShowsWithoutKeyboard()

@@ -25,6 +25,8 @@ public:
     void comeToFront(const std::function<void(PanelWindow&)>& place);
     /// As large as its form asks for, or as there is room for.
     void fitInto(QSize available);
+    /// Makes the form higher than it was drawn, for what is shown at times; an open window follows.
+    void setExtraHeight(int pixels);
     /// It opens without a control that has the keyboard focus, so that no key presses one by accident; Tab
     /// goes to the first.
     void setOpensUnfocused() { m_opensUnfocused = true; }
@@ -53,6 +55,7 @@ private:
     void soon(std::function<void()> callback);
 
     QSize m_formSize;
+    int m_extraHeight = 0;
     bool m_movable = false;
     std::optional<QPoint> m_pressedAt; ///< where the background was pressed, until it is dragged
     bool m_opensUnfocused = false;

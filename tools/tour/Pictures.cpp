@@ -4,6 +4,7 @@
 #include "data/ActivityMode.h"
 #include "data/ActivityPersister.h"
 #include "data/AppProperties.h"
+#include "desk/AdoptedDesk.h"
 #include "desk/Posture.h"
 #include "desk/ZelvoController.h"
 #include "platform/NotificationCenter.h"
@@ -16,6 +17,7 @@
 #include <QTest>
 #include <QTextStream>
 
+#include <cerrno>
 #include <memory>
 #include <utility>
 
@@ -211,6 +213,17 @@ void takeMainWindow(Photographer& photographer)
     photographer.take("NotificationWindow", "reminder-error");
 }
 
+/// One that the user has no permission for.
+class ForbiddenAdapter final : public HidDevice {
+public:
+    [[nodiscard]] HidStatus openExclusively() override { return EACCES; }
+    [[nodiscard]] std::optional<QString> stringProperty(const QString&) const override { return {}; }
+
+protected:
+    HidStatus platformSetFeatureReport(std::span<const uint8_t>) override { return EACCES; }
+    HidStatus platformGetFeatureReport(std::span<uint8_t>) override { return EACCES; }
+};
+
 void takeMainWindowWithoutDesk(Photographer& photographer)
 {
     TourWorld& world = photographer.prepare(kTimeGoal);
@@ -219,6 +232,9 @@ void takeMainWindowWithoutDesk(Photographer& photographer)
     world.app->menuletController().menuletClicked();
     world.pass(2);
     photographer.take("MainWindow", "main-window-no-desk");
+    hub()->deviceManager().handleMatchingDevice(std::make_shared<ForbiddenAdapter>(), world.hid, 0);
+    world.pass(0);
+    photographer.take("MainWindow", "main-window-no-permission");
 }
 
 void takeFocusMarks(Photographer& photographer)

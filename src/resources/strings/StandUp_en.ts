@@ -281,6 +281,11 @@
         <source></source>
         <translation>Please connect your desk</translation>
     </message>
+    <message id="AdapterForbidden">
+        <source></source>
+        <extracomment>In the main window, above two commands</extracomment>
+        <translation>The adapter is there, but may not be opened. These commands in a terminal allow it:</translation>
+    </message>
     <!-- Reminder: the headline when the user stands and is asked to sit -->
     <message id="StandingMessage1">
         <source></source>

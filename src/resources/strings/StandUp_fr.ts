@@ -282,6 +282,11 @@
         <source>Please connect your desk</source>
         <translation>Connecter le bureau</translation>
     </message>
+    <message id="AdapterForbidden">
+        <source>The adapter is there, but may not be opened. These commands in a terminal allow it:</source>
+        <extracomment>In the main window, above two commands</extracomment>
+        <translation>L’adaptateur est branché, mais son ouverture n’est pas permise. Ces commandes dans un terminal l’autorisent :</translation>
+    </message>
     <!-- Reminder: the headline when the user stands and is asked to sit -->
     <message id="StandingMessage1">
         <source>Time to take a seat</source>

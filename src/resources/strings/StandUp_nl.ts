@@ -282,6 +282,11 @@
         <source>Please connect your desk</source>
         <translation>Sluit het bureau aan</translation>
     </message>
+    <message id="AdapterForbidden">
+        <source>The adapter is there, but may not be opened. These commands in a terminal allow it:</source>
+        <extracomment>In the main window, above two commands</extracomment>
+        <translation>De adapter is er, maar mag niet worden geopend. Deze opdrachten in een terminal staan het toe:</translation>
+    </message>
     <!-- Reminder: the headline when the user stands and is asked to sit -->
     <message id="StandingMessage1">
         <source>Time to take a seat</source>
