@@ -2,6 +2,9 @@
 // and runs it.
 
 #include "CommandLine.h"
+#include "commands/CommandClient.h"
+#include "commands/CommandService.h"
+#include "commands/StatusWatch.h"
 #include "platform/Bundle.h"
 #include "platform/Log.h"
 #include "platform/ProcessServices.h"
@@ -28,13 +31,16 @@
 #include <QSessionManager>
 #include <QStandardPaths>
 
+#include <cstdio>
 #include <cstdlib>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <utility>
 
 namespace {
 const QString kIdentifier = QStringLiteral("org.zelvo.StandUp");
+const QString kUsualCommand = QStringLiteral("show");
 constexpr double kTrayPatienceSeconds = 10.0;
 
 /// As the desktop's base directory rules say. The record would otherwise lie wherever the program was
@@ -146,17 +152,20 @@ int run(const CommandLine& commandLine, Application& application, SingleInstance
     onSession(&QGuiApplication::saveStateRequest, [](QSessionManager& session) {
         session.setRestartHint(QSessionManager::RestartNever); // The autostart entry starts it.
     });
-    instance.onActivated([&app](const QByteArray& activationToken) {
-        qputenv("XDG_ACTIVATION_TOKEN", activationToken);
-        app.showSomething();
-    });
 
     app.applicationDidFinishLaunching();
+    CommandService commands(app, QDBusConnection::sessionBus());
+    instance.onActivated([&commands](const SingleInstance::Request& request) {
+        qputenv("XDG_ACTIVATION_TOKEN", request.activationToken);
+        commands.perform(request.action.isEmpty() ? kUsualCommand : QString::fromUtf8(request.action));
+    });
     if (const auto damage = program.defaults.damage())
         program.dialogs.presentError(*damage);
     appearInTray(program, timers);
     if (commandLine.testWindow)
         app.showTestWindow();
+    if (!commandLine.command.isEmpty())
+        commands.perform(commandLine.command);
     return QCoreApplication::exec();
 }
 
@@ -180,11 +189,37 @@ CommandLine readCommandLine(int argc, char** argv)
     return isUnknown ? commandLine.refusedLanguage() : commandLine;
 }
 
-int showFirstInstance(const SingleInstance& instance)
+int showFirstInstance(const SingleInstance& instance, const QString& command)
 {
-    if (instance.activateFirst(qgetenv("XDG_ACTIVATION_TOKEN")))
+    if (instance.activateFirst({qgetenv("XDG_ACTIVATION_TOKEN"), command.toUtf8()}))
         return 0;
     Log::line(QStringLiteral("The program runs already, but does not answer."));
+    return 1;
+}
+
+CommandClient::Answer ask(CommandClient& client, const CommandLine& commandLine)
+{
+    if (commandLine.command == QStringLiteral("status"))
+        return client.printStatus(commandLine.asJson);
+    if (commandLine.command == QStringLiteral("watch"))
+        return StatusWatch(client).run();
+    return client.perform(commandLine.command, qEnvironmentVariable("XDG_ACTIVATION_TOKEN"));
+}
+
+/// Gives the command to the program that runs, which needs no display here. The exit code, or nothing where
+/// the program is to be started for it.
+std::optional<int> carryOutElsewhere(const CommandLine& commandLine, int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    QtRunLoop runLoop;
+    const ProcessServices services({&runLoop});
+    CommandClient client;
+    const CommandClient::Answer answer = ask(client, commandLine);
+    if (answer != CommandClient::Answer::NotRunning)
+        return answer == CommandClient::Answer::Done ? 0 : 1;
+    if (commandLine.opensWindow())
+        return std::nullopt;
+    client.tellNotRunning();
     return 1;
 }
 }
@@ -196,6 +231,12 @@ int main(int argc, char** argv)
     if (commandLine.endsHere)
         return commandLine.exitCode;
     qInstallMessageHandler(logQtMessage);
+    if (!commandLine.command.isEmpty()) {
+        if (const std::optional<int> exitCode = carryOutElsewhere(commandLine, argc, argv)) {
+            std::fflush(nullptr);
+            std::_Exit(*exitCode); // QtDBus may still be delivering while what it needs is taken down.
+        }
+    }
     if (const QString problem = chooseDisplayServer(); !problem.isEmpty()) {
         Log::line(problem);
         return 1;
@@ -214,7 +255,7 @@ int main(int argc, char** argv)
         return 0;
     SingleInstance instance;
     if (!instance.acquire())
-        return showFirstInstance(instance);
+        return showFirstInstance(instance, commandLine.command);
     installTexts(application, commandLine.language);
     return run(commandLine, application, instance);
 }

@@ -95,6 +95,11 @@ NotificationWindowController& MenuletController::notificationWindow()
     return *m_notificationWindow;
 }
 
+NotificationWindowController* MenuletController::openNotification() const
+{
+    return m_notificationWindow && m_notificationWindow->isOpen() ? m_notificationWindow.get() : nullptr;
+}
+
 void MenuletController::observerDeviceStateDidChange(const PostedNotification& posted)
 {
     const auto device = std::static_pointer_cast<ZelvoHIDDevice>(posted.object);

@@ -51,6 +51,8 @@ public:
     void setDeviceConnected(bool deviceConnected);
     [[nodiscard]] MainWindowController& mainWindow();
     [[nodiscard]] NotificationWindowController& notificationWindow();
+    /// The reminder while it waits for an answer, else null.
+    [[nodiscard]] NotificationWindowController* openNotification() const;
     /// Called after `active` or `deviceConnected` was set.
     void onChanged(std::function<void()> callback) { m_changed = std::move(callback); }
 

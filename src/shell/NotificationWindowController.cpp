@@ -177,6 +177,11 @@ bool NotificationWindowController::isWindowVisible() const
     return m_window->isVisible();
 }
 
+bool NotificationWindowController::isOpen() const
+{
+    return isWindowVisible() && !m_fade->isFadingOut();
+}
+
 QWidget& NotificationWindowController::window() const
 {
     return *m_window;

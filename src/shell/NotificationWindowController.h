@@ -48,6 +48,7 @@ public:
     [[nodiscard]] bool actionDone() const { return m_actionDone; }
     [[nodiscard]] const TimerRef& dismissTimer() const { return m_dismissTimer; }
     [[nodiscard]] bool isWindowVisible() const;
+    [[nodiscard]] bool isOpen() const; ///< visible, and not leaving
     [[nodiscard]] QWidget& window() const;
 
     void notificationViewMouseEntered() override;

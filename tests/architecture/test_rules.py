@@ -9,6 +9,7 @@ TOP = Path(__file__).resolve().parents[2]
 FOLDERS = ["src", "simulator", "tests", "tools", "benchmarks", "docs", "packaging", "cmake", ".ci"]
 
 ARROWS = {
+    "commands": {"commands", "shell", "screens", "ui", "desk", "data", "platform"},
     "shell": {"shell", "screens", "ui", "desk", "data", "platform"},
     "screens": {"screens", "ui", "desk", "data", "platform"},
     "ui": {"ui", "data", "platform"},

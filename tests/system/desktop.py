@@ -29,7 +29,9 @@ from waiting import wait_until  # noqa: E402
 PROGRAM = Path(os.environ["ZELVO_BIN"]) / "zelvo-standup"
 SET_UP = {"ActivityMode": 2, "ActivityGoal": 15, "NumberOfStandUps": 2, "Weight": 70, "Version": "1.0.1"}
 FOLDERS = {"CONFIG_HOME": "config", "DATA_HOME": "data", "RUNTIME_DIR": "runtime"}
-BUS_CONFIG = """<busconfig><type>session</type><listen>unix:path={}</listen><policy context="default">
+# Root, too, is told which files it may not open.
+ORDINARY_USER = ["setpriv", "--bounding-set=-dac_override,-dac_read_search", "--"] if os.geteuid() == 0 else []
+BUS_CONFIG = """<busconfig><type>session</type><listen>unix:path={}</listen><servicedir>{}</servicedir><policy context="default">
 <allow send_destination="*" eavesdrop="true"/><allow eavesdrop="true"/><allow own="*"/></policy></busconfig>"""
 
 
@@ -55,6 +57,8 @@ class Desktop:
         self.folder = self.home / "data/org.zelvo.StandUp"
         self.store = self.folder / "StandUp.storedata"
         self.clock = Clock(self.home / "clock")
+        self.services = self.home / "services"
+        self.services.mkdir()
         self.env = {k: v for k, v in os.environ.items() if k == "PATH" or k.endswith("SAN_OPTIONS")}
         self.env |= {"HOME": str(self.home), "LC_ALL": "en_GB.UTF-8", "TZ": "UTC"}
         self.env["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
@@ -85,7 +89,7 @@ class Desktop:
 
     def _bus(self, name):
         config, socket = self.home / f"{name}.conf", self.home / f"{name}.bus"
-        config.write_text(BUS_CONFIG.format(socket))
+        config.write_text(BUS_CONFIG.format(socket, self.services))
         self._spawn("dbus-daemon", "--nofork", f"--config-file={config}", env={"PATH": os.environ["PATH"]})
         address = self.env[f"DBUS_{name.upper()}_BUS_ADDRESS"] = f"unix:path={socket}"
         return wait_until(ignoring_what_goes(lambda: self.connect(address)), f"{name} bus")
@@ -175,7 +179,7 @@ class Desktop:
             arguments = ("--simulate", *arguments)
         env = self.env | self.bent(*["libumockdev-preload.so.0"] * bool(self.machine)) | env
         with open(self.home / "stderr", "ab") as stderr:
-            process = self._spawn(PROGRAM, *arguments, env=env, stderr=stderr)
+            process = self._spawn(*ORDINARY_USER, PROGRAM, *arguments, env=env, stderr=stderr)
         self.programs.append(Program(self, process))
         return self.programs[-1]
 

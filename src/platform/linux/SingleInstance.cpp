@@ -21,7 +21,7 @@
 
 namespace {
 constexpr int kRetryMs = 50;
-constexpr size_t kLongestToken = 4096;
+constexpr size_t kLongestMessage = 8192;
 
 QString lockPath(const QString& folder)
 {
@@ -97,15 +97,16 @@ bool SingleInstance::acquire()
     return true;
 }
 
-bool SingleInstance::activateFirst(const QByteArray& activationToken, int timeoutMs) const
+bool SingleInstance::activateFirst(const Request& request, int timeoutMs) const
 {
+    const QByteArray message = request.action + '\n' + request.activationToken;
     const auto first = addressIn(m_folder);
     const int client = makeClient(timeoutMs);
     // The first instance may hold its lock already and not listen yet, so a refused request is repeated.
     bool isSent = false;
     for (int waitedMs = 0; first && !isSent && waitedMs < timeoutMs; waitedMs += kRetryMs) {
-        isSent = sendto(client, activationToken.constData(), size_t(activationToken.size()), 0,
-                     generic(*first), sizeof *first)
+        isSent =
+            sendto(client, message.constData(), size_t(message.size()), 0, generic(*first), sizeof *first)
             >= 0;
         if (!isSent)
             poll(nullptr, 0, kRetryMs);
@@ -136,14 +137,16 @@ bool SingleInstance::listen()
 
 void SingleInstance::answer()
 {
-    char token[kLongestToken];
+    char message[kLongestMessage];
     sockaddr_un sender {};
     socklen_t senderLength = sizeof sender;
     const ssize_t length =
-        recvfrom(m_socket, token, sizeof token, 0, reinterpret_cast<sockaddr*>(&sender), &senderLength);
+        recvfrom(m_socket, message, sizeof message, 0, reinterpret_cast<sockaddr*>(&sender), &senderLength);
     if (length < 0)
         return;
     sendto(m_socket, "!", 1, 0, generic(sender), senderLength);
+    const QByteArray received(message, length);
+    const qsizetype end = received.indexOf('\n');
     if (m_activated)
-        m_activated(QByteArray(token, length));
+        m_activated({received.mid(end + 1), received.left(end)});
 }

@@ -13,7 +13,13 @@ class QSocketNotifier;
 /// there to show its window.
 class SingleInstance {
 public:
-    using ActivationCallback = std::function<void(const QByteArray& activationToken)>;
+    /// What a further start asks for.
+    struct Request {
+        QByteArray activationToken; ///< XDG_ACTIVATION_TOKEN, with which a desktop that starts a program lets
+                                    ///< its window come to the front; may be empty
+        QByteArray action; ///< the window to show; empty for the usual one
+    };
+    using ActivationCallback = std::function<void(const Request&)>;
 
     /// @param folder belongs to the user alone, normally $XDG_RUNTIME_DIR; it is made when missing.
     explicit SingleInstance(QString folder = defaultFolder());
@@ -30,10 +36,8 @@ public:
     /// Called on the main loop of the first instance at each further start.
     void onActivated(ActivationCallback callback) { m_activated = std::move(callback); }
 
-    /// Asks the running instance to show its window and waits for its answer. False when none came in time.
-    /// @param activationToken XDG_ACTIVATION_TOKEN, with which a desktop that starts a program lets its
-    /// window come to the front; may be empty
-    [[nodiscard]] bool activateFirst(const QByteArray& activationToken, int timeoutMs = 2000) const;
+    /// Asks the running instance to show a window and waits for its answer. False when none came in time.
+    [[nodiscard]] bool activateFirst(const Request& request, int timeoutMs = 2000) const;
 
 private:
     [[nodiscard]] bool listen();

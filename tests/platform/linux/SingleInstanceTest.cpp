@@ -8,11 +8,11 @@
 
 namespace {
 /// Starts a further instance as a process would: beside this one, which runs its loop meanwhile.
-bool isAnsweredAgain(const QString& folder, const QByteArray& token)
+bool isAnsweredAgain(const QString& folder, const SingleInstance::Request& request)
 {
     auto answered = std::async(std::launch::async, [&] {
         SingleInstance instance(folder);
-        return !instance.acquire() && instance.activateFirst(token);
+        return !instance.acquire() && instance.activateFirst(request);
     });
     return QTest::qWaitFor([&] {
         return answered.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
@@ -27,13 +27,14 @@ TEST(SingleInstanceTest, aSecondStartShowsTheFirstOnesWindow)
     testing::internal::CaptureStderr();
     ASSERT_TRUE(first.acquire());
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
-    EXPECT_TRUE(isAnsweredAgain(folder.path(), "nobody listens to it yet"));
+    EXPECT_TRUE(isAnsweredAgain(folder.path(), {"nobody listens to it yet", {}}));
     QByteArrayList shown;
-    first.onActivated([&](const QByteArray& token) { shown.append(token); });
+    first.onActivated(
+        [&](const SingleInstance::Request& request) { shown << request.action << request.activationToken; });
     const QByteArray longest(4096, '=');
-    EXPECT_TRUE(isAnsweredAgain(folder.path(), longest));
+    EXPECT_TRUE(isAnsweredAgain(folder.path(), {longest, "history"}));
     EXPECT_TRUE(isAnsweredAgain(folder.path(), {}));
-    EXPECT_EQ(shown, (QByteArrayList {longest, ""}));
+    EXPECT_EQ(shown, (QByteArrayList {"history", longest, "", ""}));
 }
 
 TEST(SingleInstanceTest, withoutAUsableFolderTheProgramStartsAnyway)
