@@ -24,6 +24,17 @@ if(TARGET zelvo-standup)
 endif()
 install(FILES packaging/70-zelvo-standup.rules DESTINATION lib/udev/rules.d)
 install(FILES packaging/${application_id}.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+# The bus starts a program by its whole path, and a package's prefix is known when it is made.
+install(CODE "set(bin_dir \"\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}\")
+    configure_file(${PROJECT_SOURCE_DIR}/packaging/${application_id}.service.in
+        ${CMAKE_CURRENT_BINARY_DIR}/${application_id}.service @ONLY)")
+install(FILES ${CMAKE_CURRENT_BINARY_DIR}/${application_id}.service
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/dbus-1/services)
+install(FILES packaging/completions/zelvo-standup.bash RENAME zelvo-standup
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions)
+install(FILES packaging/completions/_zelvo-standup DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions)
+install(FILES packaging/completions/zelvo-standup.fish
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d)
 install(FILES packaging/${application_id}.metainfo.xml DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo)
 install(FILES src/resources/images/StandUp.svg RENAME ${application_id}.svg
     DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps)

@@ -1,0 +1,16 @@
+# fish completion for zelvo-standup
+complete -c zelvo-standup -f
+complete -c zelvo-standup -l show -d 'Show the main window'
+complete -c zelvo-standup -l history -d 'Show the history'
+complete -c zelvo-standup -l settings -d 'Show the settings'
+complete -c zelvo-standup -l snooze -d 'Answer the reminder: again in ten minutes'
+complete -c zelvo-standup -l skip -d 'Answer the reminder: not this time'
+complete -c zelvo-standup -l quit -d 'End the program'
+complete -c zelvo-standup -l status -d 'Print what the program knows'
+complete -c zelvo-standup -l watch -d 'Print the status as JSON, a line at each change'
+complete -c zelvo-standup -l json -d 'Print the status as JSON'
+complete -c zelvo-standup -l simulate -d 'Drive the built-in simulated desk'
+complete -c zelvo-standup -l language -x -a 'en de fr es nl' -d 'Show the texts in this language'
+complete -c zelvo-standup -l test-window -d 'Open the test window of the developers'
+complete -c zelvo-standup -l version -d 'Print the version and end'
+complete -c zelvo-standup -s h -l help -d 'Print the options and end'
