@@ -20,7 +20,6 @@ void paintPie(QPainter& painter, const QRectF& rect, double percent, const QColo
     const QRectF disc(center - QPointF(radius, radius), center + QPointF(radius, radius));
     QPainterPath path(center);
     path.arcTo(disc, kTwelveOClock, percent / -100 * 360); // It goes round once at most.
-    path.closeSubpath();
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.fillPath(path, color);
