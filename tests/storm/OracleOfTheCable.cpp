@@ -69,16 +69,18 @@ void Oracle::removed(int adapter)
 {
     if (m_isPlugged[size_t(adapter)] && m_isGood && m_now > m_goodSince)
         fail("an adapter that answers is given up");
-    endHold();
     m_lastCommand.erase(adapter);
     m_answers.erase(adapter);
     m_readAt = m_drivenSince = m_now;
     const bool wasFirst = m_devices.front().adapter == adapter;
+    if (wasFirst)
+        endHold();
     for (Device& device : m_devices) {
         if (device.adapter == adapter || wasFirst)
             errorIs(device, false);
     }
     std::erase_if(m_devices, [=](const Device& device) { return device.adapter == adapter; });
+    endHold(); // Its stop goes to the one that is driven now, and asks that one's height.
     if (!wasFirst)
         return;
     m_posture = None;
