@@ -34,7 +34,6 @@ std::optional<double> GnomeIdleBackend::secondsFrom(double number)
     }
     if (m_wokeAt && lastInputAt <= *m_wokeAt + kSameInputSeconds)
         return now - m_lastInputAt;
-    m_wokeAt.reset();
     m_lastInputAt = lastInputAt;
     return now - m_lastInputAt;
 }

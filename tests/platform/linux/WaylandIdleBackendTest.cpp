@@ -30,7 +30,7 @@ struct FakeCompositor {
     FakeCompositor()
     {
         wl_display_add_socket(display, "wayland-1");
-        wl_global_create(
+        seat = wl_global_create(
             display, &wl_seat_interface, 1, nullptr, [](wl_client* client, void*, uint32_t, uint32_t id) {
                 wl_resource_create(client, &wl_seat_interface, 1, id);
             });
@@ -62,6 +62,7 @@ struct FakeCompositor {
     }
 
     wl_display* display = wl_display_create();
+    wl_global* seat = nullptr;
     wl_global* notifier = nullptr;
     wl_resource* notification = nullptr;
 };
@@ -78,6 +79,10 @@ TEST_F(WaylandIdleBackendTest, knowsTheLastInputByWhatTheCompositorSays)
         {"up ? +6.1 idled ?", "0 5"}, // Without and with input at the start.
         // Nobody comes back because the compositor does.
         {"up ? +12 ? +5 idled +20 ? down ? +3 up ? +5 idled ? +9 ? resumed +2 ?", "0 0 25 none 28 33 42 0"},
+        {"up ? +30 ? down ? up ? +4 ? +7 ?", "0 0 none 0 4 0"},
+        {"up ? +5 idled +1 resumed +2 ?", "0 2"},
+        {"up ? +6 idled ? down ? up ? +11 ?", "0 6 none 6 0"},
+        {"up ? unseat ?", "0 none"},
         {"bare ? offer ? withdraw ? offer ?", "none 0 none 0"},
         {"up hangs ? ? serves ?", "0 none 0"},
         {"up hangs ? down ?", "none none"},
@@ -95,7 +100,8 @@ TEST_F(WaylandIdleBackendTest, knowsTheLastInputByWhatTheCompositorSays)
     };
     const std::map<QString, std::function<void()>> deeds {{"bare", [&] { compositor.emplace(); }},
         {"up", [&] { compositor.emplace().offer(); }}, {"offer", [&] { compositor->offer(); }},
-        {"withdraw", [&] { wl_global_destroy(compositor->notifier); }}, {"down", [&] { compositor.reset(); }},
+        {"withdraw", [&] { wl_global_destroy(compositor->notifier); }},
+        {"unseat", [&] { wl_global_destroy(compositor->seat); }}, {"down", [&] { compositor.reset(); }},
         {"hangs", [&] { isHung = true; }}, {"serves", [&] { isHung = false; }},
         {"idled", [&] { ext_idle_notification_v1_send_idled(compositor->notification); }},
         {"resumed", [&] { ext_idle_notification_v1_send_resumed(compositor->notification); }}};
