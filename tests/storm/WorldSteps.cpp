@@ -210,6 +210,7 @@ void World::openOrClose(const Step& step)
 
 void World::press(const Step& step)
 {
+    pass(0.002); // Nobody presses in the very moment in which an adapter is found.
     const HoldButton& button = kButtons[step.variant];
     QWidget* const window = button.isOnReminder ? m_reminder.data() : m_main.data();
     if (m_held || !isUsable(window))
