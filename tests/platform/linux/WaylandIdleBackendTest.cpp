@@ -122,8 +122,8 @@ TEST_F(WaylandIdleBackendTest, hearsSway)
     QProcess sway;
     sway.start("sh",
         {"-c",
-            "test $(id -u) = 0 && as='setpriv --reuid 65534 --regid 65534 --clear-groups'\n"
-            "exec $as env -u WAYLAND_DISPLAY -u DISPLAY WLR_BACKENDS=headless "
+            "test $(id -u) = 0 && as='--reuid 65534 --regid 65534 --clear-groups'\n"
+            "exec setpriv --pdeathsig TERM $as env -u WAYLAND_DISPLAY -u DISPLAY WLR_BACKENDS=headless "
             "WLR_RENDERER=pixman WLR_LIBINPUT_NO_DEVICES=1 sway -c /dev/null"});
     constexpr int kPatience = 30'000;
     const QString socket = folder.filePath("wayland-1");
