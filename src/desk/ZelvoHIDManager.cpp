@@ -73,13 +73,13 @@ std::shared_ptr<ZelvoHIDDevice> ZelvoHIDManager::connectedDevice() const
 
 void ZelvoHIDManager::handleMatchingDevice(const HidDeviceRef& device, const HidManager& sender, int32_t)
 {
-    if (const HidStatus status = device->openExclusively(); status != 0) {
+    const HidStatus status = device->openExclusively();
+    m_access[device] = status;
+    if (status != 0) {
         Log::line(QStringLiteral("Open failed"));
-        m_refused[device] = status;
         NotificationCenter::defaultCenter().post(kAccessDidChange);
         return;
     }
-    m_refused.erase(device);
     start(device, sender);
 }
 
@@ -110,8 +110,8 @@ void ZelvoHIDManager::handleRemovedDevice(const HidDeviceRef& device, const HidM
     repeatPendingChecks();
     Log::line(QString::asprintf("\nDevice removed: %p\nDevice count: %lld", address(device),
         static_cast<long long>(USBDeviceCount(sender))));
-    if (m_refused.erase(device) != 0)
-        NotificationCenter::defaultCenter().post(kAccessDidChange);
+    m_access.erase(device);
+    NotificationCenter::defaultCenter().post(kAccessDidChange);
     if (listed && !m_devices.empty())
         m_timers.schedule(0, RunLoop::Repeat::No, [this](Timer&) { bringInWaitingDevice(); });
 }
@@ -219,9 +219,10 @@ bool ZelvoHIDManager::killDeviceReference(const HidDeviceRef& reference)
 
 std::optional<HidStatus> ZelvoHIDManager::accessStatus() const
 {
-    if (!m_devices.empty())
-        return 0;
-    return m_refused.empty() ? std::nullopt : std::optional(m_refused.begin()->second);
+    // One that is open counts more than any that is not.
+    const auto best = std::min_element(m_access.begin(), m_access.end(),
+        [](const auto& one, const auto& other) { return one.second < other.second; });
+    return best == m_access.end() ? std::nullopt : std::optional(best->second);
 }
 
 int64_t ZelvoHIDManager::USBDeviceCount(const HidManager& manager)

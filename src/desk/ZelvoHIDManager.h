@@ -34,7 +34,7 @@ class ZelvoHIDManager {
 public:
     using Devices = std::vector<std::shared_ptr<ZelvoHIDDevice>>;
 
-    /// Posted without object when an adapter may not be used, or one of which that was told has left.
+    /// Posted without object when an adapter cannot be opened and when one has left.
     static inline const QString kAccessDidChange = QStringLiteral("org.zelvo.StandUp.accessdidchange");
 
     /// Starts matching; adapters already attached are announced once the run loop runs.
@@ -90,6 +90,6 @@ private:
     HidManager& m_manager;
     ZelvoHIDManagerDelegate* m_delegate = nullptr;
     Devices m_devices;
-    std::map<HidDeviceRef, HidStatus> m_refused; ///< attached, and why they could not be opened
+    std::map<HidDeviceRef, HidStatus> m_access; ///< all that are attached, and how opening them ended
     TimerScope m_timers;
 };
