@@ -14,7 +14,7 @@ from pathlib import Path
 import gi
 
 gi.require_version("Gio", "2.0")
-from gi.repository import Gio  # noqa: E402
+from gi.repository import Gio, GLib  # noqa: E402
 from Xlib import X, XK, display  # noqa: E402
 from Xlib.ext import xtest  # noqa: E402
 from Xlib.protocol import event  # noqa: E402
@@ -159,6 +159,18 @@ class Desktop:
     @staticmethod
     def has_owner(connection, name):
         return call(connection, "org.freedesktop.DBus", "/", "org.freedesktop.DBus", "NameHasOwner", "(s)", name)[0]
+
+    def session_signals(self, *of):
+        # How many of these signals have come since.
+        heard = []
+        self.session.signal_subscribe(*of, None, None, Gio.DBusSignalFlags.NONE, lambda *_: heard.append(1))
+
+        def count():
+            while GLib.MainContext.default().iteration(False):
+                pass
+            return len(heard)
+
+        return count
 
     # The program
 
