@@ -137,4 +137,16 @@ TEST_F(QtUserDefaultsTest, aFailedWriteIsSaidOnceAndMadeUpForLater)
     EXPECT_TRUE(log.contains("cannot be written to") && log.contains("again."));
     EXPECT_EQ(read(), "[General]\nWeight=72\n");
 }
+
+TEST_F(QtUserDefaultsTest, aFileThatCannotBeKeptAsideIsNotWrittenEither)
+{
+    m_path = m_folder.filePath("org.zelvo.StandUp/" + QString(250, 'x')); // No room for a longer name.
+    write("[Gen\n");
+    QtUserDefaults defaults(m_path);
+    defaults.setObject("Weight", 70.5);
+    testing::internal::CaptureStderr();
+    EXPECT_FALSE(defaults.synchronize());
+    EXPECT_NE(testing::internal::GetCapturedStderr().find("cannot be written to"), std::string::npos);
+    EXPECT_EQ(read(), "[Gen\n");
+}
 }

@@ -39,6 +39,8 @@ TEST(Resources, theLanguageAskedForIsShown)
         EXPECT_EQ(installTexts(*QCoreApplication::instance(), QString::fromUtf8(code)), isKnown) << code;
         EXPECT_EQ(qtTrId("Cancel"), QString::fromUtf8(cancel)) << code;
         EXPECT_EQ(qtTrId("NoSuchKey"), QStringLiteral("NoSuchKey"));
+        EXPECT_EQ(QCoreApplication::translate("QPlatformTheme", "Cancel"), QString::fromUtf8(cancel))
+            << "Qt's own dialogs";
     }
     EXPECT_EQ(QCoreApplication::instance()->findChildren<QTranslator*>().size(), 1);
 }

@@ -57,6 +57,8 @@ TEST_F(SetupViewControllerTest, tabsCirclesSliderAndSentenceFollowEachOther)
         {[this] { click(find("labelTime")); }, kTime.arg(3).arg(30), "7.5"}, // Again.
         {[this] { click(find("labelCalories")); }, kCalories.arg(3).arg(200), "7.5"},
         {[this] { type(weight(), "150"); }, kCalories.arg(3).arg(200), "3.5"},
+        {[this] { type(weight(), ""), standUps().setFocus(); }, kCalories.arg(3).arg(200),
+            "7.5"}, // As stored.
     };
     platform.bundle.userLocale = QLocale("en_GB");
     open();
