@@ -82,8 +82,6 @@ void NotificationWindowController::setNotification(std::shared_ptr<Notification>
 
 void NotificationWindowController::updateControls()
 {
-    m_ui->calRadialTitle->clear();
-    m_ui->calRadialSubTitle->clear();
     m_ui->labelTitle->setText(m_notification ? m_notification->title() : QString());
     m_ui->labelMessage->setText(m_notification ? m_notification->message() : QString());
     if (m_notification) {
@@ -92,10 +90,8 @@ void NotificationWindowController::updateControls()
         m_ui->buttonMemory->setImage(isSit ? m_buttonMemoryIconSitImage : m_buttonMemoryIconStandImage);
         m_ui->buttonMemory->setAlternateImage(
             isSit ? m_buttonMemoryIconSitAlternateImage : m_buttonMemoryIconStandAlternateImage);
-        if (m_notification->indicatorValue())
-            m_ui->calRadialTitle->setText(*m_notification->indicatorValue());
-        if (m_notification->indicatorTitle())
-            m_ui->calRadialSubTitle->setText(*m_notification->indicatorTitle());
+        m_ui->calRadialTitle->setText(m_notification->indicatorValue().value_or(QString()));
+        m_ui->calRadialSubTitle->setText(m_notification->indicatorTitle().value_or(QString()));
     }
     setTabelHeight(deskPosition());
 }

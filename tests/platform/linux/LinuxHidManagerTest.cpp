@@ -4,6 +4,7 @@
 #include "platform/ProcessServices.h"
 #include "platform/qt/QtRunLoop.h"
 
+#include <QDir>
 #include <QtCore/qtestsupport_core.h>
 
 #include <array>
@@ -254,6 +255,9 @@ TEST_F(LinuxHid, triesAgainWhenThePermissionsChangeAndEachHalfMinute)
     QTest::qWait(kSettleMs);
     EXPECT_EQ(m_added.size(), 3U);
     EXPECT_EQ(m_runLoop.waits.size(), waits) << "what is open is watched no more";
+    for (const QFileInfo& mine :
+        QDir("/proc/self/fd").entryInfoList(QDir::NoDotAndDotDot | QDir::AllEntries | QDir::System))
+        EXPECT_FALSE(mine.symLinkTarget().contains("inotify"));
 }
 
 TEST_F(LinuxHid, endsWithAStopButNotInsideASilentAdapter)
