@@ -14,6 +14,7 @@ namespace {
 constexpr int kLargestSmallSide = 105;
 constexpr double kValueRise = 5;
 constexpr double kValueRiseLarge = 7;
+constexpr double kLeastShown = 1; // Percent; less is called 0 beside the ring and would be a hairline.
 }
 
 CircleIndicatorView::CircleIndicatorView(QWidget* parent)
@@ -61,7 +62,8 @@ void CircleIndicatorView::paintEvent(QPaintEvent*)
     QPainter painter(this);
     if (m_transparent) {
         paintPie(painter, rect(), 100, Qt::white);
-        paintPie(painter, rect(), m_percent, zelvoHoverColor());
+        if (m_percent >= kLeastShown)
+            paintPie(painter, rect(), m_percent, zelvoHoverColor());
     }
     (isLarge() ? m_imageLarge : m_image).draw(painter, rect());
 }

@@ -73,6 +73,17 @@ TEST_F(CirclesTest, aRingTellsItsShareToScreenReaders)
     EXPECT_EQ(told->text(QAccessible::Value), "66 %");
     EXPECT_EQ(told->valueInterface()->currentValue().toDouble(), 66.7);
     EXPECT_TRUE(told->state().readOnly && told->childCount() == 0);
+
+    view.setTransparent(true);
+    view.resize(180, 180);
+    QList<QImage> rings;
+    for (const double percent : {0.0, 0.99, 1.0, 100.0}) {
+        view.setPercent(percent);
+        rings << grab(view);
+        EXPECT_EQ(rings.last().pixelColor(90, 45), Qt::white); // The text's ground.
+    }
+    EXPECT_EQ(rings[0], rings[1]);
+    EXPECT_NE(rings[1], rings[2]);
 }
 
 TEST_F(CirclesTest, aClickOnAGoalEndsTextEditingAndTheChosenOneLooksSoUnderTheMouseToo)
