@@ -3,15 +3,16 @@
 #include "data/AppProperties.h"
 #include "desk/ZelvoHIDDevice.h"
 #include "ui/HyperLinkTextField.h"
+#include "ui/ScrollingBody.h"
 #include "ui/TextUtilities.h"
 
-#include <QWidget>
+#include <QScrollBar>
 
 namespace {
 constexpr double kClearSeconds = 15.0;
 }
 
-ErrorLine::ErrorLine(HyperLinkTextField& label, QWidget& area, WithoutUrl withoutUrl)
+ErrorLine::ErrorLine(HyperLinkTextField& label, ScrollingBody& area, WithoutUrl withoutUrl)
     : m_label(label)
     , m_area(area)
     , m_withoutUrl(withoutUrl)
@@ -22,6 +23,7 @@ ErrorLine::ErrorLine(HyperLinkTextField& label, QWidget& area, WithoutUrl withou
               [this](const PostedNotification&) { observerRemoveErrorRecieved(); }))
 {
     m_area.setFocusPolicy(Qt::NoFocus); // Here, because it spoils the order of tab stops in a form.
+    m_area.verticalScrollBar()->setSingleStep(label.fontMetrics().height()); // No lines are cut in half.
     hide();
 }
 
@@ -68,7 +70,8 @@ QString ErrorLine::text(const QMap<QString, QString>& errorCodes) const
     const bool isLinked = !url.isEmpty() || m_withoutUrl == WithoutUrl::EmptyLink;
     QString text = richTextFromString(qtTrId("Error \n"));
     for (auto entry = errorCodes.cbegin(); entry != errorCodes.cend(); ++entry) {
-        const QString line = QStringLiteral("%1: %2").arg(entry.key(), entry.value());
+        // The blank that follows each code is underlined only where words come after it.
+        const QString line = QStringLiteral("%1: %2").arg(entry.key(), entry.value()).trimmed();
         text += isLinked ? hyperlinkFromString(line, url) : richTextFromString(line);
         text +=
             richTextFromString(QStringLiteral(" \n")); // Outside the link, whose underline it would lengthen.

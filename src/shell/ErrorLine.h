@@ -6,7 +6,7 @@
 #include <functional>
 
 class HyperLinkTextField;
-class QWidget;
+class ScrollingBody;
 
 /// The line in which a window shows the desk's errors: filled by `error_code`, cleared 15 s after the desk
 /// reports itself well. Its timer repeats until the next error, because a second clearing changes nothing.
@@ -15,8 +15,8 @@ public:
     /// Whether lines stay plain where the settings name no page on errors.
     enum class WithoutUrl { PlainText, EmptyLink };
 
-    /// @param area what is shown and hidden with the label: the label itself, or the scroll area around it
-    ErrorLine(HyperLinkTextField& label, QWidget& area, WithoutUrl withoutUrl);
+    /// @param area around the label, shown and hidden with it
+    ErrorLine(HyperLinkTextField& label, ScrollingBody& area, WithoutUrl withoutUrl);
     ErrorLine(const ErrorLine&) = delete;
     ErrorLine& operator=(const ErrorLine&) = delete;
     ~ErrorLine() = default;
@@ -32,7 +32,7 @@ private:
     [[nodiscard]] QString text(const QMap<QString, QString>& errorCodes) const;
 
     HyperLinkTextField& m_label;
-    QWidget& m_area;
+    ScrollingBody& m_area;
     WithoutUrl m_withoutUrl;
     QMap<QString, QString> m_errorCodes; ///< on show
     TimerRef m_updateErrorTimer;

@@ -84,6 +84,8 @@ void ScrollingBody::markEdges()
 void ScrollingBody::follow(QWidget* focused)
 {
     // What is under a pressed mouse button must not move away from it.
-    if (focused && isAncestorOf(focused) && QGuiApplication::mouseButtons() == Qt::NoButton)
+    // Nor is more seen of what is taller than the view.
+    if (focused && isAncestorOf(focused) && focused->height() <= viewport()->height()
+        && QGuiApplication::mouseButtons() == Qt::NoButton)
         ensureWidgetVisible(focused, 0, kRoomAroundFocus);
 }

@@ -3,6 +3,7 @@
 #include "desk/ZelvoHIDDevice.h"
 #include "fakes/TestPlatform.h"
 #include "ui/HyperLinkTextField.h"
+#include "ui/ScrollingBody.h"
 
 #include <QTest>
 #include <QTextDocumentFragment>
@@ -18,7 +19,7 @@ TEST(ErrorLine, linksErrorsWhereThereIsAPageAndGoesFifteenSecondsAfterTheirEnd)
         QJsonObject information = TestPlatform::defaultInformation();
         information[QStringLiteral("ErrorUrl")] = url;
         TestPlatform platform(information);
-        QWidget area;
+        ScrollingBody area;
         HyperLinkTextField label(&area);
         const ErrorLine line(label, area, withoutUrl);
         QStringList opened;
@@ -29,6 +30,7 @@ TEST(ErrorLine, linksErrorsWhereThereIsAPageAndGoesFifteenSecondsAfterTheirEnd)
         EXPECT_EQ(QTextDocumentFragment::fromHtml(label.text()).toPlainText(),
             QStringLiteral("Error \nE02: Overload <up> \nE12: \n"));
         EXPECT_EQ(label.text().count(QStringLiteral("<a href=\"%1\"").arg(url)), links);
+        EXPECT_FALSE(label.text().contains(QStringLiteral(" </a>"))); // No blank is underlined.
         QApplication::setActiveWindow(&area);
         label.clearFocus();
         label.setFocus(Qt::TabFocusReason);

@@ -7,7 +7,6 @@
 #include "desk/AdoptedDesk.h"
 #include "desk/Posture.h"
 #include "desk/ZelvoController.h"
-#include "platform/NotificationCenter.h"
 #include "screens/HistoryWindowController.h"
 #include "screens/WizardWindowController.h"
 #include "shell/Notification.h"
@@ -109,13 +108,14 @@ void fillHistory(TourWorld& world)
     }
 }
 
-/// Errors of every kind at once, more than the window has room for.
-void postManyErrors()
+/// As many errors as a desk can report at once, more than the window has room for.
+void reportManyErrors(DeskModel& desk)
 {
-    QMap<QString, QString> errors;
-    for (int code = 1; code <= 12; ++code)
-        errors.insert(QStringLiteral("E%1").arg(code, 2, 10, QLatin1Char('0')), qtTrId("PositionLostError"));
-    NotificationCenter::defaultCenter().post(ZelvoHIDDevice::kErrorCode, {}, errors);
+    using enum DeskModel::ErrorKind;
+    for (const auto kind : {PositionLost, OverloadUp, OverloadDown})
+        desk.setError(kind, true);
+    for (const uint8_t code : std::initializer_list<uint8_t> {4, 5, 7, 12, 31, 123})
+        (void)desk.addErrorCode(code);
 }
 
 /// The mark of the keyboard focus, as Tab brings it.
@@ -137,10 +137,15 @@ std::shared_ptr<Notification> reminder(int position)
     return notification;
 }
 
-void hover(QWidget* control)
+/// The window with the mouse over that control, and over none again.
+void takeUnderMouse(
+    Photographer& photographer, const QString& window, const QString& control, const QString& name)
 {
-    QEnterEvent event(QPointF(1, 1), QPointF(1, 1), QPointF(1, 1));
-    QApplication::sendEvent(control, &event);
+    QEnterEvent enter(QPointF(1, 1), QPointF(1, 1), QPointF(1, 1));
+    QApplication::sendEvent(TourWorld::control(window, control), &enter);
+    photographer.take(window, name);
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(TourWorld::control(window, control), &leave);
 }
 
 void moveDeskTo(TourWorld& world, int32_t height)
@@ -197,20 +202,24 @@ void takeMainWindow(Photographer& photographer)
     photographer.take("MainWindow", "main-window-calories");
     TourWorld& world = openMainWindow(photographer, kTimeGoal);
     photographer.take("MainWindow", "main-window");
-    hover(TourWorld::control("MainWindow", "buttonMemory2"));
-    hover(TourWorld::control("MainWindow", "buttonHistory"));
-    photographer.take("MainWindow", "main-window-hover");
-    world.hid.desk().setError(DeskModel::ErrorKind::OverloadUp, true);
-    (void)world.hid.desk().addErrorCode(12);
+    for (const QString control : {"buttonMemory2", "buttonHistory"})
+        takeUnderMouse(photographer, "MainWindow", control, "main-window-hover-" + control);
+    DeskModel& desk = world.hid.desk();
+    reportManyErrors(desk);
+    world.pass(2);
+    photographer.take("MainWindow", "main-window-many-errors");
+    desk.clearErrors();
+    desk.setError(DeskModel::ErrorKind::OverloadUp, true);
+    (void)desk.addErrorCode(12);
     world.pass(2);
     photographer.take("MainWindow", "main-window-error");
-    postManyErrors();
-    world.pass(0);
-    photographer.take("MainWindow", "main-window-many-errors");
     world.app->menuletController().mainWindowButtonCloseClicked();
     world.app->menuletController().showNotification(reminder(kStanding));
     world.pass(1);
     photographer.take("NotificationWindow", "reminder-error");
+    reportManyErrors(desk);
+    world.pass(2);
+    photographer.take("NotificationWindow", "reminder-many-errors");
 }
 
 /// One that the user has no permission for.
