@@ -46,9 +46,15 @@ protected:
 class ButtonInterface final : public PressableInterface {
 public:
     explicit ButtonInterface(Button* button)
-        : PressableInterface(
-            button, qobject_cast<HoverLink*>(button) ? QAccessible::Link : QAccessible::Button)
+        : PressableInterface(button, QAccessible::Button)
     {
+    }
+
+    [[nodiscard]] QAccessible::Role role() const override
+    {
+        if (qobject_cast<HoverLink*>(&button()))
+            return QAccessible::Link;
+        return button().isCheckable() ? QAccessible::RadioButton : QAccessible::Button;
     }
 
     [[nodiscard]] QAccessible::State state() const override
@@ -56,6 +62,8 @@ public:
         QAccessible::State state = PressableInterface::state();
         state.pressed = button().isDown();
         state.linked = role() == QAccessible::Link;
+        state.checkable = button().isCheckable();
+        state.checked = button().isChecked();
         return state;
     }
 

@@ -1,5 +1,11 @@
 #include "ui/HoverUnderlineButton.h"
 
+#include <QPainter>
+
+namespace {
+constexpr int kMarkHeight = 3;
+}
+
 HoverUnderlineButton::HoverUnderlineButton(QWidget* parent)
     : Button(parent)
 {
@@ -11,6 +17,13 @@ ButtonState HoverUnderlineButton::state() const
     ButtonState state = Button::state();
     state.isLink = true;
     return state;
+}
+
+void HoverUnderlineButton::paintEvent(QPaintEvent* event)
+{
+    Button::paintEvent(event);
+    if (isChecked())
+        QPainter(this).fillRect(0, height() - kMarkHeight, width(), kMarkHeight, textColor());
 }
 
 void HoverUnderlineButton::enterEvent(QEnterEvent* event)
