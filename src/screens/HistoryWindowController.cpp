@@ -3,6 +3,8 @@
 #include "data/AppProperties.h"
 #include "data/ExportManager.h"
 #include "data/FixedPoint.h"
+#include "data/PeriodText.h"
+#include "data/Saturation.h"
 #include "ui/FontAndTextHandler.h"
 #include "ui/FormStyle.h"
 #include "ui/Palette.h"
@@ -20,12 +22,19 @@ enum Period { kDay, kWeek, kMonth, kYear };
 constexpr int kFirstRecordedYear = 2013;
 constexpr int kSmallestFitted = 10;
 constexpr int kLargestFitted = 45;
+constexpr double kMinutesPerHour = 60;
 
 /// The number without its fraction, and 0 for a negative or undefined one.
 QString shown(double number)
 {
     return std::isfinite(number) && number > 0 ? QString::number(std::trunc(number), 'f', 0)
                                                : QStringLiteral("0");
+}
+
+/// The number of which a caption's words are to speak.
+int counted(double number)
+{
+    return std::max(saturated<int>(number), 0);
 }
 
 /// The smallest size at which the text outgrows the field; the largest size where it never does.
@@ -62,7 +71,7 @@ void HistoryWindowController::awakeFromNib()
     m_window->setMovableByWindowBackground(true);
     m_window->onCloseRequested([this] { buttonCloseClicked(); });
     m_currentDate = Date::now();
-    m_startDate = m_currentDate.dateAtStartOfWeek();
+    m_startDate = m_chosenStart = m_currentDate.dateAtStartOfWeek();
     setHighLightedButton(kWeek);
     // The first numbers keep their full size: fonts are set after them and fitted from the next refresh on.
     updateData();
@@ -84,6 +93,7 @@ void HistoryWindowController::connectButtons()
 
 void HistoryWindowController::showWindow()
 {
+    m_startDate = m_chosenStart; // An export has left its own.
     m_window->comeToFront(WindowPlacement::moveToCentre);
 }
 
@@ -95,6 +105,20 @@ void HistoryWindowController::updateData()
     m_ui->historyHeadTitle3->setText(QString::number(sums.stands));
     m_ui->historyHeadTitle4->setText(shown(sums.goals));
     setFontSizeToFitHistoryHead();
+    showCaptions(sums);
+}
+
+void HistoryWindowController::showCaptions(const Totals& sums)
+{
+    m_ui->labelHistoryDates->setText(
+        qtTrId("HistoryDates").arg(periodDates(m_startDate, m_currentDate), timeOfDay(m_currentDate)));
+    m_ui->historySubTitle1->setText(qtTrId("Mins", counted(sums.minutes)));
+    m_ui->historySubTitle2->setText(qtTrId("CaloriesCheckbox", counted(sums.calories)));
+    m_ui->historySubTitle3->setText(qtTrId("Stands", counted(double(sums.stands))));
+    m_ui->historySubTitle4->setText(qtTrId("GoalsMet", counted(sums.goals)));
+    const QString hours = sums.minutes >= kMinutesPerHour ? hoursAndMinutes(sums.minutes) : QString();
+    m_ui->column1->setToolTip(hours);
+    m_ui->historyHeadTitle1->setAccessibleDescription(hours);
 }
 
 HistoryWindowController::Totals HistoryWindowController::totals()
@@ -108,7 +132,7 @@ HistoryWindowController::Totals HistoryWindowController::totals()
 void HistoryWindowController::selectPeriod(int index, Date startDate, const QString& title)
 {
     setHighLightedButton(index);
-    m_startDate = startDate;
+    m_startDate = m_chosenStart = startDate;
     updateData();
     m_ui->labelHistoryStats->setText(title);
 }
@@ -150,8 +174,10 @@ void HistoryWindowController::exportToExcelClicked()
 void HistoryWindowController::setHighLightedButton(int index)
 {
     Button* const buttons[] = {m_ui->buttonDay, m_ui->buttonWeek, m_ui->buttonMonth, m_ui->buttonYear};
-    for (Button* button : buttons)
-        button->setTextColor(zelvoTextColor());
+    for (int i = kDay; i <= kYear; ++i) {
+        buttons[i]->setTextColor(zelvoTextColor());
+        buttons[i]->setChecked(i == index);
+    }
     if (index >= kDay && index <= kYear)
         buttons[index]->setTextColor(zelvoHoverColor());
 }
@@ -186,7 +212,7 @@ void HistoryWindowController::exportToCSVFile()
     if (!AppProperties::instance().isUserSetupCompleted())
         return;
     // The shown period's start is given up for the export's; the numbers on screen stay until a period is
-    // chosen.
+    // chosen or the window is asked for again.
     m_startDate = Date::dateFromComponents(kFirstRecordedYear, 1, 1);
     const Totals sums = totals();
     ExportManager::exportHistoryToCSV({fixed(sums.minutes, 2), fixed(sums.calories, 2),

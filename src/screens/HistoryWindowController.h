@@ -32,7 +32,7 @@ public:
     HistoryWindowController(const HistoryWindowController&) = delete;
     HistoryWindowController& operator=(const HistoryWindowController&) = delete;
 
-    /// Shows the window in front, ready for the keyboard.
+    /// Shows the window in front, ready for the keyboard, with the period that was chosen last.
     void showWindow();
     void updateData();
     void buttonDayClicked();
@@ -67,6 +67,7 @@ private:
     void connectButtons();
     void selectPeriod(int index, Date startDate, const QString& title);
     [[nodiscard]] Totals totals();
+    void showCaptions(const Totals& sums);
     void exportToCSVFile();
 
     Dialogs& m_dialogs;
@@ -74,6 +75,7 @@ private:
     ActivityPersister m_persister;
     Date m_currentDate;
     Date m_startDate;
+    Date m_chosenStart;
     std::unique_ptr<PanelWindow> m_window;
     std::unique_ptr<Ui::HistoryWindow> m_ui;
 };

@@ -76,6 +76,8 @@ void SetupViewController::observe()
 
 void SetupViewController::setLocalizationText()
 {
+    constexpr int kMany = 2;
+    m_ui->labelCalories->setText(qtTrId("Calories", kMany));
     m_ui->buttonDone->setText(QStringLiteral("   %1").arg(qtTrId("DoneButton")));
     m_ui->labelVersion->setText(QStringLiteral("Ver: %1").arg(properties().bundleVersion()));
     m_ui->labelVideoLinkInfo->setHidden(properties().videoUrl().isEmpty());
@@ -225,12 +227,11 @@ void SetupViewController::showActivityMode(int32_t mode)
 {
     m_ui->labelCalories->setActive(mode == kCalorieGoal);
     m_ui->labelTime->setActive(mode == kTimeGoal);
-    const QString unit = mode == kCalorieGoal ? qtTrId("Calories") : qtTrId("Mins");
     int32_t step = 0;
     for (GoalCircleView* circle : goalIndicators()) {
-        circle->setValue(
-            QString::number(saturated<int32_t>(m_activityGoalManager.goalFromIndex(step++, mode))));
-        circle->setTitle(unit);
+        const auto goal = saturated<int32_t>(m_activityGoalManager.goalFromIndex(step++, mode));
+        circle->setValue(QString::number(goal));
+        circle->setTitle(mode == kCalorieGoal ? qtTrId("Calories", goal) : qtTrId("Mins", goal));
     }
     m_ui->labelModeTitle->setText(modeTitleFromMode(mode));
 }

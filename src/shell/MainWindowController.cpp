@@ -4,6 +4,7 @@
 #include "data/AppProperties.h"
 #include "data/GoalProgress.h"
 #include "data/Helper.h"
+#include "data/Saturation.h"
 #include "platform/Workspace.h"
 #include "shell/ErrorLine.h"
 #include "shell/MenuletController.h"
@@ -35,11 +36,11 @@ int baselineBelowMiddle(const QFont& font)
     return metrics.ascent() - metrics.height() / 2;
 }
 
-QString caption(int32_t activityMode)
+QString caption(const GoalProgress& progress)
 {
-    if (activityMode == kCalorieGoal)
-        return qtTrId("Calories");
-    return activityMode == kTimeGoal ? qtTrId("Min") : QString();
+    if (progress.mode == kCalorieGoal)
+        return qtTrId("Calories", saturated<int>(progress.value));
+    return progress.mode == kTimeGoal ? qtTrId("Min") : QString();
 }
 }
 
@@ -192,7 +193,7 @@ void MainWindowController::showGoalProgress()
 {
     const GoalProgress progress = GoalProgress::onDay(Date::now(), *m_persister);
     m_ui->caloriesBurnedIndicator->setValue(truncated(progress.value));
-    m_ui->caloriesBurnedIndicator->setTitle(caption(progress.mode));
+    m_ui->caloriesBurnedIndicator->setTitle(caption(progress));
     m_ui->caloriesBurnedIndicator->setPercent(progress.percent);
     m_ui->labelPercent->setText(truncated(progress.percent));
 }

@@ -79,7 +79,7 @@ void Notification::describeStandingUp()
     const int32_t minutes = minutesPerStandUp(schedule() ? schedule()->standingPerHour() : 0);
     if (properties.activityMode() == kTimeGoal) {
         m_indicatorValue = QString::number(minutes);
-        m_indicatorTitle = capitalized(qtTrId("Minutes"));
+        m_indicatorTitle = capitalized(qtTrId("Minutes", minutes));
         return;
     }
     const auto calories =
@@ -87,14 +87,14 @@ void Notification::describeStandingUp()
     m_message = QStringLiteral("%1 %2").arg(qtTrId("NotificationDetailMessage1").arg(minutes),
         qtTrId("NotificationDetailMessage2").arg(calories));
     m_indicatorValue = QString::number(calories);
-    m_indicatorTitle = capitalized(qtTrId("Calories"));
+    m_indicatorTitle = capitalized(qtTrId("Calories", calories));
 }
 
 void Notification::describeSittingDown()
 {
     const int32_t minutes = minutesPerStandUp(schedule() ? schedule()->sittingPerHour() : 0);
     m_indicatorValue = QString::number(minutes);
-    m_indicatorTitle = capitalized(qtTrId("Mins"));
+    m_indicatorTitle = capitalized(qtTrId("Mins", minutes));
     if (AppProperties::instance().activityMode() != kTimeGoal)
         m_message = qtTrId("NotificationSittingmemory").arg(minutes);
 }

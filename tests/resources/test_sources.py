@@ -22,7 +22,8 @@ def texts(language):
     table = messages(SOURCE / f"resources/strings/StandUp_{language}.ts")
     assert [key for key, _, translation in table if translation.attrib] == [], "unfinished"
     assert len({key for key, _, _ in table}) == len(table), "a key stands twice"
-    return {key: translation.text or "" for key, _, translation in table}
+    # A number may need one of several forms, which follow each other here.
+    return {key: " / ".join(form.text for form in translation) or translation.text or "" for key, _, translation in table}
 
 
 TEXTS = {language: texts(language) for language in LANGUAGES}

@@ -38,13 +38,17 @@ protected:
     }
     QWidget& find(const char* name) { return *controller->window().findChild<QWidget*>(name); }
     void click(const char* name) { QTest::mouseClick(&find(name), Qt::LeftButton); }
-    /// Minutes, calories, stand-ups, days with the goal met, and the title.
+    QString text(const char* label) { return qobject_cast<QLabel*>(&find(label))->text(); }
+    /// Minutes, calories, stand-ups, days with the goal met, the title, and the chosen period.
     QString shown()
     {
         QString texts;
         for (const QLabel* head : controller->historyHeadTextfieldsArray())
             texts += head->text() + ' ';
-        return texts + controller->window().findChild<QLabel*>("labelHistoryStats")->text();
+        texts += text("labelHistoryStats");
+        for (const auto* period : controller->window().findChildren<QAbstractButton*>())
+            texts += period->isChecked() ? " (" + period->text() + ')' : QString();
+        return texts;
     }
     void historyWindowButtonCloseClicked() override { ++closed; }
     int headSize() { return find("historyHeadTitle1").font().pixelSize(); }
@@ -66,15 +70,27 @@ TEST_F(HistoryWindowControllerTest, eachPeriodSumsUpFromItsOwnStartToTheFirstOpe
     platform.runLoop.advance(40 * kDay); // April.
     store.insert(platform.runLoop.now() - kHour, platform.runLoop.now() - 60, true);
     controller->updateData();
-    EXPECT_EQ(shown(), "44 37 3 1 Your week so far");
+    EXPECT_EQ(shown(), "44 37 3 1 Your week so far (Week)");
     EXPECT_NE(headSize(), 38);
-    for (const auto& [button, expected] :
-        {std::pair("buttonDay", "32 27 2 1 Your day so far"), {"buttonWeek", "44 37 3 1 Your week so far"},
-            {"buttonMonth", "74 62 4 2 Your month so far: März"},
-            {"buttonYear", "114 96 5 3 Your year so far: 2024"}}) {
+    for (const auto& [button, expected, dates, hours] :
+        {std::tuple("buttonDay", "32 27 2 1 Your day so far (Day)", "15. März", ""),
+            {"buttonYear", "114 96 5 3 Your year so far: 2024 (Year)", "1. Januar – 15. März",
+                "1 Stunde, 54 Minuten"},
+            {"buttonMonth", "74 62 4 2 Your month so far: März (Month)", "1.–15. März",
+                "1 Stunde, 14 Minuten"},
+            {"buttonWeek", "44 37 3 1 Your week so far (Week)", "11.–15. März", ""}}) {
         click(button);
+        click("exportToExcelLabel"); // Which is cancelled.
+        EXPECT_EQ(controller->startDate().year(), 2013);
+        controller->showWindow();
+        controller->updateData();
         EXPECT_EQ(shown(), expected);
+        EXPECT_EQ(
+            text("labelHistoryDates").replace(QChar(0x2009), QChar(u' ')), QString(dates) + ", until 08:00");
+        EXPECT_EQ(find("column1").toolTip(), hours);
+        EXPECT_EQ(find("historyHeadTitle1").accessibleDescription(), hours);
     }
+    EXPECT_EQ(text("historySubTitle4"), "goal met");
     controller->setDelegate(this);
     click("buttonClose");
     EXPECT_TRUE(closed == 1 && !controller->window().isVisible());
@@ -84,14 +100,16 @@ TEST_F(HistoryWindowControllerTest, sumsBelowZeroWithoutAStoreAndBeforeSetUpAreZ
 {
     store.insert(kNow - kHour, kNow - kHour - 1800, true); // The clock was set back.
     open();
-    EXPECT_EQ(shown(), "0 0 1 0 Your week so far");
+    EXPECT_EQ(shown(), "0 0 1 0 Your week so far (Week)");
+    EXPECT_EQ(text("historySubTitle1") + text("historySubTitle2") + text("historySubTitle3"),
+        "minutescaloriesstand-up");
     controller.emplace(nullptr, platform.dialogs);
     click("buttonYear");
-    EXPECT_EQ(shown(), "0 0 0 0 Your year so far: 2024");
+    EXPECT_EQ(shown(), "0 0 0 0 Your year so far: 2024 (Year)");
     stood(0, 22);
     AppProperties::instance().setWeight(0);
     open();
-    EXPECT_EQ(shown(), "0 0 0 0 Your week so far");
+    EXPECT_EQ(shown(), "0 0 0 0 Your week so far (Week)");
     click("exportToExcelLabel");
     EXPECT_TRUE(platform.dialogs.proposedFileNames.isEmpty());
 }

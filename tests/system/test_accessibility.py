@@ -15,7 +15,8 @@ TOLD = {
         "progress bar": {"Progress towards today’s goal: 0 min": "", "Progress of the current session: 0 min": ""},
     },
     "Year": {
-        "push button": dict.fromkeys(["Day", "Week", "Month", "Year", "Close"], ""),
+        "radio button": dict.fromkeys(["Day", "*Week", "Month", "Year"], ""),
+        "push button": {"Close": ""},
         "link": {"Export to a file…": ""},
     },
     "My weight": {

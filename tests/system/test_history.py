@@ -4,6 +4,7 @@ from datetime import datetime, timedelta
 from zoneinfo import ZoneInfo
 
 import pytest
+from screenreader import CHECKED
 from waiting import wait_until
 
 WEIGHT, GOAL = 63, 20
@@ -89,8 +90,7 @@ def show_history(program):
 
 
 def numbers(window):
-    labels = [node.name for node in window.all(role="label")]
-    return [labels[labels.index(title) - 1] for title in ("minutes", "calories", "stand-ups", "goals met")]
+    return [node.name for node in window.all(role="label") if node.name.isdigit()]
 
 
 def choose_file(desktop, program, name=""):
@@ -140,6 +140,8 @@ def test_history_and_export_of_planted_periods(desktop, zone):
         wait_until(lambda: numbers(window) == sums.shown(first), f"{button}: {sums.shown(first)}")
     window.hears("2024")
     assert export(desktop, program) == ("Zelvo StandUp 10-07-2024.csv", sums.exported())
+    assert numbers(window) == sums.shown(firsts["Year"])
+    assert show_history(program).find("Year").has(CHECKED)
     assert numbers(window) == sums.shown(firsts["Year"])
 
 

@@ -208,17 +208,26 @@
         <source>min</source>
         <translation>Min.</translation>
     </message>
-    <message id="Mins">
+    <message id="Mins" numerus="yes">
         <source>minutes</source>
-        <translation>Minuten</translation>
+        <translation>
+            <numerusform>Minute</numerusform>
+            <numerusform>Minuten</numerusform>
+        </translation>
     </message>
-    <message id="Minutes">
+    <message id="Minutes" numerus="yes">
         <source>minutes</source>
-        <translation>Minuten</translation>
+        <translation>
+            <numerusform>Minute</numerusform>
+            <numerusform>Minuten</numerusform>
+        </translation>
     </message>
-    <message id="Calories">
+    <message id="Calories" numerus="yes">
         <source>Calories</source>
-        <translation>Kalorien</translation>
+        <translation>
+            <numerusform>Kalorie</numerusform>
+            <numerusform>Kalorien</numerusform>
+        </translation>
     </message>
     <!-- Buttons -->
     <message id="UpButton">
@@ -453,17 +462,26 @@
         <source>History</source>
         <translation>Verlauf</translation>
     </message>
-    <message id="CaloriesCheckbox">
+    <message id="CaloriesCheckbox" numerus="yes">
         <source>calories</source>
-        <translation>Kalorien</translation>
+        <translation>
+            <numerusform>Kalorie</numerusform>
+            <numerusform>Kalorien</numerusform>
+        </translation>
     </message>
-    <message id="Stands">
+    <message id="Stands" numerus="yes">
         <source>stand-ups</source>
-        <translation>Stehphasen</translation>
+        <translation>
+            <numerusform>Stehphase</numerusform>
+            <numerusform>Stehphasen</numerusform>
+        </translation>
     </message>
-    <message id="GoalsMet">
+    <message id="GoalsMet" numerus="yes">
         <source>goals met</source>
-        <translation>Ziele erreicht</translation>
+        <translation>
+            <numerusform>Ziel erreicht</numerusform>
+            <numerusform>Ziele erreicht</numerusform>
+        </translation>
     </message>
     <message id="Day">
         <source>Day</source>
@@ -498,6 +516,11 @@
         <source>Your year so far: %1</source>
         <extracomment>%1: the year</extracomment>
         <translation>Das Jahr bisher: %1</translation>
+    </message>
+    <message id="HistoryDates">
+        <source>%1, until %2</source>
+        <extracomment>%1: the first and the last date; %2: time of day</extracomment>
+        <translation>%1, bis %2 Uhr</translation>
     </message>
     <message id="ExportData">
         <source>Export to a file…</source>

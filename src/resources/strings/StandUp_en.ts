@@ -207,17 +207,26 @@
         <source></source>
         <translation>min</translation>
     </message>
-    <message id="Mins">
+    <message id="Mins" numerus="yes">
         <source></source>
-        <translation>minutes</translation>
+        <translation>
+            <numerusform>minute</numerusform>
+            <numerusform>minutes</numerusform>
+        </translation>
     </message>
-    <message id="Minutes">
+    <message id="Minutes" numerus="yes">
         <source></source>
-        <translation>minutes</translation>
+        <translation>
+            <numerusform>minute</numerusform>
+            <numerusform>minutes</numerusform>
+        </translation>
     </message>
-    <message id="Calories">
+    <message id="Calories" numerus="yes">
         <source></source>
-        <translation>Calories</translation>
+        <translation>
+            <numerusform>Calorie</numerusform>
+            <numerusform>Calories</numerusform>
+        </translation>
     </message>
     <!-- Buttons -->
     <message id="UpButton">
@@ -452,17 +461,26 @@
         <source></source>
         <translation>History</translation>
     </message>
-    <message id="CaloriesCheckbox">
+    <message id="CaloriesCheckbox" numerus="yes">
         <source></source>
-        <translation>calories</translation>
+        <translation>
+            <numerusform>calorie</numerusform>
+            <numerusform>calories</numerusform>
+        </translation>
     </message>
-    <message id="Stands">
+    <message id="Stands" numerus="yes">
         <source></source>
-        <translation>stand-ups</translation>
+        <translation>
+            <numerusform>stand-up</numerusform>
+            <numerusform>stand-ups</numerusform>
+        </translation>
     </message>
-    <message id="GoalsMet">
+    <message id="GoalsMet" numerus="yes">
         <source></source>
-        <translation>goals met</translation>
+        <translation>
+            <numerusform>goal met</numerusform>
+            <numerusform>goals met</numerusform>
+        </translation>
     </message>
     <message id="Day">
         <source></source>
@@ -497,6 +515,11 @@
         <source></source>
         <extracomment>%1: the year</extracomment>
         <translation>Your year so far: %1</translation>
+    </message>
+    <message id="HistoryDates">
+        <source></source>
+        <extracomment>%1: the first and the last date; %2: time of day</extracomment>
+        <translation>%1, until %2</translation>
     </message>
     <message id="ExportData">
         <source></source>

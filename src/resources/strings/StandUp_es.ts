@@ -208,17 +208,26 @@
         <source>min</source>
         <translation>min</translation>
     </message>
-    <message id="Mins">
+    <message id="Mins" numerus="yes">
         <source>minutes</source>
-        <translation>minutos</translation>
+        <translation>
+            <numerusform>minuto</numerusform>
+            <numerusform>minutos</numerusform>
+        </translation>
     </message>
-    <message id="Minutes">
+    <message id="Minutes" numerus="yes">
         <source>minutes</source>
-        <translation>minutos</translation>
+        <translation>
+            <numerusform>minuto</numerusform>
+            <numerusform>minutos</numerusform>
+        </translation>
     </message>
-    <message id="Calories">
+    <message id="Calories" numerus="yes">
         <source>Calories</source>
-        <translation>Calorías</translation>
+        <translation>
+            <numerusform>Caloría</numerusform>
+            <numerusform>Calorías</numerusform>
+        </translation>
     </message>
     <!-- Buttons -->
     <message id="UpButton">
@@ -453,17 +462,26 @@
         <source>History</source>
         <translation>Historial</translation>
     </message>
-    <message id="CaloriesCheckbox">
+    <message id="CaloriesCheckbox" numerus="yes">
         <source>calories</source>
-        <translation>calorías</translation>
+        <translation>
+            <numerusform>caloría</numerusform>
+            <numerusform>calorías</numerusform>
+        </translation>
     </message>
-    <message id="Stands">
+    <message id="Stands" numerus="yes">
         <source>stand-ups</source>
-        <translation>pausas de pie</translation>
+        <translation>
+            <numerusform>pausa de pie</numerusform>
+            <numerusform>pausas de pie</numerusform>
+        </translation>
     </message>
-    <message id="GoalsMet">
+    <message id="GoalsMet" numerus="yes">
         <source>goals met</source>
-        <translation>objetivos cumplidos</translation>
+        <translation>
+            <numerusform>objetivo cumplido</numerusform>
+            <numerusform>objetivos cumplidos</numerusform>
+        </translation>
     </message>
     <message id="Day">
         <source>Day</source>
@@ -498,6 +516,11 @@
         <source>Your year so far: %1</source>
         <extracomment>%1: the year</extracomment>
         <translation>El año hasta ahora: %1</translation>
+    </message>
+    <message id="HistoryDates">
+        <source>%1, until %2</source>
+        <extracomment>%1: the first and the last date; %2: time of day</extracomment>
+        <translation>%1, hasta las %2</translation>
     </message>
     <message id="ExportData">
         <source>Export to a file…</source>

@@ -208,17 +208,26 @@
         <source>min</source>
         <translation>min</translation>
     </message>
-    <message id="Mins">
+    <message id="Mins" numerus="yes">
         <source>minutes</source>
-        <translation>minutes</translation>
+        <translation>
+            <numerusform>minute</numerusform>
+            <numerusform>minutes</numerusform>
+        </translation>
     </message>
-    <message id="Minutes">
+    <message id="Minutes" numerus="yes">
         <source>minutes</source>
-        <translation>minutes</translation>
+        <translation>
+            <numerusform>minute</numerusform>
+            <numerusform>minutes</numerusform>
+        </translation>
     </message>
-    <message id="Calories">
+    <message id="Calories" numerus="yes">
         <source>Calories</source>
-        <translation>Calories</translation>
+        <translation>
+            <numerusform>Calorie</numerusform>
+            <numerusform>Calories</numerusform>
+        </translation>
     </message>
     <!-- Buttons -->
     <message id="UpButton">
@@ -453,17 +462,26 @@
         <source>History</source>
         <translation>Historique</translation>
     </message>
-    <message id="CaloriesCheckbox">
+    <message id="CaloriesCheckbox" numerus="yes">
         <source>calories</source>
-        <translation>calories</translation>
+        <translation>
+            <numerusform>calorie</numerusform>
+            <numerusform>calories</numerusform>
+        </translation>
     </message>
-    <message id="Stands">
+    <message id="Stands" numerus="yes">
         <source>stand-ups</source>
-        <translation>pauses debout</translation>
+        <translation>
+            <numerusform>pause debout</numerusform>
+            <numerusform>pauses debout</numerusform>
+        </translation>
     </message>
-    <message id="GoalsMet">
+    <message id="GoalsMet" numerus="yes">
         <source>goals met</source>
-        <translation>objectifs atteints</translation>
+        <translation>
+            <numerusform>objectif atteint</numerusform>
+            <numerusform>objectifs atteints</numerusform>
+        </translation>
     </message>
     <message id="Day">
         <source>Day</source>
@@ -498,6 +516,11 @@
         <source>Your year so far: %1</source>
         <extracomment>%1: the year</extracomment>
         <translation>L’année en bref : %1</translation>
+    </message>
+    <message id="HistoryDates">
+        <source>%1, until %2</source>
+        <extracomment>%1: the first and the last date; %2: time of day</extracomment>
+        <translation>%1, jusqu’à %2</translation>
     </message>
     <message id="ExportData">
         <source>Export to a file…</source>

@@ -208,17 +208,26 @@
         <source>min</source>
         <translation>min</translation>
     </message>
-    <message id="Mins">
+    <message id="Mins" numerus="yes">
         <source>minutes</source>
-        <translation>minuten</translation>
+        <translation>
+            <numerusform>minuut</numerusform>
+            <numerusform>minuten</numerusform>
+        </translation>
     </message>
-    <message id="Minutes">
+    <message id="Minutes" numerus="yes">
         <source>minutes</source>
-        <translation>minuten</translation>
+        <translation>
+            <numerusform>minuut</numerusform>
+            <numerusform>minuten</numerusform>
+        </translation>
     </message>
-    <message id="Calories">
+    <message id="Calories" numerus="yes">
         <source>Calories</source>
-        <translation>Calorieën</translation>
+        <translation>
+            <numerusform>Calorie</numerusform>
+            <numerusform>Calorieën</numerusform>
+        </translation>
     </message>
     <!-- Buttons -->
     <message id="UpButton">
@@ -453,17 +462,26 @@
         <source>History</source>
         <translation>Geschiedenis</translation>
     </message>
-    <message id="CaloriesCheckbox">
+    <message id="CaloriesCheckbox" numerus="yes">
         <source>calories</source>
-        <translation>calorieën</translation>
+        <translation>
+            <numerusform>calorie</numerusform>
+            <numerusform>calorieën</numerusform>
+        </translation>
     </message>
-    <message id="Stands">
+    <message id="Stands" numerus="yes">
         <source>stand-ups</source>
-        <translation>keer gestaan</translation>
+        <translation>
+            <numerusform>keer gestaan</numerusform>
+            <numerusform>keer gestaan</numerusform>
+        </translation>
     </message>
-    <message id="GoalsMet">
+    <message id="GoalsMet" numerus="yes">
         <source>goals met</source>
-        <translation>doelen gehaald</translation>
+        <translation>
+            <numerusform>doel gehaald</numerusform>
+            <numerusform>doelen gehaald</numerusform>
+        </translation>
     </message>
     <message id="Day">
         <source>Day</source>
@@ -498,6 +516,11 @@
         <source>Your year so far: %1</source>
         <extracomment>%1: the year</extracomment>
         <translation>Het jaar tot nu toe: %1</translation>
+    </message>
+    <message id="HistoryDates">
+        <source>%1, until %2</source>
+        <extracomment>%1: the first and the last date; %2: time of day</extracomment>
+        <translation>%1, tot %2 uur</translation>
     </message>
     <message id="ExportData">
         <source>Export to a file…</source>
