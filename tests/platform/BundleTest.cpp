@@ -6,18 +6,10 @@
 
 TEST(BundleTest, tellsValuesOfAnyKindAndMissingOnes)
 {
-    const std::tuple<QJsonValue, double, std::optional<QString>> kTestCases[] = {
-        {0.5, 0.5, "0.5"},
-        {"-12.5", -12.5, "-12.5"},
-        {"high", 0, "high"},
-        {QString(), 0, QString()},
-        {"nan", 0, "nan"},
-        {"inf", 0, "inf"},
-        {true, 0, "true"},
-        {QJsonValue(), 0, std::nullopt},
-        {QJsonArray {1}, 0, QString()},
-        {QJsonValue::Undefined, 0, std::nullopt},
-    };
+    const std::tuple<QJsonValue, double, std::optional<QString>> kTestCases[] = {{0.5, 0.5, "0.5"},
+        {"-12.5", -12.5, "-12.5"}, {"high", 0, "high"}, {QString(), 0, QString()}, {"nan", 0, "nan"},
+        {"inf", 0, "inf"}, {true, 0, "true"}, {QJsonValue(), 0, std::nullopt}, {QJsonArray {1}, 0, QString()},
+        {QJsonValue::Undefined, 0, std::nullopt}};
     for (const auto& [value, number, text] : kTestCases) {
         const Bundle bundle(value.isUndefined() ? QJsonObject() : QJsonObject {{"Key", value}});
         testing::internal::CaptureStderr();

@@ -13,7 +13,6 @@ QString answers(const char* story)
     platform.user->leave();
     QStringList result;
     for (const QString& step : QString::fromLatin1(story).split(QLatin1Char(' '))) {
-        const double seconds = step.mid(1).toDouble();
         if (step == QStringLiteral("?")) {
             const double answer = platform.events.secondsSinceLastEventType(EventSource::EventType::KeyDown);
             result.append(std::isinf(answer) ? QStringLiteral("away") : QString::number(answer));
@@ -22,9 +21,9 @@ QString answers(const char* story)
         } else if (step == QStringLiteral("wake")) {
             platform.events.didWake();
         } else if (step.startsWith(QLatin1Char('+'))) {
-            platform.runLoop.advance(seconds);
+            platform.runLoop.advance(step.toDouble());
         } else if (step.startsWith(QLatin1Char('z'))) {
-            platform.runLoop.sleepMachine(seconds);
+            platform.runLoop.sleepMachine(step.mid(1).toDouble());
         } else {
             platform.runLoop.setWallClock(platform.runLoop.now() + 9999);
         }
@@ -34,33 +33,40 @@ QString answers(const char* story)
 
 TEST(SleepAwareEventSource, makesOneAbsenceOfEachSleep)
 {
-    const struct {
-        const char* what;
-        const char* story; // +n: n seconds pass, zn: the machine sleeps n seconds, wake: the desktop's word.
-        const char* expected;
-    } kTestCases[] = {
-        {"the source's answer", "+7 ? input ? +3 ?", "7 0 3"},
-        {"nobody comes", "+9 z60 ? +10 ? +900 ?", "away away away"},
-        {"input after the first look", "+9 z60 ? +10 ? +1 input +4 ?", "away away 4"},
-        {"input before the first look may have been before the sleep", "z60 +3 input +2 ? +10 ? input +5 ?",
-            "away away 5"},
-        {"one look asks many times, and input comes in between", "z60 ? +0.1 input +2.8 ? +2.9 ? +3.1 ?",
-            "away away away 8.8"},
-        {"with the desktop's word, input before the first look is known to be after the wake",
-            "+9 z60 wake +3 input +2 ? +10 ?", "away 12"},
-        {"input just before the sleep", "+9 input +1 z60 wake +8 ? +10 ?", "away away"},
-        {"the desktop's word alone", "+9 wake +5 ? +10 ? input +10 ?", "away away 10"},
-        {"the word comes after the clocks were looked at", "z60 ? +2 input +2 wake ? +7 ?", "away 2 9"},
-        {"two sleeps without input", "z60 wake +8 ? z60 wake +8 ? +10 input +4 ?", "away away 4"},
-        {"two sleeps, input between", "z60 wake +8 ? input +10 ? z60 wake +8 ? +10 ? input +1 ?",
-            "away 10 away away 1"},
-        {"input between two sleeps that nobody looked at", "z60 wake +1 input +1 z60 wake +8 ? +10 ?",
-            "away away"},
-        {"a second word that comes late", "wake +3 input wake +5 ? +10 ?", "away 15"},
-        {"clocks read one after the other are no sleep, many of them are", "z0.9 ? z0.2 ?", "0 away"},
-        {"a clock that is set is no sleep", "+5 set ?", "5"},
+    // +n: n seconds pass, zn: the machine sleeps n seconds, wake: the desktop's word.
+    const char* const kTestCases[][2] = {
+        // The source's answer.
+        {"+7 ? input ? +3 ?", "7 0 3"},
+        // Nobody comes.
+        {"+9 z60 ? +10 ? +900 ?", "away away away"},
+        // Input after the first look.
+        {"+9 z60 ? +10 ? +1 input +4 ?", "away away 4"},
+        // Input before the first look may have been before the sleep.
+        {"z60 +3 input +2 ? +10 ? input +5 ?", "away away 5"},
+        // One look asks many times, and input comes in between.
+        {"z60 ? +0.1 input +2.8 ? +2.9 ? +3.1 ?", "away away away 8.8"},
+        // With the desktop's word, input before the first look is known to be after the wake.
+        {"+9 z60 wake +3 input +2 ? +10 ?", "away 12"},
+        // Input just before the sleep.
+        {"+9 input +1 z60 wake +8 ? +10 ?", "away away"},
+        // The desktop's word alone.
+        {"+9 wake +5 ? +10 ? input +10 ?", "away away 10"},
+        // The word comes after the clocks were looked at.
+        {"z60 ? +2 input +2 wake ? +7 ?", "away 2 9"},
+        // Two sleeps without input.
+        {"z60 wake +8 ? z60 wake +8 ? +10 input +4 ?", "away away 4"},
+        // Two sleeps, input between.
+        {"z60 wake +8 ? input +10 ? z60 wake +8 ? +10 ? input +1 ?", "away 10 away away 1"},
+        // Input between two sleeps that nobody looked at.
+        {"z60 wake +1 input +1 z60 wake +8 ? +10 ?", "away away"},
+        // A second word that comes late.
+        {"wake +3 input wake +5 ? +10 ?", "away 15"},
+        // Clocks read one after the other are no sleep, many of them are.
+        {"z0.9 ? z0.2 ?", "0 away"},
+        // A clock that is set is no sleep.
+        {"+5 set ?", "5"},
     };
-    for (const auto& test : kTestCases)
-        EXPECT_EQ(answers(test.story).toStdString(), test.expected) << test.what;
+    for (const auto& [story, expected] : kTestCases)
+        EXPECT_EQ(answers(story).toStdString(), expected) << story;
 }
 }
