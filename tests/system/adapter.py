@@ -16,34 +16,21 @@ INIT = bytes([3, 4, 0, 0xFB, 0, 0, 0, 0])
 UP, DOWN, STOP = 0x8000, 0x7FFF, 0x8001
 SPEED = 380.0  # Tenths of a millimetre per second.
 LIFE_OF_A_REPORT = 0.5
-STATUS_SIZE = 64
 
 _BEDS = []  # Until the end: one that is collected takes the environment of the next one with it.
 
 
-class Machine:
+def new_bed():
     # /sys and /dev of a machine of its own.
-
-    def __init__(self):
-        self.bed = UMockdev.Testbed.new()
-        _BEDS.append(self.bed)
-        self.root = self.bed.get_root_dir()
-        self.adapters = []
-
-    def plug(self, **settings):
-        self.adapters.append(Adapter(self, len(self.adapters), **settings))
-        return self.adapters[-1]
-
-    def close(self):
-        for adapter in self.adapters:
-            adapter.unplug()
+    _BEDS.append(UMockdev.Testbed.new())
+    return _BEDS[-1]
 
 
 class Adapter:
     # One adapter with its desk. What happens on the wire is in `wire`, with the time of its arrival.
 
-    def __init__(self, machine, number, height=900, maker="Zelvo Ardenta A/S", clock=time.monotonic):
-        self.machine, self.clock = machine, clock
+    def __init__(self, bed, number, clock, height=900, maker="Zelvo Ardenta A/S"):
+        self._bed, self.clock = bed, clock
         self.height = float(height)
         self.communicating = True
         self.error = None  # (kind bits, list of codes) while the desk reports one.
@@ -59,18 +46,16 @@ class Adapter:
         self._plug(number, maker)
 
     def _plug(self, number, maker):
-        bed = self.machine.bed
         self.node = f"/dev/hidraw{number}"
-        self._usb = bed.add_device("usb", f"usb{number}", None, [], ["DEVTYPE", "usb_device"])
-        bed.set_attribute(self._usb, "manufacturer", maker + "\n")
-        bed.set_attribute(self._usb, "product", f"Desk {number}\n")
+        names = ["manufacturer", maker + "\n", "product", f"Desk {number}\n"]
+        self._usb = self._bed.add_device("usb", f"usb{number}", None, names, ["DEVTYPE", "usb_device"])
         # An ordinary file stands for the node; what is opened there meets the handler.
-        self.file = self.machine.root + self.node
+        self.file = self._bed.get_root_dir() + self.node
         os.makedirs(os.path.dirname(self.file), exist_ok=True)
         open(self.file, "w").close()
         self._answer_on_a_thread()
         numbers = ["dev", f"240:{number}"]
-        self._hidraw = bed.add_device("hidraw", f"hidraw{number}", self._usb, numbers, ["DEVNAME", self.node])
+        self._hidraw = self._bed.add_device("hidraw", f"hidraw{number}", self._usb, numbers, ["DEVNAME", self.node])
 
     def _answer_on_a_thread(self):
         # The handler is called where the context of its attachment runs.
@@ -78,7 +63,7 @@ class Adapter:
         self._handler.connect("handle-ioctl", self._handle)
         context = GLib.MainContext()
         context.push_thread_default()
-        self.machine.bed.attach_ioctl(self.node, self._handler)
+        self._bed.attach_ioctl(self.node, self._handler)
         context.pop_thread_default()
         self._loop = GLib.MainLoop.new(context, False)
         self._thread = threading.Thread(target=self._loop.run, daemon=True)
@@ -89,11 +74,11 @@ class Adapter:
             return
         self.failure = errno.ENODEV
         self.answer()
-        self.machine.bed.uevent(self._hidraw, "remove")
+        self._bed.uevent(self._hidraw, "remove")
         self._loop.quit()
         self._thread.join(10)
-        self.machine.bed.detach_ioctl(self.node)
-        self.machine.bed.remove_device(self._usb)
+        self._bed.detach_ioctl(self.node)
+        self._bed.remove_device(self._usb)
         os.unlink(self.file)
 
     def answer(self, failure=errno.ETIMEDOUT):
@@ -121,7 +106,7 @@ class Adapter:
                     failure = self._written(bytes(data.retrieve()))
                 else:
                     data.update(0, self._status())
-            client.complete(-1 if failure else size, failure)
+            client.complete(-1 if failure else size, failure or 0)
 
     def _written(self, report):
         if self.refuse_next_stop and report[:3] == bytes([5, 1, 0x80]):
@@ -135,7 +120,6 @@ class Adapter:
                 assert (kind, copies, low) == (5, [value, value], value & 0xFF), report
                 self._order, self._order_at = value, self._moved_at
             self.wire.append((time.monotonic(), value))
-        return 0
 
     def _advance(self):
         now = self.clock()
@@ -149,7 +133,7 @@ class Adapter:
         with self._lock:
             self._advance()
             self.reads.append(time.monotonic())
-            report = bytearray(STATUS_SIZE)
+            report = bytearray(64)
             kinds, codes = self.error or (0, [])
             status = (1 if self.communicating else 0) | (0x200 if self.error else 0)
             struct.pack_into("<BxHHB", report, 0, 4, status, round(self.height), kinds)

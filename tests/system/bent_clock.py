@@ -12,13 +12,11 @@ from waiting import wait_until
 class Clock:
     # The program's clocks, in a file that it maps.
 
-    LAYOUT = struct.Struct("=Qdddddd")
-
     def __init__(self, path):
         self.path = path
-        path.write_bytes(bytes(self.LAYOUT.size))
+        path.write_bytes(bytes(56))
         with open(path, "r+b") as file:
-            self._memory = mmap.mmap(file.fileno(), self.LAYOUT.size)
+            self._memory = mmap.mmap(file.fileno(), 0)
         self._turn, self.rate = 0, 1.0
         self._origin = self._virtual = self.until = self.ahead = self.slept = 0.0
         self.run(1)
@@ -29,7 +27,7 @@ class Clock:
         self._memory[0:8] = struct.pack("=Q", self._turn + 1)
         yield
         values = (self._origin, self._virtual, self.rate, self.until, self.ahead, self.slept)
-        self._memory[8:] = struct.pack("=dddddd", *values)
+        self._memory[8:] = struct.pack("=6d", *values)
         self._turn += 2
         self._memory[0:8] = struct.pack("=Q", self._turn)
 

@@ -20,8 +20,9 @@ def process_of(connection, name):
 
 
 class Mock:
-    def __init__(self, connection, name, path, interface):
+    def __init__(self, connection, name, path, interface, process):
         self.connection, self.name, self.path, self.interface = connection, name, path, interface
+        self.process = process
 
     def call(self, method, signature, *arguments):
         return call(self.connection, self.name, self.path, "org.freedesktop.DBus.Mock", method, signature, *arguments)

@@ -1,3 +1,5 @@
+import contextlib
+
 import pytest
 
 from desktop import Desktop
@@ -7,17 +9,16 @@ from desktop import Desktop
 def desktop(request):
     # A private desktop for one scenario. `@pytest.mark.desktop(screen="800x480")` gives it another size.
     mark = request.node.get_closest_marker("desktop")
-    found = Desktop(**(mark.kwargs if mark else {}))
-    yield found
-    codes, log = {program.process.poll() for program in found.programs}, found.log()
-    if request.node.report.failed:
-        print(log[-6000:])
-        print("Windows:", {title: found.frame(window) for title, window in found.windows().items()})
-        print("Time:", found.clock.now(), found.clock.rate)
-        print("".join(file.read_text()[-3000:] for file in found.home.glob("stderr")))
-    found.close()
-    assert codes <= {None}, "ended untold"
-    assert "Sanitizer" not in log
+    with contextlib.ExitStack() as ends:
+        found = Desktop(ends, **(mark.kwargs if mark else {}))
+        yield found
+        if request.node.report.failed:
+            print(found.log()[-6000:])
+            print("Windows:", {title: found.frame(window) for title, window in found.windows().items()})
+            print("Time:", found.clock.now(), found.clock.rate)
+            print("".join(file.read_text()[-3000:] for file in found.home.glob("stderr")))
+        assert {program.process.poll() for program in found.programs} <= {None}, "ended untold"
+        assert "Sanitizer" not in found.log()
 
 
 @pytest.hookimpl(hookwrapper=True)

@@ -1,6 +1,7 @@
 """A private desktop: X server, window manager, buses, home and clock of one scenario, and what a user does there."""
 
 import contextlib
+import itertools
 import os
 import re
 import shutil
@@ -14,12 +15,12 @@ from pathlib import Path
 import gi
 
 gi.require_version("Gio", "2.0")
-from gi.repository import Gio, GLib  # noqa: E402
+from gi.repository import Gio  # noqa: E402
 from Xlib import X, XK, display  # noqa: E402
 from Xlib.ext import xtest  # noqa: E402
 from Xlib.protocol import event  # noqa: E402
 
-from adapter import Machine  # noqa: E402
+from adapter import Adapter, new_bed  # noqa: E402
 from bent_clock import Clock  # noqa: E402
 from bus import Mock, call  # noqa: E402
 from program import Program  # noqa: E402
@@ -36,21 +37,12 @@ BUS_CONFIG = """<busconfig><type>session</type><listen>unix:path={}</listen><ser
 
 
 class Desktop:
-    def __init__(self, screen="1280x1024", tray=True):
-        self._ends = contextlib.ExitStack()
-        self.programs, self.mocks, self.machine = [], [], None
-        try:
-            self._begin(screen)
-            if tray:
-                self.add_tray()
-        except BaseException:
-            self.close()
-            raise
-
-    def _begin(self, screen):
+    def __init__(self, ends, screen="1280x1024", tray=True):
+        self._ends = ends  # What began last ends first.
+        self.programs, self._bed, self._numbers = [], None, itertools.count()
         self.screen = tuple(int(side) for side in screen.split("x"))
         self.home = Path(tempfile.mkdtemp(prefix="standup-"))
-        self._ends.callback(shutil.rmtree, self.home, True)
+        ends.callback(shutil.rmtree, self.home, True)
         for folder in FOLDERS.values():
             (self.home / folder).mkdir(mode=0o700)
         self.config = self.home / "config/org.zelvo.StandUp/StandUp.conf"
@@ -65,14 +57,18 @@ class Desktop:
         self.env |= {f"XDG_{name}": str(self.home / f) for name, f in FOLDERS.items()}
         self.session, self.system = self._bus("session"), self._bus("system")
         self._start_x(screen)
-        self._spawn("/usr/libexec/at-spi-bus-launcher", "--launch-immediately")
+        self.spawn("/usr/libexec/at-spi-bus-launcher", "--launch-immediately")
         wait_until(lambda: self.has_owner(self.session, "org.a11y.Bus"), "accessibility bus")
         address = call(self.session, "org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress")[0]
         self.accessibility = self.connect(address)
+        # Adapters go after the programs: nobody may wait for an answer then.
+        self._adapters = ends.enter_context(contextlib.ExitStack())
+        if tray:
+            self.add_tray()
 
-    def _spawn(self, *command, **options):
+    def spawn(self, *command, **options):
         # A process that ends with the scenario, even when that is killed.
-        quiet = {"stdin": subprocess.DEVNULL, "stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL}
+        quiet = dict.fromkeys(["stdin", "stdout", "stderr"], subprocess.DEVNULL)
         command = [*"env --default-signal setpriv --pdeathsig TERM --".split(), *(str(word) for word in command)]
         process = subprocess.Popen(command, **({"env": self.env} | quiet | options))
         self._ends.callback(self._end, process)
@@ -90,7 +86,7 @@ class Desktop:
     def _bus(self, name):
         config, socket = self.home / f"{name}.conf", self.home / f"{name}.bus"
         config.write_text(BUS_CONFIG.format(socket, self.services))
-        self._spawn("dbus-daemon", "--nofork", f"--config-file={config}", env={"PATH": os.environ["PATH"]})
+        self.spawn("dbus-daemon", "--nofork", f"--config-file={config}", env={"PATH": os.environ["PATH"]})
         address = self.env[f"DBUS_{name.upper()}_BUS_ADDRESS"] = f"unix:path={socket}"
         return wait_until(ignoring_what_goes(lambda: self.connect(address)), f"{name} bus")
 
@@ -102,75 +98,46 @@ class Desktop:
         return connection
 
     def _start_x(self, screen):
-        read, write = os.pipe()
-        command = ("Xvfb", "-displayfd", write, "-screen", 0, screen + "x24", "-nolisten", "tcp", "-noreset")
+        command = ("Xvfb", "-displayfd", 1, "-screen", 0, screen + "x24", "-nolisten", "tcp", "-noreset")
         # Its idle time runs with the program's clock.
-        self._spawn(*command, pass_fds=(write,), env=self.env | self.bent())
-        os.close(write)
-        with os.fdopen(read) as number:
-            self.env["DISPLAY"] = ":" + number.readline().strip()
-        self._spawn("openbox", "--sm-disable")
+        server = self.spawn(*command, stdout=subprocess.PIPE, env=self.env | self.bent())
+        self.env["DISPLAY"] = ":" + server.stdout.readline().decode().strip()
+        self.spawn("openbox", "--sm-disable")
         self.x = display.Display(self.env["DISPLAY"])
         self._ends.callback(self.x.close)
         self.root = self.x.screen().root
         wait_until(lambda: self.property(self.root, "_NET_WORKAREA"), "window manager")
 
-    def close(self):
-        # The programs go first: nobody may wait for an answer when the adapters go.
-        for program in self.programs:
-            program.process.kill()
-            program.process.wait()
-        if self.machine:
-            self.machine.close()
-        self._ends.close()
-
     # The machine
 
     def plug(self, **settings):
-        if not self.machine:
-            self.machine = Machine()
-            self.env["UMOCKDEV_DIR"] = self.machine.root
-        return self.machine.plug(clock=self.clock.monotonic, **settings)
+        if not self._bed:
+            self._bed = new_bed()
+            self.env["UMOCKDEV_DIR"] = self._bed.get_root_dir()
+        adapter = Adapter(self._bed, next(self._numbers), clock=self.clock.monotonic, **settings)
+        self._adapters.callback(adapter.unplug)
+        return adapter
 
     def mock(self, bus, kind, template, name, path, interface):
         # A service of python-dbusmock.
-        process = self._spawn("/usr/bin/python3", "-m", "dbusmock", kind, "--template", template)
-        self.mocks.append(Mock(bus, name, path, interface))
-        return self.mocks[-1], process
+        process = self.spawn("/usr/bin/python3", "-m", "dbusmock", kind, "--template", template)
+        wait_until(lambda: self.has_owner(bus, name), name)
+        return Mock(bus, name, path, interface, process)
 
     def add_tray(self):
         name = "org.kde.StatusNotifierWatcher"
         template = Path(__file__).with_name("tray_watcher.py")
-        self.tray, self._tray_process = self.mock(
-            self.session, "--session", template, name, "/StatusNotifierWatcher", name
-        )
-
-    def remove_tray(self):
-        self._end(self._tray_process)
-        self.mocks.remove(self.tray)
-        wait_until(lambda: not self.has_owner(self.session, self.tray.name), "no tray")
+        self.tray = self.mock(self.session, "--session", template, name, "/StatusNotifierWatcher", name)
 
     def add_logind(self):
         logind = ("org.freedesktop.login1", "/org/freedesktop/login1", "org.freedesktop.login1.Manager")
-        self.logind, _ = self.mock(self.system, "--system", "logind", *logind)
+        self.logind = self.mock(self.system, "--system", "logind", *logind)
         self.logind.inhibitors = lambda: call(self.system, *logind, "ListInhibitors")[0]
         return self.logind
 
     @staticmethod
     def has_owner(connection, name):
         return call(connection, "org.freedesktop.DBus", "/", "org.freedesktop.DBus", "NameHasOwner", "(s)", name)[0]
-
-    def session_signals(self, *of):
-        # How many of these signals have come since.
-        heard = []
-        self.session.signal_subscribe(*of, None, None, Gio.DBusSignalFlags.NONE, lambda *_: heard.append(1))
-
-        def count():
-            while GLib.MainContext.default().iteration(False):
-                pass
-            return len(heard)
-
-        return count
 
     # The program
 
@@ -183,15 +150,13 @@ class Desktop:
         found = re.search(rf"^{key}=(.*)$", self.config.read_text(), re.M) if self.config.exists() else None
         return found and found[1]
 
-    def start(self, *arguments, simulate=True, **env):
+    def start(self, *arguments, **env):
         # As a user starts it. With an adapter plugged in before, udev and hidraw are the emulated ones.
-        for mock in self.mocks:
-            wait_until(lambda: self.has_owner(mock.connection, mock.name), mock.name)
-        if simulate and not self.machine:
-            arguments = ("--simulate", *arguments)
-        env = self.env | self.bent(*["libumockdev-preload.so.0"] * bool(self.machine)) | env
+        desk = [] if self._bed else ["--simulate"]
+        env = self.env | self.bent(*["libumockdev-preload.so.0"] * bool(self._bed)) | env
         with open(self.home / "stderr", "ab") as stderr:
-            process = self._spawn(*ORDINARY_USER, PROGRAM, *arguments, env=env, stderr=stderr)
+            process = self.spawn(*ORDINARY_USER, PROGRAM, *desk, *arguments, env=env, stderr=stderr)
+        self._ends.callback(process.kill)
         self.programs.append(Program(self, process))
         return self.programs[-1]
 
@@ -262,14 +227,6 @@ class Desktop:
         corner = window.translate_coords(self.root, 0, 0)
         return -corner.x, -corner.y, size.width, size.height
 
-    def is_minimised(self, window):
-        return (self.property(window, "WM_STATE") or [0])[0] == 3
-
-    def is_visible(self, window):
-        # It is shown on the current workspace.
-        on = (self.property(window, "_NET_WM_DESKTOP") or [None])[0]
-        return window.get_attributes().map_state == X.IsViewable and on in (self.workspace(), 0xFFFFFFFF)
-
     def workspace(self):
         return self.property(self.root, "_NET_CURRENT_DESKTOP")[0]
 
@@ -295,44 +252,36 @@ class Desktop:
         self.x.sync()
         return window
 
-    def editor(self):
-        # Another program's window, with the keyboard.
-        window = self.foreign_window(300, 300, 200, 100)
-        wait_until(lambda: self.is_active(window), "the editor")
-        return window
-
-    def panel_below(self, height):
-        # A desktop's panel along the bottom, with its claim on the screen.
-        width, bottom = self.screen
-        window = self.foreign_window(0, bottom - height, width, height)
-        claim = [0, 0, 0, height] + [0] * 6 + [0, width - 1]
-        window.change_property(self.x.get_atom("_NET_WM_STRUT_PARTIAL"), self.x.get_atom("CARDINAL"), 32, claim)
-        wait_until(lambda: self.property(self.root, "_NET_WORKAREA")[3] == bottom - height, "room for the panel")
-
     def minimise(self, window):
         # Again, should the program have been asking for the front just then.
-        wait_until(lambda: self.is_minimised(window) or self.tell(window, "WM_CHANGE_STATE", 3), "minimised")
+        is_minimised = lambda: (self.property(window, "WM_STATE") or [0])[0] == 3  # noqa: E731
+        wait_until(lambda: is_minimised() or self.tell(window, "WM_CHANGE_STATE", 3), "minimised")
 
-    def move_pointer(self, x, y):
-        xtest.fake_input(self.x, X.MotionNotify, x=int(x), y=int(y))
-        self.x.sync()
-
-    def button(self, is_press, number=1):
-        xtest.fake_input(self.x, X.ButtonPress if is_press else X.ButtonRelease, number)
+    def _input(self, *what, **where):
+        # Answers when it happened.
+        xtest.fake_input(self.x, *what, **where)
         self.x.sync()
         return time.monotonic()
 
-    def click(self, x, y):
+    def move_pointer(self, x, y):
+        self._input(X.MotionNotify, x=int(x), y=int(y))
+
+    def button(self, is_press, number=1):
+        return self._input(X.ButtonPress if is_press else X.ButtonRelease, number)
+
+    def hold(self, x, y):
         self.move_pointer(x, y)
-        self.button(True)
+        return self.button(True)
+
+    def click(self, x, y):
+        self.hold(x, y)
         self.button(False)
 
     def key(self, name, is_press=None):
         code = self.x.keysym_to_keycode(XK.string_to_keysym(name))
         for press in [True, False] if is_press is None else [is_press]:
-            xtest.fake_input(self.x, X.KeyPress if press else X.KeyRelease, code)
-        self.x.sync()
-        return time.monotonic()
+            at = self._input(X.KeyPress if press else X.KeyRelease, code)
+        return at
 
     def type(self, text):
         for letter in text:

@@ -8,8 +8,8 @@ import gi
 gi.require_version("Gio", "2.0")
 from gi.repository import GLib  # noqa: E402
 
-from bus import call, get  # noqa: E402
-from screenreader import SHOWING, ignoring_what_goes, listen_to  # noqa: E402
+from bus import call, get, process_of  # noqa: E402
+from screenreader import REGISTRY, SHOWING, Node, ignoring_what_goes  # noqa: E402
 from waiting import DEADLINE, wait_until  # noqa: E402
 
 TRAY_ITEM = ("/StatusNotifierItem", "org.kde.StatusNotifierItem")
@@ -21,17 +21,14 @@ class Program:
     def __init__(self, desktop, process):
         self.desktop, self.process = desktop, process
 
-    @property
-    def ear(self):
-        # The program as a screen reader finds it, once it has shown a window.
-        return listen_to(self)
-
     def window_with(self, *names):
         # The accessible window that shows controls of these names.
+        bus = self.desktop.accessibility
 
         def find():
-            windows = [window for window in self.ear.children if window.has(SHOWING)]
-            return next((window for window in windows if all(window.all(name) for name in names)), None)
+            roots = Node(bus, *REGISTRY).children  # Also of other programs.
+            windows = [w for r in roots if process_of(bus, r.owner) == self.process.pid for w in r.children]
+            return next((w for w in windows if w.has(SHOWING) and all(w.all(name) for name in names)), None)
 
         return wait_until(ignoring_what_goes(find), f"a window with {names}")
 

@@ -3,11 +3,11 @@
 The client library keeps one bus for a process's life, so it could not follow one scenario's desktop after another.
 """
 
-from bus import call, get, process_of
+from bus import call, get
 from gi.repository import GLib
 from waiting import DEADLINE, wait_until
 
-ROOT = "/org/a11y/atspi/accessible/root"
+REGISTRY = ("org.a11y.atspi.Registry", "/org/a11y/atspi/accessible/root")
 ATSPI = "org.a11y.atspi."
 CHECKED, FOCUSED, SELECTED, SHOWING = 4, 12, 23, 25  # Of the states, by number.
 
@@ -80,14 +80,3 @@ class Node:
     def hears(self, words, seconds=DEADLINE):
         said = ignoring_what_goes(lambda: any(words in sentence for sentence in self.says()))
         wait_until(said, f"{words!r} on the screen", seconds)
-
-
-def listen_to(program):
-    # The program's root in the tree of accessible things.
-    bus = program.desktop.accessibility
-
-    def find():
-        nodes = Node(bus, "org.a11y.atspi.Registry", ROOT).children
-        return next((node for node in nodes if process_of(bus, node.owner) == program.process.pid), None)
-
-    return wait_until(find, "the program on the accessibility bus")

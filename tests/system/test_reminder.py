@@ -39,8 +39,8 @@ class Worker:
         act()
         wait_until(lambda: not self.reminder, "the reminder gone")
 
-    def has_stood_up(self):
-        wait_until(lambda: self.desktop.records()[-1][2] == 1, "standing")
+    def changed_to(self, standing):
+        wait_until(lambda: self.desktop.records()[-1][2] == standing, "the other posture")
         self.since = self.desktop.records()[-1][0]
 
     def leaves_the_pointer_elsewhere(self):
@@ -72,7 +72,8 @@ def test_snoozed_skipped_and_ignored(desktop):
 
 def test_answered_by_moving_the_desk_and_by_no_key_for_another_program(desktop):
     worker = Worker(desktop, simulated=False, TimeNotificationDismissOnAction=9)
-    editor = desktop.editor()
+    editor = desktop.foreign_window(300, 300, 200, 100)
+    wait_until(lambda: desktop.is_active(editor), "the editor")
     window = worker.is_reminded_after(SITTING_TIME)
     for key in ("space", "Return", "Escape"):
         desktop.key(key)
@@ -80,11 +81,10 @@ def test_answered_by_moving_the_desk_and_by_no_key_for_another_program(desktop):
     assert set(worker.adapter.values()) == {"init", STOP}
     assert window.find("Snooze").actions[0] == "Press" and "Press" not in window.find("Up").actions
     for name, value in {"Down": DOWN, "Up": UP, "Stand": 1500}.items():
-        desktop.move_pointer(*window.find(name).middle)
-        desktop.button(True)
+        desktop.hold(*window.find(name).middle)
         wait_until(lambda: worker.adapter.values()[-1] == value, name)
         if name == "Stand":
-            worker.has_stood_up()
+            worker.changed_to(standing=True)
         desktop.button(False)
         wait_until(lambda: worker.adapter.values()[-1] == STOP, "stop")
     window.hears("cm")
@@ -96,8 +96,7 @@ def test_answered_by_moving_the_desk_and_by_no_key_for_another_program(desktop):
         wait_until(lambda: not worker.reminder, "the reminder gone")
     assert 9 <= worker.clock.now() - left_at < 15
     worker.adapter.put(700)
-    wait_until(lambda: desktop.records()[-1][2] == 0, "sitting")
-    worker.since = desktop.records()[-1][0]
+    worker.changed_to(standing=False)
     window = worker.is_reminded_after(SITTING_TIME)  # That one has not been answered.
     worker.clock.reach(worker.since + SITTING_TIME + 24, RATE)
     assert worker.reminder
@@ -108,9 +107,8 @@ def test_who_stands_is_asked_to_sit_and_nobody_without_a_desk(desktop):
     worker = Worker(desktop, ActivityMode=1, ActivityGoal=250, Weight=60)
     window = worker.is_reminded_after((60 - 44) * 60 / 6)
     assert {"5", "Calories", "Stand for 7\xa0min to burn 5\xa0kcal."} <= set(window.says())
-    desktop.move_pointer(*window.find("Stand").middle)
-    desktop.button(True)
-    worker.has_stood_up()
+    desktop.hold(*window.find("Stand").middle)
+    worker.changed_to(standing=True)
     desktop.button(False)
     worker.leaves_the_pointer_elsewhere()
     wait_until(lambda: not worker.reminder, "the reminder gone")

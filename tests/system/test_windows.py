@@ -1,11 +1,15 @@
-"""Windows come when they are asked for, where they are looked for, and go where they are put."""
+"""Windows come when they are asked for, where they are looked for, go where they are put and fit every screen."""
 
 import itertools
 
 import pytest
 from waiting import at_rest, holds_for, wait_until
+from Xlib import Xatom
 
 WINDOWS = {"Open Zelvo StandUp": "Zelvo StandUp", "History": "History", "Settings…": "Setup"}
+# Screens of that many pixels, at that scale.
+SIZES = {"800x480": 1, "1024x600": 1, "1366x768": 1.25, "1920x1080": 2}
+SCREENS = [pytest.param(scale, marks=pytest.mark.desktop(screen=size), id=size) for size, scale in SIZES.items()]
 
 
 @pytest.fixture
@@ -22,16 +26,13 @@ def test_a_window_that_is_asked_for_comes_back(desktop, program):
             program.choose(chosen)
             program.in_front(WINDOWS[chosen])
         window = desktop.window(WINDOWS[entry])
-        desktop.minimise(window)
-        ask()
-        wait_until(lambda: not desktop.is_minimised(window) and desktop.is_active(window), "the window in front")
-
         here = 1 - desktop.workspace()
-        desktop.switch_workspace(here)
-        wait_until(lambda: not desktop.is_visible(window), "an empty workspace")
-        ask()
-        wait_until(lambda: desktop.is_visible(window) and desktop.is_active(window), "the window on this workspace")
-        assert desktop.workspace() == here
+        for goes in (lambda: desktop.minimise(window), lambda: desktop.switch_workspace(here)):
+            goes()
+            wait_until(lambda: not desktop.is_active(window), "the window away")
+            ask()
+            program.in_front(WINDOWS[entry])
+        assert desktop.workspace() == here == desktop.property(window, "_NET_WM_DESKTOP")[0]
 
 
 def test_one_click_on_the_tray_shows_the_window_and_the_next_hides_it(desktop, program):
@@ -57,8 +58,7 @@ def test_a_window_is_dragged_by_its_background_and_not_by_its_buttons(desktop, p
     program.click_tray()
     window, main = desktop.window("Zelvo StandUp"), program.window_with("Up")
     (x, y), corner, steps = main.find("of today’s goal").middle, desktop.frame(window), itertools.count(1)
-    desktop.move_pointer(x, y)
-    desktop.button(True)
+    desktop.hold(x, y)
 
     def follows():
         step = min(next(steps), 30)
@@ -69,8 +69,7 @@ def test_a_window_is_dragged_by_its_background_and_not_by_its_buttons(desktop, p
     desktop.button(False)
     moved = at_rest(lambda: desktop.frame(window))
     assert (moved[1] - corner[1], moved[2:]) == ((corner[0] - moved[0]) // 2, corner[2:])
-    desktop.move_pointer(*main.find("History").middle)
-    desktop.button(True)
+    desktop.hold(*main.find("History").middle)
     desktop.move_pointer(5, 5)
     holds_for(0.3, lambda: desktop.frame(window) == moved, "a button holds it")
     desktop.button(False)
@@ -80,12 +79,36 @@ def test_a_window_is_dragged_by_its_background_and_not_by_its_buttons(desktop, p
 @pytest.mark.parametrize("session", ["x11", "wayland"])
 def test_the_window_opens_near_the_pointer_or_where_the_pointer_is_stale_by_the_panel(desktop, session):
     desktop.settings()
-    desktop.panel_below(44)
-    desktop.move_pointer(300, 90)
     width, height = desktop.screen
+    panel = desktop.foreign_window(0, height - 44, width, 44)
+    claim = [0, 0, 0, 44] + [0] * 6 + [0, width - 1]
+    panel.change_property(desktop.x.get_atom("_NET_WM_STRUT_PARTIAL"), Xatom.CARDINAL, 32, claim)
+    wait_until(lambda: desktop.property(desktop.root, "_NET_WORKAREA")[3] == height - 44, "room for the panel")
+    desktop.move_pointer(300, 90)
     program = desktop.start_recording(XDG_SESSION_TYPE=session)
     x, y, w, h = desktop.frame(program.show())
     if session == "wayland":
         assert width - 40 < x + w <= width and height - 44 - 40 < y + h <= height - 44
     else:
         assert x + w // 2 == pytest.approx(300, abs=1) and 0 <= y < 40
+
+
+@pytest.mark.parametrize("scale", SCREENS)
+def test_every_window_fits_the_screen(desktop, scale):
+    width, height = desktop.screen
+    program = desktop.start(QT_SCALE_FACTOR=str(scale))
+
+    def fits(title, *controls):
+        x, y, w, h = desktop.frame(desktop.window(title))
+        assert 0 <= x <= x + w <= width and 0 <= y <= y + h <= height, title
+        here = program.window_with(*controls)
+        for name in controls:
+            cx, cy, cw, ch = (value * scale for value in here.find(name).frame)
+            assert x - 1 <= cx < cx + cw <= x + w + 1 and y - 1 <= cy < cy + ch <= y + h + 1, f"{name} of {title}"
+        return here
+
+    fits("Setup", "Setup", "Done").find("Done").press()
+    controls = [("Close", "Up", "History"), ("Close", "Year"), ("Done", "Close without saving")]
+    for (entry, title), names in zip(WINDOWS.items(), controls):
+        program.choose(entry)
+        fits(title, *names)
