@@ -7,29 +7,23 @@ from waiting import wait_until
 
 SAVE_BOTH, INTERACT_IF_WANTED = 2, 2
 ALL_REQUESTS = 0x3FF
-POINTER = c.c_void_p
 # A client's requests, in the order of the library's structure of callbacks. Each gets the client first.
 REQUESTS = ["register", "interact", "interact_done", "save_request", "second_phase", "saved"]
 REQUESTS += ["close", "set_properties", "delete_properties", "get_properties"]
-CALLBACK = c.CFUNCTYPE(c.c_int, POINTER, POINTER, POINTER)
+ICE, SM = c.CDLL("libICE.so.6"), c.CDLL("libSM.so.6")
+
+
+class Pointer(c.c_void_p):
+    # One that stays one: a plain one is handed over as a number.
+    pass
+
+
+for function in (ICE.IceAcceptConnection, ICE.IceComposeNetworkIdList, SM.SmsGenerateClientID):
+    function.restype = Pointer
+CALLBACK = c.CFUNCTYPE(c.c_int, Pointer, Pointer, Pointer)
 ACCEPT_ALL = c.CFUNCTYPE(c.c_int, c.c_char_p)(lambda _: 1)
-BEAR_ERRORS = c.CFUNCTYPE(None, POINTER)(lambda _: None)  # The library's own way is to end the process.
-NEW_CLIENT = c.CFUNCTYPE(c.c_int, POINTER, POINTER, c.POINTER(c.c_ulong), c.POINTER(POINTER), POINTER)
-
-
-class Library:
-    # Its functions take pointers and small numbers, and answer pointers.
-
-    def __init__(self, name):
-        self._library = c.CDLL(name)
-
-    def __getattr__(self, name):
-        function = self._library[name]
-        function.restype = POINTER
-        return lambda *arguments: function(*(POINTER(a) if isinstance(a, int) and a > 0xFFFF else a for a in arguments))
-
-
-ICE, SM = Library("libICE.so.6"), Library("libSM.so.6")
+BEAR_ERRORS = c.CFUNCTYPE(None, Pointer)(lambda _: None)  # The library's own way is to end the process.
+NEW_CLIENT = c.CFUNCTYPE(c.c_int, Pointer, Pointer, c.POINTER(c.c_ulong), c.POINTER(c.c_void_p), Pointer)
 
 
 class SessionManager:
@@ -47,7 +41,7 @@ class SessionManager:
         ICE.IceSetIOErrorHandler(BEAR_ERRORS)
         error = c.create_string_buffer(256)
         assert SM.SmsInitialize(b"standup", b"1", self._welcome, None, ACCEPT_ALL, 256, error), error.value
-        count, doors, self._lines = c.c_int(), c.POINTER(POINTER)(), []
+        count, doors, self._lines = c.c_int(), c.POINTER(Pointer)(), []
         assert ICE.IceListenForConnections(c.byref(count), c.byref(doors), 256, error), error.value
         self._doors = {ICE.IceGetListenConnectionNumber(door): door for door in doors[: count.value]}
         for door in self._doors.values():
@@ -57,7 +51,7 @@ class SessionManager:
     def _new_client(self, _, __, mask, callbacks, ___):
         mask[0] = ALL_REQUESTS
         for number, callback in enumerate(self._callbacks):  # Each with data of its own, which is none.
-            callbacks[2 * number] = c.cast(callback, POINTER)
+            callbacks[2 * number] = c.cast(callback, c.c_void_p)
             callbacks[2 * number + 1] = None
         return 1
 
@@ -66,7 +60,7 @@ class SessionManager:
         return bool(SM.SmsRegisterClientReply(client, SM.SmsGenerateClientID(client)))
 
     def _saved(self, client, _, is_saved):
-        self.saves += (is_saved or 0) & 1
+        self.saves += (is_saved.value or 0) & 1
         return 0
 
     def turn(self):
@@ -86,9 +80,3 @@ class SessionManager:
         saves = self.saves
         SM.SmsSaveYourself(self.client, SAVE_BOTH, 1, INTERACT_IF_WANTED, 0)
         self.until(lambda: self.saves > saves, "the program's word that it has saved")
-
-    def cancel(self):
-        SM.SmsShutdownCancelled(self.client)
-
-    def die(self):
-        SM.SmsDie(self.client)

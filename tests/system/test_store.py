@@ -1,6 +1,5 @@
 """The record of a life: full disks, a store that goes or is damaged, a second program on it."""
 
-import contextlib
 import os
 import signal
 import subprocess
@@ -13,33 +12,20 @@ PULSE = 15.0
 RATE = 20
 
 
-def has_little_room(folder):
-    # A disk of its own for the folder: 1 MB of memory.
-    command = ["mount", "-t", "tmpfs", "-o", "size=1m", "tmpfs", str(folder)]
-    if os.geteuid() != 0 or subprocess.run(command, stderr=subprocess.DEVNULL).returncode != 0:
-        pytest.skip("a disk of its own for the data folder needs the right to mount one")
-
-
 @pytest.fixture
-def small_disk(desktop):
+def ballast(desktop):
+    # A disk of its own for the data folder, 1 MB of memory. Answers the file that fills it.
     desktop.settings()
     desktop.folder.mkdir()
-    has_little_room(desktop.folder)
-    yield Disk(desktop.folder)
-    subprocess.run(["umount", "--lazy", str(desktop.folder)], check=True)
+    command = ["mount", "-t", "tmpfs", "-o", "size=1m", "tmpfs", desktop.folder]
+    if os.geteuid() != 0 or subprocess.run(command, stderr=subprocess.DEVNULL).returncode != 0:
+        pytest.skip("a disk of its own for the data folder needs the right to mount one")
+    yield desktop.folder / "ballast"
+    subprocess.run(["umount", "--lazy", desktop.folder], check=True)
 
 
-class Disk:
-    def __init__(self, folder):
-        self.ballast = folder / "ballast"
-
-    def fill(self):
-        with contextlib.suppress(OSError), open(self.ballast, "ab", buffering=0) as file:
-            while True:
-                file.write(bytes(512))
-
-    def make_room(self):
-        self.ballast.unlink()
+def fill(ballast):
+    subprocess.run(["dd", "if=/dev/zero", f"of={ballast}", "bs=512"], stderr=subprocess.DEVNULL)
 
 
 def panel(program, expected=""):
@@ -55,8 +41,8 @@ def panel(program, expected=""):
     return words
 
 
-def test_a_disk_that_is_full_at_the_start(desktop, small_disk):
-    small_disk.fill()
+def test_a_disk_that_is_full_at_the_start(desktop, ballast):
+    fill(ballast)
     program = desktop.start()
     began = desktop.clock.now()
     panel(program, "no space left")
@@ -64,7 +50,7 @@ def test_a_disk_that_is_full_at_the_start(desktop, small_disk):
     wait_until(lambda: not desktop.windows(), "the panels closed")
     program.choose("History")
     program.window_with("Year")
-    small_disk.make_room()
+    ballast.unlink()
     with desktop.clock.running(RATE):
         start, end, _ = wait_until(desktop.records, "a record as soon as there is room")[-1]
         wait_until(lambda: desktop.records()[-1][1] > end, "a pulse")
@@ -72,22 +58,22 @@ def test_a_disk_that_is_full_at_the_start(desktop, small_disk):
     program.quit()
 
 
-def test_a_disk_that_fills_while_recording(desktop, small_disk):
+def test_a_disk_that_fills_while_recording(desktop, ballast):
     program = desktop.start_recording()
     start = desktop.records()[0][0]
     for _ in range(2):
-        small_disk.fill()
+        fill(ballast)
         with desktop.clock.running(RATE):
             assert "no space left" in panel(program)
         saved = desktop.records()[0][1]
         desktop.clock.reach(desktop.clock.now() + 3 * PULSE, RATE)
         assert not desktop.windows(), "said once"
-        small_disk.make_room()
+        ballast.unlink()
         with desktop.clock.running(RATE):
             wait_until(lambda: desktop.records()[0][1] > saved + 2 * PULSE, "the period saved")
     [(begin, saved, _)] = desktop.records()
     assert begin == start and saved == pytest.approx(desktop.clock.now(), abs=PULSE + RATE)
-    small_disk.fill()
+    fill(ballast)
     with desktop.clock.running(RATE):
         panel(program)
     wait_until(lambda: not at_rest(desktop.windows), "the panel closed")  # A question would go with it.
@@ -113,8 +99,8 @@ def test_a_store_that_is_deleted_is_begun_anew(desktop):
 def test_a_damaged_store_is_left_alone_and_named(desktop):
     desktop.settings()
     desktop.folder.mkdir()
-    desktop.store.write_bytes(b"This is no database. " * 400)
-    before = desktop.store.read_bytes()
+    before = b"This is no database. " * 400
+    desktop.store.write_bytes(before)
     program = desktop.start()
     assert "StandUp.storedata" in panel(program)
     program.click_tray()
