@@ -18,15 +18,14 @@ class Office:
         self.desktop, self.rate, self.place = desktop, 30 if simulated else 20, 40
         desktop.settings(**STANDING, **settings)
         self.logind = desktop.add_logind()
-        self.adapter = None if simulated else desktop.plug()
+        if not simulated:
+            self.adapter = desktop.plug()
         self.awake_began = desktop.clock.monotonic()
         self.program = desktop.start_recording()
         self.began = self.records[0][0]
         wait_until(lambda: self.logind.inhibitors(), "the lock that delays a sleep")
 
-    @property
-    def records(self):
-        return self.desktop.records()
+    records = property(lambda self: self.desktop.records())
 
     def pass_time(self, seconds):
         self.desktop.clock.reach(self.desktop.clock.now() + seconds, self.rate)
@@ -54,27 +53,21 @@ class Office:
         self.until(lambda: polls() >= times, "a look at the user")
 
     def screens(self, dark, way="freedesktop"):
-        # As the desktops tell of them: a screen saver, the machine's session, a compositor.
-        if way == "freedesktop":
-            saver = ("/ScreenSaver", "org.freedesktop.ScreenSaver", "ActiveChanged")
-            self.desktop.session.emit_signal(None, *saver, GLib.Variant("(b)", (dark,)))
-        elif way == "logind":
+        # As the desktops tell of them: a screen saver, a compositor, the machine's session.
+        mutter = ("org.gnome.Mutter.DisplayConfig", {"PowerSaveMode": GLib.Variant("i", 3 * dark)}, [])
+        changed = ("org.freedesktop.DBus.Properties", "PropertiesChanged", GLib.Variant("(sa{sv}as)", mutter))
+        saver = ("org.freedesktop.ScreenSaver", "ActiveChanged", GLib.Variant("(b)", (dark,)))
+        if way == "logind":
             session = ("/org/freedesktop/login1/session/auto", "org.freedesktop.login1.Session")
             call(self.desktop.system, self.logind.name, *session, "SetLockedHint", "(b)", dark)
         else:
-            mutter = ("org.gnome.Mutter.DisplayConfig", {"PowerSaveMode": GLib.Variant("i", 3 * dark)}, [])
-            changed = ("org.freedesktop.DBus.Properties", "PropertiesChanged", GLib.Variant("(sa{sv}as)", mutter))
-            self.desktop.session.emit_signal(None, "/org/gnome/Mutter/DisplayConfig", *changed)
+            told = ("/ScreenSaver", *saver) if way == "freedesktop" else ("/org/gnome/Mutter/DisplayConfig", *changed)
+            self.desktop.session.emit_signal(None, *told)
         self.program.tray_icon()  # It answers after what it heard on the same bus.
 
-    def fall_asleep(self):
-        self.logind.emit("PrepareForSleep", "b", True)
-        wait_until(lambda: not self.logind.inhibitors(), "the lock let go")
-        return self.desktop.clock.now()
-
-    def wake_up(self):
-        self.logind.emit("PrepareForSleep", "b", False)
-        wait_until(self.logind.inhibitors, "the lock taken again")
+    def prepare_for_sleep(self, sleeps):
+        self.logind.emit("PrepareForSleep", "b", sleeps)
+        wait_until(lambda: bool(self.logind.inhibitors()) != sleeps, "the lock let go, or taken again")
 
     def plug_in(self):
         self.adapter = self.desktop.plug()
@@ -115,14 +108,15 @@ def test_nights_asleep_are_not_recorded(desktop, signals):
     for night in (1, 2):
         office.pass_time(40)
         office.is_saved()
-        asleep, before = office.fall_asleep() if signals else desktop.clock.now(), office.records
-        if signals:  # The adapter comes back after the wake or before it.
+        if signals:
+            office.prepare_for_sleep(True)
+        asleep, before = desktop.clock.now(), office.records
+        if signals:
             office.adapter.unplug()
-            desktop.clock.sleep(15 * HOUR)
-            for wake in (office.wake_up, office.plug_in)[:: 3 - 2 * night]:
+        desktop.clock.sleep(15 * HOUR)
+        if signals:  # The adapter comes back after the wake or before it.
+            for wake in (lambda: office.prepare_for_sleep(False), office.plug_in)[:: 3 - 2 * night]:
                 wake()
-        else:
-            desktop.clock.sleep(15 * HOUR)
         office.leaves(for_the=night)
         office.stays_closed()
         evening, *others = office.records[len(before) - 1 :]
