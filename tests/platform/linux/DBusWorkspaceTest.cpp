@@ -7,13 +7,13 @@
 #include <QtCore/qtestsupport_core.h>
 
 #include <fcntl.h>
-#include <optional>
 #include <unistd.h>
 
 namespace {
 const QString kLogind = "org.freedesktop.login1";
 const QString kLogindPath = "/org/freedesktop/login1";
 const QString kSessionPath = "/org/freedesktop/login1/session/_32";
+const QString kDisplayPath = "/org/gnome/Mutter/DisplayConfig";
 
 class DBusWorkspaceTest : public testing::Test {
 protected:
@@ -69,21 +69,17 @@ protected:
     {
         const bool on = what.endsWith(u'+');
         const QString topic = what.chopped(1);
-        const auto tellChange = [&](const QDBusConnection& bus, const QString& path,
-                                    const QString& interface) {
-            const QVariantMap changed {{topic, what.endsWith(u'?') ? -1 : QVariant(on)}};
-            TestBus::sendSignal(bus, path, "org.freedesktop.DBus.Properties", "PropertiesChanged",
-                {interface, changed, QStringList()});
-        };
+        const bool isHint = topic.endsWith("Hint");
         if (topic.startsWith("Prepare")) {
             TestBus::sendSignal(m_system, kLogindPath, kLogind + ".Manager", topic, {on});
             EXPECT_TRUE(QTest::qWaitFor([&] { return isLockHeld() != on; })) << qPrintable(what);
         } else if (topic == "x") {
             m_workspace.xScreensChanged(on);
-        } else if (topic.endsWith("Hint")) {
-            tellChange(m_system, kSessionPath, kLogind + ".Session");
-        } else if (topic.startsWith(u'P')) {
-            tellChange(m_session, "/org/gnome/Mutter/DisplayConfig", "org.gnome.Mutter.DisplayConfig");
+        } else if (isHint || topic.startsWith(u'P')) {
+            const QString owner = isHint ? kLogind + ".Session" : "org.gnome.Mutter.DisplayConfig";
+            const QVariantMap changed {{topic, what.endsWith(u'?') ? -1 : QVariant(on)}};
+            TestBus::sendSignal(isHint ? m_system : m_session, isHint ? kSessionPath : kDisplayPath,
+                "org.freedesktop.DBus.Properties", "PropertiesChanged", {owner, changed, QStringList()});
         } else {
             const bool isBrief = topic == "kde"; // It uses the general name in two places.
             const QString name = QString("org.%1.ScreenSaver").arg(isBrief ? "freedesktop" : topic);

@@ -1,8 +1,6 @@
 #include "platform/linux/DisplayServer.h"
 
-#include "XvfbServer.h"
-
-#include <gtest/gtest.h>
+#include "TestServer.h"
 
 TEST(DisplayServer, isWhereAServerAnswersUnlessTheUserChose)
 {

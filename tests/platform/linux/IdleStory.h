@@ -1,14 +1,8 @@
 #pragma once
 
 #include "TestBus.h"
-#include "platform/ProcessServices.h"
+#include "fakes/TestPlatform.h"
 #include "platform/linux/IdleBackend.h"
-#include "platform/simulated/VirtualRunLoop.h"
-
-#include <QStringList>
-
-#include <functional>
-#include <memory>
 
 /// What happens around a backend, word by word: "+n" lets n seconds pass, in "zn" the machine sleeps, "?"
 /// asks the backend, and any other word is a deed of the test's own.
@@ -35,8 +29,8 @@ struct IdleStory {
         return answers->join(u' ').toStdString();
     }
 
-    VirtualRunLoop runLoop;
-    ProcessServices services {{&runLoop}};
+    TestPlatform platform;
+    VirtualRunLoop& runLoop = platform.runLoop;
     std::function<void(const QString&)> happens;
     std::function<void()> settle; ///< lets the other end and the event loop work off what is under way
 };

@@ -1,10 +1,7 @@
 #include "platform/linux/IdleTimeSource.h"
 
+#include "fakes/TestPlatform.h"
 #include "platform/NotificationCenter.h"
-#include "platform/ProcessServices.h"
-#include "platform/simulated/VirtualRunLoop.h"
-
-#include <QStringList>
 
 #include <gtest/gtest.h>
 #include <utility>
@@ -12,8 +9,8 @@
 namespace {
 /// Answers what it is told to, or keeps silent.
 struct ToldBackend final : IdleBackend {
-    explicit ToldBackend(const char* its)
-        : itsName(QString::fromLatin1(its))
+    explicit ToldBackend(QChar its)
+        : itsName(its)
     {
     }
     [[nodiscard]] QString name() const override { return itsName; }
@@ -34,14 +31,13 @@ struct ToldBackend final : IdleBackend {
 /// is not over, and after them what the log and the notifications said.
 QString told(const char* story)
 {
-    VirtualRunLoop runLoop;
-    const ProcessServices services({&runLoop});
-    const double start = runLoop.monotonicNow();
+    TestPlatform platform; // Its clock stands at 0.
     IdleTimeSource::Backends backends;
-    backends.push_back(std::make_unique<ToldBackend>("a"));
-    backends.push_back(std::make_unique<ToldBackend>("b"));
-    auto* const a = static_cast<ToldBackend*>(backends[0].get());
-    auto* const b = static_cast<ToldBackend*>(backends[1].get());
+    std::map<QChar, ToldBackend*> byName;
+    for (const QChar name : {u'a', u'b'}) {
+        byName[name] = new ToldBackend(name);
+        backends.emplace_back(byName[name]);
+    }
     std::unique_ptr<IdleTimeSource> source;
     QStringList answers;
     int posts = 0;
@@ -49,7 +45,6 @@ QString told(const char* story)
         EventSource::kCanTellDidChange, [&](const PostedNotification&) { ++posts; });
     testing::internal::CaptureStderr();
     for (const QString& step : QString(story).split(u' ')) {
-        ToldBackend& backend = step.startsWith(u'b') ? *b : *a;
         if (step == "start") {
             source = std::make_unique<IdleTimeSource>(std::exchange(backends, {}));
         } else if (step == "?") {
@@ -58,13 +53,12 @@ QString told(const char* story)
             const double seconds = source->secondsSinceLastEventType(EventSource::EventType::KeyDown);
             answers.append((isReady ? "" : "-") + QString::number(seconds) + (source->canTell() ? "" : "!"));
         } else if (step.startsWith(u'+')) {
-            runLoop.advance(step.mid(1).toDouble());
-        } else if (step.endsWith(u'!')) {
-            std::exchange(backend.unanswered, {})(start + 1000);
+            platform.runLoop.advance(step.toDouble());
+        } else if (ToldBackend& backend = *byName.at(step[0]); step.endsWith(u'!')) {
+            std::exchange(backend.unanswered, {})(1000);
         } else {
             backend.isSilent = step.endsWith(u'~');
-            backend.lastInputAt =
-                step.contains(u'=') ? std::optional(start + step.mid(2).toDouble()) : std::nullopt;
+            backend.lastInputAt = step.contains(u'=') ? std::optional(step.mid(2).toDouble()) : std::nullopt;
         }
     }
     const QString log = QString::fromStdString(testing::internal::GetCapturedStderr());

@@ -1,39 +1,25 @@
 #pragma once
 
+#include "TestServer.h"
+
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
-#include <QProcess>
 
 #include <functional>
-#include <gtest/gtest.h>
 #include <utility>
 
 /// A message bus of the test's own. Every connection is a private one, so that the test's services and the
 /// class under test are strangers on the bus, as in a real session.
 class TestBus {
 public:
-    TestBus()
-    {
-        m_daemon.start("dbus-daemon", {"--session", "--nofork", "--print-address"});
-        EXPECT_TRUE(m_daemon.waitForReadyRead(10'000)) << "dbus-daemon does not start";
-        m_address = QString::fromUtf8(m_daemon.readLine()).trimmed();
-    }
-    ~TestBus()
-    {
-        for (const QString& name : m_names)
-            QDBusConnection::disconnectFromBus(name);
-        m_daemon.kill();
-        m_daemon.waitForFinished();
-    }
-    TestBus(const TestBus&) = delete;
-    TestBus& operator=(const TestBus&) = delete;
+    ~TestBus() { std::for_each(m_names.begin(), m_names.end(), QDBusConnection::disconnectFromBus); }
 
     QDBusConnection connect()
     {
         static int s_count = 0;
         m_names.append(QString("test-%1").arg(++s_count));
-        return QDBusConnection::connectToBus(m_address, m_names.back());
+        return QDBusConnection::connectToBus(m_daemon.address, m_names.back());
     }
     static void sendSignal(const QDBusConnection& connection, const QString& path, const QString& interface,
         const QString& name, const QVariantList& arguments = {})
@@ -50,8 +36,7 @@ public:
     }
 
 private:
-    QProcess m_daemon;
-    QString m_address;
+    TestServer m_daemon {"dbus-daemon", {"--session", "--nofork", "--print-address"}};
     QStringList m_names;
 };
 

@@ -1,17 +1,13 @@
 #include "platform/linux/TrayHost.h"
 
 #include "TestBus.h"
-#include "XvfbServer.h"
-#include "platform/ProcessServices.h"
+#include "fakes/TestPlatform.h"
 #include "platform/linux/XcbConnection.h"
-#include "platform/simulated/VirtualRunLoop.h"
 
 #include <QDBusVariant>
 #include <QtCore/qtestsupport_core.h>
 
-#include <functional>
 #include <map>
-#include <optional>
 
 namespace {
 const QString kWatcher = "org.kde.StatusNotifierWatcher";
@@ -39,8 +35,8 @@ XcbConnectionRef makeXTray()
 /// How often a tray has been found at each "?" of a story; what is expected is waited for.
 QString found(const char* story, const QString& expected)
 {
-    VirtualRunLoop runLoop;
-    const ProcessServices services({&runLoop});
+    TestPlatform platform;
+    VirtualRunLoop& runLoop = platform.runLoop;
     TestBus bus;
     const QDBusConnection desktop = bus.connect();
     std::optional<TestService> watcher; // The service at which tray icons and the panels that show them meet.
@@ -53,27 +49,23 @@ QString found(const char* story, const QString& expected)
     XcbConnectionRef xTray;
     std::optional<TrayHost> host;
     int count = 0;
-    const auto look = [&](const QDBusConnection& connection, TrayHost::X11Tray x11Tray) {
+    using X11Tray = TrayHost::X11Tray;
+    const auto look = [&](const QDBusConnection& connection, X11Tray x11Tray = X11Tray::Accepted) {
         host.emplace(connection, x11Tray);
         host->whenAvailable([&] { count += host->isAvailable() ? 1 : 100; });
         EXPECT_EQ(count, 0) << "never within the call";
     };
     const std::map<QString, std::function<void()>> kDeeds {
-        {"look", [&] { look(bus.connect(), TrayHost::X11Tray::Ignored); }},
-        {"lookX", [&] { look(bus.connect(), TrayHost::X11Tray::Accepted); }},
-        {"lookWithoutBus", [&] { look(QDBusConnection("none"), TrayHost::X11Tray::Accepted); }},
-        {"watcher", [&] { startWatcher(false); }},
+        {"look", [&] { look(bus.connect(), X11Tray::Ignored); }}, {"lookX", [&] { look(bus.connect()); }},
+        {"lookWithoutBus", [&] { look(QDBusConnection("none")); }}, {"watcher", [&] { startWatcher(false); }},
         {"watcher+host", [&] { startWatcher(true); }},
         {"host", [&] { TestBus::sendSignal(desktop, kPath, kWatcher, "StatusNotifierHostRegistered"); }},
-        {"gone", [&] { watcher.reset(); }},
-        {"xtray", [&] { xTray = makeXTray(); }},
-        {"+4.9", [&] { runLoop.advance(4.9); }},
-        {"+0.2", [&] { runLoop.advance(0.2); }},
-    };
+        {"gone", [&] { watcher.reset(); }}, {"xtray", [&] { xTray = makeXTray(); }},
+        {"+4.9", [&] { runLoop.advance(4.9); }}, {"+0.2", [&] { runLoop.advance(0.2); }}};
     QStringList answers;
     for (const QString& step : QString(story).split(u' ')) {
-        if (const auto deed = kDeeds.find(step); deed != kDeeds.end()) {
-            deed->second();
+        if (step != "?") {
+            kDeeds.at(step)();
             continue;
         }
         int rounds = 0; // Some, so that what is on its way arrives, or as many as what is expected takes.

@@ -3,7 +3,6 @@
 #include "platform/linux/ExtIdleBackend.h"
 #include "platform/linux/KdeIdleBackend.h"
 
-#include <QTemporaryDir>
 #include <QtCore/qtestsupport_core.h>
 
 #include <map>
@@ -13,15 +12,10 @@ class WaylandIdleBackendTest : public testing::Test {
 protected:
     WaylandIdleBackendTest()
     {
-        qputenv("XDG_RUNTIME_DIR", folder.path().toLocal8Bit());
+        qputenv("XDG_RUNTIME_DIR", story.platform.folder.path().toLocal8Bit());
         qputenv("WAYLAND_DISPLAY", "wayland-1");
     }
-    ~WaylandIdleBackendTest() override
-    {
-        qunsetenv("XDG_RUNTIME_DIR");
-        qunsetenv("WAYLAND_DISPLAY");
-    }
-    QTemporaryDir folder;
+    ~WaylandIdleBackendTest() override { qunsetenv("WAYLAND_DISPLAY"); }
     IdleStory story;
 };
 
@@ -40,8 +34,7 @@ struct FakeCompositor {
         wl_display_destroy_clients(display);
         wl_display_destroy(display);
     }
-    FakeCompositor(const FakeCompositor&) = delete;
-    FakeCompositor& operator=(const FakeCompositor&) = delete;
+    Q_DISABLE_COPY_MOVE(FakeCompositor)
 
     void offer()
     {
@@ -118,7 +111,7 @@ TEST_F(WaylandIdleBackendTest, hearsSway)
 {
     // Sway refuses to run as root, which some build machines do. Then somebody else runs it, who may write
     // there.
-    QFile::setPermissions(folder.path(), QFile::Permissions(0x7777));
+    QFile::setPermissions(story.platform.folder.path(), QFile::Permissions(0x7777));
     QProcess sway;
     sway.start("sh",
         {"-c",
@@ -126,22 +119,20 @@ TEST_F(WaylandIdleBackendTest, hearsSway)
             "exec setpriv --pdeathsig TERM $as env -u WAYLAND_DISPLAY -u DISPLAY WLR_BACKENDS=headless "
             "WLR_RENDERER=pixman WLR_LIBINPUT_NO_DEVICES=1 sway -c /dev/null"});
     constexpr int kPatience = 30'000;
-    const QString socket = folder.filePath("wayland-1");
+    const QString socket = story.platform.folder.filePath("wayland-1");
     ASSERT_TRUE(QTest::qWaitFor([&] { return QFile::exists(socket); }, kPatience));
-    KdeIdleBackend backend(0.5);
-    ExtIdleBackend other;
-    const auto hears = [&](const char* words, const char* expected) {
+    KdeIdleBackend kde(0.5);
+    ExtIdleBackend ext;
+    const auto hears = [&](IdleBackend& backend, const char* words, const char* expected) {
         return QTest::qWaitFor([&] { return story.told(backend, words) == expected; }, kPatience);
     };
     story.settle = [] { QCoreApplication::processEvents(); };
-    EXPECT_TRUE(hears("?", "0"));
+    EXPECT_TRUE(hears(kde, "?", "0"));
     story.runLoop.advance(100);
-    EXPECT_TRUE(hears("?", "0.5"));
-    EXPECT_TRUE(hears("+7 ?", "7.5"));
+    EXPECT_TRUE(hears(kde, "?", "0.5") && hears(kde, "+7 ?", "7.5"));
     EXPECT_EQ(QProcess::execute("wtype", {"a"}), 0);
-    EXPECT_TRUE(hears("?", "0"));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return story.told(other, "?") == "none"; }, kPatience));
+    EXPECT_TRUE(hears(kde, "?", "0") && hears(ext, "?", "none"));
     sway.kill();
     sway.waitForFinished();
-    EXPECT_TRUE(hears("?", "none"));
+    EXPECT_TRUE(hears(kde, "?", "none"));
 }

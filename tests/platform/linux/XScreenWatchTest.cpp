@@ -1,10 +1,8 @@
 #include "platform/linux/XScreenWatch.h"
 
-#include "XvfbServer.h"
+#include "TestServer.h"
 
 #include <QtCore/qtestsupport_core.h>
-
-#include <gtest/gtest.h>
 
 TEST(XScreenWatch, tellsOfEachTimeTheScreensGoDark)
 {
@@ -13,8 +11,7 @@ TEST(XScreenWatch, tellsOfEachTimeTheScreensGoDark)
     const XScreenWatch watch([&](bool isDark) { heard.push_back(isDark); });
     const XcbConnectionRef connection(xcb_connect(nullptr, nullptr));
     for (const size_t times : {1U, 2U, 3U, 4U}) {
-        xcb_force_screen_saver(
-            connection.get(), times % 2 ? XCB_SCREEN_SAVER_ACTIVE : XCB_SCREEN_SAVER_RESET);
+        xcb_force_screen_saver(connection.get(), times % 2); // Active, reset, ...
         xcb_flush(connection.get());
         ASSERT_TRUE(QTest::qWaitFor([&] { return heard.size() == times; }));
     }
