@@ -97,8 +97,7 @@ HidMailbox::News HidMailbox::end(HidStatus status, std::vector<uint8_t> bytes)
 HidMailbox::News HidMailbox::endProbe(HidStatus status)
 {
     if (status != 0) {
-        m_writes.clear();
-        m_reads.clear();
+        m_reads.clear(); // The report of rest goes first, so nothing else waits.
     } else if (m_writes.empty() && m_reads.empty() && !m_isClosed) {
         m_isLost = false;
         return {News::Kind::Found, {}};
