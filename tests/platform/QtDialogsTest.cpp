@@ -93,16 +93,13 @@ TEST(QtDialogsTest, aFileGoesIntoTheDocumentsFolderAndKeepsItsType)
     qputenv("HOME", home.path().toUtf8());
     qunsetenv("XDG_CONFIG_HOME");
     QDir(home.path()).mkdir("Documents");
-    const char* const kCases[][2] = {{"same.CSV", "same.CSV"}, {"a.pdf", "a.pdf.csv"}};
-    for (const auto& [typed, saved] : kCases) {
-        user([typed = QString(typed)](QWidget& modal) {
-            EXPECT_EQ(dynamic_cast<QFileDialog&>(modal).nameFilters(), QStringList {"*.csv"});
-            auto* const edit = modal.findChild<QLineEdit*>("fileNameEdit");
-            edit->setText(typed);
-            QTest::keyClick(edit, Qt::Key_Return);
-        });
-        EXPECT_EQ(QtDialogs().runSavePanel("a.csv"), home.filePath(QString("Documents/") + saved));
-    }
+    user([](QWidget& modal) {
+        EXPECT_EQ(dynamic_cast<QFileDialog&>(modal).nameFilters(), QStringList {"*.csv"});
+        auto* const edit = modal.findChild<QLineEdit*>("fileNameEdit");
+        edit->setText("same.CSV");
+        QTest::keyClick(edit, Qt::Key_Return);
+    });
+    EXPECT_EQ(QtDialogs().runSavePanel("a.csv"), home.filePath("Documents/same.CSV"));
     qputenv("HOME", previousHome);
 }
 }

@@ -1,34 +1,27 @@
 #include "platform/SleepAwareEventSource.h"
 
-#include "fakes/TestPlatform.h"
+#include "fakes/Story.h"
 
 #include <cmath>
 #include <gtest/gtest.h>
 
 namespace {
 /// What the source answers at each "?" of a story: seconds, or "away" for longer than any limit.
-QString answers(const char* story)
+QString answers(const char* words)
 {
-    TestPlatform platform;
+    Story story;
+    TestPlatform& platform = story.platform;
     platform.user->leave();
     QStringList result;
-    for (const QString& step : QString::fromLatin1(story).split(QLatin1Char(' '))) {
-        if (step == QStringLiteral("?")) {
-            const double answer = platform.events.secondsSinceLastEventType(EventSource::EventType::KeyDown);
-            result.append(std::isinf(answer) ? QStringLiteral("away") : QString::number(answer));
-        } else if (step == QStringLiteral("input")) {
-            platform.user->leave();
-        } else if (step == QStringLiteral("wake")) {
-            platform.events.didWake();
-        } else if (step.startsWith(QLatin1Char('+'))) {
-            platform.runLoop.advance(step.toDouble());
-        } else if (step.startsWith(QLatin1Char('z'))) {
-            platform.runLoop.sleepMachine(step.mid(1).toDouble());
-        } else {
-            platform.runLoop.setWallClock(platform.runLoop.now() + 9999);
-        }
-    }
-    return result.join(QLatin1Char(' '));
+    const auto ask = [&] {
+        const double answer = platform.events.secondsSinceLastEventType(EventSource::EventType::KeyDown);
+        result.append(std::isinf(answer) ? "away" : QString::number(answer));
+    };
+    story.deeds = {{"?", ask}, {"input", [&] { platform.user->leave(); }},
+        {"wake", [&] { platform.events.didWake(); }},
+        {"set", [&] { platform.runLoop.setWallClock(platform.runLoop.now() + 9999); }}};
+    story.play(words);
+    return result.join(u' ');
 }
 
 TEST(SleepAwareEventSource, makesOneAbsenceOfEachSleep)

@@ -39,16 +39,14 @@ TEST(DBusIdleBackend, asksTheServiceThatIsThereInItsUnit)
             QCoreApplication::processEvents();
         }
     };
-    story.happens = [&](const QString& word) {
-        if (word == "comes")
-            service.emplace(desktop, method[1], method[0], [&](const QDBusMessage& call) {
-                return QStringList {call.interface(), call.member()} == method.mid(1) ? number : QVariant();
-            });
-        else if (word == "goes")
-            service.reset();
-        else
-            number = word == "error" ? QVariant("none") : word.toDouble();
+    story.deeds["comes"] = [&] {
+        service.emplace(desktop, method[1], method[0], [&](const QDBusMessage& call) {
+            return QStringList {call.interface(), call.member()} == method.mid(1) ? number : QVariant();
+        });
     };
+    story.deeds["goes"] = [&] { service.reset(); };
+    story.deeds["error"] = [&] { number = "none"; };
+    story.otherwise = [&](const QString& word) { number = word.toDouble(); };
     for (const auto& [call, words, expected] : kTestCases) {
         method = QString(call).split(u' ');
         if (call == gnome)

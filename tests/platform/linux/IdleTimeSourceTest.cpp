@@ -1,6 +1,6 @@
 #include "platform/linux/IdleTimeSource.h"
 
-#include "fakes/TestPlatform.h"
+#include "fakes/Story.h"
 #include "platform/NotificationCenter.h"
 
 #include <gtest/gtest.h>
@@ -29,9 +29,9 @@ struct ToldBackend final : IdleBackend {
 
 /// The idle seconds at each "?" of a story, with "!" where nothing can tell and "-" before it where the look
 /// is not over, and after them what the log and the notifications said.
-QString told(const char* story)
+QString told(const char* words)
 {
-    TestPlatform platform; // Its clock stands at 0.
+    Story story; // Its clock stands at 0.
     IdleTimeSource::Backends backends;
     std::map<QChar, ToldBackend*> byName;
     for (const QChar name : {u'a', u'b'}) {
@@ -44,23 +44,21 @@ QString told(const char* story)
     const auto observation = NotificationCenter::defaultCenter().addObserver(
         EventSource::kCanTellDidChange, [&](const PostedNotification&) { ++posts; });
     testing::internal::CaptureStderr();
-    for (const QString& step : QString(story).split(u' ')) {
-        if (step == "start") {
-            source = std::make_unique<IdleTimeSource>(std::exchange(backends, {}));
-        } else if (step == "?") {
-            bool isReady = false;
-            source->refresh([&] { isReady = true; });
-            const double seconds = source->secondsSinceLastEventType(EventSource::EventType::KeyDown);
-            answers.append((isReady ? "" : "-") + QString::number(seconds) + (source->canTell() ? "" : "!"));
-        } else if (step.startsWith(u'+')) {
-            platform.runLoop.advance(step.toDouble());
-        } else if (ToldBackend& backend = *byName.at(step[0]); step.endsWith(u'!')) {
-            std::exchange(backend.unanswered, {})(1000);
-        } else {
-            backend.isSilent = step.endsWith(u'~');
-            backend.lastInputAt = step.contains(u'=') ? std::optional(step.mid(2).toDouble()) : std::nullopt;
-        }
-    }
+    story.deeds["start"] = [&] { source = std::make_unique<IdleTimeSource>(std::exchange(backends, {})); };
+    story.deeds["?"] = [&] {
+        bool isReady = false;
+        source->refresh([&] { isReady = true; });
+        const double seconds = source->secondsSinceLastEventType(EventSource::EventType::KeyDown);
+        answers.append((isReady ? "" : "-") + QString::number(seconds) + (source->canTell() ? "" : "!"));
+    };
+    story.otherwise = [&](const QString& word) {
+        ToldBackend& backend = *byName.at(word[0]);
+        if (word.endsWith(u'!'))
+            return std::exchange(backend.unanswered, {})(1000);
+        backend.isSilent = word.endsWith(u'~');
+        backend.lastInputAt = word.contains(u'=') ? std::optional(word.mid(2).toDouble()) : std::nullopt;
+    };
+    story.play(words);
     const QString log = QString::fromStdString(testing::internal::GetCapturedStderr());
     for (const QString& line : log.split(u'\n', Qt::SkipEmptyParts))
         answers.append(line.section("comes from: ", 1).section(u',', 0, 0));

@@ -1,13 +1,11 @@
 #include "platform/linux/TrayHost.h"
 
 #include "TestBus.h"
-#include "fakes/TestPlatform.h"
+#include "fakes/Story.h"
 #include "platform/linux/XcbConnection.h"
 
 #include <QDBusVariant>
 #include <QtCore/qtestsupport_core.h>
-
-#include <map>
 
 namespace {
 const QString kWatcher = "org.kde.StatusNotifierWatcher";
@@ -33,10 +31,9 @@ XcbConnectionRef makeXTray()
 }
 
 /// How often a tray has been found at each "?" of a story; what is expected is waited for.
-QString found(const char* story, const QString& expected)
+std::string found(const char* words, const QString& expected)
 {
-    TestPlatform platform;
-    VirtualRunLoop& runLoop = platform.runLoop;
+    Story story;
     TestBus bus;
     const QDBusConnection desktop = bus.connect();
     std::optional<TestService> watcher; // The service at which tray icons and the panels that show them meet.
@@ -55,29 +52,24 @@ QString found(const char* story, const QString& expected)
         host->whenAvailable([&] { count += host->isAvailable() ? 1 : 100; });
         EXPECT_EQ(count, 0) << "never within the call";
     };
-    const std::map<QString, std::function<void()>> kDeeds {
-        {"look", [&] { look(bus.connect(), X11Tray::Ignored); }}, {"lookX", [&] { look(bus.connect()); }},
-        {"lookWithoutBus", [&] { look(QDBusConnection("none")); }}, {"watcher", [&] { startWatcher(false); }},
-        {"watcher+host", [&] { startWatcher(true); }},
-        {"host", [&] { TestBus::sendSignal(desktop, kPath, kWatcher, "StatusNotifierHostRegistered"); }},
-        {"gone", [&] { watcher.reset(); }}, {"xtray", [&] { xTray = makeXTray(); }},
-        {"+4.9", [&] { runLoop.advance(4.9); }}, {"+0.2", [&] { runLoop.advance(0.2); }}};
     QStringList answers;
-    for (const QString& step : QString(story).split(u' ')) {
-        if (step != "?") {
-            kDeeds.at(step)();
-            continue;
-        }
+    const auto ask = [&] {
         int rounds = 0; // Some, so that what is on its way arrives, or as many as what is expected takes.
         const int wanted = expected.section(u' ', answers.size(), answers.size()).toInt();
         (void)QTest::qWaitFor([&] {
             TestBus::settle(desktop);
-            runLoop.advance(0);
+            story.platform.runLoop.advance(0);
             return ++rounds > 6 && count >= wanted;
         });
         answers.append(QString::number(count));
-    }
-    return answers.join(u' ');
+    };
+    story.deeds = {{"?", ask}, {"look", [&] { look(bus.connect(), X11Tray::Ignored); }},
+        {"lookX", [&] { look(bus.connect()); }}, {"lookWithoutBus", [&] { look(QDBusConnection("none")); }},
+        {"watcher", [&] { startWatcher(false); }}, {"watcher+host", [&] { startWatcher(true); }},
+        {"host", [&] { TestBus::sendSignal(desktop, kPath, kWatcher, "StatusNotifierHostRegistered"); }},
+        {"gone", [&] { watcher.reset(); }}, {"xtray", [&] { xTray = makeXTray(); }}};
+    story.play(words);
+    return answers.join(u' ').toStdString();
 }
 
 TEST(TrayHost, findsATrayOnceWheneverAndHoweverItComes)
@@ -97,6 +89,6 @@ TEST(TrayHost, findsATrayOnceWheneverAndHoweverItComes)
         {"xtray watcher lookX ? gone ?", "0 1"},
     };
     for (const auto& [story, expected] : kTestCases)
-        EXPECT_EQ(found(story, expected).toStdString(), expected) << story;
+        EXPECT_EQ(found(story, expected), expected) << story;
 }
 }

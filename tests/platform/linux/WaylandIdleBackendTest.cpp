@@ -5,8 +5,6 @@
 
 #include <QtCore/qtestsupport_core.h>
 
-#include <map>
-
 namespace {
 class WaylandIdleBackendTest : public testing::Test {
 protected:
@@ -91,14 +89,13 @@ TEST_F(WaylandIdleBackendTest, knowsTheLastInputByWhatTheCompositorSays)
             QCoreApplication::processEvents();
         }
     };
-    const std::map<QString, std::function<void()>> deeds {{"bare", [&] { compositor.emplace(); }},
-        {"up", [&] { compositor.emplace().offer(); }}, {"offer", [&] { compositor->offer(); }},
+    story.deeds = {{"bare", [&] { compositor.emplace(); }}, {"up", [&] { compositor.emplace().offer(); }},
+        {"offer", [&] { compositor->offer(); }},
         {"withdraw", [&] { wl_global_destroy(compositor->notifier); }},
         {"unseat", [&] { wl_global_destroy(compositor->seat); }}, {"down", [&] { compositor.reset(); }},
         {"hangs", [&] { isHung = true; }}, {"serves", [&] { isHung = false; }},
         {"idled", [&] { ext_idle_notification_v1_send_idled(compositor->notification); }},
         {"resumed", [&] { ext_idle_notification_v1_send_resumed(compositor->notification); }}};
-    story.happens = [&](const QString& word) { deeds.at(word)(); };
     for (const auto& [words, expected] : kTestCases) {
         compositor.reset();
         isHung = false;
@@ -128,7 +125,7 @@ TEST_F(WaylandIdleBackendTest, hearsSway)
     };
     story.settle = [] { QCoreApplication::processEvents(); };
     EXPECT_TRUE(hears(kde, "?", "0"));
-    story.runLoop.advance(100);
+    story.play("+100");
     EXPECT_TRUE(hears(kde, "?", "0.5") && hears(kde, "+7 ?", "7.5"));
     EXPECT_EQ(QProcess::execute("wtype", {"a"}), 0);
     EXPECT_TRUE(hears(kde, "?", "0") && hears(ext, "?", "none"));
