@@ -15,8 +15,8 @@ def get(connection, name, path, interface, key):
     return call(connection, name, path, "org.freedesktop.DBus.Properties", "Get", "(ss)", interface, key)[0]
 
 
-def process_of(connection, name):
-    return call(connection, "org.freedesktop.DBus", "/", "org.freedesktop.DBus", "GetConnectionUnixProcessID", "(s)", name)[0]
+def ask_bus(connection, method, name):
+    return call(connection, "org.freedesktop.DBus", "/", "org.freedesktop.DBus", method, "(s)", name)[0]
 
 
 class Mock:

@@ -12,17 +12,8 @@ def desktop(request):
     with contextlib.ExitStack() as ends:
         found = Desktop(ends, **(mark.kwargs if mark else {}))
         yield found
-        if request.node.report.failed:
-            print(found.log()[-6000:])
-            print("Windows:", {title: found.frame(window) for title, window in found.windows().items()})
-            print("Time:", found.clock.now(), found.clock.rate)
-            print("".join(file.read_text()[-3000:] for file in found.home.glob("stderr")))
+        # Shown of a scenario that failed.
+        print(found.log()[-6000:], list(found.windows()), found.clock.now(), found.clock.rate)
+        print("".join(file.read_text()[-3000:] for file in found.home.glob("stderr")))
         assert {program.process.poll() for program in found.programs} <= {None}, "ended untold"
         assert "Sanitizer" not in found.log()
-
-
-@pytest.hookimpl(hookwrapper=True)
-def pytest_runtest_makereport(item):
-    outcome = yield
-    if outcome.get_result().when == "call":
-        item.report = outcome.get_result()

@@ -22,9 +22,8 @@ from Xlib.protocol import event  # noqa: E402
 
 from adapter import Adapter, new_bed  # noqa: E402
 from bent_clock import Clock  # noqa: E402
-from bus import Mock, call  # noqa: E402
+from bus import Mock, ask_bus, call  # noqa: E402
 from program import Program  # noqa: E402
-from screenreader import ignoring_what_goes  # noqa: E402
 from waiting import wait_until  # noqa: E402
 
 PROGRAM = Path(os.environ["ZELVO_BIN"]) / "zelvo-standup"
@@ -88,7 +87,7 @@ class Desktop:
         config.write_text(BUS_CONFIG.format(socket, self.services))
         self.spawn("dbus-daemon", "--nofork", f"--config-file={config}", env={"PATH": os.environ["PATH"]})
         address = self.env[f"DBUS_{name.upper()}_BUS_ADDRESS"] = f"unix:path={socket}"
-        return wait_until(ignoring_what_goes(lambda: self.connect(address)), f"{name} bus")
+        return wait_until(lambda: self.connect(address), f"{name} bus")
 
     @staticmethod
     def connect(address):
@@ -137,7 +136,7 @@ class Desktop:
 
     @staticmethod
     def has_owner(connection, name):
-        return call(connection, "org.freedesktop.DBus", "/", "org.freedesktop.DBus", "NameHasOwner", "(s)", name)[0]
+        return ask_bus(connection, "NameHasOwner", name)
 
     # The program
 

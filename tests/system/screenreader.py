@@ -3,25 +3,12 @@
 The client library keeps one bus for a process's life, so it could not follow one scenario's desktop after another.
 """
 
-from bus import call, get
-from gi.repository import GLib
+from bus import ask_bus, call, get
 from waiting import DEADLINE, wait_until
 
 REGISTRY = ("org.a11y.atspi.Registry", "/org/a11y/atspi/accessible/root")
 ATSPI = "org.a11y.atspi."
 CHECKED, FOCUSED, SELECTED, SHOWING = 4, 12, 23, 25  # Of the states, by number.
-
-
-def ignoring_what_goes(look):
-    # A look at controls that may go while they are looked at: it finds nothing then.
-
-    def careful():
-        try:
-            return look()
-        except GLib.Error:
-            return None
-
-    return careful
 
 
 class Node:
@@ -34,6 +21,7 @@ class Node:
     def _get(self, interface, key):
         return get(self.bus, self.owner, self.path, ATSPI + interface, key)
 
+    process = property(lambda self: ask_bus(self.bus, "GetConnectionUnixProcessID", self.owner))
     name = property(lambda self: self._get("Accessible", "Name").strip())
     description = property(lambda self: self._get("Accessible", "Description"))
     role = property(lambda self: self._call("Accessible", "GetRoleName")[0])
@@ -66,17 +54,15 @@ class Node:
             yield from child.walk()
 
     def all(self, name=None, role=None):
-        wanted = lambda node: name in (None, node.name) and role in (None, node.role) and node.has(SHOWING)  # noqa: E731
-        return list(filter(wanted, self.walk()))
+        named = [node for node in self.walk() if name in (None, node.name)]
+        return [node for node in named if role in (None, node.role) and node.has(SHOWING)]
 
     def find(self, name=None, role=None):
-        found = ignoring_what_goes(lambda: self.all(name, role))
-        return wait_until(found, f"{role or 'control'} {name!r}")[0]
+        return wait_until(lambda: self.all(name, role), f"{role or 'control'} {name!r}")[0]
 
     def says(self):
         # Everything in it that is showing, as a screen reader would read it out.
         return [node.name for node in self.walk() if node.has(SHOWING) and node.name]
 
     def hears(self, words, seconds=DEADLINE):
-        said = ignoring_what_goes(lambda: any(words in sentence for sentence in self.says()))
-        wait_until(said, f"{words!r} on the screen", seconds)
+        wait_until(lambda: any(words in said for said in self.says()), f"{words!r} on the screen", seconds)

@@ -5,7 +5,6 @@ import signal
 import subprocess
 
 import pytest
-from screenreader import ignoring_what_goes
 from waiting import at_rest, wait_until
 
 PULSE = 15.0
@@ -30,14 +29,9 @@ def fill(ballast):
 
 def panel(program, expected=""):
     # The text of the error panel that says what is expected; it is then dismissed.
-
-    def words_and_panel():
-        found = program.window_with("OK")
-        words = " ".join(found.says())
-        return expected in words and (words, found)
-
-    words, found = wait_until(ignoring_what_goes(words_and_panel), f"a panel with {expected!r}")
-    found.find("OK").press()
+    says = lambda: " ".join(program.window_with("OK").says())  # noqa: E731
+    words = wait_until(lambda: expected in (found := says()) and found, f"a panel with {expected!r}")
+    program.window_with("OK").find("OK").press()
     return words
 
 
@@ -127,13 +121,3 @@ def test_two_programs_do_not_share_a_store(desktop):
     first.quit()
     with desktop.clock.running(RATE):
         wait_until(lambda: len(desktop.records()) == 2, "the second one's record")
-
-
-def test_a_folder_that_is_a_file(desktop):
-    desktop.settings()
-    desktop.folder.write_text("mine")
-    program = desktop.start()
-    assert "found a file" in panel(program)
-    program.signal(signal.SIGINT)
-    program.ends()
-    assert desktop.folder.read_text() == "mine"

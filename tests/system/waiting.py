@@ -1,19 +1,21 @@
 """Waiting for conditions, never for a fixed time."""
 
+import contextlib
 import time
+
+from gi.repository import GLib
 
 DEADLINE = 60.0  # Long, so that a busy machine is no failure.
 
 
 def wait_until(condition, what=None, seconds=DEADLINE):
-    # Waits for the condition and answers what it answered; never for a fixed time.
+    # Answers what the condition answered. What goes while it is looked at is looked for again.
     end = time.monotonic() + seconds
     while True:
-        answer = condition()
-        if answer:
-            return answer
-        if time.monotonic() > end:
-            raise AssertionError(f"never came: {what or condition.__name__}")
+        with contextlib.suppress(GLib.Error):
+            if answer := condition():
+                return answer
+        assert time.monotonic() <= end, f"never came: {what or condition.__name__}"
         time.sleep(0.01)
 
 
