@@ -34,12 +34,10 @@ class Adapter:
         self.height = float(height)
         self.communicating = True
         self.error = None  # (kind bits, list of codes) while the desk reports one.
-        self.delay = 0.0  # Seconds that each transfer takes.
-        self.refuse_next_stop = 0  # Errno of the next stop.
         self.failure = 0  # Errno of every transfer.
         self.silent = False  # Transfers hang until the silence ends.
         self.wire = []  # (time, value of a movement report or "init")
-        self.reads = []
+        self.looks = 0  # How often the desk was asked how it is.
         self.hanging = []
         self._order, self._order_at, self._moved_at = STOP, 0.0, clock()
         self._lock = threading.RLock()
@@ -90,8 +88,6 @@ class Adapter:
     def _handle(self, _, client):
         if self.silent:
             self.hanging.append(client)
-        elif self.delay:
-            threading.Timer(self.delay, self._complete, [client]).start()
         else:
             self._complete(client)
         return True
@@ -103,15 +99,12 @@ class Adapter:
                 size = client.get_request() >> 16 & 0x3FFF
                 data = client.get_arg().resolve(0, size)
                 if client.get_request() & 0xFF == 6:  # HIDIOCSFEATURE
-                    failure = self._written(bytes(data.retrieve()))
+                    self._written(bytes(data.retrieve()))
                 else:
                     data.update(0, self._status())
-            client.complete(-1 if failure else size, failure or 0)
+            client.complete(-1 if failure else size, failure)
 
     def _written(self, report):
-        if self.refuse_next_stop and report[:3] == bytes([5, 1, 0x80]):
-            failure, self.refuse_next_stop = self.refuse_next_stop, 0
-            return failure
         with self._lock:
             self._advance()
             value = "init"
@@ -132,7 +125,7 @@ class Adapter:
     def _status(self):
         with self._lock:
             self._advance()
-            self.reads.append(time.monotonic())
+            self.looks += 1
             report = bytearray(64)
             kinds, codes = self.error or (0, [])
             status = (1 if self.communicating else 0) | (0x200 if self.error else 0)

@@ -71,7 +71,7 @@ class Office:
 
     def plug_in(self):
         self.adapter = self.desktop.plug()
-        wait_until(lambda: len(self.adapter.reads) > 1, "polling")
+        wait_until(lambda: self.adapter.looks > 1, "polling")
 
     def touch(self):
         # The user is there: something moves under their hand until the program has seen it.

@@ -56,17 +56,13 @@ def test_ends_at_once_while_a_dialog_waits_for_an_answer(desktop):
 
 
 def test_ending_during_the_first_run_answers_nothing_for_the_user(desktop):
-    for way in ("menu", "SIGTERM"):
+    for end in (WAYS["menu"], lambda program: program.signal(signal.SIGINT)):
         program = desktop.start()
         desktop.window("Setup")
-        assert {label: enabled for label, (_, enabled) in program.menu().items()} == {
-            "Open Zelvo StandUp": False,
-            "History": False,
-            "Settings…": True,
-            "Quit": True,
-        }
+        enabled = {label: is_enabled for label, (_, is_enabled) in program.menu().items()}
+        assert enabled == {"Open Zelvo StandUp": False, "History": False, "Settings…": True, "Quit": True}
         program.click_tray()
-        WAYS[way](program)
+        end(program)
         program.ends()
         assert desktop.setting("Weight") is None
 

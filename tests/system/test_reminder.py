@@ -8,7 +8,6 @@ from waiting import holds_for, wait_until
 PLAN = {"ActivityGoal": 57, "NumberOfStandUps": 6, "TimeSnooze": 45, "TimeNotificationDismiss": 25, "TimeIdle": 80000}
 SITTING_TIME, SNOOZE, CYCLE = 30, 45, 600
 RATE, SIMULATED_RATE = 30, 200
-CORNER = 12
 
 
 class Worker:
@@ -22,9 +21,7 @@ class Worker:
         self.program = desktop.start_recording("--test-window")
         self.since = desktop.records()[0][0]
 
-    @property
-    def reminder(self):
-        return self.desktop.windows().get("Zelvo StandUp")
+    reminder = property(lambda self: self.desktop.windows().get("Zelvo StandUp"))
 
     def is_reminded_after(self, seconds):
         self.clock.reach(self.since + seconds - 1, self.rate)
@@ -37,6 +34,7 @@ class Worker:
         # The reminder goes by it.
         self.since = self.clock.now()
         act()
+        self.leaves_the_pointer_elsewhere()
         wait_until(lambda: not self.reminder, "the reminder gone")
 
     def changed_to(self, standing):
@@ -51,13 +49,11 @@ def test_snoozed_skipped_and_ignored(desktop):
     worker = Worker(desktop)
     window = worker.is_reminded_after(SITTING_TIME)
     x, y, width, _ = desktop.frame(worker.reminder)
-    assert (x + width, y) == (desktop.screen[0] - CORNER, CORNER)
+    assert (x + width, y) == (desktop.screen[0] - 12, 12)
     assert {"Minutes", "9", "71 cm", "Stand"} <= set(window.says())  # 57 standing minutes in 6 parts.
     worker.does(lambda: desktop.click(*window.find("Snooze").middle))
-    worker.leaves_the_pointer_elsewhere()
     window = worker.is_reminded_after(SNOOZE)
     worker.does(lambda: desktop.click(*window.find("Skip").middle))
-    worker.leaves_the_pointer_elsewhere()
     worker.is_reminded_after(CYCLE)
     worker.clock.reach(worker.since + CYCLE + 24, 30)
     assert worker.reminder

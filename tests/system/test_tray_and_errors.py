@@ -1,11 +1,8 @@
-"""A tray that is late or leaves, an adapter that is taken, silent or reports errors, and a start in vain."""
+"""A tray that is late or leaves, and an adapter that is taken, silent or reports errors."""
 
 import fcntl
-import signal
-import subprocess
 
 import pytest
-from desktop import PROGRAM
 from waiting import wait_until
 
 
@@ -47,7 +44,8 @@ def test_the_icon_tells_whether_a_desk_is_there_and_a_silent_adapter_is_none(des
         wait_until(desktop.records, "a first record")
     main.hears("77 cm")
     assert set(adapter.values()) == {"init", 0x8001}
-    assert program.tray_icon()[1] == "Desk connected" and program.tray_icon()[0] != without
+    icon, told = program.tray_icon()
+    assert told == "Desk connected" and icon != without
     adapter.communicating = False
     adapter.failure = 32  # EPIPE, so that the program looks whether the desk is there.
     main.hears("Please connect your desk")
@@ -104,28 +102,4 @@ def test_an_adapter_in_other_hands_is_taken_when_it_is_free(desktop, way):
         wait_until(lambda: adapter.values()[:2] == ["init", 0x8001], "the adapter taken")
         assert (desktop.clock.now() < refused + 25) == (way == "closed")
     wait_until(desktop.records, "a first record")
-    assert not stranger.wire and not stranger.reads
-
-
-def test_starts_that_end_at_once(desktop):
-    def said(code, *arguments, **env):
-        command = [PROGRAM, *arguments]
-        done = subprocess.run(command, env=desktop.env | desktop.bent() | env, capture_output=True, text=True)
-        assert done.returncode == code
-        return done.stdout + done.stderr
-
-    assert said(0, "--version") == "zelvo-standup 1.0.1\n"
-    for words in ("Usage: zelvo-standup [options]\n", "--simulate", "--language <CODE>", "--test-window", "-h, --help"):
-        assert words in said(0, "--help")
-    assert said(2, "--faster").endswith("'faster'. Try --help.\n")
-    assert said(2, "desk") == "zelvo-standup: 'desk' is not an option. Try --help.\n"
-    assert "There are no texts in the language 'xx'." in said(2, "--language", "xx")
-    assert "There is no display" in said(1, DISPLAY="")
-    assert "The display :47110 does not answer." in said(1, DISPLAY=":47110")
-    desktop.settings()
-    program = desktop.start("--language=de", XDG_DATA_HOME="data")
-    assert "Einstellungen…" in program.menu()
-    wait_until((desktop.home / ".local/share/org.zelvo.StandUp/StandUp.storedata").exists, "the usual folder")
-    program.signal(signal.SIGSTOP)
-    assert "The program runs already, but does not answer." in said(1)
-    program.signal(signal.SIGCONT)
+    assert not stranger.wire and not stranger.looks
