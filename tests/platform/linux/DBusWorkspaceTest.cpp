@@ -52,15 +52,16 @@ protected:
     {
         m_logind.reset();
         m_asked.clear();
-        m_logind.emplace(m_system, kLogind, kLogindPath, [this](auto& call) { return answerOfLogind(call); });
+        m_logind.emplace(
+            m_desktop, kLogind, kLogindPath, [this](auto& call) { return answerOfLogind(call); });
         EXPECT_TRUE(QTest::qWaitFor([&] { return isLockHeld() && m_asked.size() == 2; }));
         settle();
     }
     /// What was sent so far arrives.
     void settle()
     {
-        for (const QDBusConnection& connection : {m_session, m_system, m_watchedSession, m_watchedSystem})
-            TestBus::settle(connection);
+        TestBus::settle(m_desktop);
+        TestBus::settle(m_watched);
         QCoreApplication::processEvents();
     }
 
@@ -69,36 +70,32 @@ protected:
     {
         const bool on = what.endsWith(u'+');
         const QString topic = what.chopped(1);
-        const bool isHint = topic.endsWith("Hint");
         if (topic.startsWith("Prepare")) {
-            TestBus::sendSignal(m_system, kLogindPath, kLogind + ".Manager", topic, {on});
+            TestBus::sendSignal(m_desktop, kLogindPath, kLogind + ".Manager", topic, {on});
             EXPECT_TRUE(QTest::qWaitFor([&] { return isLockHeld() != on; })) << qPrintable(what);
         } else if (topic == "x") {
             m_workspace.xScreensChanged(on);
-        } else if (isHint || topic.startsWith(u'P')) {
+        } else if (const bool isHint = topic.endsWith("Hint"); isHint || topic.startsWith(u'P')) {
             const QString owner = isHint ? kLogind + ".Session" : "org.gnome.Mutter.DisplayConfig";
             const QVariantMap changed {{topic, what.endsWith(u'?') ? -1 : QVariant(on)}};
-            TestBus::sendSignal(isHint ? m_system : m_session, isHint ? kSessionPath : kDisplayPath,
+            TestBus::sendSignal(m_desktop, isHint ? kSessionPath : kDisplayPath,
                 "org.freedesktop.DBus.Properties", "PropertiesChanged", {owner, changed, QStringList()});
         } else {
             const bool isBrief = topic == "kde"; // It uses the general name in two places.
             const QString name = QString("org.%1.ScreenSaver").arg(isBrief ? "freedesktop" : topic);
             const QString path = isBrief ? "/ScreenSaver" : u'/' + QString(name).replace(u'.', u'/');
-            TestBus::sendSignal(m_session, path, name, "ActiveChanged", {on});
+            TestBus::sendSignal(m_desktop, path, name, "ActiveChanged", {on});
         }
         settle();
     }
 
-    TestBus m_systemBus;
-    TestBus m_sessionBus;
-    QDBusConnection m_system = m_systemBus.connect();
-    QDBusConnection m_session = m_sessionBus.connect();
-    QDBusConnection m_watchedSystem = m_systemBus.connect();
-    QDBusConnection m_watchedSession = m_sessionBus.connect();
+    TestBus m_bus; // The machine's and the session's.
+    QDBusConnection m_desktop = m_bus.connect();
+    QDBusConnection m_watched = m_bus.connect();
     QStringList m_asked;
     int m_lock = -1;
     std::optional<TestService> m_logind;
-    DBusWorkspace m_workspace {m_watchedSystem, m_watchedSession};
+    DBusWorkspace m_workspace {m_watched, m_watched};
     QStringList m_heard;
 };
 

@@ -47,6 +47,5 @@ TEST(SingleInstanceTest, withoutAUsableFolderTheProgramStartsAnyway)
     EXPECT_TRUE(unheard.acquire()) << "the lock holds, only the socket's path is too long";
     EXPECT_NE(testing::internal::GetCapturedStderr().find("File name too long"), std::string::npos);
     SingleInstance second(tooLong);
-    EXPECT_FALSE(second.acquire());
-    EXPECT_FALSE(second.activateFirst({}));
+    EXPECT_TRUE(!second.acquire() && !second.activateFirst({}));
 }

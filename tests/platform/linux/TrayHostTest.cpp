@@ -17,8 +17,7 @@ XcbConnectionRef makeXTray()
     XcbConnectionRef panel(xcb_connect(nullptr, nullptr));
     xcb_connection_t* const connection = panel.get();
     const xcb_window_t root = xcbScreen(connection, 0)->root;
-    const QByteArray name = "_NET_SYSTEM_TRAY_S0";
-    const auto cookie = xcb_intern_atom(connection, 0, uint16_t(name.size()), name.constData());
+    const auto cookie = xcb_intern_atom(connection, 0, 19, "_NET_SYSTEM_TRAY_S0");
     const XcbReply<xcb_intern_atom_reply_t> selection(xcb_intern_atom_reply(connection, cookie, nullptr));
     xcb_set_selection_owner(connection, root, selection->atom, XCB_CURRENT_TIME);
     xcb_client_message_event_t event {};

@@ -54,17 +54,14 @@ TEST(X11IdleBackend, isAskedOnlyWhereAllInputGoesThroughTheServer)
     const XvfbServer server;
     TestBus bus;
     const char* const kTestCases[][3] = {
-        {"", "", "X11 s"}, {"", "x11", "X11 s"}, {"wayland-7", "", "none,"}, {"", "wayland", "none,"}};
+        {"", "", "X11"}, {"", "x11", "X11"}, {"wayland-7", "", "none"}, {"", "wayland", "none"}};
     for (const auto& [display, type, expected] : kTestCases) {
         qputenv("WAYLAND_DISPLAY", display);
         qputenv("XDG_SESSION_TYPE", type);
-        testing::internal::CaptureStderr();
-        bool isReady = false;
         const auto source = makeIdleTimeSource(bus.connect());
+        bool isReady = false;
         source->refresh([&] { isReady = true; });
-        EXPECT_TRUE(QTest::qWaitFor([&] { return isReady; }));
-        const QString log = QString::fromStdString(testing::internal::GetCapturedStderr());
-        EXPECT_EQ(log.section("comes from: ", 1).left(5).toStdString(), expected);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return isReady; }) && source->name().startsWith(expected));
     }
     qunsetenv("WAYLAND_DISPLAY");
     qunsetenv("XDG_SESSION_TYPE");

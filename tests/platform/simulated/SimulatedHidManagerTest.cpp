@@ -13,7 +13,7 @@ TEST(SimulatedHidManagerTest, announcesWhatMatchesToWhoeverOpensItAndEndsInACall
     auto manager = std::make_unique<SimulatedHidManager>();
     std::vector<HidDeviceRef> arrived;
     int removed = 0;
-    manager->registerDeviceMatchingCallback([&](const HidDeviceRef& device) { arrived.push_back(device); });
+    manager->registerDeviceMatchingCallback([&](auto& device) { arrived.push_back(device); });
     manager->registerDeviceRemovalCallback([&](const HidDeviceRef&) { ++removed; });
     manager->unplug();
     manager->plug();
