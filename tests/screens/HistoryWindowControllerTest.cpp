@@ -62,7 +62,7 @@ protected:
 TEST_F(HistoryWindowControllerTest, eachPeriodSumsUpFromItsOwnStartToTheFirstOpening)
 {
     for (const auto& [daysAgo, minutes] : // Twice Friday, Wednesday, the week, the month, the year before.
-        {std::pair(0, 22.0), {0, 10.5}, {2, 12}, {9, 30}, {30, 40}, {100, 50}})
+        {std::pair(0, 22.0), {0, 26}, {2, 12}, {9, 30.5}, {30, 40}, {100, 50}})
         stood(daysAgo, minutes);
     store.insert(kNow - 2 * kHour, kNow - kHour, false);
     open();
@@ -70,15 +70,15 @@ TEST_F(HistoryWindowControllerTest, eachPeriodSumsUpFromItsOwnStartToTheFirstOpe
     platform.runLoop.advance(40 * kDay); // April.
     store.insert(platform.runLoop.now() - kHour, platform.runLoop.now() - 60, true);
     controller->updateData();
-    EXPECT_EQ(shown(), "44 37 3 1 Your week so far (Week)");
+    EXPECT_EQ(shown(), "60 50 3 1 Your week so far (Week)");
     EXPECT_NE(headSize(), 38);
     for (const auto& [button, expected, dates, hours] :
-        {std::tuple("buttonDay", "32 27 2 1 Your day so far (Day)", "15. März", ""),
-            {"buttonYear", "114 96 5 3 Your year so far: 2024 (Year)", "1. Januar – 15. März",
-                "1 Stunde, 54 Minuten"},
-            {"buttonMonth", "74 62 4 2 Your month so far: März (Month)", "1.–15. März",
-                "1 Stunde, 14 Minuten"},
-            {"buttonWeek", "44 37 3 1 Your week so far (Week)", "11.–15. März", ""}}) {
+        {std::tuple("buttonDay", "48 40 2 1 Your day so far (Day)", "15. März", ""),
+            {"buttonYear", "130 110 5 3 Your year so far: 2024 (Year)", "1. Januar – 15. März",
+                "2 Stunden, 10 Minuten"},
+            {"buttonMonth", "90 76 4 2 Your month so far: März (Month)", "1.–15. März",
+                "1 Stunde, 30 Minuten"},
+            {"buttonWeek", "60 50 3 1 Your week so far (Week)", "11.–15. März", "1 Stunde, 0 Minuten"}}) {
         click(button);
         click("exportToExcelLabel"); // Which is cancelled.
         EXPECT_EQ(controller->startDate().year(), 2013);

@@ -5,6 +5,7 @@
 #include "ui/HyperLinkTextField.h"
 #include "ui/ScrollingBody.h"
 
+#include <QScrollBar>
 #include <QTest>
 #include <QTextDocumentFragment>
 
@@ -22,6 +23,7 @@ TEST(ErrorLine, linksErrorsWhereThereIsAPageAndGoesFifteenSecondsAfterTheirEnd)
         ScrollingBody area;
         HyperLinkTextField label(&area);
         const ErrorLine line(label, area, withoutUrl);
+        EXPECT_EQ(area.verticalScrollBar()->singleStep(), label.fontMetrics().height());
         QStringList opened;
         label.setOpener([&](const QUrl& link) { opened << link.toString(); });
         NotificationCenter::defaultCenter().post(ZelvoHIDDevice::kErrorCode, {}, {{"E02", {}}});

@@ -32,6 +32,11 @@ TEST_F(ScrollingBodyTest, marksTheEdgesUnderWhichThereIsMoreAndFollowsTheKeyboar
     EXPECT_EQ(marks(), (QList<QRect> {above, below}));
     body.verticalScrollBar()->setValue(200);
     EXPECT_EQ(marks(), (QList<QRect> {above, {}}));
+    field.clearFocus();
+    field.setFixedHeight(101); // Taller than what shows of it, wherever it stands.
+    body.verticalScrollBar()->setValue(150);
+    field.setFocus();
+    EXPECT_EQ(body.verticalScrollBar()->value(), 150);
     body.resize(100, 300);
     QApplication::processEvents();
     EXPECT_EQ(marks(), (QList<QRect> {{}, {}}));
