@@ -76,14 +76,12 @@ TEST_F(CirclesTest, aRingTellsItsShareToScreenReaders)
 
     view.setTransparent(true);
     view.resize(180, 180);
-    QList<QImage> rings;
-    for (const double percent : {0.0, 0.99, 1.0, 100.0}) {
+    const auto ring = [&view](double percent) {
         view.setPercent(percent);
-        rings << grab(view);
-        EXPECT_EQ(rings.last().pixelColor(90, 45), Qt::white); // The text's ground.
-    }
-    EXPECT_EQ(rings[0], rings[1]);
-    EXPECT_NE(rings[1], rings[2]);
+        return grab(view);
+    };
+    EXPECT_EQ(ring(0.99), ring(0));
+    EXPECT_NE(ring(1), ring(0));
 }
 
 TEST_F(CirclesTest, aClickOnAGoalEndsTextEditingAndTheChosenOneLooksSoUnderTheMouseToo)
