@@ -112,7 +112,7 @@ TEST_F(QtUserDefaultsTest, aFailedWriteIsSaidOnceAndMadeUpForLater)
     EXPECT_TRUE(defaults.synchronize());
     EXPECT_EQ(read(), "[General]\nWeight=72\n");
 
-    m_path = m_folder.filePath("org.zelvo.StandUp/" + QString(250, 'x')); // No room for a copy's longer name.
+    m_path = m_folder.filePath("org.zelvo.StandUp/" + QString(247, 'x')); // A copy's name is too long.
     write("[Gen\n");
     QtUserDefaults unkept(m_path);
     unkept.setObject("Weight", 70.5);

@@ -31,14 +31,12 @@ TEST(AutostartLoginItemsTest, startThisExecutableUnlessTheUserWantsItOtherwise)
     };
     for (const auto& [entry, isSwitchedOff, isKept] : kTestCases) {
         SCOPED_TRACE(entry.constData());
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-        file.write(entry);
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(entry) == entry.size());
         file.close();
         EXPECT_EQ(items.isSwitchedOff(), isSwitchedOff);
         EXPECT_FALSE(items.isStartUnwanted()) << "it is not the session that starts this test";
         EXPECT_TRUE(items.insertItem("/usr/bin/zelvo-standup"));
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-        EXPECT_EQ(file.readAll(), isKept ? entry : fresh);
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly) && file.readAll() == (isKept ? entry : fresh));
         file.close();
     }
     EXPECT_TRUE(

@@ -36,8 +36,8 @@ protected:
     }
     QVariant answerOfLogind(const QDBusMessage& call)
     {
-        m_asked.append(
-            call.member() + u' ' + call.arguments().first().toString() + call.arguments().last().toString());
+        const QVariantList said = call.arguments();
+        m_asked.append(call.member() + u' ' + said.first().toString() + said.last().toString());
         if (call.member() == "GetSession")
             return QVariant::fromValue(QDBusObjectPath(kSessionPath));
         int ends[2];

@@ -29,7 +29,7 @@ TEST(X11IdleBackend, readsSecondsWithoutWaitingUntilTheServerDies)
         EXPECT_LT(idle.size(), times) << "not within the question";
         ASSERT_TRUE(isAnswered(times));
     }
-    EXPECT_TRUE(idle[1] >= idle[0] + 0.29 && idle[1] < idle[0] + 30) << "not milliseconds";
+    EXPECT_TRUE(idle[1] >= idle[0] + 0.29 && idle[1] < idle[0] + 2.9) << "seconds";
     EXPECT_LT(idle[2], idle[1]);
 
     kill(pid_t(server.process.processId()), SIGSTOP);
