@@ -182,7 +182,7 @@ TEST_F(LinuxHid, carriesReportsBothWaysWhenTheAdapterIsFreeLosesItAndFindsItAgai
     ASSERT_TRUE(QTest::qWaitFor([&] { return adapter.wire().isHolding; }));
     adapter.setSilent(false);
     ASSERT_TRUE(QTest::qWaitFor([&] { return m_late > 0; }));
-    EXPECT_EQ(adapter.wire().written, std::vector {kStop}) << "what was held up has timed out";
+    EXPECT_EQ(adapter.wire().written, std::vector<Report> {kStop}) << "what was held up has timed out";
 
     testing::internal::CaptureStderr();
     adapter.setSilent(true);
