@@ -32,15 +32,23 @@ TEST(AppDelegate, anUpgradeIsByNumbersAndResetsTheDismissTimeInOneRelease)
 TEST(AppDelegate, aFolderThatCannotBeMadeIsToldWithItsCauseAndTriedAgain)
 {
     ShellWorld world;
-    QDir folder(world.platform.folder.path());
-    folder.removeRecursively();
-    QFile inTheWay(folder.path());
-    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
-    EXPECT_EQ(world.app->managedObjectContext(), nullptr);
-    ASSERT_EQ(world.dialogs.presented.size(), 2U);
-    EXPECT_EQ(world.dialogs.presented[0].code, ENOTDIR);
-    EXPECT_EQ(world.dialogs.presented[1].code, 9999);
-    inTheWay.remove();
+    const QString folder = world.dataFolder();
+    const std::tuple<QString, int, QString> kCases[] = {
+        {folder, 101,
+            QStringLiteral("Expected a folder to store application data, found a file (%1).").arg(folder)},
+        {world.platform.folder.path(), ENOTDIR, QStringLiteral("DataFolderError")}};
+    for (const auto& [path, code, text] : kCases) {
+        QDir(path).removeRecursively();
+        QFile inTheWay(path);
+        ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
+        EXPECT_EQ(world.app->managedObjectContext(), nullptr);
+        ASSERT_EQ(world.dialogs.presented.size(), 2U);
+        EXPECT_EQ(world.dialogs.presented[0].code, code);
+        EXPECT_EQ(world.dialogs.presented[0].localizedDescription, text);
+        EXPECT_EQ(world.dialogs.presented[1].code, 9999);
+        world.dialogs.presented.clear();
+        inTheWay.remove();
+    }
     EXPECT_NE(world.app->managedObjectContext(), nullptr);
 }
 
