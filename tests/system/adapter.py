@@ -41,9 +41,6 @@ class Adapter:
         self.hanging = []
         self._order, self._order_at, self._moved_at = STOP, 0.0, clock()
         self._lock = threading.RLock()
-        self._plug(number, maker)
-
-    def _plug(self, number, maker):
         self.node = f"/dev/hidraw{number}"
         names = ["manufacturer", maker + "\n", "product", f"Desk {number}\n"]
         self._usb = self._bed.add_device("usb", f"usb{number}", None, names, ["DEVTYPE", "usb_device"])
@@ -126,13 +123,9 @@ class Adapter:
         with self._lock:
             self._advance()
             self.looks += 1
-            report = bytearray(64)
             kinds, codes = self.error or (0, [])
-            status = (1 if self.communicating else 0) | (0x200 if self.error else 0)
-            struct.pack_into("<BxHHB", report, 0, 4, status, round(self.height), kinds)
-            report[32] = bool(codes)
-            report[34 : 34 + len(codes)] = bytes(codes)
-            return bytes(report)
+            told = (self.communicating | 0x200 * bool(self.error), round(self.height), kinds, bool(codes), bytes(codes))
+            return struct.pack("<BxHHB25x?x30s", 4, *told)
 
     def put(self, height):
         # The desk's own handset moves it.

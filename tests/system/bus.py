@@ -6,9 +6,8 @@ from waiting import DEADLINE
 
 def call(connection, name, path, interface, method, signature=None, *arguments, timeout=DEADLINE):
     parameters = GLib.Variant(signature, arguments) if signature else None
-    flags = Gio.DBusCallFlags.NONE
-    answer = connection.call_sync(name, path, interface, method, parameters, None, flags, int(timeout * 1000), None)
-    return answer.unpack()
+    request = (name, path, interface, method, parameters, None, Gio.DBusCallFlags.NONE, int(timeout * 1000), None)
+    return connection.call_sync(*request).unpack()
 
 
 def get(connection, name, path, interface, key):

@@ -4,7 +4,6 @@ import contextlib
 import itertools
 import os
 import re
-import shutil
 import signal
 import sqlite3
 import subprocess
@@ -40,8 +39,8 @@ class Desktop:
         self._ends = ends  # What began last ends first.
         self.programs, self._bed, self._numbers = [], None, itertools.count()
         self.screen = tuple(int(side) for side in screen.split("x"))
-        self.home = Path(tempfile.mkdtemp(prefix="standup-"))
-        ends.callback(shutil.rmtree, self.home, True)
+        folder = tempfile.TemporaryDirectory(prefix="standup-", ignore_cleanup_errors=True)
+        self.home = Path(ends.enter_context(folder))
         for folder in FOLDERS.values():
             (self.home / folder).mkdir(mode=0o700)
         self.config = self.home / "config/org.zelvo.StandUp/StandUp.conf"
@@ -57,9 +56,8 @@ class Desktop:
         self.session, self.system = self._bus("session"), self._bus("system")
         self._start_x(screen)
         self.spawn("/usr/libexec/at-spi-bus-launcher", "--launch-immediately")
-        wait_until(lambda: self.has_owner(self.session, "org.a11y.Bus"), "accessibility bus")
-        address = call(self.session, "org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress")[0]
-        self.accessibility = self.connect(address)
+        accessibility = (self.session, "org.a11y.Bus", "/org/a11y/bus", "org.a11y.Bus", "GetAddress")
+        self.accessibility = self.connect(wait_until(lambda: call(*accessibility)[0], "accessibility bus"))
         # Adapters go after the programs: nobody may wait for an answer then.
         self._adapters = ends.enter_context(contextlib.ExitStack())
         if tray:
@@ -192,8 +190,8 @@ class Desktop:
             return []
         with contextlib.closing(sqlite3.connect(f"file:{self.store}?mode=ro", uri=True)) as store:
             with contextlib.suppress(sqlite3.OperationalError):
-                rows = store.execute("SELECT startDate, endDate, isStanding FROM Activity ORDER BY startDate, id")
-                return rows.fetchall()
+                rows = "SELECT startDate, endDate, isStanding FROM Activity ORDER BY startDate, id"
+                return store.execute(rows).fetchall()
         return []
 
     def plant(self, rows):

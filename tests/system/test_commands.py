@@ -100,13 +100,12 @@ def test_status_and_watch_follow_desk_minutes_and_absence(desktop, ask, status):
 
     def tells(**expected):
         # The newest line, once it says that.
-        newest = lambda: next((line for line in lines()[-1:] if expected.items() <= line.items()), None)  # noqa: E731
-        return wait_until(newest, expected)
+        return wait_until(lambda: [line for line in lines()[-1:] if expected.items() <= line.items()], expected)[0]
 
     first = tells(minutes=0)
-    goal = {"goal_done": 0, "goal_percent": 0, "goal_target": 456, "goal_unit": "min"}
     assert first.pop("since") == int(desktop.records()[0][0]) and first.pop("idle_source", "X11").startswith("X11")
-    assert first == goal | {
+    assert first == {
+        "goal_done": 0, "goal_percent": 0, "goal_target": 456, "goal_unit": "min",
         "adapter": "Desk 0", "desk": "connected", "permission": "granted", "paused": False,
         "height": "67 cm", "height_mm": 670, "height_raw": 500,
         "posture": "sitting", "minutes": 0, "minutes_to_change": 2,
@@ -157,7 +156,7 @@ def test_a_reminder_is_answered_by_a_command(desktop, ask, status):
     for command in ("snooze", "skip"):
         assert ask(f"--{command}", code=1) == f"zelvo-standup: There is no reminder to {command}.\n"
     for command, minutes in {"snooze": 10, "skip": 20}.items():
-        with desktop.clock.running(20):
+        with desktop.clock.running(100):
             program.window_with("Snooze")
         ask(f"--{command}")
         assert status()["minutes_to_change"] == minutes

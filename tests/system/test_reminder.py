@@ -34,15 +34,16 @@ class Worker:
         # The reminder goes by it.
         self.since = self.clock.now()
         act()
-        self.leaves_the_pointer_elsewhere()
         wait_until(lambda: not self.reminder, "the reminder gone")
+        self.desktop.move_pointer(4, 900)
 
     def changed_to(self, standing):
         wait_until(lambda: self.desktop.records()[-1][2] == standing, "the other posture")
         self.since = self.desktop.records()[-1][0]
 
-    def leaves_the_pointer_elsewhere(self):
-        self.desktop.move_pointer(4, 900)
+    def lets_it_go(self):
+        self.desktop.move_pointer(4, 900)  # It stays while the pointer rests on it.
+        wait_until(lambda: not self.reminder, "the reminder gone")
 
 
 def test_snoozed_skipped_and_ignored(desktop):
@@ -86,10 +87,9 @@ def test_answered_by_moving_the_desk_and_by_no_key_for_another_program(desktop):
     window.hears("cm")
     with worker.clock.running(40):
         holds_for(1, lambda: worker.reminder, "it stays while the pointer rests on it")
-    worker.leaves_the_pointer_elsewhere()
     left_at = worker.clock.now()
     with worker.clock.running(4):
-        wait_until(lambda: not worker.reminder, "the reminder gone")
+        worker.lets_it_go()
     assert 9 <= worker.clock.now() - left_at < 15
     worker.adapter.put(700)
     worker.changed_to(standing=False)
@@ -106,8 +106,7 @@ def test_who_stands_is_asked_to_sit_and_nobody_without_a_desk(desktop):
     desktop.hold(*window.find("Stand").middle)
     worker.changed_to(standing=True)
     desktop.button(False)
-    worker.leaves_the_pointer_elsewhere()
-    wait_until(lambda: not worker.reminder, "the reminder gone")
+    worker.lets_it_go()
     window = worker.is_reminded_after(44 * 60 / 6)
     assert {"Sit", "Minutes", "2", "Sit for 2\xa0min, then stand again."} <= set(window.says())
     worker.program.click_tray()  # The main window takes its place.

@@ -1,7 +1,5 @@
 """A tray for python-dbusmock, complete before its name appears on the bus."""
 
-import dbus
-
 BUS_NAME = MAIN_IFACE = "org.kde.StatusNotifierWatcher"
 MAIN_OBJ = "/StatusNotifierWatcher"
 SYSTEM_BUS = False
@@ -10,4 +8,3 @@ SYSTEM_BUS = False
 def load(mock, _):
     mock.AddMethod(MAIN_IFACE, "RegisterStatusNotifierItem", "s", "", "")
     mock.AddProperty(MAIN_IFACE, "IsStatusNotifierHostRegistered", True)
-    mock.AddProperty(MAIN_IFACE, "ProtocolVersion", dbus.Int32(0))
