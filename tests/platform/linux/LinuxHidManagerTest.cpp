@@ -9,6 +9,7 @@
 
 #include <array>
 #include <cstdarg>
+#include <future>
 #include <gtest/gtest.h>
 #include <sys/file.h>
 #include <sys/syscall.h>
@@ -250,12 +251,16 @@ TEST_F(LinuxHid, endsWithAStopButNotInsideASilentAdapter)
         write(isSilent ? kStop : kUp);
         ASSERT_TRUE(QTest::qWaitFor([&] { return adapter.wire().isHolding; }));
         write(isSilent ? kUp : kStop); // The movement goes out no more.
-        adapter.setSilent(isSilent);
+        auto later = std::async(std::launch::async, [&] {
+            std::this_thread::sleep_for(std::chrono::milliseconds(20)); // The end waits for the stop.
+            adapter.setSilent(isSilent);
+        });
         const double end = m_runLoop.monotonicNow() + 3 * HurriedRunLoop::kHurry;
         m_manager.reset();
         EXPECT_LT(m_runLoop.monotonicNow(), end) << "half a second at most, and some for a busy machine";
         EXPECT_EQ(adapter.wire().written, std::vector<Report>(isSilent ? 0 : 1, kStop));
         EXPECT_EQ(read(), ENODEV);
+        later.wait();
         adapter.setSilent(false);
         EXPECT_TRUE(QTest::qWaitFor([&] { return !isHeld(adapter); }));
         EXPECT_EQ(adapter.wire().written, std::vector<Report> {kStop});
