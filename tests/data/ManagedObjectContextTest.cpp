@@ -32,6 +32,7 @@ TEST_F(ManagedObjectContextTest, aRecordIsOneObjectAndAChangeIsSavedThoughNobody
     const auto all = store.all();
     EXPECT_EQ(all.at(0)->period(), (ActivityPeriod {Date(1000.25), Date(1150.5), true}));
     EXPECT_EQ(all[0]->weight(), 71.5);
+    EXPECT_TRUE(all[0]->pulse());
     store.close();
     EXPECT_FALSE(all[0]->pulse()) << "a record may be held longer than its context";
 }
