@@ -3,6 +3,7 @@
 import json
 import os
 import signal
+import socket
 import subprocess
 
 import pytest
@@ -87,6 +88,11 @@ def test_without_a_session_bus_a_second_start_still_works(desktop, ask):
         ask(command, DISPLAY=desktop.env["DISPLAY"])
         desktop.window(title)
     assert "There is no session bus" in ask("--status", code=1)
+    with socket.socket(socket.AF_UNIX) as silent:
+        silent.bind(str(desktop.home / "silent"))
+        silent.listen()
+        desktop.env["DBUS_SESSION_BUS_ADDRESS"] = f"unix:path={desktop.home}/silent"
+        assert ask("--status", code=1) == "zelvo-standup: The session bus does not answer.\n"
 
 
 def test_status_and_watch_follow_desk_minutes_and_absence(desktop, ask, status):
