@@ -90,7 +90,7 @@ def test_answered_by_moving_the_desk_and_by_no_key_for_another_program(desktop):
     left_at = worker.clock.now()
     with worker.clock.running(4):
         worker.lets_it_go()
-    assert 9 <= worker.clock.now() - left_at < 15
+    assert 8.5 <= worker.clock.now() - left_at < 15  # Timers may be a twentieth early.
     worker.adapter.put(700)
     worker.changed_to(standing=False)
     window = worker.is_reminded_after(SITTING_TIME)  # That one has not been answered.
