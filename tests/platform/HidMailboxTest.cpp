@@ -80,6 +80,7 @@ TEST(HidMailbox, sendsTheNewestInOrderAndNothingOldOrTwice)
         {"up begin down fail begin fail begin", "u d lost s", "a newer one is the second try"},
         {"up begin fail begin #0 up begin fail begin", "u u u u", "a success makes good"},
         {"up begin fail ask begin #0 begin fail begin", "u u r r", "each report by itself"},
+        {"up begin #0 stop begin fail begin #0 begin", "u s s -", "a stop as well"},
         {"stop begin close fail begin", "s s", "also when closed"},
         {"up begin close fail begin", "u -", ""},
         {"up begin 4.9 watch 5 watch watch begin #0 begin #0 begin", "u lost - s -",
