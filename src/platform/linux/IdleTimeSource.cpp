@@ -17,6 +17,8 @@
 namespace {
 /// A compositor that crashed is back sooner.
 constexpr double kRestartSeconds = 25.0;
+/// A program that was held up itself looks late, and once is no sign of anything.
+constexpr int kLooksInVain = 2;
 }
 
 IdleTimeSource::IdleTimeSource(Backends backends)
@@ -60,12 +62,14 @@ void IdleTimeSource::learn(std::size_t rank, double lastInputAt)
     choose(rank);
     m_lastInputAt = std::max(lastInputAt, m_knownBefore.value_or(lastInputAt));
     m_answeredAt = RunLoop::main().monotonicNow();
+    m_looksInVain = 0;
 }
 
 void IdleTimeSource::nobodyAnswered()
 {
     const double now = RunLoop::main().monotonicNow();
-    if (m_answeredAt && now - *m_answeredAt <= kRestartSeconds)
+    ++m_looksInVain;
+    if (m_answeredAt && (now - *m_answeredAt <= kRestartSeconds || m_looksInVain < kLooksInVain))
         return;
     choose(m_backends.size());
     m_lastInputAt = now;

@@ -42,6 +42,7 @@ private:
     std::optional<double> m_lastInputAt;
     std::optional<double> m_knownBefore; ///< the last input that was known when the backend was chosen
     std::optional<double> m_answeredAt;
+    int m_looksInVain = 0; ///< since then
 };
 
 /// The idle time of this session, time asleep included.

@@ -75,6 +75,8 @@ TEST(IdleTimeSource, asksTheBestThatAnswersAndForgetsNoInput)
         // An absence goes on while the compositor restarts, and ends when it stays away.
         {"a=0 start +300 ? a- +10 ? +15 ? +0.1 ? a=0 +4 ?", "300 310 325 0! 4 a none a 2"},
         {"a=0 start +300 ? a- +25 ? a=0 +10 ? a- +25 ?", "300 325 335 360 a 0"},
+        // Once without an answer is a program that was held up itself, however long.
+        {"a=0 start +300 ? a- +40 ? a=0 ? a- +26 ? ?", "300 340 340 366 0! a none 1"},
         // One that hangs holds up one look, and its late answer is for nobody.
         {"b=4 a~ start +6 ? +1 ? a! ? a=9 +5 ?", "2 3 -3 3 b a 0"},
         {"a=1 start a~ +10 ? +10 ? a! +10 ? a=25 ?", "-9 19 -29 5 a 0"},
