@@ -164,9 +164,11 @@ void World::play()
 
 void World::pass(double seconds)
 {
-    for (double left = seconds; left > 1e-9; left -= kLook) {
+    double left = seconds;
+    while (left > 1e-9) {
         loop().advance(std::min(left, kLook));
         look();
+        left -= kLook;
     }
 }
 
