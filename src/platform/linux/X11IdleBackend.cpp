@@ -12,18 +12,16 @@ constexpr double kMillisecondsPerSecond = 1000.0;
 
 X11IdleBackend::X11IdleBackend()
 {
-    int screenNumber = 0;
-    m_connection.reset(xcb_connect(nullptr, &screenNumber));
+    XcbServer server = connectToXServer();
+    m_connection = std::move(server.connection);
     xcb_connection_t* const connection = m_connection.get();
-    const bool isConnected = xcb_connection_has_error(connection) == 0;
-    const xcb_screen_t* const screen = isConnected ? xcbScreen(connection, screenNumber) : nullptr;
     const xcb_query_extension_reply_t* const extension =
-        screen ? xcb_get_extension_data(connection, &xcb_screensaver_id) : nullptr;
+        server.screen ? xcb_get_extension_data(connection, &xcb_screensaver_id) : nullptr;
     if (!extension || !extension->present) {
         m_connection.reset();
         return;
     }
-    m_root = screen->root;
+    m_root = server.screen->root;
     m_notifier =
         std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(connection), QSocketNotifier::Read);
     QObject::connect(m_notifier.get(), &QSocketNotifier::activated, m_notifier.get(), [this] { read(); });

@@ -10,18 +10,15 @@ constexpr uint8_t kEventTypeMask = 0x7F; ///< without the mark of what programs 
 XScreenWatch::XScreenWatch(Callback changed)
     : m_changed(std::move(changed))
 {
-    int screenNumber = 0;
-    m_connection.reset(xcb_connect(nullptr, &screenNumber));
+    XcbServer server = connectToXServer();
+    m_connection = std::move(server.connection);
     xcb_connection_t* const connection = m_connection.get();
-    if (xcb_connection_has_error(connection) != 0)
-        return;
-    const xcb_screen_t* const screen = xcbScreen(connection, screenNumber);
     const xcb_query_extension_reply_t* const extension =
-        xcb_get_extension_data(connection, &xcb_screensaver_id);
-    if (!screen || !extension || !extension->present)
+        server.screen ? xcb_get_extension_data(connection, &xcb_screensaver_id) : nullptr;
+    if (!extension || !extension->present)
         return;
     m_eventType = uint8_t(extension->first_event + XCB_SCREENSAVER_NOTIFY);
-    xcb_screensaver_select_input(connection, screen->root, XCB_SCREENSAVER_EVENT_NOTIFY_MASK);
+    xcb_screensaver_select_input(connection, server.screen->root, XCB_SCREENSAVER_EVENT_NOTIFY_MASK);
     xcb_flush(connection);
     m_notifier =
         std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(connection), QSocketNotifier::Read);

@@ -7,22 +7,21 @@
 XTrayWatch::XTrayWatch(Callback appeared)
     : m_appeared(std::move(appeared))
 {
-    int screenNumber = 0;
-    m_connection.reset(xcb_connect(nullptr, &screenNumber));
+    XcbServer server = connectToXServer();
+    m_connection = std::move(server.connection);
     xcb_connection_t* const connection = m_connection.get();
-    if (xcb_connection_has_error(connection) != 0)
+    if (!server.screen)
         return;
-    const xcb_screen_t* const screen = xcbScreen(connection, screenNumber);
-    const QByteArray name = "_NET_SYSTEM_TRAY_S" + QByteArray::number(screenNumber);
+    const QByteArray name = "_NET_SYSTEM_TRAY_S" + QByteArray::number(server.screenNumber);
     const auto cookie = xcb_intern_atom(connection, 0, uint16_t(name.size()), name.constData());
     const XcbReply<xcb_intern_atom_reply_t> atom(xcb_intern_atom_reply(connection, cookie, nullptr));
-    if (!screen || !atom)
+    if (!atom)
         return;
     m_selection = atom->atom;
 
     // Listening begins before the question, so that a tray that starts in between is not missed.
     const uint32_t eventMask = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
-    xcb_change_window_attributes(connection, screen->root, XCB_CW_EVENT_MASK, &eventMask);
+    xcb_change_window_attributes(connection, server.screen->root, XCB_CW_EVENT_MASK, &eventMask);
     m_notifier =
         std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(connection), QSocketNotifier::Read);
     QObject::connect(

@@ -1,9 +1,14 @@
 #include "platform/linux/XcbConnection.h"
 
-xcb_screen_t* xcbScreen(xcb_connection_t* connection, int number)
+XcbServer connectToXServer()
 {
-    xcb_screen_iterator_t screens = xcb_setup_roots_iterator(xcb_get_setup(connection));
-    while (screens.rem > 0 && number-- > 0)
+    XcbServer server;
+    server.connection.reset(xcb_connect(nullptr, &server.screenNumber));
+    if (xcb_connection_has_error(server.connection.get()) != 0)
+        return server;
+    xcb_screen_iterator_t screens = xcb_setup_roots_iterator(xcb_get_setup(server.connection.get()));
+    for (int number = server.screenNumber; screens.rem > 0 && number > 0; --number)
         xcb_screen_next(&screens);
-    return screens.rem > 0 ? screens.data : nullptr;
+    server.screen = screens.rem > 0 ? screens.data : nullptr;
+    return server;
 }

@@ -17,5 +17,10 @@ struct XcbFree {
 template <typename T>
 using XcbReply = std::unique_ptr<T, XcbFree>;
 
-/// The screen with that number, or null.
-xcb_screen_t* xcbScreen(xcb_connection_t* connection, int number);
+/// The X server that DISPLAY names.
+struct XcbServer {
+    XcbConnectionRef connection; ///< never null, but of no use where the screen is missing
+    int screenNumber = 0;
+    const xcb_screen_t* screen = nullptr; ///< that one's; null where no server answers
+};
+XcbServer connectToXServer();

@@ -16,7 +16,7 @@ XcbConnectionRef makeXTray()
 {
     XcbConnectionRef panel(xcb_connect(nullptr, nullptr));
     xcb_connection_t* const connection = panel.get();
-    const xcb_window_t root = xcbScreen(connection, 0)->root;
+    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
     const auto cookie = xcb_intern_atom(connection, 0, 19, "_NET_SYSTEM_TRAY_S0");
     const XcbReply<xcb_intern_atom_reply_t> selection(xcb_intern_atom_reply(connection, cookie, nullptr));
     xcb_set_selection_owner(connection, root, selection->atom, XCB_CURRENT_TIME);
