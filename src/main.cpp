@@ -249,7 +249,7 @@ int main(int argc, char** argv)
     Application application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("Zelvo StandUp"));
     QApplication::setQuitOnLastWindowClosed(false);
-    QApplication::setWindowIcon(pictureIcon(QStringLiteral("StandUp")));
+    QApplication::setWindowIcon(programIcon());
 
     if (AutostartLoginItems().isStartUnwanted())
         return 0;

@@ -61,6 +61,7 @@ void addQtTexts(QCoreApplication& application, const QString& language)
 void initResources()
 {
     Q_INIT_RESOURCE(bundle);
+    Q_INIT_RESOURCE(icons);
     Q_INIT_RESOURCE(strings);
 }
 

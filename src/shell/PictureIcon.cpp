@@ -46,3 +46,11 @@ QIcon pictureIcon(const QString& name, double inset)
 {
     return QIcon(new PictureIconEngine(name, inset));
 }
+
+QIcon programIcon()
+{
+    QIcon icon;
+    for (const int size : {16, 24, 32, 48, 64, 128})
+        icon.addFile(QStringLiteral(":/icons/%1.png").arg(size), QSize(size, size));
+    return icon;
+}

@@ -39,7 +39,7 @@ def test_one_click_on_the_tray_shows_the_window_and_the_next_hides_it(desktop, p
     for minimise in (False, True):
         program.click_tray()
         window = program.in_front("Zelvo StandUp")
-        assert desktop.property(window, "_NET_WM_ICON")
+        assert len(desktop.property(window, "_NET_WM_ICON")) == sum(2 + n * n for n in (16, 24, 32, 48, 64, 128))
         if minimise:
             desktop.minimise(window)
         program.click_tray()
