@@ -36,10 +36,12 @@ void completeSetup(int mode)
 /// Pictures of one program in one language after the other.
 class Photographer {
 public:
-    Photographer(const QString& folder, QString suffix, const QLocale& locale)
+    Photographer(
+        const QString& folder, QString suffix, const QLocale& locale, const std::vector<double>& scales)
         : m_folder(folder)
         , m_suffix(std::move(suffix))
         , m_locale(locale)
+        , m_scales(scales)
     {
         QDir().mkpath(folder);
     }
@@ -69,13 +71,14 @@ public:
             m_failed = true;
             return;
         }
-        for (const int scale : {1, 2}) {
+        for (const double scale : m_scales) {
             QPixmap pixmap(window->size() * scale);
             pixmap.setDevicePixelRatio(scale);
             pixmap.fill(Qt::transparent);
             window->render(&pixmap);
             pixmap.setDevicePixelRatio(1);
-            const QString name = picture + m_suffix + (scale == 2 ? "@2x" : "") + ".png";
+            const QString name =
+                picture + m_suffix + (scale == 1 ? QString() : QStringLiteral("@%1x").arg(scale)) + ".png";
             m_failed = !pixmap.save(m_folder.filePath(name)) || m_failed;
         }
     }
@@ -85,6 +88,7 @@ private:
     QDir m_folder;
     QString m_suffix;
     QLocale m_locale;
+    std::vector<double> m_scales;
     bool m_failed = false;
     std::unique_ptr<TourWorld> m_world;
 };
@@ -296,9 +300,10 @@ void takeHistory(Photographer& photographer)
 }
 }
 
-bool makePictures(const QString& folder, const QString& suffix, const QLocale& locale)
+bool makePictures(
+    const QString& folder, const QString& suffix, const QLocale& locale, const std::vector<double>& scales)
 {
-    Photographer photographer(folder, suffix, locale);
+    Photographer photographer(folder, suffix, locale, scales);
     takeFirstRun(photographer);
     takeSettings(photographer);
     takeMainWindow(photographer);

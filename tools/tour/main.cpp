@@ -12,12 +12,12 @@
 #include <cstdio>
 
 namespace {
-constexpr char kUsage[] = R"(Usage: zelvo-tour [--pictures FOLDER [de|fr|es|nl|rtl|dark]]
+constexpr char kUsage[] = R"(Usage: zelvo-tour [--pictures FOLDER [de|fr|es|nl|rtl|dark] [SCALE...]]
 Walks through a working morning with the real program on the simulated desk, in virtual time and without a screen, and
 checks what it shows. Ends with a non-zero status when something is off.
 
   --pictures FOLDER  make pictures of every window instead: in English, in another language, from right to left, or
-                     on a dark desktop
+                     on a dark desktop; at scales 1 and 2, or at those that are named
 )";
 
 constexpr char kIntroduction[] =
@@ -37,8 +37,20 @@ int walk()
     return tour.failures() == 0 ? 0 : 1;
 }
 
-int photograph(QApplication& application, const QString& folder, const QString& variant)
+/// The scales among the arguments.
+std::vector<double> scales(const QStringList& arguments)
 {
+    std::vector<double> named;
+    for (const QString& argument : arguments) {
+        if (const double scale = argument.toDouble(); scale > 0)
+            named.push_back(scale);
+    }
+    return named.empty() ? std::vector {1.0, 2.0} : named;
+}
+
+int photograph(QApplication& application, const QStringList& arguments)
+{
+    const QString variant = arguments.value(1).toDouble() > 0 ? QString() : arguments.value(1);
     const bool isMirrored = variant == "rtl";
     const bool isDark = variant == "dark";
     const bool isForeign = !variant.isEmpty() && !isMirrored && !isDark;
@@ -49,7 +61,8 @@ int photograph(QApplication& application, const QString& folder, const QString& 
     if (isDark)
         QApplication::setPalette(QPalette(QColor(0x30, 0x30, 0x30)));
     const QString suffix = variant.isEmpty() ? QString() : u'-' + variant;
-    return makePictures(folder, suffix, QLocale(isForeign ? variant : QString("en_GB"))) ? 0 : 1;
+    const QLocale locale(isForeign ? variant : QString("en_GB"));
+    return makePictures(arguments[0], suffix, locale, scales(arguments.mid(1))) ? 0 : 1;
 }
 }
 
@@ -66,8 +79,8 @@ int main(int argc, char** argv)
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() == 1)
         return walk();
-    if ((arguments.size() == 3 || arguments.size() == 4) && arguments[1] == "--pictures")
-        return photograph(application, arguments[2], arguments.value(3));
+    if (arguments.size() >= 3 && arguments[1] == "--pictures")
+        return photograph(application, arguments.mid(2));
     QTextStream(stdout) << kUsage;
     return arguments.size() == 2 && arguments[1] == "--help" ? 0 : 2;
 }
