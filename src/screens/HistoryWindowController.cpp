@@ -87,7 +87,8 @@ void HistoryWindowController::connectButtons()
     m_ui->buttonWeek->onClicked([this] { buttonWeekClicked(); });
     m_ui->buttonMonth->onClicked([this] { buttonMonthClicked(); });
     m_ui->buttonYear->onClicked([this] { buttonYearClicked(); });
-    m_ui->buttonClose->onClicked([this] { buttonCloseClicked(); });
+    for (HoverButton* button : {m_ui->buttonClose, m_ui->closeMark})
+        button->onClicked([this] { buttonCloseClicked(); });
     m_ui->exportToExcelLabel->onClicked([this] { exportToExcelClicked(); });
 }
 

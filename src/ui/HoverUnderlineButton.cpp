@@ -2,6 +2,8 @@
 
 #include <QPainter>
 
+#include <algorithm>
+
 namespace {
 constexpr int kMarkHeight = 3;
 }
@@ -22,8 +24,10 @@ ButtonState HoverUnderlineButton::state() const
 void HoverUnderlineButton::paintEvent(QPaintEvent* event)
 {
     Button::paintEvent(event);
-    if (isChecked())
-        QPainter(this).fillRect(0, height() - kMarkHeight, width(), kMarkHeight, textColor());
+    if (!isChecked())
+        return;
+    const int title = std::min(width(), fontMetrics().horizontalAdvance(text()));
+    QPainter(this).fillRect((width() - title) / 2, height() - kMarkHeight, title, kMarkHeight, textColor());
 }
 
 void HoverUnderlineButton::enterEvent(QEnterEvent* event)

@@ -1,6 +1,7 @@
 #include "ui/PanelWindow.h"
 
 #include "platform/RunLoop.h"
+#include "ui/DevicePixels.h"
 #include "ui/Palette.h"
 #include "ui/WindowPlacement.h"
 #include "ui/WindowSystem.h"
@@ -154,9 +155,10 @@ void PanelWindow::paintEvent(QPaintEvent* event)
         return;
     // A frameless window needs an edge of its own to stand out from what lies under it.
     QPainter painter(this);
-    const QRegion edge = QRegion(rect()).subtracted(rect().adjusted(1, 1, -1, -1));
-    for (const QRect& line : edge)
-        painter.fillRect(line, zelvoMainLineColor()); // A pen would stray by half a pixel on fine screens.
+    const auto [whole, line] = DevicePixels::enter(painter, rect());
+    const QRegion edge = QRegion(whole).subtracted(whole.adjusted(line, line, -line, -line));
+    for (const QRect& side : edge)
+        painter.fillRect(side, zelvoMainLineColor());
 }
 
 void PanelWindow::showEvent(QShowEvent* event)

@@ -1,8 +1,8 @@
 #include "ui/StrokeView.h"
 
+#include "ui/DevicePixels.h"
 #include "ui/Palette.h"
 
-#include <QPaintEvent>
 #include <QPainter>
 
 StrokeView::StrokeView(QWidget* parent)
@@ -32,8 +32,13 @@ QSize StrokeView::minimumSizeHint() const
     return {1, 1};
 }
 
-void StrokeView::paintEvent(QPaintEvent* event)
+void StrokeView::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    painter.fillRect(event->rect(), zelvoMainLineColor());
+    auto [rule, line] = DevicePixels::enter(painter, rect());
+    if (m_horizontal)
+        rule.setHeight(line);
+    else
+        rule.setWidth(line);
+    painter.fillRect(rule, zelvoMainLineColor());
 }
