@@ -120,6 +120,10 @@ void HistoryWindowController::showCaptions(const Totals& sums)
     const QString hours = sums.minutes >= kMinutesPerHour ? hoursAndMinutes(sums.minutes) : QString();
     m_ui->column1->setToolTip(hours);
     m_ui->historyHeadTitle1->setAccessibleDescription(hours);
+    // In the mode of minutes an hour, nobody would guess that calories are counted.
+    const QString goal = qtTrId("GoalsMetHint").arg(AppProperties::instance().activityGoal());
+    m_ui->column4->setToolTip(goal);
+    m_ui->historyHeadTitle4->setAccessibleDescription(goal);
 }
 
 HistoryWindowController::Totals HistoryWindowController::totals()

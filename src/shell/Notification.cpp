@@ -85,7 +85,7 @@ void Notification::describeStandingUp()
     const auto calories =
         saturated<int32_t>(CalorieCalculator::caloriesBurnedInMinutes(minutes, properties.weight()));
     m_message = QStringLiteral("%1 %2").arg(qtTrId("NotificationDetailMessage1").arg(minutes),
-        qtTrId("NotificationDetailMessage2").arg(calories));
+        qtTrId("NotificationDetailMessage2", calories).arg(calories));
     m_indicatorValue = QString::number(calories);
     m_indicatorTitle = capitalized(qtTrId("Calories", calories));
 }

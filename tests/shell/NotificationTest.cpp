@@ -14,17 +14,17 @@ TEST(Notification, contentFollowsPositionModeAndPlan)
         {1, 2, 15, 2, 71, "SittingMessage|7|Minutes|"},
         {2, 2, 15, 2, 71, "StandingMessage|22|Mins|"},
         {1, 2, 10, 3, 71, "SittingMessage|3|Minutes|"},
-        {1, 1, 200, 2, 71, "SittingMessage|12|Burned Calories|Stand 15 min for 12 kcal."},
+        {1, 1, 200, 2, 71, "SittingMessage|12|Burned Calories|Stand 15 min for 12 calories."},
         {2, 1, 200, 2, 71, "StandingMessage|15|Mins|Sit 15 min."},
         {1, 2, 15, 0, 71, "SittingMessage|15|Minutes|"},
         {0, 2, 15, 2, 71, "SittingMessage|none|none|"},
-        {1, 1, 200, 1, 1e300, "SittingMessage|2147483647|Burned Calories|Stand 1 min for 2147483647 kcal."},
+        {1, 1, 200, 1, 1e300, "SittingMessage|2147483647|Burned Calories|Stand 1 min for 2147483647 calories."},
     };
     for (const auto& [position, mode, goal, standUps, weight, content] : kCases) {
         ShellWorld world;
         world.platform.texts.byKey = {// With their numbers in sight.
             {QStringLiteral("NotificationDetailMessage1"), QStringLiteral("Stand %1 min")},
-            {QStringLiteral("NotificationDetailMessage2"), QStringLiteral("for %1 kcal.")},
+            {QStringLiteral("NotificationDetailMessage2"), QStringLiteral("for %1 calories.")},
             {QStringLiteral("NotificationSittingmemory"), QStringLiteral("Sit %1 min.")},
             {QStringLiteral("Calories"), QStringLiteral("burned CALORIES")}};
         AppProperties::instance().setActivityMode(mode);

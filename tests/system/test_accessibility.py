@@ -8,7 +8,7 @@ SET = "Set the height of this position"
 UP, DOWN = "Hold to raise the desk", "Hold to lower the desk"
 # By a control that no other window has: role, name and what explains it; an asterisk stands before what is chosen.
 TOLD = {
-    "Settings": {
+    "of today’s goal": {
         "push button": dict.fromkeys(["Close", "History", "Settings"], "")
         | {"Up": UP, "Down": DOWN}
         | dict.fromkeys(["Sit", "Stand", "Position 3"], HOLD),
@@ -46,7 +46,7 @@ def test_what_a_screen_reader_is_told(desktop):
     links = desktop.keep_opened_links()
     program = desktop.start_recording("--test-window")
     program.choose("Settings…")
-    program.in_front("Setup")
+    program.in_front("Settings")
     setup = program.window_with("My weight")
     for name in ("Watch the video", "More about standing at work"):
         desktop.click(*setup.find(name).middle)
@@ -54,22 +54,22 @@ def test_what_a_screen_reader_is_told(desktop):
     wait_until(lambda: sorted(links()) == pages, "the pages")
     program.choose("History")
     program.choose("Open Zelvo StandUp")
-    program.window_with("Settings").hears("Current session")
+    program.window_with("of today’s goal").hears("Current session")
     test = program.window_with("Sit down")
     test.find("Sit down").press()
     for name, told in TOLD.items():
         assert controls(program.window_with(name)) == told
     test.find("No answer").press()
     with desktop.clock.running(10):
-        program.window_with("Settings").hears("Please connect your desk")
+        program.window_with("of today’s goal").hears("Please connect your desk")
 
 
 def test_the_keyboard_alone_is_enough(desktop):
     desktop.settings(Weight=66)
     program = desktop.start_recording()
     program.choose("Settings…")
-    program.in_front("Setup")
-    setup = program.window_with("Setup")
+    program.in_front("Settings")
+    setup = program.window_with("Settings")
 
     def focus():
         return next((node.name for node in setup.walk() if node.has(FOCUSED)), None)
@@ -95,6 +95,6 @@ def test_the_keyboard_alone_is_enough(desktop):
     wait_until(lambda: not desktop.windows(), "the window closed")
     assert (desktop.setting("ActivityMode"), desktop.setting("ActivityGoal")) == ("1", "100")
     program.choose("Settings…")
-    desktop.window("Setup")
+    desktop.window("Settings")
     desktop.key("Escape")
     wait_until(lambda: not desktop.windows(), "the window closed")

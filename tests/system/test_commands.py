@@ -15,7 +15,7 @@ from waiting import wait_until
 
 NAME, OBJECT = "org.zelvo.StandUp", "/org/zelvo/StandUp"
 POSITIONS = {"DevicePosition1": 500, "DevicePosition2": 1000}
-TITLES = {"--settings": "Setup", "--show": "Zelvo StandUp", "--history": "History"}
+TITLES = {"--settings": "Settings", "--show": "Zelvo StandUp", "--history": "History"}
 NOT_RUNNING = "zelvo-standup: The program is not running.\n"
 CURE = [
     "sudo cp packaging/70-zelvo-standup.rules /etc/udev/rules.d/",
@@ -48,7 +48,7 @@ def test_a_command_without_a_program_says_so_or_starts_it(desktop, ask):
     for arguments in ([], ["--history"]):
         assert "There is no display" in ask(*arguments, code=1)
     program = desktop.start("--history")
-    desktop.window("Setup")  # There is no history before the set-up.
+    desktop.window("Settings")  # There is no history before the set-up.
     program.quit()
     desktop.settings()
     program = desktop.start("--history")

@@ -24,7 +24,7 @@ def test_ends_at_once_with_everything_open_and_a_button_held(desktop, way):
     desktop.add_logind()
     adapter = desktop.plug()
     program = desktop.start_recording("--test-window")
-    for entry, title in {"Open Zelvo StandUp": "Zelvo StandUp", "History": "History", "Settings…": "Setup"}.items():
+    for entry, title in {"Open Zelvo StandUp": "Zelvo StandUp", "History": "History", "Settings…": "Settings"}.items():
         program.choose(entry)
         desktop.window(title)
     with desktop.clock.running(25):
@@ -58,7 +58,7 @@ def test_ends_at_once_while_a_dialog_waits_for_an_answer(desktop):
 def test_ending_during_the_first_run_answers_nothing_for_the_user(desktop):
     for end in (WAYS["menu"], lambda program: program.signal(signal.SIGINT)):
         program = desktop.start()
-        desktop.window("Setup")
+        desktop.window("Settings")
         enabled = {label: is_enabled for label, (_, is_enabled) in program.menu().items()}
         assert enabled == {"Open Zelvo StandUp": False, "History": False, "Settings…": True, "Quit": True}
         program.click_tray()
@@ -67,7 +67,7 @@ def test_ending_during_the_first_run_answers_nothing_for_the_user(desktop):
         assert desktop.setting("Weight") is None
 
     desktop.start()
-    desktop.window("Setup")
+    desktop.window("Settings")
     assert not desktop.records()
     desktop.key("Escape")  # The user's own dismissal takes the defaults.
     wait_until(lambda: desktop.setting("Weight") == "80", "defaults")

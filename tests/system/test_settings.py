@@ -29,14 +29,14 @@ class Setup:
 
     def open(self):
         self.program.choose("Settings…")
-        self.panel = self.program.window_with("Setup")
+        self.panel = self.program.window_with("Settings")
 
     def field(self, name):
         return self.panel.find(name, "text")
 
     def enter(self, name, text):
         # With the keyboard.
-        self.program.in_front("Setup")
+        self.program.in_front("Settings")
         field = self.field(name)
         field.focus()
         wait_until(lambda: field.has(FOCUSED), "focus")
@@ -47,7 +47,7 @@ class Setup:
 
     def leaves_by(self, button):
         self.panel.find(button).press()
-        wait_until(lambda: "Setup" not in self.desktop.windows(), "the window closed")
+        wait_until(lambda: "Settings" not in self.desktop.windows(), "the window closed")
 
     def stored(self, *keys):
         return [float(self.desktop.setting(key)) for key in keys]

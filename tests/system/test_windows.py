@@ -6,7 +6,7 @@ import pytest
 from waiting import at_rest, holds_for, wait_until
 from Xlib import Xatom
 
-WINDOWS = {"Open Zelvo StandUp": "Zelvo StandUp", "History": "History", "Settings…": "Setup"}
+WINDOWS = {"Open Zelvo StandUp": "Zelvo StandUp", "History": "History", "Settings…": "Settings"}
 # Screens of that many pixels, at that scale.
 SIZES = {"800x480": 1, "1024x600": 1, "1366x768": 1.25, "1920x1080": 2}
 SCREENS = [pytest.param(scale, marks=pytest.mark.desktop(screen=size), id=size) for size, scale in SIZES.items()]
@@ -107,7 +107,7 @@ def test_every_window_fits_the_screen(desktop, scale):
             assert x - 1 <= cx < cx + cw <= x + w + 1 and y - 1 <= cy < cy + ch <= y + h + 1, f"{name} of {title}"
         return here
 
-    fits("Setup", "Setup", "Done").find("Done").press()
+    fits("Settings", "Settings", "Done").find("Done").press()
     controls = [("Close", "Up", "History"), ("Close", "Year"), ("Done", "Close without saving")]
     for (entry, title), names in zip(WINDOWS.items(), controls):
         program.choose(entry)

@@ -37,11 +37,11 @@
     <!-- Ending and errors -->
     <message id="Could not save changes while quitting. Quit anyway?">
         <source>Could not save changes while quitting. Quit anyway?</source>
-        <translation>Beim Beenden konnten Änderungen nicht gesichert werden. Trotzdem beenden?</translation>
+        <translation>Beim Beenden konnten Änderungen nicht gespeichert werden. Trotzdem beenden?</translation>
     </message>
     <message id="Quitting now will lose any changes you have made since the last successful save">
         <source>Quitting now will lose any changes you have made since the last successful save.</source>
-        <translation>Alle Änderungen seit dem letzten erfolgreichen Sichern gehen verloren.</translation>
+        <translation>Alle Änderungen seit dem letzten erfolgreichen Speichern gehen verloren.</translation>
     </message>
     <message id="Quit anyway">
         <source>Quit Anyway</source>
@@ -80,7 +80,7 @@
         <translation>Ein anderes Programm benutzt gerade die Aufzeichnung der Aktivitäten (%1).</translation>
     </message>
     <message id="StoreNotWritable">
-        <source>The record of your activities may not be written (%1).</source>
+        <source>The record of your activities is write-protected (%1).</source>
         <extracomment>%1: path</extracomment>
         <translation>Die Aufzeichnung der Aktivitäten ist schreibgeschützt (%1).</translation>
     </message>
@@ -124,7 +124,7 @@
     </message>
     <message id="StoreAdviceMakeRoom">
         <source>Make room on the disk.</source>
-        <translation>Platz schaffen hilft.</translation>
+        <translation>Speicherplatz freigeben.</translation>
     </message>
     <message id="StoreAdviceCloseOther">
         <source>Close the other program.</source>
@@ -172,12 +172,12 @@
         <source>Desk error
 </source>
         <extracomment>Heading of the list of errors; ends with a line break</extracomment>
-        <translation>Meldung vom Tisch
+        <translation>Fehler am Tisch
 </translation>
     </message>
     <message id="PositionLostError">
         <source>The desk has lost its position. Hold Down until it has reached the bottom.</source>
-        <translation>Der Tisch hat seine Position verloren. „Ab“ gedrückt halten, bis er ganz unten ist.</translation>
+        <translation>Der Tisch hat seine Position verloren. „Runter“ gedrückt halten, bis er ganz unten ist.</translation>
     </message>
     <message id="OverloadUpError">
         <source>Overload while going up. Take some weight off the desk.</source>
@@ -232,11 +232,11 @@
     <!-- Buttons -->
     <message id="UpButton">
         <source>Up</source>
-        <translation>Auf</translation>
+        <translation>Hoch</translation>
     </message>
     <message id="DownButton">
         <source>Down</source>
-        <translation>Ab</translation>
+        <translation>Runter</translation>
     </message>
     <message id="Memory1">
         <source>Sit</source>
@@ -285,7 +285,7 @@
     </message>
     <message id="CurrentSession">
         <source>Current session</source>
-        <translation>Aktueller Abschnitt</translation>
+        <translation>Aktuelle Phase</translation>
     </message>
     <message id="ConnectTable">
         <source>Please connect your desk</source>
@@ -330,7 +330,7 @@
         <translation>Zurücklehnen und weitermachen</translation>
     </message>
     <message id="StandingMessage9">
-        <source>Nicely done. Now put your feet up.</source>
+        <source>Nicely done. Now take a rest.</source>
         <translation>Schön gestanden. Nun etwas Erholung.</translation>
     </message>
     <message id="StandingMessage10">
@@ -382,12 +382,15 @@
     <message id="NotificationDetailMessage1">
         <source>Stand for %1 min</source>
         <extracomment>%1: whole minutes; NotificationDetailMessage2 follows on the same line</extracomment>
-        <translation>%1 Min. stehen</translation>
+        <translation>%1 Min. Stehen</translation>
     </message>
-    <message id="NotificationDetailMessage2">
-        <source>to burn %1 kcal.</source>
+    <message id="NotificationDetailMessage2" numerus="yes">
+        <source>to burn %1 calories.</source>
         <extracomment>%1: whole kilocalories</extracomment>
-        <translation>verbraucht %1 kcal.</translation>
+        <translation>
+            <numerusform>verbrauchen %1 Kalorie.</numerusform>
+            <numerusform>verbrauchen %1 Kalorien.</numerusform>
+        </translation>
     </message>
     <message id="NotificationSittingmemory">
         <source>Sit for %1 min, then stand again.</source>
@@ -396,8 +399,8 @@
     </message>
     <!-- Setup -->
     <message id="Setup">
-        <source>Setup</source>
-        <translation>Einrichtung</translation>
+        <source>Settings</source>
+        <translation>Einstellungen</translation>
     </message>
     <message id="TableHeightHeader">
         <source>Desk height now</source>
@@ -409,12 +412,12 @@
     </message>
     <message id="StandUpHeader">
         <source>Stand-ups</source>
-        <translation>Aufstehen</translation>
+        <translation>Stehphasen</translation>
     </message>
     <message id="EachHour">
         <source>per hour</source>
         <extracomment>Behind the field with the number of stand-ups, 1 to 6; the words must suit 1 too</extracomment>
-        <translation>Mal pro Stunde</translation>
+        <translation>pro Stunde</translation>
     </message>
     <message id="Time">
         <source>Time</source>
@@ -433,7 +436,7 @@
     <message id="SliderText">
         <source>That is %1 min on your feet each time you stand up.</source>
         <extracomment>%1: minutes in steps of a half</extracomment>
-        <translation>Das sind %1 Min. im Stehen bei jedem Aufstehen.</translation>
+        <translation>Das sind %1 Min. in jeder Stehphase.</translation>
     </message>
     <message id="EntryRefused">
         <source>This takes a number from %1 to %2. The earlier value is back.</source>
@@ -455,7 +458,7 @@
     <message id="MemoryInstruction">
         <source>Hold Up or Down, then choose Done.</source>
         <extracomment>In the small panel that sets the height of a memory position</extracomment>
-        <translation>„Auf“ oder „Ab“ halten, dann „Fertig“ wählen.</translation>
+        <translation>„Hoch“ oder „Runter“ gedrückt halten, dann „Fertig“ wählen.</translation>
     </message>
     <!-- History -->
     <message id="History">
@@ -482,6 +485,11 @@
             <numerusform>Ziel erreicht</numerusform>
             <numerusform>Ziele erreicht</numerusform>
         </translation>
+    </message>
+    <message id="GoalsMetHint">
+        <source>Counted in calories: days that burned at least %1.</source>
+        <extracomment>Tooltip and spoken description of the goals met; %1: the goal’s number</extracomment>
+        <translation>In Kalorien gezählt: Tage mit mindestens %1.</translation>
     </message>
     <message id="Day">
         <source>Day</source>
@@ -554,7 +562,7 @@
     </message>
     <message id="AccessSessionProgress">
         <source>Progress of the current session</source>
-        <translation>Fortschritt des aktuellen Abschnitts</translation>
+        <translation>Fortschritt der aktuellen Phase</translation>
     </message>
     <message id="AccessGoalSlider">
         <source>Goal</source>
@@ -562,11 +570,11 @@
     </message>
     <message id="AccessErrorLine">
         <source>Desk errors</source>
-        <translation>Meldungen des Tisches</translation>
+        <translation>Fehler am Tisch</translation>
     </message>
     <message id="AccessCloseWithoutSaving">
         <source>Close without saving</source>
-        <translation>Schließen ohne zu sichern</translation>
+        <translation>Schließen ohne zu speichern</translation>
     </message>
 </context>
 </TS>

@@ -80,9 +80,9 @@
         <translation>Another program is using the record of your activities (%1).</translation>
     </message>
     <message id="StoreNotWritable">
-        <source></source>
+        <source>The record of your activities is write-protected (%1).</source>
         <extracomment>%1: path</extracomment>
-        <translation>The record of your activities may not be written (%1).</translation>
+        <translation>The record of your activities is write-protected (%1).</translation>
     </message>
     <message id="StoreUnreadable">
         <source></source>
@@ -329,8 +329,8 @@
         <translation>Ease back into your chair</translation>
     </message>
     <message id="StandingMessage9">
-        <source></source>
-        <translation>Nicely done. Now put your feet up.</translation>
+        <source>Nicely done. Now take a rest.</source>
+        <translation>Nicely done. Now take a rest.</translation>
     </message>
     <message id="StandingMessage10">
         <source></source>
@@ -383,10 +383,13 @@
         <extracomment>%1: whole minutes; NotificationDetailMessage2 follows on the same line</extracomment>
         <translation>Stand for %1 min</translation>
     </message>
-    <message id="NotificationDetailMessage2">
-        <source></source>
+    <message id="NotificationDetailMessage2" numerus="yes">
+        <source>to burn %1 calories.</source>
         <extracomment>%1: whole kilocalories</extracomment>
-        <translation>to burn %1 kcal.</translation>
+        <translation>
+            <numerusform>to burn %1 calorie.</numerusform>
+            <numerusform>to burn %1 calories.</numerusform>
+        </translation>
     </message>
     <message id="NotificationSittingmemory">
         <source></source>
@@ -395,8 +398,8 @@
     </message>
     <!-- Setup -->
     <message id="Setup">
-        <source></source>
-        <translation>Setup</translation>
+        <source>Settings</source>
+        <translation>Settings</translation>
     </message>
     <message id="TableHeightHeader">
         <source></source>
@@ -481,6 +484,11 @@
             <numerusform>goal met</numerusform>
             <numerusform>goals met</numerusform>
         </translation>
+    </message>
+    <message id="GoalsMetHint">
+        <source>Counted in calories: days that burned at least %1.</source>
+        <extracomment>Tooltip and spoken description of the goals met; %1: the goal’s number</extracomment>
+        <translation>Counted in calories: days that burned at least %1.</translation>
     </message>
     <message id="Day">
         <source></source>

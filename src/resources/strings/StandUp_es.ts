@@ -80,9 +80,9 @@
         <translation>Otro programa está utilizando el registro de actividades (%1).</translation>
     </message>
     <message id="StoreNotWritable">
-        <source>The record of your activities may not be written (%1).</source>
+        <source>The record of your activities is write-protected (%1).</source>
         <extracomment>%1: path</extracomment>
-        <translation>No se permite escribir en el registro de actividades (%1).</translation>
+        <translation>El registro de actividades está protegido contra escritura (%1).</translation>
     </message>
     <message id="StoreUnreadable">
         <source>The record of your activities cannot be read or written (%1).</source>
@@ -124,7 +124,7 @@
     </message>
     <message id="StoreAdviceMakeRoom">
         <source>Make room on the disk.</source>
-        <translation>Basta con liberar espacio.</translation>
+        <translation>Liberar espacio en el disco.</translation>
     </message>
     <message id="StoreAdviceCloseOther">
         <source>Close the other program.</source>
@@ -240,11 +240,11 @@
     </message>
     <message id="Memory1">
         <source>Sit</source>
-        <translation>Sentado</translation>
+        <translation>Sentarse</translation>
     </message>
     <message id="Memory2">
         <source>Stand</source>
-        <translation>De pie</translation>
+        <translation>Levantarse</translation>
     </message>
     <message id="Memory3">
         <source>Position 3</source>
@@ -330,7 +330,7 @@
         <translation>De vuelta a la silla, con calma</translation>
     </message>
     <message id="StandingMessage9">
-        <source>Nicely done. Now put your feet up.</source>
+        <source>Nicely done. Now take a rest.</source>
         <translation>Buen trabajo. Ahora, a reposar.</translation>
     </message>
     <message id="StandingMessage10">
@@ -384,10 +384,13 @@
         <extracomment>%1: whole minutes; NotificationDetailMessage2 follows on the same line</extracomment>
         <translation>%1 min de pie</translation>
     </message>
-    <message id="NotificationDetailMessage2">
-        <source>to burn %1 kcal.</source>
+    <message id="NotificationDetailMessage2" numerus="yes">
+        <source>to burn %1 calories.</source>
         <extracomment>%1: whole kilocalories</extracomment>
-        <translation>para quemar %1 kcal.</translation>
+        <translation>
+            <numerusform>para quemar %1 caloría.</numerusform>
+            <numerusform>para quemar %1 calorías.</numerusform>
+        </translation>
     </message>
     <message id="NotificationSittingmemory">
         <source>Sit for %1 min, then stand again.</source>
@@ -396,12 +399,12 @@
     </message>
     <!-- Setup -->
     <message id="Setup">
-        <source>Setup</source>
-        <translation>Configuración</translation>
+        <source>Settings</source>
+        <translation>Ajustes</translation>
     </message>
     <message id="TableHeightHeader">
         <source>Desk height now</source>
-        <translation>Altura actual de la mesa</translation>
+        <translation>Altura actual</translation>
     </message>
     <message id="MyWeightIs">
         <source>My weight</source>
@@ -455,7 +458,7 @@
     <message id="MemoryInstruction">
         <source>Hold Up or Down, then choose Done.</source>
         <extracomment>In the small panel that sets the height of a memory position</extracomment>
-        <translation>Mantener «Subir» o «Bajar» y luego elegir «Listo».</translation>
+        <translation>Mantener pulsado «Subir» o «Bajar» y luego elegir «Listo».</translation>
     </message>
     <!-- History -->
     <message id="History">
@@ -482,6 +485,11 @@
             <numerusform>objetivo cumplido</numerusform>
             <numerusform>objetivos cumplidos</numerusform>
         </translation>
+    </message>
+    <message id="GoalsMetHint">
+        <source>Counted in calories: days that burned at least %1.</source>
+        <extracomment>Tooltip and spoken description of the goals met; %1: the goal’s number</extracomment>
+        <translation>Contados en calorías: días con al menos %1.</translation>
     </message>
     <message id="Day">
         <source>Day</source>
@@ -520,7 +528,7 @@
     <message id="HistoryDates">
         <source>%1, until %2</source>
         <extracomment>%1: the first and the last date; %2: time of day</extracomment>
-        <translation>%1, hasta las %2</translation>
+        <translation>%1, hasta %2 h</translation>
     </message>
     <message id="ExportData">
         <source>Export to a file…</source>

@@ -80,9 +80,9 @@
         <translation>Un autre programme utilise l’enregistrement des activités (%1).</translation>
     </message>
     <message id="StoreNotWritable">
-        <source>The record of your activities may not be written (%1).</source>
+        <source>The record of your activities is write-protected (%1).</source>
         <extracomment>%1: path</extracomment>
-        <translation>L’enregistrement des activités ne peut pas être modifié (%1).</translation>
+        <translation>L’enregistrement des activités est protégé en écriture (%1).</translation>
     </message>
     <message id="StoreUnreadable">
         <source>The record of your activities cannot be read or written (%1).</source>
@@ -112,7 +112,7 @@
     <message id="StoreGone">
         <source>The record of your activities was removed or replaced while the program was running (%1).</source>
         <extracomment>%1: path</extracomment>
-        <translation>L’historique des activités a été supprimé ou remplacé pendant que le programme tournait (%1).</translation>
+        <translation>L’enregistrement des activités a été supprimé ou remplacé pendant que le programme tournait (%1).</translation>
     </message>
     <message id="StoreGoneReason">
         <source>The program goes on with the file that is there now, or with a new one. The present period is in it.</source>
@@ -120,11 +120,11 @@
     </message>
     <message id="StoreAdviceReplace">
         <source>Put a copy from your backup in its place, or move the file away to begin with an empty record.</source>
-        <translation>Mettre à sa place une copie de sauvegarde, ou déplacer le fichier pour repartir d’un historique vide.</translation>
+        <translation>Mettre à sa place une copie de sauvegarde, ou déplacer le fichier pour repartir d’un enregistrement vide.</translation>
     </message>
     <message id="StoreAdviceMakeRoom">
         <source>Make room on the disk.</source>
-        <translation>Il suffit de libérer de la place.</translation>
+        <translation>Libérer de la place sur le disque.</translation>
     </message>
     <message id="StoreAdviceCloseOther">
         <source>Close the other program.</source>
@@ -240,11 +240,11 @@
     </message>
     <message id="Memory1">
         <source>Sit</source>
-        <translation>Assis</translation>
+        <translation>S’asseoir</translation>
     </message>
     <message id="Memory2">
         <source>Stand</source>
-        <translation>Debout</translation>
+        <translation>Se lever</translation>
     </message>
     <message id="Memory3">
         <source>Position 3</source>
@@ -330,7 +330,7 @@
         <translation>Retour en douceur à la chaise</translation>
     </message>
     <message id="StandingMessage9">
-        <source>Nicely done. Now put your feet up.</source>
+        <source>Nicely done. Now take a rest.</source>
         <translation>Bravo. Maintenant, on souffle.</translation>
     </message>
     <message id="StandingMessage10">
@@ -384,10 +384,13 @@
         <extracomment>%1: whole minutes; NotificationDetailMessage2 follows on the same line</extracomment>
         <translation>Debout %1 min</translation>
     </message>
-    <message id="NotificationDetailMessage2">
-        <source>to burn %1 kcal.</source>
+    <message id="NotificationDetailMessage2" numerus="yes">
+        <source>to burn %1 calories.</source>
         <extracomment>%1: whole kilocalories</extracomment>
-        <translation>pour brûler %1 kcal.</translation>
+        <translation>
+            <numerusform>pour brûler %1 calorie.</numerusform>
+            <numerusform>pour brûler %1 calories.</numerusform>
+        </translation>
     </message>
     <message id="NotificationSittingmemory">
         <source>Sit for %1 min, then stand again.</source>
@@ -396,12 +399,12 @@
     </message>
     <!-- Setup -->
     <message id="Setup">
-        <source>Setup</source>
-        <translation>Configuration</translation>
+        <source>Settings</source>
+        <translation>Réglages</translation>
     </message>
     <message id="TableHeightHeader">
         <source>Desk height now</source>
-        <translation>Hauteur du bureau</translation>
+        <translation>Hauteur actuelle</translation>
     </message>
     <message id="MyWeightIs">
         <source>My weight</source>
@@ -409,12 +412,12 @@
     </message>
     <message id="StandUpHeader">
         <source>Stand-ups</source>
-        <translation>Se lever</translation>
+        <translation>Pauses debout</translation>
     </message>
     <message id="EachHour">
         <source>per hour</source>
         <extracomment>Behind the field with the number of stand-ups, 1 to 6; the words must suit 1 too</extracomment>
-        <translation>fois par heure</translation>
+        <translation>par heure</translation>
     </message>
     <message id="Time">
         <source>Time</source>
@@ -433,7 +436,7 @@
     <message id="SliderText">
         <source>That is %1 min on your feet each time you stand up.</source>
         <extracomment>%1: minutes in steps of a half</extracomment>
-        <translation>Soit %1 min debout à chaque fois.</translation>
+        <translation>Soit %1 min debout à chaque pause.</translation>
     </message>
     <message id="EntryRefused">
         <source>This takes a number from %1 to %2. The earlier value is back.</source>
@@ -482,6 +485,11 @@
             <numerusform>objectif atteint</numerusform>
             <numerusform>objectifs atteints</numerusform>
         </translation>
+    </message>
+    <message id="GoalsMetHint">
+        <source>Counted in calories: days that burned at least %1.</source>
+        <extracomment>Tooltip and spoken description of the goals met; %1: the goal’s number</extracomment>
+        <translation>Comptés en calories : jours avec au moins %1.</translation>
     </message>
     <message id="Day">
         <source>Day</source>

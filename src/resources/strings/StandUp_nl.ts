@@ -37,11 +37,11 @@
     <!-- Ending and errors -->
     <message id="Could not save changes while quitting. Quit anyway?">
         <source>Could not save changes while quitting. Quit anyway?</source>
-        <translation>De wijzigingen konden bij het afsluiten niet worden bewaard. Toch afsluiten?</translation>
+        <translation>De wijzigingen konden bij het afsluiten niet worden opgeslagen. Toch afsluiten?</translation>
     </message>
     <message id="Quitting now will lose any changes you have made since the last successful save">
         <source>Quitting now will lose any changes you have made since the last successful save.</source>
-        <translation>Alle wijzigingen sinds de laatste keer dat ze zijn bewaard, gaan verloren.</translation>
+        <translation>Alle wijzigingen sinds de laatste keer opslaan gaan verloren.</translation>
     </message>
     <message id="Quit anyway">
         <source>Quit Anyway</source>
@@ -80,9 +80,9 @@
         <translation>Een ander programma gebruikt de registratie van de activiteiten (%1).</translation>
     </message>
     <message id="StoreNotWritable">
-        <source>The record of your activities may not be written (%1).</source>
+        <source>The record of your activities is write-protected (%1).</source>
         <extracomment>%1: path</extracomment>
-        <translation>De registratie van de activiteiten mag niet worden gewijzigd (%1).</translation>
+        <translation>De registratie van de activiteiten is tegen schrijven beveiligd (%1).</translation>
     </message>
     <message id="StoreUnreadable">
         <source>The record of your activities cannot be read or written (%1).</source>
@@ -112,7 +112,7 @@
     <message id="StoreGone">
         <source>The record of your activities was removed or replaced while the program was running (%1).</source>
         <extracomment>%1: path</extracomment>
-        <translation>Het overzicht van de activiteiten is verwijderd of vervangen terwijl het programma liep (%1).</translation>
+        <translation>De registratie van de activiteiten is verwijderd of vervangen terwijl het programma liep (%1).</translation>
     </message>
     <message id="StoreGoneReason">
         <source>The program goes on with the file that is there now, or with a new one. The present period is in it.</source>
@@ -120,11 +120,11 @@
     </message>
     <message id="StoreAdviceReplace">
         <source>Put a copy from your backup in its place, or move the file away to begin with an empty record.</source>
-        <translation>Zet een reservekopie op deze plek, of verplaats het bestand om met een leeg overzicht te beginnen.</translation>
+        <translation>Zet een reservekopie op deze plek, of verplaats het bestand om met een lege registratie te beginnen.</translation>
     </message>
     <message id="StoreAdviceMakeRoom">
         <source>Make room on the disk.</source>
-        <translation>Ruimte vrijmaken helpt.</translation>
+        <translation>Maak ruimte vrij op de schijf.</translation>
     </message>
     <message id="StoreAdviceCloseOther">
         <source>Close the other program.</source>
@@ -141,12 +141,12 @@
     <message id="StoreNothingRecorded">
         <source>Nothing is recorded until then; the program tries again by itself.</source>
         <extracomment>Stands behind one of the advices above, where the record cannot be opened</extracomment>
-        <translation>Tot dan wordt niets vastgelegd; het programma probeert het vanzelf opnieuw.</translation>
+        <translation>Tot dan wordt niets geregistreerd; het programma probeert het vanzelf opnieuw.</translation>
     </message>
     <message id="StoreKept">
         <source>What could not be saved is kept while the program runs, and saved as soon as this is possible.</source>
         <extracomment>Stands behind one of the advices above, where the record cannot be saved</extracomment>
-        <translation>Wat niet kon worden opgeslagen, blijft bewaard zolang het programma loopt, en wordt opgeslagen zodra dat kan.</translation>
+        <translation>Wat niet kon worden opgeslagen, blijft behouden zolang het programma loopt, en wordt opgeslagen zodra dat kan.</translation>
     </message>
     <message id="DataFolderError">
         <source>The folder for the program’s data cannot be used: %1</source>
@@ -155,12 +155,12 @@
     </message>
     <message id="DataFolderAdvice">
         <source>Nothing is recorded until it can be used. Move what is in its place away, or allow the program to write there; it tries again by itself.</source>
-        <translation>Tot dan wordt niets vastgelegd. Verplaats wat op de plek van de map staat of sta schrijven daar toe; het programma probeert het vanzelf opnieuw.</translation>
+        <translation>Tot dan wordt niets geregistreerd. Verplaats wat op de plek van de map staat of sta schrijven daar toe; het programma probeert het vanzelf opnieuw.</translation>
     </message>
     <message id="SettingsDamaged">
         <source>Some lines of the settings file cannot be read (%1). All other settings are kept.</source>
         <extracomment>%1: path</extracomment>
-        <translation>Sommige regels van het instellingenbestand zijn onleesbaar (%1). Alle andere instellingen blijven bewaard.</translation>
+        <translation>Sommige regels van het instellingenbestand zijn onleesbaar (%1). Alle andere instellingen blijven behouden.</translation>
     </message>
     <message id="SettingsDamagedReason">
         <source>%1&#10;&#10;The file as it was is kept here: %2</source>
@@ -172,7 +172,7 @@
         <source>Desk error
 </source>
         <extracomment>Heading of the list of errors; ends with a line break</extracomment>
-        <translation>Foutmelding van het bureau
+        <translation>Bureaufout
 </translation>
     </message>
     <message id="PositionLostError">
@@ -330,7 +330,7 @@
         <translation>Rustig terug naar de stoel</translation>
     </message>
     <message id="StandingMessage9">
-        <source>Nicely done. Now put your feet up.</source>
+        <source>Nicely done. Now take a rest.</source>
         <translation>Mooi gedaan. Nu even bijkomen.</translation>
     </message>
     <message id="StandingMessage10">
@@ -384,10 +384,13 @@
         <extracomment>%1: whole minutes; NotificationDetailMessage2 follows on the same line</extracomment>
         <translation>%1 min staan</translation>
     </message>
-    <message id="NotificationDetailMessage2">
-        <source>to burn %1 kcal.</source>
+    <message id="NotificationDetailMessage2" numerus="yes">
+        <source>to burn %1 calories.</source>
         <extracomment>%1: whole kilocalories</extracomment>
-        <translation>verbrandt %1 kcal.</translation>
+        <translation>
+            <numerusform>verbrandt %1 calorie.</numerusform>
+            <numerusform>verbrandt %1 calorieën.</numerusform>
+        </translation>
     </message>
     <message id="NotificationSittingmemory">
         <source>Sit for %1 min, then stand again.</source>
@@ -396,8 +399,8 @@
     </message>
     <!-- Setup -->
     <message id="Setup">
-        <source>Setup</source>
-        <translation>Instellen</translation>
+        <source>Settings</source>
+        <translation>Instellingen</translation>
     </message>
     <message id="TableHeightHeader">
         <source>Desk height now</source>
@@ -409,12 +412,12 @@
     </message>
     <message id="StandUpHeader">
         <source>Stand-ups</source>
-        <translation>Opstaan</translation>
+        <translation>Keer staan</translation>
     </message>
     <message id="EachHour">
         <source>per hour</source>
         <extracomment>Behind the field with the number of stand-ups, 1 to 6; the words must suit 1 too</extracomment>
-        <translation>keer per uur</translation>
+        <translation>per uur</translation>
     </message>
     <message id="Time">
         <source>Time</source>
@@ -455,7 +458,7 @@
     <message id="MemoryInstruction">
         <source>Hold Up or Down, then choose Done.</source>
         <extracomment>In the small panel that sets the height of a memory position</extracomment>
-        <translation>Houd ‘Omhoog’ of ‘Omlaag’ vast en kies dan ‘Gereed’.</translation>
+        <translation>Houd ‘Omhoog’ of ‘Omlaag’ ingedrukt en kies dan ‘Gereed’.</translation>
     </message>
     <!-- History -->
     <message id="History">
@@ -482,6 +485,11 @@
             <numerusform>doel gehaald</numerusform>
             <numerusform>doelen gehaald</numerusform>
         </translation>
+    </message>
+    <message id="GoalsMetHint">
+        <source>Counted in calories: days that burned at least %1.</source>
+        <extracomment>Tooltip and spoken description of the goals met; %1: the goal’s number</extracomment>
+        <translation>Geteld in calorieën: dagen met minstens %1.</translation>
     </message>
     <message id="Day">
         <source>Day</source>
@@ -562,11 +570,11 @@
     </message>
     <message id="AccessErrorLine">
         <source>Desk errors</source>
-        <translation>Foutmeldingen van het bureau</translation>
+        <translation>Fouten van het bureau</translation>
     </message>
     <message id="AccessCloseWithoutSaving">
         <source>Close without saving</source>
-        <translation>Sluiten zonder te bewaren</translation>
+        <translation>Sluiten zonder op te slaan</translation>
     </message>
 </context>
 </TS>
