@@ -94,7 +94,7 @@ ButtonState Button::state() const
         .isUnderlined = m_isUnderlined,
         .isPressed = isDown(),
         .isEnabled = isEnabled(),
-        .showsFocus = m_focusMark.isVisible(),
+        .showsFocus = showsFocus(),
     };
 }
 

@@ -30,6 +30,9 @@ public:
     /// The colour of its background role; invalid while it is flat, which stands for none.
     [[nodiscard]] QColor backgroundColor() const;
 
+    /// Whether it bears the mark of the keyboard focus.
+    [[nodiscard]] bool showsFocus() const { return m_focusMark.isVisible(); }
+
     void onClicked(std::function<void()> callback);
 
     [[nodiscard]] QSize sizeHint() const override;

@@ -34,6 +34,8 @@ bool FocusMark::eventFilter(QObject*, QEvent* event)
         focusIn(static_cast<QFocusEvent*>(event)->reason());
     else if (event->type() == QEvent::FocusOut)
         focusOut(static_cast<QFocusEvent*>(event)->reason());
+    else if (event->type() == QEvent::MouseButtonPress)
+        focusIn(Qt::MouseFocusReason); // Also in a control that had the focus before.
     return false;
 }
 
