@@ -1,6 +1,7 @@
 #include "desk/AdoptedDesk.h"
 
 #include "data/AppProperties.h"
+#include "data/Helper.h"
 
 #include <cerrno>
 #include <utility>
@@ -49,6 +50,12 @@ int32_t deskPosition()
 int64_t deskHeightMillimetres(int32_t position)
 {
     return (int64_t(position) + AppProperties::instance().tablePositionOffset()) / kTenthsPerMillimetre;
+}
+
+QString deskHeightText(int32_t position)
+{
+    return Helper::formattedTableHeight(double(deskHeightMillimetres(position))) + QLatin1Char(' ')
+        + Helper::TableHeightUnit();
 }
 
 PositionObservation observeDeskPosition(std::function<void(int32_t height)> callback)

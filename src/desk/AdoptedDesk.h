@@ -24,6 +24,8 @@
 [[nodiscard]] int32_t deskPosition();
 /// Raw height and table offset together, in whole millimetres (truncated toward zero).
 [[nodiscard]] int64_t deskHeightMillimetres(int32_t position);
+/// The same as the user reads it, in the user's unit: "71 cm".
+[[nodiscard]] QString deskHeightText(int32_t position);
 
 /// A registration; it ends with its last copy.
 using PositionObservation = std::shared_ptr<void>;

@@ -2,25 +2,31 @@
 
 #include "data/AppProperties.h"
 #include "desk/AdoptedDesk.h"
+#include "screens/MemoryCard.h"
 #include "ui/Palette.h"
 #include "ui_SetupView.h"
 
+#include <QApplication>
+
+#include <optional>
+
 namespace {
-constexpr void (AppProperties::*kSetPosition[])(int32_t) = {&AppProperties::setDevicePosition1,
-    &AppProperties::setDevicePosition2, &AppProperties::setDevicePosition3};
+constexpr struct {
+    bool (AppProperties::*isStored)() const;
+    int32_t (AppProperties::*position)();
+    void (AppProperties::*setPosition)(int32_t);
+} kMemories[] = {
+    {&AppProperties::hasDevicePosition1, &AppProperties::devicePosition1, &AppProperties::setDevicePosition1},
+    {&AppProperties::hasDevicePosition2, &AppProperties::devicePosition2, &AppProperties::setDevicePosition2},
+    {&AppProperties::hasDevicePosition3, &AppProperties::devicePosition3, &AppProperties::setDevicePosition3},
+};
 
-/// How the focus goes on from a control that was pressed: as by Tab when the keyboard pressed it, so that the
-/// focus mark stays in sight.
-Qt::FocusReason focusReasonAfter(const QWidget& pressed)
+/// How the focus goes on from the control that has it: as by Tab when the keyboard brought it there, so that
+/// the focus mark stays in sight.
+Qt::FocusReason focusReason()
 {
-    return pressed.underMouse() ? Qt::MouseFocusReason : Qt::TabFocusReason;
-}
-
-void keepPlaceWhenHidden(QWidget& widget)
-{
-    QSizePolicy policy = widget.sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    widget.setSizePolicy(policy);
+    const auto* const focused = qobject_cast<const Button*>(QApplication::focusWidget());
+    return focused && focused->showsFocus() ? Qt::TabFocusReason : Qt::MouseFocusReason;
 }
 }
 
@@ -28,43 +34,66 @@ void MemoryRow::awakeFromNib(MemoryViewControllerDelegate& delegate)
 {
     m_editor = std::make_unique<MemoryViewController>();
     m_editor->setDelegate(&delegate);
-    for (HoverButton* button : buttons()) {
-        button->setAlternateBackgroundColor(zelvoHoverColor());
-        keepPlaceWhenHidden(*button);
+    for (MemoryCard* card : cards()) {
+        card->setAlternateBackgroundColor(zelvoHoverColor());
+        QSizePolicy keepsPlace = card->sizePolicy();
+        keepsPlace.setRetainSizeWhenHidden(true);
+        card->setSizePolicy(keepsPlace);
     }
-    keepPlaceWhenHidden(*m_ui.labelConnection);
     updateConnectionLabel();
+    showStoredHeights();
 }
 
 void MemoryRow::updateConnectionLabel()
 {
     const bool active = isDeskActive();
     m_ui.labelConnection->setHidden(active);
-    for (HoverButton* button : buttons())
-        button->setEnabled(active);
+    for (MemoryCard* card : cards())
+        card->setEnabled(active);
+    showLiveHeight();
 }
 
-std::array<HoverButton*, 3> MemoryRow::buttons() const
+void MemoryRow::showStoredHeights()
+{
+    AppProperties& properties = AppProperties::instance();
+    for (size_t i = 0; i < cards().size(); ++i) {
+        const auto& [isStored, position, setPosition] = kMemories[i];
+        cards()[i]->setStoredPosition(
+            (properties.*isStored)() ? std::optional((properties.*position)()) : std::nullopt);
+    }
+}
+
+void MemoryRow::showLiveHeight()
+{
+    m_editor->labelHeight()->setText(isDeskActive() ? deskHeightText(deskPosition()) : QString());
+}
+
+std::array<MemoryCard*, 3> MemoryRow::cards() const
 {
     return {m_ui.buttonMemory1, m_ui.buttonMemory2, m_ui.buttonMemory3};
 }
 
-void MemoryRow::edit(HoverButton& button)
+void MemoryRow::edit(MemoryCard& card)
 {
     if (!isDeskActive())
         return;
+    const Qt::FocusReason reason = focusReason();
     removeMemoryView();
-    m_editor->setIndex(button.property("tag").toInt());
+    m_editor->setIndex(card.property("tag").toInt());
+    m_editor->labelPosition()->setText(card.text());
+    showLiveHeight();
     QWidget* const view = m_editor->view();
-    view->setParent(button.parentWidget());
+    view->setParent(card.parentWidget());
     m_ui.memoryRow->addWidget(view, 0, m_editor->index() - 1);
-    QWidget::setTabOrder(&button, m_editor->buttonUp());
-    QWidget::setTabOrder(m_editor->buttonUp(), m_editor->buttonDown());
-    QWidget::setTabOrder(m_editor->buttonDown(), m_editor->buttonDone());
+    QWidget* before = &card;
+    for (QWidget* button : m_editor->buttons()) {
+        QWidget::setTabOrder(before, button);
+        before = button;
+    }
     view->show();
-    m_editor->buttonUp()->setFocus(focusReasonAfter(button));
-    button.mouseExited();
-    button.hide();
+    m_editor->buttons().front()->setFocus(reason);
+    card.mouseExited();
+    card.hide();
 }
 
 void MemoryRow::removeMemoryView()
@@ -72,20 +101,28 @@ void MemoryRow::removeMemoryView()
     QWidget* const view = m_editor->view();
     m_ui.memoryRow->removeWidget(view);
     view->setParent(nullptr);
-    for (HoverButton* button : buttons())
-        button->show();
+    for (MemoryCard* card : cards())
+        card->show();
+}
+
+void MemoryRow::cancel()
+{
+    const Qt::FocusReason reason = focusReason();
+    removeMemoryView();
+    const int32_t index = m_editor->index();
+    if (index >= 1 && index <= 3)
+        cards()[size_t(index - 1)]->setFocus(reason);
 }
 
 void MemoryRow::storePosition()
 {
-    const Qt::FocusReason reason = focusReasonAfter(*m_editor->buttonDone());
-    removeMemoryView();
+    cancel();
     const int32_t index = m_editor->index();
     if (index < 1 || index > 3)
         return;
-    buttons()[size_t(index - 1)]->setFocus(reason);
     if (device()) // Without a desk there is no height; what was stored before stays.
-        (AppProperties::instance().*kSetPosition[index - 1])(device()->position());
+        (AppProperties::instance().*kMemories[index - 1].setPosition)(device()->position());
+    showStoredHeights();
 }
 
 void MemoryRow::moveUp()

@@ -1,8 +1,9 @@
 #include "screens/MemoryViewController.h"
 
 #include "ui/FormStyle.h"
-#include "ui/Palette.h"
 #include "ui_MemoryView.h"
+
+#include <QShortcut>
 
 MemoryViewController::MemoryViewController()
     : m_view(new QWidget)
@@ -20,17 +21,24 @@ MemoryViewController::~MemoryViewController()
 
 void MemoryViewController::awakeFromNib()
 {
-    m_ui->textfieldSetFavHeight->setStyleSheet(
-        QStringLiteral("border-radius: 4px; background: white; color: %1").arg(zelvoTextColor().name()));
     m_ui->buttonUp->setDelegate(this);
     m_ui->buttonDown->setDelegate(this);
     m_ui->buttonDone->onClicked([this] { buttonDoneClicked(); });
+    m_ui->buttonCancel->onClicked([this] { buttonCancelClicked(); });
+    auto* const escape = new QShortcut(Qt::Key_Escape, m_view);
+    QObject::connect(escape, &QShortcut::activated, m_view, [this] { buttonCancelClicked(); });
 }
 
 void MemoryViewController::buttonDoneClicked()
 {
     if (m_delegate)
         m_delegate->memoryViewButtonDoneClicked();
+}
+
+void MemoryViewController::buttonCancelClicked()
+{
+    if (m_delegate)
+        m_delegate->memoryViewButtonCancelClicked();
 }
 
 void MemoryViewController::mouseEventButtonMouseDown(MouseEventButton& button)
@@ -53,17 +61,17 @@ void MemoryViewController::mouseEventButtonMouseUp(MouseEventButton& button)
         m_delegate->memoryViewButtonDownMouseUp();
 }
 
-HoverButton* MemoryViewController::buttonDone() const
+QLabel* MemoryViewController::labelPosition() const
 {
-    return m_ui->buttonDone;
+    return m_ui->labelPosition;
 }
 
-MouseEventButton* MemoryViewController::buttonUp() const
+QLabel* MemoryViewController::labelHeight() const
 {
-    return m_ui->buttonUp;
+    return m_ui->labelHeight;
 }
 
-MouseEventButton* MemoryViewController::buttonDown() const
+std::array<HoverButton*, 4> MemoryViewController::buttons() const
 {
-    return m_ui->buttonDown;
+    return {m_ui->buttonUp, m_ui->buttonDown, m_ui->buttonDone, m_ui->buttonCancel};
 }

@@ -4,9 +4,11 @@
 
 #include <QPointer>
 
+#include <array>
 #include <cstdint>
 #include <memory>
 
+class QLabel;
 class QWidget;
 
 namespace Ui {
@@ -20,6 +22,7 @@ public:
     virtual void memoryViewButtonUpMouseUp() = 0;
     virtual void memoryViewButtonDownMouseDown() = 0;
     virtual void memoryViewButtonDownMouseUp() = 0;
+    virtual void memoryViewButtonCancelClicked() = 0;
 
 protected:
     ~MemoryViewControllerDelegate() = default;
@@ -36,6 +39,8 @@ public:
     MemoryViewController& operator=(const MemoryViewController&) = delete;
 
     void buttonDoneClicked();
+    /// Escape does the same.
+    void buttonCancelClicked();
     /// Other buttons than Up and Down are ignored.
     void mouseEventButtonMouseDown(MouseEventButton& button) override;
     void mouseEventButtonMouseUp(MouseEventButton& button) override;
@@ -47,9 +52,11 @@ public:
     void setIndex(int32_t index) { m_index = index; }
     /// The panel; null once the widget that it was put into is gone.
     [[nodiscard]] QWidget* view() const { return m_view; }
-    [[nodiscard]] HoverButton* buttonDone() const;
-    [[nodiscard]] MouseEventButton* buttonUp() const;
-    [[nodiscard]] MouseEventButton* buttonDown() const;
+    /// Which position is set, and the desk's height, both for its owner to say.
+    [[nodiscard]] QLabel* labelPosition() const;
+    [[nodiscard]] QLabel* labelHeight() const;
+    /// In the order in which the keyboard goes through them: Up, Down, Store and Cancel.
+    [[nodiscard]] std::array<HoverButton*, 4> buttons() const;
 
 private:
     void awakeFromNib();

@@ -6,6 +6,7 @@
 #include "platform/Workspace.h"
 #include "screens/EntryNumber.h"
 #include "screens/GoalSentence.h"
+#include "screens/MemoryCard.h"
 #include "screens/SetupView.h"
 #include "ui/FormStyle.h"
 #include "ui_SetupView.h"
@@ -90,8 +91,8 @@ void SetupViewController::connectControls()
     m_ui->buttonCloseWithoutSaving->onClicked([this] { buttonCloseWithoutSavingClicked(); });
     m_ui->labelMoreInfo->onClicked([this] { buttonInfoClicked(); });
     m_ui->labelVideoLinkInfo->onClicked([this] { buttonVideoLinkClicked(); });
-    for (HoverButton* button : m_memories.buttons())
-        button->onClicked([this, button] { buttonMemoryClicked(*button); });
+    for (MemoryCard* card : m_memories.cards())
+        card->onClicked([this, card] { buttonMemoryClicked(*card); });
     QObject::connect(m_ui->slider, &QSlider::valueChanged, m_view, [this] { sliderMoved(); });
     m_ui->labelCalories->setDelegateClick(this);
     m_ui->labelTime->setDelegateClick(this);
@@ -118,6 +119,7 @@ void SetupViewController::buttonClosedClicked()
     properties().setWeight(m_entries.kilograms());
     properties().setTablePositionOffset(m_entries.tablePositionOffset());
     properties().setNumberOfStandUps(m_entries.numberOfStandUps());
+    m_memories.showStoredHeights();
     if (m_delegate)
         m_delegate->setupViewButtonCloseClicked();
 }
@@ -146,11 +148,12 @@ void SetupViewController::buttonVideoLinkClicked()
         m_workspace.openUrl(url);
 }
 
-void SetupViewController::buttonMemoryClicked(HoverButton& button)
+void SetupViewController::buttonMemoryClicked(MemoryCard& card)
 {
     if (m_entries.accept(*m_ui->textFieldTableHeight))
         properties().setTablePositionOffset(m_entries.tablePositionOffset());
-    m_memories.edit(button);
+    m_memories.showStoredHeights();
+    m_memories.edit(card);
 }
 
 void SetupViewController::sliderMoved()
@@ -187,8 +190,10 @@ void SetupViewController::controlTextDidEndEditing(const QLineEdit& field)
 
 void SetupViewController::positionUpdated(int32_t height)
 {
-    if (m_view)
-        m_entries.setDefaultTableHeight(height);
+    if (!m_view)
+        return;
+    m_entries.setDefaultTableHeight(height);
+    m_memories.showLiveHeight();
 }
 
 void SetupViewController::observerDeviceStateDidChange()

@@ -58,8 +58,8 @@ public:
     void buttonCloseWithoutSavingClicked();
     void buttonInfoClicked();
     void buttonVideoLinkClicked();
-    /// Opens the memory editor in the place of the button, whose property "tag" is the position's number.
-    void buttonMemoryClicked(HoverButton& button);
+    /// Opens the memory editor in the place of the card, whose property "tag" is the position's number.
+    void buttonMemoryClicked(MemoryCard& card);
     void sliderMoved();
     void clickableLabelClicked(ClickableLabel& label) override;
     void goalCircleIndicatorViewClicked(GoalCircleView& circle) override;
@@ -73,6 +73,7 @@ public:
     void memoryViewButtonUpMouseUp() override { m_memories.stop(); }
     void memoryViewButtonDownMouseDown() override { m_memories.moveDown(); }
     void memoryViewButtonDownMouseUp() override { m_memories.stop(); }
+    void memoryViewButtonCancelClicked() override { m_memories.cancel(); }
 
     [[nodiscard]] SetupViewControllerDelegate* delegate() const { return m_delegate; }
     void setDelegate(SetupViewControllerDelegate* delegate) { m_delegate = delegate; }

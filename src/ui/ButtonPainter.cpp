@@ -16,7 +16,6 @@ constexpr qreal kHorizontalPadding = 10;
 constexpr qreal kVerticalPadding = 6;
 constexpr qreal kGap = 6;
 constexpr int kPressedDarkness = 112; // Percent, as QColor::darker() takes it.
-constexpr qreal kDisabledOpacity = 0.45;
 
 bool showsTitle(const ButtonState& state)
 {

@@ -10,6 +10,9 @@ class QPainter;
 class QRectF;
 class QSize;
 
+/// Of what cannot be used now.
+constexpr qreal kDisabledOpacity = 0.45;
+
 /// What a button looks like at one moment.
 struct ButtonState {
     QString title;

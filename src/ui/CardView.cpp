@@ -1,11 +1,9 @@
 #include "ui/CardView.h"
 
-#include "ui/Palette.h"
-
 #include <QPainter>
 
 namespace {
-constexpr double kRadius = 6;
+constexpr double kRadius = 4;
 }
 
 CardView::CardView(QWidget* parent)
@@ -18,6 +16,6 @@ void CardView::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(zelvoHoverColor());
+    painter.setBrush(palette().color(backgroundRole()));
     painter.drawRoundedRect(rect(), kRadius, kRadius);
 }

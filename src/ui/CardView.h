@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-/// A rounded surface in the brand colour, for white text on it.
+/// A rounded surface in the colour of its background role.
 class CardView final : public QWidget {
     Q_OBJECT
 

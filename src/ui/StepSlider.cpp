@@ -1,5 +1,7 @@
 #include "ui/StepSlider.h"
 
+#include "ui/ButtonPainter.h"
+
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -8,7 +10,6 @@
 
 namespace {
 constexpr qreal kFocusRadius = 4;
-constexpr qreal kDisabledOpacity = 0.45;
 }
 
 StepSlider::StepSlider(QWidget* parent)

@@ -76,7 +76,7 @@ def test_forms_and_code_name_pictures_and_styles_that_are_there():
     assert pictures == in_forms | {name + "_hoover" for name in said("imageName")} | {
         name for name in pictures if f'"{name}"' in CODE}
     assert said("textStyle") <= set(re.findall(r"static QFont (\w+)\(\)", CODE))
-    assert said("foregroundRole") | said("backgroundRole") <= {"Base", "HighlightedText", "Link", "Window"}
+    assert said("foregroundRole") | said("backgroundRole") <= {"Base", "Button", "Highlight", "HighlightedText", "Link", "Window"}
 
     brand = re.search(r'"ZelvoColor1": "(#\w+)"', (SOURCE / "resources/Info.json.in").read_text())[1]
     for form in (SOURCE / "resources/images").glob("*_hoover.svg"):

@@ -1,7 +1,7 @@
 #include "screens/MemoryRow.h"
 
+#include "screens/MemoryCard.h"
 #include "screens/SetupTest.h"
-#include "ui/HoverButton.h"
 
 namespace {
 constexpr int kUp = 0x8000;
@@ -9,9 +9,17 @@ constexpr int kStop = 0x8001;
 
 class MemoryRowTest : public SetupTest {
 protected:
-    HoverButton& memoryButton(int index) const
+    MemoryCard& memoryButton(int index) const
     {
-        return find<HoverButton>(QString("buttonMemory%1").arg(index));
+        return find<MemoryCard>(QString("buttonMemory%1").arg(index));
+    }
+    /// What the cards tell.
+    [[nodiscard]] QString heights() const
+    {
+        QStringList told;
+        for (int index = 1; index <= 3; ++index)
+            told << memoryButton(index).accessibleName();
+        return told.join("; ");
     }
     QWidget& openEditor(int index)
     {
@@ -42,17 +50,49 @@ TEST_F(MemoryRowTest, theEditorTakesTheButtonsPlaceAndStoresTheDesksHeight)
         EXPECT_EQ(properties().tablePositionOffset(), 6700); // The height that was typed counts at once.
         EXPECT_EQ(editor.geometry(), place);
         EXPECT_TRUE(find("buttonUp").hasFocus());
-        const QImage seen = grab(find("buttonUp"));
-        find("buttonUp").clearFocus();
-        EXPECT_EQ(grab(find("buttonUp")), seen) << "no mark where the mouse has clicked";
-        moveDeskTo(uint16_t(5000 + index));
+        EXPECT_FALSE(find<Button>("buttonUp").showsFocus()) << "no mark where the mouse has clicked";
+        EXPECT_EQ(text("labelPosition") + ' ' + text("labelHeight"), memoryButton(index).text() + " 110 cm");
+        moveDeskTo(uint16_t(5000 + 10 * index));
+        EXPECT_EQ(text("labelHeight"), "117 cm");
         platform.defaults.writes.clear();
         click(*editor.findChild<QWidget*>("buttonDone"));
         EXPECT_EQ(platform.defaults.writes.join(' '), QString("DevicePosition%1").arg(index));
-        EXPECT_EQ(platform.defaults.values.value(platform.defaults.writes.join(' ')), 5000 + index); // Raw.
+        EXPECT_EQ(platform.defaults.values.value(platform.defaults.writes.join(' ')), 5000 + 10 * index); // Raw.
         EXPECT_TRUE(memoryButton(index).isVisible() && memoryButton(index).hasFocus());
         moveDeskTo(kHeight);
     }
+    EXPECT_EQ(heights(), "Sit, 117 cm; Stand, 117 cm; Position 3, 117 cm");
+    type(height(), "90");
+    click(find("buttonDone"));
+    EXPECT_EQ(heights(), "Sit, 97 cm; Stand, 97 cm; Position 3, 97 cm");
+}
+
+TEST_F(MemoryRowTest, theWayBackStoresNothingAndTheMarkOfTheKeyboardGoesWithTheFocus)
+{
+    store("DevicePosition1", 1000);
+    platform.defaults.values.remove("DevicePosition3");
+    store("TablePositionOffset", 6200);
+    plug();
+    open();
+    const QString before = heights();
+    EXPECT_EQ(before, "Sit, 72 cm; Stand, 105 cm; Position 3, not set");
+    for (const bool byKeyboard : {false, true}) {
+        weight().setFocus();
+        memoryButton(1).setFocus(Qt::TabFocusReason);
+        if (byKeyboard)
+            QTest::keyClick(&memoryButton(1), Qt::Key_Space);
+        else
+            openEditor(1);
+        EXPECT_EQ(find<Button>("buttonUp").showsFocus(), byKeyboard);
+        moveDeskTo(byKeyboard ? 5000 : 4000);
+        if (byKeyboard)
+            QTest::keyClick(&find("buttonUp"), Qt::Key_Escape);
+        else
+            click(find("buttonCancel"));
+        EXPECT_EQ(memoryButton(1).showsFocus(), byKeyboard);
+        EXPECT_TRUE(memoryButton(1).isVisible() && wizard->isWindowVisible());
+    }
+    EXPECT_EQ(heights(), before);
 }
 
 TEST_F(MemoryRowTest, withoutADeskThereIsANoticeAndNothingToSet)

@@ -126,11 +126,11 @@ def test_each_button_does_what_it_says(desk):
         wait_until(lambda: desk.adapter.values()[-1] == value, name)
     desk.program.choose("Settings…")
     panel = desk.program.window_with("Settings")
-    panel.find("Position 3").press()
+    panel.find("Position 3, 114 cm").press()
     for name, value in ends.items():
         desk.hold(name, value, panel)
         desk.stands(desk.release())
-    min(panel.all("Done"), key=lambda button: button.frame[1]).press()  # The editor's lies above the screen's own.
+    panel.find("Store").press()
     wait_until(lambda: desk.desktop.setting("DevicePosition3") == str(round(desk.adapter.height)), "stored height")
 
 

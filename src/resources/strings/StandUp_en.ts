@@ -457,7 +457,27 @@
     <message id="MemoryInstruction">
         <source></source>
         <extracomment>In the small panel that sets the height of a memory position</extracomment>
-        <translation>Hold Up or Down, then choose Done.</translation>
+        <translation>Hold Up or Down.</translation>
+    </message>
+    <message id="MemoryHeader">
+        <source></source>
+        <extracomment>Heading over the memory positions</extracomment>
+        <translation>Stored heights</translation>
+    </message>
+    <message id="MemoryNotSet">
+        <source></source>
+        <extracomment>In place of a height, for a position that has none</extracomment>
+        <translation>not set</translation>
+    </message>
+    <message id="MemoryCardName">
+        <source></source>
+        <extracomment>%1: name of a memory position, %2: its height with unit</extracomment>
+        <translation>%1, %2</translation>
+    </message>
+    <message id="StoreButton">
+        <source></source>
+        <extracomment>Stores the desk’s height as a memory position</extracomment>
+        <translation>Store</translation>
     </message>
     <!-- History -->
     <message id="History">

@@ -456,9 +456,29 @@
         <translation>Este entorno de escritorio no indica las ausencias: cuentan como tiempo sentado o de pie.</translation>
     </message>
     <message id="MemoryInstruction">
-        <source>Hold Up or Down, then choose Done.</source>
+        <source>Hold Up or Down.</source>
         <extracomment>In the small panel that sets the height of a memory position</extracomment>
-        <translation>Mantener pulsado «Subir» o «Bajar» y luego elegir «Listo».</translation>
+        <translation>Mantener pulsado «Subir» o «Bajar».</translation>
+    </message>
+    <message id="MemoryHeader">
+        <source>Stored heights</source>
+        <extracomment>Heading over the memory positions</extracomment>
+        <translation>Alturas guardadas</translation>
+    </message>
+    <message id="MemoryNotSet">
+        <source></source>
+        <extracomment>In place of a height, for a position that has none</extracomment>
+        <translation>sin fijar</translation>
+    </message>
+    <message id="MemoryCardName">
+        <source></source>
+        <extracomment>%1: name of a memory position, %2: its height with unit</extracomment>
+        <translation>%1, %2</translation>
+    </message>
+    <message id="StoreButton">
+        <source>Store</source>
+        <extracomment>Stores the desk’s height as a memory position</extracomment>
+        <translation>Guardar</translation>
     </message>
     <!-- History -->
     <message id="History">

@@ -456,9 +456,29 @@
         <translation>Cet environnement n’indique pas les absences : elles comptent comme assis ou debout.</translation>
     </message>
     <message id="MemoryInstruction">
-        <source>Hold Up or Down, then choose Done.</source>
+        <source>Hold Up or Down.</source>
         <extracomment>In the small panel that sets the height of a memory position</extracomment>
-        <translation>Maintenir « Monter » ou « Descendre », puis choisir « Terminé ».</translation>
+        <translation>Maintenir « Monter » ou « Descendre ».</translation>
+    </message>
+    <message id="MemoryHeader">
+        <source>Stored heights</source>
+        <extracomment>Heading over the memory positions</extracomment>
+        <translation>Hauteurs enregistrées</translation>
+    </message>
+    <message id="MemoryNotSet">
+        <source></source>
+        <extracomment>In place of a height, for a position that has none</extracomment>
+        <translation>non définie</translation>
+    </message>
+    <message id="MemoryCardName">
+        <source></source>
+        <extracomment>%1: name of a memory position, %2: its height with unit</extracomment>
+        <translation>%1, %2</translation>
+    </message>
+    <message id="StoreButton">
+        <source>Store</source>
+        <extracomment>Stores the desk’s height as a memory position</extracomment>
+        <translation>Enregistrer</translation>
     </message>
     <!-- History -->
     <message id="History">

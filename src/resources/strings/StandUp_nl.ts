@@ -456,9 +456,29 @@
         <translation>Deze desktopomgeving meldt geen afwezigheid: die telt als zitten of staan.</translation>
     </message>
     <message id="MemoryInstruction">
-        <source>Hold Up or Down, then choose Done.</source>
+        <source>Hold Up or Down.</source>
         <extracomment>In the small panel that sets the height of a memory position</extracomment>
-        <translation>Houd ‘Omhoog’ of ‘Omlaag’ ingedrukt en kies dan ‘Gereed’.</translation>
+        <translation>Houd ‘Omhoog’ of ‘Omlaag’ ingedrukt.</translation>
+    </message>
+    <message id="MemoryHeader">
+        <source>Stored heights</source>
+        <extracomment>Heading over the memory positions</extracomment>
+        <translation>Opgeslagen hoogten</translation>
+    </message>
+    <message id="MemoryNotSet">
+        <source></source>
+        <extracomment>In place of a height, for a position that has none</extracomment>
+        <translation>niet ingesteld</translation>
+    </message>
+    <message id="MemoryCardName">
+        <source></source>
+        <extracomment>%1: name of a memory position, %2: its height with unit</extracomment>
+        <translation>%1, %2</translation>
+    </message>
+    <message id="StoreButton">
+        <source>Store</source>
+        <extracomment>Stores the desk’s height as a memory position</extracomment>
+        <translation>Opslaan</translation>
     </message>
     <!-- History -->
     <message id="History">
