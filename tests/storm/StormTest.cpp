@@ -15,6 +15,7 @@
 #include <gtest/gtest.h>
 #include <malloc.h>
 #include <random>
+#include <sqlite3.h>
 #include <unistd.h>
 
 namespace {
@@ -65,7 +66,8 @@ protected:
         for (const int signal : {SIGSEGV, SIGABRT, SIGFPE})
             std::signal(signal, &sayWhatCrashed);
         if (QDir(QStringLiteral("/dev/shm")).exists())
-            qputenv("TMPDIR", "/dev/shm"); // Nothing of a history has to outlive the machine.
+            qputenv("TMPDIR", "/dev/shm"); // Nothing of a history has to outlive the machine,
+        sqlite3_vfs_register(sqlite3_vfs_find("unix-excl"), 1); // and nobody else locks its store.
     }
     static int number(const char* variable, int otherwise)
     {

@@ -13,10 +13,6 @@ namespace storm {
 namespace {
 constexpr double kLook = 4.3; ///< at the windows
 
-std::string textOf(const QWidget* window, const char* name)
-{
-    return window->findChild<QWidget*>(QLatin1String(name))->property("text").toString().toStdString();
-}
 }
 
 class World::Bus final : public HidManager {
@@ -135,7 +131,7 @@ void World::end(bool killed)
 void World::restart(const Step& step)
 {
     end(step.variant == 0);
-    passUntil(13);
+    passUntil(95);
     start();
 }
 
@@ -145,6 +141,7 @@ void World::play()
         if (!m_oracle.failure().empty())
             return;
         play(step);
+        m_hasNews = true;
         look();
         pass(step.seconds);
     }
@@ -180,20 +177,20 @@ void World::passUntil(int thousandths)
 
 void World::look()
 {
-    QApplication::processEvents();
+    if (std::exchange(m_hasNews, false))
+        QApplication::processEvents();
     if (m_held && !m_held->isActiveWindow())
         letGo({Verb::LetGo, 0, 0, 0}); // Another window came up, and here it takes the keyboard.
     if (!m_app)
         return;
     Oracle::Shown shown {m_app->menuletController().isDeviceConnected(), {}, {}, false, {}};
     if (m_main && m_main->isVisible()) {
-        shown.height = textOf(m_main, "labelTabelHeigt");
-        shown.status = textOf(m_main, "labelStatus");
-        shown.hasError = !m_main->findChild<QLabel*>(QStringLiteral("labelErrorText"))->isHidden();
+        shown.height = m_height->text().toStdString();
+        shown.status = m_status->text().toStdString();
+        shown.hasError = !m_error->isHidden();
     }
-    if (m_reminder && m_reminder->isVisible()) {
-        shown.memory = textOf(m_reminder, "buttonMemory");
-    }
+    if (m_reminder && m_reminder->isVisible())
+        shown.memory = m_memory->text().toStdString();
     oracle().look(shown);
 }
 
@@ -205,7 +202,7 @@ void World::plug(const Step& step)
     // Which of two slow adapters answers whom, and when, is a story of its own.
     if (desks().isPlugged(adapter) || (m_isSlow && desks().isPlugged(1 - adapter)))
         return;
-    passUntil(37);
+    passUntil(97 + adapter);
     oracle().plugged(adapter, true);
     m_bus->plug(adapter);
     loop().advance(0);

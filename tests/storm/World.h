@@ -4,6 +4,8 @@
 #include "shell/AppDelegate.h"
 #include "storm/Oracle.h"
 
+#include <QAbstractButton>
+#include <QLabel>
 #include <QPointer>
 
 #include <memory>
@@ -29,8 +31,8 @@ private:
     void start();
     void end(bool killed);
     void pass(double seconds);
-    /// Until so many thousandths of a second after a tenth: what the program, its adapters and the user do at
-    /// one and the same moment nobody could put in an order.
+    /// Until so many thousandths of a second after a tenth. Each kind of deed has a number of its own,
+    /// because what happens at one and the same moment nobody could put in an order.
     void passUntil(int thousandths);
     void look();
     void play(const Step& step);
@@ -66,6 +68,9 @@ private:
     std::unique_ptr<AppDelegate> m_app; ///< while it runs
     QPointer<QWidget> m_held, m_main, m_reminder;
     double m_startedAt = 0;
+    const QAbstractButton* m_memory = nullptr;
+    const QLabel *m_height = nullptr, *m_status = nullptr, *m_error = nullptr;
     bool m_isSlow = false;
+    bool m_hasNews = false; ///< for the event loop
 };
 }

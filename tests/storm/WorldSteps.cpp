@@ -57,17 +57,22 @@ bool World::eventFilter(QObject* receiver, QEvent* event)
     if (!window || !window->isWindow() || !m_app)
         return false;
     window->setUpdatesEnabled(false); // Nobody sees it.
+    m_hasNews = true;
     if (m_held && m_held->window() == window && !isShow) {
         m_held.clear();
         oracle().letGo(isReminder(window));
     }
     if (isReminder(window) && isShow) {
         m_reminder = window;
+        m_memory = window->findChild<QAbstractButton*>(QStringLiteral("buttonMemory"));
         oracle().reminderAppeared();
     } else if (isReminder(window)) {
         oracle().reminderLeft();
     } else if (isShow && window->objectName() == QLatin1String("MainWindow")) {
         m_main = window;
+        m_height = window->findChild<QLabel*>(QStringLiteral("labelTabelHeigt"));
+        m_status = window->findChild<QLabel*>(QStringLiteral("labelStatus"));
+        m_error = window->findChild<QLabel*>(QStringLiteral("labelErrorText"));
     }
     return false;
 }
@@ -80,6 +85,7 @@ void World::play(const Step& step)
         &World::plug, &World::unplug, &World::setWire, &World::setError, &World::moveByHandset,
         &World::setUser, &World::darken, &World::signal, &World::sleep, &World::setClock, &World::travel,
         &World::set, &World::answer, &World::restart, &World::freeze};
+    passUntil(5 * int(step.verb) + 2);
     (this->*kPlayers[size_t(step.verb)])(step);
 }
 
@@ -283,8 +289,8 @@ void World::setWire(const Step& step)
         faults.noAnswer = how == "silent";
         adapter.setLatency(latency);
         adapter.setStalled(how == "stalled");
+        loop().advance(0.001); // Which of them is heard first shall be no accident.
     }
-    loop().advance(0);
 }
 
 void World::setError(const Step& step)
