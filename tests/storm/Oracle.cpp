@@ -57,7 +57,7 @@ double Oracle::next(double due, double interval) const
 }
 
 /// Of those that are due at once the one that was begun first.
-void Oracle::runTimers(double until, bool isAllHeard)
+void Oracle::runTimers(double until)
 {
     struct {
         double& due;
@@ -66,16 +66,10 @@ void Oracle::runTimers(double until, bool isAllHeard)
     } timers[] {{m_due, kNever, &Oracle::periodEnds}, {m_nextPulse, kPulse, &Oracle::pulse},
         {m_nextLook, kLook, &Oracle::lookAtUser}, {m_dismissAt, kNever, &Oracle::dismissTicks},
         {m_nextPoll, kPoll, &Oracle::hearAgain}, {m_nextResend, kResend, &Oracle::hearAgain}};
-    const bool isInOrder = isAllHeard || until > m_frozenUntil + kRounding || !isAnsweredAtOnce();
     while (true) {
         decltype(&timers[0]) first = nullptr;
         for (auto& timer : timers) {
-            // What is heard at this very moment counts before what was heard once, and after a standstill
-            // the earlier question comes first.
-            const double limit =
-                until + (timer.tick == &Oracle::hearAgain && !isAllHeard ? -kRounding : kRounding / 10);
-            const bool isDue =
-                std::max(timer.due, m_frozenUntil) <= limit && (isInOrder || timer.due <= m_nextPoll);
+            const bool isDue = std::max(timer.due, m_frozenUntil) <= until + kRounding / 10;
             if (isDue && (!first || timer.due < first->due - kRounding))
                 first = &timer;
         }
@@ -157,7 +151,7 @@ void Oracle::ended(bool killed)
     m_devices.clear();
     m_running = m_isOpen = m_isReminderOnShow = m_isReminderHeld = false;
     for (double* timer : {&m_nextPulse, &m_nextLook, &m_nextPoll, &m_nextResend, &m_due, &m_dismissAt,
-             &m_fadedAt, &m_scheduledAt, &m_owedSince, &m_openedAt})
+             &m_fadedAt, &m_owedSince, &m_openedAt})
         *timer = kNever;
 }
 

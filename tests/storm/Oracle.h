@@ -73,8 +73,6 @@ public:
     void reminderAppeared();
     void reminderLeft();
     void look(const Shown& shown);
-    /// At the circle of a main window that was just opened.
-    void lookAtSession(const std::string& minutes, double percent);
 
     /// After the last event: holds the record in the file against what must be there.
     void judge();
@@ -163,8 +161,7 @@ private:
     [[nodiscard]] bool isQuick() const; ///< and all of them are taken up
     [[nodiscard]] Posture truth() const;
     void goTo(double time);
-    /// @param isAllHeard nothing more comes over the cable at that moment
-    void runTimers(double until, bool isAllHeard = false);
+    void runTimers(double until);
     void pulse();
     void lookAtUser();
     [[nodiscard]] double idleSeconds();
@@ -231,7 +228,7 @@ private:
     bool m_isGiven = false; ///< nothing is recorded until the next event, as a wake has it
     Posture m_posture = None;
     Span m_span;
-    double m_due = kNever, m_interval = 0, m_scheduledAt = kNever;
+    double m_due = kNever;
     Posture m_scheduled = None;
     double m_wrong = 0;
 

@@ -42,7 +42,7 @@ void Oracle::endRow()
 void Oracle::close()
 {
     endRow();
-    m_due = m_scheduledAt = kNever;
+    m_due = kNever;
     m_span = {wall(), m_now, m_slept};
 }
 
@@ -59,8 +59,6 @@ double Oracle::spanEnd() const
 
 void Oracle::schedule(double seconds)
 {
-    m_scheduledAt = m_now;
-    m_interval = seconds;
     m_due = m_now + seconds;
     m_scheduled = m_posture;
 }
@@ -146,7 +144,6 @@ void Oracle::opened()
 
 void Oracle::look(const Shown& shown)
 {
-    runTimers(m_now, true);
     if (shown.isConnected != isActive())
         fail("the icon does not follow the desk");
     if (m_isReminderOnShow && shown.memory != (m_target == Standing ? "Memory2" : "Memory1"))
@@ -166,18 +163,5 @@ void Oracle::look(const Shown& shown)
         fail("an error is not shown");
     if (!hasError && shown.hasError && m_now > std::max(m_errorOverAt, m_frozenUntil) + kErrorStays + kPoll)
         fail("an error stays");
-}
-
-void Oracle::lookAtSession(const std::string& minutes, double percent)
-{
-    const bool isScheduled = isActive() && m_scheduledAt != kNever;
-    const double share = isScheduled ? std::min((m_now - m_scheduledAt) / m_interval * 100, 100.0) : 0;
-    const double session = m_isOpen ? (wall() - m_rows.back().start) / 60 : 0;
-    const auto says = [&](double value) { return minutes == std::to_string(long(value)); };
-    const bool isRight =
-        isScheduled ? says(session - kRounding) || says(session + kRounding) : minutes.empty();
-    if (!isRight || std::abs(percent - share) > 0.01)
-        fail("the session shows " + minutes + " for " + std::to_string(session) + ", "
-            + std::to_string(percent) + " % for " + std::to_string(share));
 }
 }

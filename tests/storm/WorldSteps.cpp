@@ -1,5 +1,4 @@
 #include "data/AppProperties.h"
-#include "screens/CircleIndicatorView.h"
 #include "storm/World.h"
 
 #include <QApplication>
@@ -210,13 +209,10 @@ void World::openOrClose(const Step& step)
         return void(m_main && m_main->close());
     oracle().opened();
     m_app->menuOpenClicked();
-    const auto* session = m_main->findChild<CircleIndicatorView*>(QStringLiteral("scheduleIndicator"));
-    oracle().lookAtSession(session->value().value_or(QString()).toStdString(), session->percent());
 }
 
 void World::press(const Step& step)
 {
-    pass(0.002); // Nobody presses in the very moment in which an adapter is found.
     const HoldButton& button = kButtons[step.variant];
     QWidget* const window = button.isOnReminder ? m_reminder.data() : m_main.data();
     if (m_held || !isUsable(window))
