@@ -4,7 +4,6 @@
 
 #include <QCoreApplication>
 #include <QFile>
-#include <QLibraryInfo>
 #include <QLocale>
 #include <QTranslator>
 
@@ -15,6 +14,12 @@ const QString kEnglish = QStringLiteral("en");
 QString textsPath(const QString& language)
 {
     return QStringLiteral(":/strings/StandUp_%1.qm").arg(language);
+}
+
+/// What Qt itself says in its dialogs, so that nobody needs the translations of all of Qt for that.
+QString qtTextsPath(const QString& language)
+{
+    return QStringLiteral(":/strings/Qt_%1.qm").arg(language);
 }
 
 /// The language part of "de_AT", "de-AT" and "de_DE.UTF-8@euro".
@@ -44,15 +49,6 @@ bool addTranslator(QCoreApplication& application, const QString& path)
         return true;
     delete translator;
     return false;
-}
-
-/// Qt's own dialogs speak the language too, where the system has Qt's translations.
-void addQtTexts(QCoreApplication& application, const QString& language)
-{
-    const QString path =
-        QStringLiteral("%1/qtbase_%2.qm").arg(QLibraryInfo::path(QLibraryInfo::TranslationsPath), language);
-    if (QFile::exists(path))
-        addTranslator(application, path);
 }
 
 }
@@ -89,7 +85,7 @@ bool installTexts(QCoreApplication& application, const QString& languageCode)
     if (!addTranslator(application, textsPath(kEnglish)))
         Log::line(QStringLiteral("The program's English texts cannot be read."));
     if (!language.isEmpty() && language != kEnglish) {
-        addQtTexts(application, language);
+        addTranslator(application, qtTextsPath(language));
         addTranslator(application, textsPath(language));
     }
     return known;

@@ -5,8 +5,9 @@
 
 class QCoreApplication;
 
-/// Makes the compiled-in files known: `:/Info.json`, `:/images/NAME.svg`, `:/strings/StandUp_LANGUAGE.qm`.
-/// A static library's files are invisible until this is called; calling it again does nothing.
+/// Makes the compiled-in files known: `:/Info.json`, `:/images/NAME.svg`, `:/strings/StandUp_LANGUAGE.qm`,
+/// `:/strings/Qt_LANGUAGE.qm`. A static library's files are invisible until this is called; calling it again
+/// does nothing.
 void initResources();
 
 /// The first of the languages that has texts, as the two letters of its table; empty when none has. Codes may

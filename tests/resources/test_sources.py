@@ -51,6 +51,15 @@ def test_every_text_that_is_shown_stands_in_every_language_and_no_other(tmp_path
     assert {key: english for key, english in shown.items() if english and english != TEXTS["en"][key]} == {}
 
 
+def test_what_qt_says_is_found_by_its_own_english(tmp_path):
+    all_of_qt = tmp_path / "qt.ts"
+    subprocess.run(["/usr/lib/qt6/bin/lconvert", "-i", "/usr/share/qt6/translations/qtbase_de.qm", "-o", all_of_qt], check=True)
+    own, *others, known = [{(context.findtext("name"), message.findtext("source"))
+                            for context in ElementTree.parse(table).iter("context") for message in context.iter("message")}
+                           for table in [*(SOURCE / "resources/strings").glob("Qt_*.ts"), all_of_qt]]
+    assert (own - known, [own ^ other for other in others]) == (set(), [set()] * 3)
+
+
 @pytest.mark.parametrize("languages, must_not_hold, because", [
     ("en de fr es nl", r"^$|^\s|[ \t]$|  ", "no text is empty or has stray space"),
     ("en de fr es nl", r"['\"]", "quotes and apostrophes are typographic"),

@@ -55,7 +55,7 @@ bool mayReplace(const QString& path)
 {
     if (!QFileInfo::exists(path))
         return true;
-    // The file dialog's own question, in the words of Qt's own translations.
+    // The file dialog's own question.
     const QString question =
         QCoreApplication::translate("QFileDialog", "%1 already exists.\nDo you want to replace it?");
     Modal<QMessageBox> box;
