@@ -1,4 +1,4 @@
-# The history of releases is written by hand, here for people and there for software centres: both must begin with the
+# The history of releases is written by hand, for people, software centres and Debian: each must begin with the
 # project's own version.
 function(expect place pattern)
     file(READ ${ROOT}/${place} text)
@@ -10,3 +10,4 @@ endfunction()
 
 expect(packaging/org.zelvo.StandUp.metainfo.xml "<release version=\"([^\"]*)\"")
 expect(CHANGELOG.md "\n## \\[([0-9][^]]*)\\]")
+expect(debian/changelog "zelvo-standup \\(([^)]*)\\)")
