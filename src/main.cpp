@@ -24,6 +24,7 @@
 #include "resources/Resources.h"
 #include "shell/AppDelegate.h"
 #include "shell/PictureIcon.h"
+#include "ui/Appearance.h"
 
 #include <QApplication>
 #include <QDBusConnection>
@@ -69,10 +70,13 @@ class Application final : public QApplication {
 public:
     using QApplication::QApplication;
     void onQuit(std::function<void()> callback) { m_quit = std::move(callback); }
+    void onPaletteChange(std::function<void()> callback) { m_paletteChange = std::move(callback); }
 
 protected:
     bool event(QEvent* event) override
     {
+        if (event->type() == QEvent::ApplicationPaletteChange && m_paletteChange)
+            m_paletteChange();
         if (event->type() != QEvent::Quit || !m_quit)
             return QApplication::event(event);
         m_quit();
@@ -81,6 +85,7 @@ protected:
 
 private:
     std::function<void()> m_quit;
+    std::function<void()> m_paletteChange;
 };
 
 std::unique_ptr<HidManager> makeHidManager(bool simulate)
@@ -144,6 +149,7 @@ int run(const CommandLine& commandLine, Application& application, SingleInstance
     const UnixSignals signals([terminate](int) { terminate(); });
     program.workspace.onWillShutDown(terminate);
     application.onQuit(terminate);
+    application.onPaletteChange(Appearance::update);
     const auto onSession = [&program](auto signal, auto slot) {
         QObject::connect(qApp, signal, &program.tray, slot);
     };

@@ -36,7 +36,8 @@ public:
     /// Makes the one desk hub; does nothing when it exists.
     void startZelvoController();
     void setDefaultAppSettings();
-    /// Back to the defaults, except for "Version". Values cached in this process stay until the next set.
+    /// Back to the defaults, except for "Version" and "Appearance". Values cached in this process stay until
+    /// the next set.
     void clearProperties();
     [[nodiscard]] bool isUserSetupCompleted();
     /// Completes a half-done set-up with the defaults. Always answers true.
@@ -121,6 +122,9 @@ public:
     void setNumberOfStandUps(int32_t numberOfStandUps) { m_numberOfStandUps.setValue(numberOfStandUps); }
     /// numberOfStandUps(), or the default count where that is below 1, or 1 where even that is: never 0.
     [[nodiscard]] int32_t standUpsForDivision();
+    /// The look of the windows: 0 = light, 1 = dark, 2 = as the desktop.
+    [[nodiscard]] int32_t appearance() { return m_appearance.readAgain(); }
+    void setAppearance(int32_t appearance) { m_appearance.setValue(appearance); }
     [[nodiscard]] Bundle& mainBundle() const;
     void setMainBundle(Bundle* bundle) { m_mainBundle = bundle; }
 
@@ -208,4 +212,5 @@ private:
     CachedNumber<int32_t> m_devicePosition3 {QStringLiteral("DevicePosition3")};
     CachedNumber<int32_t> m_tablePositionOffset {QStringLiteral("TablePositionOffset")};
     CachedNumber<int32_t> m_numberOfStandUps {QStringLiteral("NumberOfStandUps")};
+    CachedNumber<int32_t> m_appearance {QStringLiteral("Appearance")};
 };

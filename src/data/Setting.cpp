@@ -39,6 +39,7 @@ const Setting kSettings[] = {
     {QStringLiteral("ActivityGoalDefault"), Double, -kAny, kAny, 0, NotWritten, 0},
     {QStringLiteral("TablePositionOffsetDefault"), Double, -kAny, kAny, 0, NotWritten, 8},
     {QStringLiteral("DevicePositionOffset"), Double, -kAny, kAny, 0, NotWritten, 0},
+    {QStringLiteral("Appearance"), Integer, 0, 2, 0, NotWritten, 0},
 };
 
 QString shown(const QVariant& stored)

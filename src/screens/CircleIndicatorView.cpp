@@ -18,7 +18,7 @@ constexpr double kLeastShown = 1; // Percent; less is called 0 beside the ring a
 }
 
 CircleIndicatorView::CircleIndicatorView(QWidget* parent)
-    : CircleView(Qt::black, parent)
+    : CircleView(QPalette::BrightText, parent)
     , m_image(QStringLiteral("SmallRadialProgressBorder"))
     , m_imageLarge(QStringLiteral("RadialProgressBorder"))
 {
@@ -61,7 +61,7 @@ void CircleIndicatorView::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     if (m_transparent) {
-        paintPie(painter, rect(), 100, Qt::white);
+        paintPie(painter, rect(), 100, zelvoCardColor());
         if (m_percent >= kLeastShown)
             paintPie(painter, rect(), m_percent, zelvoHoverColor());
     }

@@ -11,15 +11,13 @@ constexpr int kSideMargin = 6;
 // The circles were drawn for a typeface with lines of this height; the fallback's are taller.
 constexpr double kLineHeight = 1.2;
 
-QLabel* createLabel(QWidget& circle, const QColor& color)
+QLabel* createLabel(QWidget& circle, QPalette::ColorRole role)
 {
     auto* label = new QLabel(&circle);
     label->setTextFormat(Qt::PlainText);
     label->setAlignment(Qt::AlignCenter);
     label->setAttribute(Qt::WA_TransparentForMouseEvents);
-    QPalette palette = label->palette();
-    palette.setColor(QPalette::WindowText, color);
-    label->setPalette(palette);
+    label->setForegroundRole(role);
     return label;
 }
 
@@ -39,10 +37,10 @@ void centerHorizontally(QLabel& label, int top)
 }
 }
 
-CircleView::CircleView(const QColor& color, QWidget* parent)
+CircleView::CircleView(QPalette::ColorRole role, QWidget* parent)
     : QWidget(parent)
-    , m_textFieldTitle(createLabel(*this, color))
-    , m_textFieldValue(createLabel(*this, color))
+    , m_textFieldTitle(createLabel(*this, role))
+    , m_textFieldValue(createLabel(*this, role))
 {
     installCircleAccessibility();
 }

@@ -28,8 +28,8 @@ public:
     [[nodiscard]] QLabel* textFieldTitle() const { return m_textFieldTitle; }
 
 protected:
-    /// @param color of both texts
-    CircleView(const QColor& color, QWidget* parent);
+    /// @param role whose colour both texts have
+    CircleView(QPalette::ColorRole role, QWidget* parent);
 
     /// Lays the labels out for the present size and texts.
     virtual void addConstraints() { layOutLabels(0, 0); }

@@ -1,7 +1,6 @@
 #include "screens/GoalCircleView.h"
 
 #include "ui/FontAndTextHandler.h"
-#include "ui/Palette.h"
 
 #include <QAccessible>
 #include <QKeyEvent>
@@ -16,7 +15,7 @@ constexpr double kFocusInset = 5; // Inside the picture's own rings, which say o
 }
 
 GoalCircleView::GoalCircleView(QWidget* parent)
-    : CircleView(zelvoTextColor(), parent)
+    : CircleView(QPalette::WindowText, parent)
     , m_image(QStringLiteral("GoalCircle"))
     , m_imageHover(QStringLiteral("GoalCircleHover"))
     , m_imageActive(QStringLiteral("GoalCircleActive"))

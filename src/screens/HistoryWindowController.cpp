@@ -7,7 +7,6 @@
 #include "data/Saturation.h"
 #include "ui/FontAndTextHandler.h"
 #include "ui/FormStyle.h"
-#include "ui/Palette.h"
 #include "ui/PanelWindow.h"
 #include "ui/WindowPlacement.h"
 #include "ui_HistoryWindow.h"
@@ -180,11 +179,11 @@ void HistoryWindowController::setHighLightedButton(int index)
 {
     Button* const buttons[] = {m_ui->buttonDay, m_ui->buttonWeek, m_ui->buttonMonth, m_ui->buttonYear};
     for (int i = kDay; i <= kYear; ++i) {
-        buttons[i]->setTextColor(zelvoTextColor());
+        buttons[i]->setTextRole(QPalette::ButtonText);
         buttons[i]->setChecked(i == index);
     }
     if (index >= kDay && index <= kYear)
-        buttons[index]->setTextColor(zelvoHoverColor());
+        buttons[index]->setTextRole(QPalette::Link);
 }
 
 void HistoryWindowController::setFontSizeToFitHistoryHead()

@@ -3,7 +3,6 @@
 #include "data/AppProperties.h"
 #include "desk/AdoptedDesk.h"
 #include "screens/MemoryCard.h"
-#include "ui/Palette.h"
 #include "ui_SetupView.h"
 
 #include <QApplication>
@@ -35,7 +34,7 @@ void MemoryRow::awakeFromNib(MemoryViewControllerDelegate& delegate)
     m_editor = std::make_unique<MemoryViewController>();
     m_editor->setDelegate(&delegate);
     for (MemoryCard* card : cards()) {
-        card->setAlternateBackgroundColor(zelvoHoverColor());
+        card->setAlternateBackgroundRole(QPalette::Highlight);
         QSizePolicy keepsPlace = card->sizePolicy();
         keepsPlace.setRetainSizeWhenHidden(true);
         card->setSizePolicy(keepsPlace);

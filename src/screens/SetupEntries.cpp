@@ -6,6 +6,7 @@
 #include "desk/AdoptedDesk.h"
 #include "screens/EntryNumber.h"
 #include "ui/NumberEntryValidator.h"
+#include "ui/Palette.h"
 #include "ui_SetupView.h"
 
 #include <algorithm>
@@ -69,8 +70,8 @@ void SetupEntries::awakeFromNib()
         validator->formatter().setAcceptComma(acceptComma);
         field->setValidator(validator);
         field->setBackgroundImage(Picture(QStringLiteral("SetupTextField")));
-        field->setTextColor(Qt::white);
-        field->setInsertionPointColor(Qt::white);
+        field->setTextColor(zelvoFieldTextColor());
+        field->setInsertionPointColor(zelvoFieldTextColor());
         field->setAccessibleDescription(unit->text());
         refill(*field);
         QObject::connect(field, &QLineEdit::textEdited, m_ui.labelRefusal, &QWidget::hide);

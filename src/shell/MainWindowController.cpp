@@ -9,7 +9,6 @@
 #include "shell/ErrorLine.h"
 #include "shell/MenuletController.h"
 #include "ui/FormStyle.h"
-#include "ui/Palette.h"
 #include "ui/PanelWindow.h"
 #include "ui/WindowPlacement.h"
 #include "ui_MainWindow.h"
@@ -117,7 +116,7 @@ void MainWindowController::setupGUI()
         baselineBelowMiddle(m_ui->labelPercent->font()) - baselineBelowMiddle(m_ui->labelProcentSign->font());
     m_ui->labelProcentSign->setContentsMargins(0, 2 * baselines, 0, 0);
     for (HoverButton* button : {m_ui->buttonMemory1, m_ui->buttonMemory2, m_ui->buttonMemory3})
-        button->setAlternateBackgroundColor(zelvoHoverColor());
+        button->setAlternateBackgroundRole(QPalette::Highlight);
 }
 
 void MainWindowController::startUpdateDataTimer()

@@ -1,5 +1,6 @@
 #include "ui/BackgroundTextField.h"
 
+#include "ui/Palette.h"
 #include "ui/TextUtilities.h"
 
 #include <QFocusEvent>
@@ -32,7 +33,7 @@ void BackgroundTextFieldCell::setUpFieldEditor(QLineEdit& editor, const QColor& 
 
 BackgroundTextField::BackgroundTextField(QWidget* parent)
     : QLineEdit(parent)
-    , m_insertionPointColor(Qt::black)
+    , m_insertionPointColor(zelvoStrongTextColor())
 {
     auto* cell = new BackgroundTextFieldCell;
     cell->setParent(this);

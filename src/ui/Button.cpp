@@ -16,15 +16,9 @@ Button::Button(QWidget* parent)
     setFocusPolicy(Qt::StrongFocus);
 }
 
-QColor Button::textColor() const
+void Button::setTextRole(QPalette::ColorRole role)
 {
-    const bool isColored = m_textColor.isValid() && !text().isEmpty();
-    return isColored ? m_textColor : palette().color(QPalette::ButtonText);
-}
-
-void Button::setTextColor(const QColor& color)
-{
-    m_textColor = color;
+    m_textRole = role;
     update();
 }
 

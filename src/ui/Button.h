@@ -17,9 +17,9 @@ class Button : public QPushButton {
 public:
     explicit Button(QWidget* parent = nullptr);
 
-    /// The title's colour; the system's colour for control text while there is no title or no colour was set.
-    [[nodiscard]] QColor textColor() const;
-    virtual void setTextColor(const QColor& color);
+    /// The title's colour: that of its role in the palette, which is ButtonText until another is set.
+    [[nodiscard]] QColor textColor() const { return palette().color(m_textRole); }
+    virtual void setTextRole(QPalette::ColorRole role);
     void setUnderLineText();
     void removeUnderLineText();
 
@@ -41,8 +41,7 @@ public:
 protected:
     /// What is to be painted now.
     [[nodiscard]] virtual ButtonState state() const;
-    /// The colour that was set, invalid when none was.
-    [[nodiscard]] QColor titleColor() const { return m_textColor; }
+    [[nodiscard]] QPalette::ColorRole textRole() const { return m_textRole; }
 
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -50,7 +49,7 @@ protected:
     [[nodiscard]] bool hitButton(const QPoint& position) const override;
 
 private:
-    QColor m_textColor;
+    QPalette::ColorRole m_textRole = QPalette::ButtonText;
     Picture m_image;
     Qt::ToolButtonStyle m_toolButtonStyle = Qt::ToolButtonTextBesideIcon;
     FocusMark m_focusMark {*this};

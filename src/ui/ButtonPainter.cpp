@@ -15,7 +15,6 @@ constexpr qreal kRadius = 4;
 constexpr qreal kHorizontalPadding = 10;
 constexpr qreal kVerticalPadding = 6;
 constexpr qreal kGap = 6;
-constexpr int kPressedDarkness = 112; // Percent, as QColor::darker() takes it.
 
 bool showsTitle(const ButtonState& state)
 {
@@ -49,13 +48,19 @@ QSizeF titleSize(const ButtonState& state)
     return {metrics.horizontalAdvance(title), metrics.height()};
 }
 
+/// Invalid: none.
+QColor shownBackground(const ButtonState& state)
+{
+    if (!state.isPressed)
+        return state.backgroundColor;
+    if (state.backgroundColor.isValid())
+        return pressedColor(state.backgroundColor);
+    return state.isLink ? QColor() : zelvoPressShade();
+}
+
 void paintBackground(QPainter& painter, const QRectF& rect, const ButtonState& state)
 {
-    QColor color = state.backgroundColor;
-    if (color.isValid() && state.isPressed)
-        color = color.darker(kPressedDarkness);
-    else if (state.isPressed && !state.isLink)
-        color = QColor(0, 0, 0, 20);
+    const QColor color = shownBackground(state);
     if (!color.isValid())
         return;
     painter.setPen(Qt::NoPen);
@@ -65,9 +70,9 @@ void paintBackground(QPainter& painter, const QRectF& rect, const ButtonState& s
 
 QColor shownTextColor(const ButtonState& state)
 {
-    if (!state.backgroundColor.isValid())
-        return state.isPressed ? state.textColor.darker(kPressedDarkness) : state.textColor;
-    return readableColor(state.textColor, state.backgroundColor);
+    const bool isFlat = !state.backgroundColor.isValid();
+    const QColor color = isFlat && state.isPressed ? pressedColor(state.textColor) : state.textColor;
+    return readableColor(color, isFlat ? zelvoBackgroundColor() : shownBackground(state));
 }
 
 /// A picture beside a title that had to change its colour to be read changes with it.

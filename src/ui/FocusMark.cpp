@@ -9,6 +9,7 @@
 namespace {
 constexpr qreal kRingWidth = 2;
 constexpr qreal kInnerLineWidth = 1;
+constexpr int kInnerLineOpacity = 220; // Of 255.
 
 bool isComingBack(Qt::FocusReason reason)
 {
@@ -60,7 +61,9 @@ void paintFocusMark(QPainter& painter, const QRectF& rect, qreal radius)
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setBrush(Qt::NoBrush);
     paintLine(painter, rect, kRingWidth / 2, radius - kRingWidth / 2, QPen(zelvoHoverColor(), kRingWidth));
-    paintLine(painter, rect, kRingWidth + kInnerLineWidth / 2, radius - kRingWidth,
-        QPen(QColor(255, 255, 255, 220), kInnerLineWidth));
+    QColor inner = zelvoCardColor();
+    inner.setAlpha(kInnerLineOpacity);
+    paintLine(
+        painter, rect, kRingWidth + kInnerLineWidth / 2, radius - kRingWidth, QPen(inner, kInnerLineWidth));
     painter.restore();
 }

@@ -1,7 +1,5 @@
 #include "ui/HoverButton.h"
 
-#include "ui/Palette.h"
-
 #include <QEvent>
 
 namespace {
@@ -11,7 +9,6 @@ const QString kHoverForm = QStringLiteral("_hoover");
 HoverButton::HoverButton(QWidget* parent)
     : Button(parent)
 {
-    Button::setTextColor(zelvoTextColor());
 }
 
 void HoverButton::mouseEntered()
@@ -19,22 +16,22 @@ void HoverButton::mouseEntered()
     if (!isEnabled() || m_isHovered)
         return;
     m_isHovered = true;
-    m_textColorTmp = titleColor();
-    Button::setTextColor(zelvoHoverColor());
+    m_textColorTmp = textRole();
+    Button::setTextRole(QPalette::Link);
 }
 
 void HoverButton::mouseExited()
 {
     m_isHovered = false;
-    if (m_textColorTmp.isValid())
-        Button::setTextColor(m_textColorTmp);
+    if (m_textColorTmp != QPalette::NoRole)
+        Button::setTextRole(m_textColorTmp);
 }
 
-void HoverButton::setTextColor(const QColor& color)
+void HoverButton::setTextRole(QPalette::ColorRole role)
 {
     if (m_isHovered)
-        m_textColorTmp = color;
-    Button::setTextColor(color);
+        m_textColorTmp = role;
+    Button::setTextRole(role);
 }
 
 void HoverButton::setAlternateImage(const Picture& image)
@@ -49,9 +46,9 @@ void HoverButton::setImageNamed(const QString& name)
     setAlternateImage(Picture(name + kHoverForm));
 }
 
-void HoverButton::setAlternateBackgroundColor(const QColor& color)
+void HoverButton::setAlternateBackgroundRole(QPalette::ColorRole role)
 {
-    m_alternateBackgroundColor = color;
+    m_alternateBackgroundRole = role;
     update();
 }
 
@@ -60,8 +57,8 @@ ButtonState HoverButton::state() const
     ButtonState state = Button::state();
     if (m_isHovered && !m_alternateImage.isNull())
         state.image = m_alternateImage;
-    if (m_isHovered && m_alternateBackgroundColor.isValid())
-        state.backgroundColor = m_alternateBackgroundColor;
+    if (m_isHovered && m_alternateBackgroundRole != QPalette::NoRole)
+        state.backgroundColor = palette().color(m_alternateBackgroundRole);
     return state;
 }
 

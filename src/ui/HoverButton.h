@@ -18,15 +18,14 @@ public:
     void mouseExited();
 
     /// A colour set while the mouse is inside is the one that its leaving restores.
-    void setTextColor(const QColor& color) override;
+    void setTextRole(QPalette::ColorRole role) override;
     [[nodiscard]] const Picture& alternateImage() const { return m_alternateImage; }
     void setAlternateImage(const Picture& image);
     /// The picture of that name, and beside it its form for the mouse inside, whose name ends in "_hoover".
     void setImageNamed(const QString& name);
     [[nodiscard]] QString imageName() const { return image().name(); }
     /// The background while the mouse is inside; invalid: the ordinary one stays.
-    [[nodiscard]] QColor alternateBackgroundColor() const { return m_alternateBackgroundColor; }
-    void setAlternateBackgroundColor(const QColor& color);
+    void setAlternateBackgroundRole(QPalette::ColorRole role);
 
 protected:
     [[nodiscard]] ButtonState state() const override;
@@ -36,7 +35,7 @@ protected:
 
 private:
     Picture m_alternateImage;
-    QColor m_alternateBackgroundColor;
-    QColor m_textColorTmp;
+    QPalette::ColorRole m_alternateBackgroundRole = QPalette::NoRole;
+    QPalette::ColorRole m_textColorTmp = QPalette::NoRole;
     bool m_isHovered = false;
 };

@@ -1,13 +1,11 @@
 #include "ui/HoverLink.h"
 
-#include "ui/Palette.h"
-
 HoverLink::HoverLink(QWidget* parent)
     : Button(parent)
 {
     setFlat(true);
     setUnderLineText();
-    setTextColor(zelvoHoverColor());
+    setTextRole(QPalette::Link);
     setCursor(Qt::PointingHandCursor);
 }
 
@@ -21,11 +19,11 @@ ButtonState HoverLink::state() const
 void HoverLink::enterEvent(QEnterEvent* event)
 {
     Button::enterEvent(event);
-    setTextColor(zelvoLinkHover());
+    setTextRole(QPalette::LinkVisited);
 }
 
 void HoverLink::leaveEvent(QEvent* event)
 {
     Button::leaveEvent(event);
-    setTextColor(zelvoHoverColor());
+    setTextRole(QPalette::Link);
 }

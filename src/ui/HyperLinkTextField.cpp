@@ -1,5 +1,7 @@
 #include "ui/HyperLinkTextField.h"
 
+#include "ui/Palette.h"
+
 #include <QAccessible>
 #include <QFocusEvent>
 
@@ -21,6 +23,7 @@ void HyperLinkTextField::setText(const QString& text)
 {
     if (text == this->text())
         return;
+    m_linkColor = hexadecimalValue(zelvoHoverColor());
     QLabel::setText(text);
     setFocusPolicy(text.contains(QLatin1String("<a href")) ? Qt::StrongFocus : Qt::NoFocus);
     if (text.isEmpty() || !isVisible() || !QAccessible::isActive())
@@ -33,6 +36,16 @@ void HyperLinkTextField::setText(const QString& text)
 void HyperLinkTextField::setOpener(Opener opener)
 {
     m_opener = std::move(opener);
+}
+
+void HyperLinkTextField::changeEvent(QEvent* event)
+{
+    QLabel::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange)
+        return;
+    const QString color = hexadecimalValue(zelvoHoverColor());
+    QLabel::setText(
+        text().replace(std::exchange(m_linkColor, color), color)); // Links have theirs in the text.
 }
 
 void HyperLinkTextField::focusInEvent(QFocusEvent* event)

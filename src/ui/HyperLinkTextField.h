@@ -22,8 +22,10 @@ public:
     void setOpener(Opener opener);
 
 protected:
+    void changeEvent(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
 
 private:
     Opener m_opener;
+    QString m_linkColor;
 };

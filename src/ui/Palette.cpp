@@ -1,6 +1,7 @@
 #include "ui/Palette.h"
 
 #include "data/AppProperties.h"
+#include "ui/Appearance.h"
 
 #include <QPalette>
 #include <QWidget>
@@ -11,7 +12,37 @@
 #include <limits>
 
 namespace {
-constexpr double kContrastOfLargeText = 3.0; // Web Content Accessibility Guidelines 2.1, 1.4.3 and 1.4.11.
+constexpr double kContrastOfText = 4.5; // Web Content Accessibility Guidelines 2.1, 1.4.3.
+constexpr double kContrastOfShapes = 3.0; // The same, 1.4.11.
+constexpr int kPressed = 112; // Percent, as QColor::darker() takes it.
+constexpr int kNearShade = 150;
+
+/// One colour in both looks.
+struct Shade {
+    QRgb light;
+    QRgb dark;
+
+    [[nodiscard]] QColor now() const { return QColor::fromRgb(Appearance::isDark() ? dark : light); }
+};
+
+constexpr Shade kText {0x616161, 0xD6DBDD};
+constexpr Shade kStrongText {0x000000, 0xF4F7F8};
+constexpr Shade kBackground {0xECECEC, 0x1E2224};
+constexpr Shade kCard {0xFFFFFF, 0x2A3033};
+constexpr Shade kButton {0xD9D9D9, 0x353C40};
+constexpr Shade kMainLine {0xB0B0B0, 0x7B858A};
+constexpr Shade kLine {0xB2B2B2, 0x7D878C};
+constexpr Shade kLinkHover {0x6F6F6F, 0xAEB8BC};
+constexpr Shade kMark {0x7A868A, 0x8A969B};
+
+/// Pictures have these as well.
+constexpr Shade kPictureShades[] = {
+    kText, kCard, kMark, {0x5F6E73, 0xA5B0B4}, // the steps on a rail
+    {0x4F646B, 0x5F767E}, // an entry field
+    {0xD5ECEF, 0x123F47}, // a chosen circle
+    {0xEFF7F8, 0x2E3A3E}, // a circle under the mouse
+    {0xE1EFF1, 0x24373B}, // the halo of the reminder's circle
+};
 
 double linearComponent(double component)
 {
@@ -24,11 +55,17 @@ double relativeLuminance(const QColor& color)
         + 0.0722 * linearComponent(color.blueF());
 }
 
-double contrast(const QColor& first, const QColor& second)
+/// The darkest shade of the brand colour that stands out from a ground.
+QColor brandShade(double saturation, const QColor& ground, double wanted)
 {
-    const double one = relativeLuminance(first) + 0.05;
-    const double other = relativeLuminance(second) + 0.05;
-    return std::max(one, other) / std::min(one, other);
+    const QColor brand = zelvoColor1().toHsl();
+    for (float lightness = brand.lightnessF(); lightness < 1; lightness += 0.01F) {
+        const QColor shade =
+            QColor::fromHslF(brand.hslHueF(), float(brand.hslSaturationF() * saturation), lightness);
+        if (contrast(shade, ground) >= wanted)
+            return shade.toRgb();
+    }
+    return Qt::white;
 }
 
 /// The number at the start of the text, after white space and an optional "0x"; too large a one saturates.
@@ -50,37 +87,83 @@ QColor zelvoColor1()
 
 QColor zelvoTextColor()
 {
-    return {0x61, 0x61, 0x61};
+    return kText.now();
 }
 
 QColor zelvoBackgroundColor()
 {
-    return {0xEC, 0xEC, 0xEC};
+    return kBackground.now();
+}
+
+QColor zelvoCardColor()
+{
+    return kCard.now();
+}
+
+QColor zelvoStrongTextColor()
+{
+    return kStrongText.now();
 }
 
 QColor zelvoHoverColor()
 {
-    return zelvoColor1();
+    constexpr double kCalmer = 0.6;
+    // On the lightest ground, and with what thin lines lose of it.
+    constexpr double kWanted = 5.2;
+    return Appearance::isDark() ? brandShade(kCalmer, kButton.now(), kWanted) : zelvoColor1();
+}
+
+QColor zelvoBrandSurfaceColor()
+{
+    return Appearance::isDark() ? brandShade(1, kBackground.now(), kContrastOfShapes) : zelvoColor1();
+}
+
+QColor zelvoBrandTextColor()
+{
+    return Qt::white;
+}
+
+QColor zelvoFieldTextColor()
+{
+    return Qt::white;
 }
 
 QColor zelvoMainLineColor()
 {
-    return {0xB0, 0xB0, 0xB0};
+    return kMainLine.now();
 }
 
 QColor zelvoLineColor()
 {
-    return {0xB2, 0xB2, 0xB2};
+    return kLine.now();
+}
+
+QColor zelvoMarkColor()
+{
+    return kMark.now();
 }
 
 QColor zelvoButtonDarkBackgroundColor()
 {
-    return {0xD9, 0xD9, 0xD9};
+    return kButton.now();
 }
 
 QColor zelvoLinkHover()
 {
-    return {0x6F, 0x6F, 0x6F};
+    return kLinkHover.now();
+}
+
+QColor zelvoPressShade()
+{
+    constexpr int kFaint = 20;
+    QColor shade = Appearance::isDark() ? Qt::white : Qt::black;
+    shade.setAlpha(kFaint);
+    return shade;
+}
+
+QColor pressedColor(const QColor& background)
+{
+    return Appearance::isDark() ? background.lighter(kPressed) : background.darker(kPressed);
 }
 
 QColor colorFromHexadecimalValue(const QString& string)
@@ -104,11 +187,35 @@ QString hexadecimalValue(const QColor& color)
 
 QColor readableColor(const QColor& preferred, const QColor& background)
 {
-    if (contrast(preferred, background) >= kContrastOfLargeText)
-        return preferred;
-    const QColor light(Qt::white);
-    const QColor dark = zelvoTextColor();
-    return contrast(light, background) >= contrast(dark, background) ? light : dark;
+    const QColor white = Qt::white;
+    const QColor grey = QColor::fromRgb(kText.light);
+    const bool isOnLight = contrast(white, background) < contrast(Qt::black, background);
+    for (int percent = 100; percent <= kNearShade; percent += 2) {
+        const QColor shade = isOnLight ? preferred.darker(percent) : preferred.lighter(percent);
+        if (contrast(shade, background) >= kContrastOfText)
+            return shade;
+    }
+    return contrast(white, background) >= contrast(grey, background) ? white : grey;
+}
+
+double contrast(const QColor& first, const QColor& second)
+{
+    const double one = relativeLuminance(first) + 0.05;
+    const double other = relativeLuminance(second) + 0.05;
+    return std::max(one, other) / std::min(one, other);
+}
+
+QByteArray inPresentLook(QByteArray svg)
+{
+    if (!Appearance::isDark())
+        return svg;
+    const auto replace = [&svg](const QColor& light, const QColor& dark) {
+        svg.replace(light.name().toUpper().toLatin1(), dark.name().toLatin1());
+    };
+    replace(zelvoColor1(), zelvoHoverColor());
+    for (const Shade& shade : kPictureShades)
+        replace(QColor::fromRgb(shade.light), QColor::fromRgb(shade.dark));
+    return svg;
 }
 
 void applyWindowPalette(QWidget& window)
@@ -122,13 +229,14 @@ void applyWindowPalette(QWidget& window)
         palette.setColor(role, text);
         palette.setColor(QPalette::Disabled, role, zelvoMainLineColor());
     }
-    palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::BrightText, zelvoStrongTextColor());
+    palette.setColor(QPalette::Base, zelvoCardColor());
     palette.setColor(QPalette::AlternateBase, background);
     palette.setColor(QPalette::PlaceholderText, zelvoMainLineColor());
-    palette.setColor(QPalette::Highlight, brand);
-    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::Highlight, zelvoBrandSurfaceColor());
+    palette.setColor(QPalette::HighlightedText, zelvoBrandTextColor());
     palette.setColor(QPalette::Link, brand);
-    palette.setColor(QPalette::LinkVisited, brand);
+    palette.setColor(QPalette::LinkVisited, zelvoLinkHover());
     window.setPalette(palette);
     window.setAutoFillBackground(true);
 }

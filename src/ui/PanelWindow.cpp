@@ -1,6 +1,7 @@
 #include "ui/PanelWindow.h"
 
 #include "platform/RunLoop.h"
+#include "ui/Appearance.h"
 #include "ui/DevicePixels.h"
 #include "ui/Palette.h"
 #include "ui/WindowPlacement.h"
@@ -25,7 +26,10 @@ constexpr QSize kWidestFrame(16, 48);
 PanelWindow::PanelWindow(Qt::WindowFlags flags)
     : QWidget(nullptr, flags)
 {
+    Appearance::update();
     applyWindowPalette(*this);
+    m_appearanceObservation = NotificationCenter::defaultCenter().addObserver(
+        Appearance::kDidChange, [this](const PostedNotification&) { applyWindowPalette(*this); });
     // The desktop may leave a window where its unplugged screen was, or under a panel that has appeared. A
     // window that changes screens is left alone: it is the user's hand that does it.
     connect(qGuiApp, &QGuiApplication::screenRemoved, this, &PanelWindow::onScreensChanged);

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "platform/NotificationCenter.h"
+
 #include <QWidget>
 
 #include <functional>
 #include <optional>
 
-/// A window of the program: sets the palette that its fixed colours need, moves when its background is
+/// A window of the program: wears the palette of the present look, moves when its background is
 /// dragged, comes back into sight when screens or panels change, and treats Escape as its close button.
 class PanelWindow : public QWidget {
     Q_OBJECT
@@ -54,6 +56,7 @@ private:
     /// Calls back once the events of this moment have been dealt with, if the window lives then.
     void soon(std::function<void()> callback);
 
+    NotificationCenter::Observation m_appearanceObservation;
     QSize m_formSize;
     int m_extraHeight = 0;
     bool m_movable = false;

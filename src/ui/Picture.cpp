@@ -2,7 +2,10 @@
 
 #include "platform/Bundle.h"
 #include "platform/Log.h"
+#include "ui/Appearance.h"
+#include "ui/Palette.h"
 
+#include <QFile>
 #include <QHash>
 #include <QMargins>
 #include <QPainter>
@@ -28,14 +31,17 @@ QSizeF naturalSize(const QString& name)
 QPixmap renderedPixmap(const QString& name, QSize devicePixels)
 {
     const QString key =
-        QStringLiteral("zelvo/%1/%2x%3")
-            .arg(name, QString::number(devicePixels.width()), QString::number(devicePixels.height()));
+        QStringLiteral("zelvo/%1/%2x%3/%4")
+            .arg(name, QString::number(devicePixels.width()), QString::number(devicePixels.height()),
+                Appearance::isDark() ? QStringLiteral("dark") : QStringLiteral("light"));
     QPixmap pixmap;
     if (QPixmapCache::find(key, &pixmap))
         return pixmap;
     pixmap = QPixmap(devicePixels);
     pixmap.fill(Qt::transparent);
-    QSvgRenderer renderer(Bundle::imagePath(name));
+    QFile file(Bundle::imagePath(name));
+    (void)file.open(QIODevice::ReadOnly); // It is there: its natural size was read from it.
+    QSvgRenderer renderer(inPresentLook(file.readAll()));
     QPainter painter(&pixmap);
     renderer.render(&painter, QRectF(QPointF(), QSizeF(devicePixels)));
     QPixmapCache::insert(key, pixmap);

@@ -9,8 +9,9 @@ class QPainter;
 class QPixmap;
 class QRectF;
 
-/// One of the program's pictures, by name. It is drawn from its vector form for exactly the device pixels it
-/// covers, so that it is crisp at every scale; the results are kept in Qt's pixmap cache.
+/// One of the program's pictures, by name, in the colours of the look that the program wears. It is drawn
+/// from its vector form for exactly the device pixels it covers, so that it is crisp at every scale; the
+/// results are kept in Qt's pixmap cache.
 class Picture {
 public:
     Picture() = default;

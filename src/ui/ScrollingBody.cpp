@@ -29,7 +29,7 @@ QString barLook()
         "QScrollBar::handle:disabled { background: transparent; }"
         "QScrollBar::add-line, QScrollBar::sub-line { height: 0; }"
         "QScrollBar::add-page, QScrollBar::sub-page { background: none; }")
-        .arg(QString::number(kBarWidth), zelvoMainLineColor().name(), zelvoHoverColor().name());
+        .arg(QString::number(kBarWidth), zelvoMarkColor().name(), zelvoHoverColor().name());
 }
 }
 
@@ -64,6 +64,13 @@ QSize ScrollingBody::minimumSizeHint() const
 {
     return widget() ? QSize(widget()->minimumSizeHint().width(), kLeastHeight)
                     : QScrollArea::minimumSizeHint();
+}
+
+void ScrollingBody::changeEvent(QEvent* event)
+{
+    QScrollArea::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        verticalScrollBar()->setStyleSheet(barLook()); // A style sheet knows the application's palette alone.
 }
 
 void ScrollingBody::resizeEvent(QResizeEvent* event)

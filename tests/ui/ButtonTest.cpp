@@ -1,7 +1,6 @@
 #include "fakes/ControlTest.h"
 #include "ui/FontAndTextHandler.h"
 #include "ui/HoverButton.h"
-#include "ui/Palette.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -12,12 +11,16 @@ protected:
     ButtonTest()
     {
         button.setFont(FontAndTextHandler::Roman15());
-        button.setTextColor(kTitle);
+        QPalette palette;
+        palette.setColor(QPalette::ButtonText, kTitle);
+        palette.setColor(QPalette::Link, kHover);
+        button.setPalette(palette);
         button.resize(161, 61);
         setBackground(button, {});
     }
 
     static constexpr QColor kTitle {200, 0, 0};
+    static constexpr QColor kHover {0, 0, 200};
     HoverButton button;
 };
 }
@@ -61,15 +64,14 @@ TEST_F(ButtonTest, pressedAndDisabledHaveTheirLookAndATitleThatCouldNotBeReadAno
 
 TEST_F(ButtonTest, eachEndOfTheMousesVisitGivesTheTitleItsOwnColourBack)
 {
-    const QColor hover = zelvoHoverColor();
     const std::pair<std::function<void()>, QColor> kSteps[] = {
-        {[this] { enter(button); }, hover}, {[this] { enter(button); }, hover},
+        {[this] { enter(button); }, kHover}, {[this] { enter(button); }, kHover},
         {[this] { button.setEnabled(false); }, kTitle},
         {[this] { enter(button); }, kTitle}, // A disabled button has no visitor.
-        {[this] { button.setEnabled(true); }, kTitle}, {[this] { enter(button); }, hover},
-        {[this] { button.setTextColor(Qt::green); }, Qt::green}, {[this] { leave(button); }, Qt::green},
-        {[this] { button.setTextColor(Qt::blue); }, Qt::blue},
-        {[this] { button.mouseExited(); }, Qt::green}, // Without an entry: what the last entry found.
+        {[this] { button.setEnabled(true); }, kTitle}, {[this] { enter(button); }, kHover},
+        {[this] { button.setTextRole(QPalette::Base); }, Qt::white}, {[this] { leave(button); }, Qt::white},
+        {[this] { button.setTextRole(QPalette::Link); }, kHover},
+        {[this] { button.mouseExited(); }, Qt::white}, // Without an entry: what the last entry found.
     };
     button.setText(QStringLiteral("Stand"));
     for (const auto& [act, color] : kSteps) {

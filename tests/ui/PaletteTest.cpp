@@ -1,6 +1,8 @@
 #include "ui/Palette.h"
 
 #include "fakes/ControlTest.h"
+#include "ui/Appearance.h"
+#include "ui/PanelWindow.h"
 
 namespace {
 using PaletteTest = ControlTest;
@@ -23,20 +25,41 @@ TEST_F(PaletteTest, hexadecimalTextsAreScannedFromTheirBeginning)
     EXPECT_EQ(zelvoLinkHover().name() + zelvoLineColor().name(), QStringLiteral("#6f6f6f#b2b2b2"));
 }
 
-TEST_F(PaletteTest, aColourThatCannotBeReadGivesWayToTheBetterOfTwo)
+TEST_F(PaletteTest, aColourThatCannotBeReadGivesWayToANearShadeOrToTheBetterOfTwo)
 {
     const std::tuple<QRgb, QRgb, QRgb> kTestCases[] = {
-        {0xFF616161, 0xFFD9D9D9, 0xFF616161}, {0xFF00707A, 0xFF00707A, 0xFFFFFFFF},
+        {0xFF616161, 0xFFD9D9D9, 0xFF5F5F5F}, {0xFF00707A, 0xFF00707A, 0xFFFFFFFF},
         {0xFFFFFFFF, 0xFFECECEC, 0xFF616161},
-        {0xFF949494, 0xFFFFFFFF, 0xFF949494}, // 3.03 : 1, where 3 is asked for
-        {0xFF969696, 0xFFFFFFFF, 0xFF616161}, // 2.96 : 1
-        {0xFF000000, 0xFF5A5A5A, 0xFF000000}, // 3.04 : 1
-        {0xFF000000, 0xFF585858, 0xFFFFFFFF}, // 2.95 : 1
+        {0xFF767676, 0xFFFFFFFF, 0xFF767676}, // 4.54 : 1, where 4.5 is asked for
+        {0xFF777777, 0xFFFFFFFF, 0xFF757575}, // 4.48 : 1
+        {0xFF000000, 0xFF757575, 0xFF000000}, // 4.56 : 1
+        {0xFF000000, 0xFF747474, 0xFFFFFFFF}, // 4.49 : 1
+        {0xFF808080, 0xFF2A3033, 0xFF979797}, // lighter on a dark ground
     };
     for (const auto& [preferred, background, shown] : kTestCases)
         EXPECT_EQ(readableColor(preferred, background).rgb(), shown) << std::hex << background;
     Bundle withoutBrand {QJsonObject()};
     const ProcessServices process({&platform.runLoop, &withoutBrand, &platform.defaults});
     EXPECT_EQ(zelvoHoverColor(), QColor(Qt::black));
+}
+
+TEST_F(PaletteTest, theUserChoosesTheLookOfOpenWindowsOrLetsTheDesktop)
+{
+    const struct {
+        int choice;
+        std::optional<bool> isDesktopDark; ///< as it says itself
+        bool hasDarkWindows;
+        bool isDark;
+    } kTestCases[] = {{Appearance::Dark, false, false, true}, {Appearance::Light, true, true, false},
+        {Appearance::AsDesktop, true, false, true}, {Appearance::AsDesktop, false, true, false},
+        {Appearance::AsDesktop, {}, true, true}, {Appearance::AsDesktop, {}, false, false}};
+    const PanelWindow window;
+    for (const auto& [choice, isDesktopDark, hasDarkWindows, isDark] : kTestCases) {
+        AppProperties::instance().setAppearance(choice);
+        QApplication::setPalette(QPalette(hasDarkWindows ? Qt::black : Qt::white));
+        Appearance::setDesktopIsDark(isDesktopDark);
+        EXPECT_EQ(window.palette().color(QPalette::Window).lightness() < 128, isDark) << choice;
+        EXPECT_EQ(PanelWindow().palette(), window.palette());
+    }
 }
 }
