@@ -16,8 +16,6 @@ Activity::~Activity()
 
 void Activity::setStartDate(Date startDate)
 {
-    if (startDate == m_period.startDate)
-        return;
     m_period.startDate = startDate;
     changed();
 }
@@ -32,8 +30,6 @@ void Activity::setEndDate(Date endDate)
 
 void Activity::setIsStanding(bool isStanding)
 {
-    if (isStanding == m_period.isStanding)
-        return;
     m_period.isStanding = isStanding;
     changed();
 }

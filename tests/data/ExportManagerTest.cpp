@@ -15,6 +15,7 @@ TEST(ExportManager, writesByteForByteWhereTheUserSaysAndNothingOtherwise)
     };
     TestPlatform platform;
     platform.texts.byKey = {{"ExportFileName", "Export %1.csv"}, {"AppName", "Desk"}};
+    platform.runLoop.setWallClock(TestPlatform::kStart - 10 * Date::kDay);
     SimulatedDialogs& dialogs = platform.dialogs;
     for (const auto& [place, values, written] : kCases) {
         const QString path = platform.folder.filePath(place);
@@ -22,7 +23,7 @@ TEST(ExportManager, writesByteForByteWhereTheUserSaysAndNothingOtherwise)
         EXPECT_EQ(ExportManager::exportHistoryToCSV(values, dialogs), !place.isNull());
         EXPECT_EQ(contents(path), written);
     }
-    EXPECT_EQ(dialogs.proposedFileNames.first(), "Export 15-03-2024.csv");
+    EXPECT_EQ(dialogs.proposedFileNames.first(), "Export 05-03-2024.csv");
     EXPECT_EQ(ExportManager::fullFileNamePath(),
-        QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation) + "/Desk/Export 15-03-2024.csv");
+        QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation) + "/Desk/Export 05-03-2024.csv");
 }

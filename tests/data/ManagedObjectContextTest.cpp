@@ -21,6 +21,7 @@ TEST_F(ManagedObjectContextTest, aRecordIsOneObjectAndAChangeIsSavedThoughNobody
 {
     ActivityRef record = store.insert(1000.25, 1100.125, true, 71.5);
     ASSERT_TRUE(store.context->save(error));
+    record->setEndDate(record->endDate());
     EXPECT_TRUE(store.context->commitEditing() && !store.context->hasChanges());
     record->setEndDate(Date(1150.5));
     EXPECT_TRUE(store.context->hasChanges());
@@ -33,8 +34,9 @@ TEST_F(ManagedObjectContextTest, aRecordIsOneObjectAndAChangeIsSavedThoughNobody
     EXPECT_EQ(all.at(0)->period(), (ActivityPeriod {Date(1000.25), Date(1150.5), true}));
     EXPECT_EQ(all[0]->weight(), 71.5);
     EXPECT_TRUE(all[0]->pulse());
+    const ActivityRef unsaved = store.insert(1200, 1300, true);
     store.close();
-    EXPECT_FALSE(all[0]->pulse()) << "a record may be held longer than its context";
+    EXPECT_FALSE(all[0]->pulse() || unsaved->pulse()) << "a record may be held longer than its context";
 }
 
 /// Whatever becomes of the file, the record that somebody holds and those that wait are in the one that lies
