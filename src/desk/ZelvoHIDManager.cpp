@@ -112,7 +112,7 @@ void ZelvoHIDManager::handleRemovedDevice(const HidDeviceRef& device, const HidM
         static_cast<long long>(USBDeviceCount(sender))));
     m_access.erase(device);
     NotificationCenter::defaultCenter().post(kAccessDidChange);
-    if (listed && !m_devices.empty())
+    if (listed)
         m_timers.schedule(0, RunLoop::Repeat::No, [this](Timer&) { bringInWaitingDevice(); });
 }
 

@@ -15,8 +15,9 @@ TEST(Attendance, isRecordedAndNothingElse)
             "sit 1.2..50, sit 100..120", "100 session"},
         {"a wake closes a period, dark screens open one, but not without a desk",
             "22 wake 24 dark 27 pull 27.1 dark 41", "sit 1.2..22, sit 24..27", "24 session"},
-        {"what is due while the user is known to be away", "7 away 183 dark due=4 201",
-            "sit 1.2..180, sit 183..190", "183 session, 183 session"},
+        {"what is due, and a clock that is set, while the user is known to be away",
+            "7 away 183 dark due=4 221 dark 222 set=1000 231", "sit 1.2..180, sit 183..190, sit 221..225",
+            "183 session, 183 session, 221 session"},
 
         {"four seconds asleep without a signal, noticed by the pulse", "41 z=4 66", "sit 1.2..45, sit 64..70",
             "60 session"},

@@ -86,13 +86,15 @@ TEST_F(ZelvoHIDManagerTest, namesWhatFails)
 {
     first->openStatus = EBUSY;
     EXPECT_EQ(logOf([&] { hid.plug(first); }), "Open failed\n");
-    hid.unplug(first);
-    EXPECT_TRUE(added.empty() && removed.empty());
+    EXPECT_EQ(manager->accessStatus(), EBUSY);
 
     second->writeStatus = EPIPE;
     const QString log = logOf([&] { hid.plug(second); });
     EXPECT_TRUE(log.startsWith("IOHIDDeviceSetReport return value: 00000020\n"));
     EXPECT_TRUE(log.endsWith("Could not init device\n"));
+    EXPECT_EQ(manager->accessStatus(), 0) << "one is open";
+    hid.unplug(first);
+    EXPECT_TRUE(added.size() == 1 && removed.empty());
     const auto read = [&] { EXPECT_FALSE(ZelvoHIDManager::readBuffer(report, *added.at(0))); };
     second->readStatus = ETIMEDOUT;
     EXPECT_EQ(logOf(read), "IOHIDDeviceGetReport return value: 0000006e\n");
