@@ -77,7 +77,8 @@ TEST(HidMailbox, sendsTheNewestInOrderAndNothingOldOrTwice)
         {"ask 2 begin 4 #7 7 take 7.1 take", "r took7 nothing", "as old as its question"},
         // Failures.
         {"init up begin fail begin #0 begin #0", "i i u", "tried again, before what waits"},
-        {"up begin down fail begin fail begin", "u d lost s", "a newer one is the second try"},
+        {"up begin down fail begin fail begin #0 probe begin #0 up begin fail begin",
+            "u d lost s ?s found u u", "a newer one is the second try"},
         {"up begin fail begin #0 up begin fail begin", "u u u u", "a success makes good"},
         {"up begin fail ask begin #0 begin fail begin", "u u r r", "each report by itself"},
         {"up begin #0 stop begin fail begin #0 begin", "u s s -", "a stop as well"},
@@ -88,8 +89,8 @@ TEST(HidMailbox, sendsTheNewestInOrderAndNothingOldOrTwice)
         {"ask begin #7 ask begin fail begin fail take up ask begin #0 begin", "r r r lost nothing s -",
             "nothing but rest to a lost adapter"},
         // Probes.
-        {"ask begin 5 watch #1 begin #0 probe probe begin #0 begin #1 ask begin", "r lost s ?s ?r found r",
-            ""},
+        {"ask begin take 5 watch #1 begin #0 probe probe begin #0 begin #1 ask begin #2",
+            "r nothing lost s ?s ?r found r", "nobody waits any more"},
         {"ask begin 5 watch probe #1 begin #0 begin probe begin fail begin probe begin",
             "r lost ?s ?r - - ?s", "one at a time, given up by a failure"},
         {"probe begin", "-", "of no use to an adapter that answers"},
