@@ -1,6 +1,7 @@
 #include "IdleStory.h"
 #include "ext-idle-notify-v1-server-protocol.h"
 #include "platform/linux/ExtIdleBackend.h"
+#include "platform/linux/IdleTimeSource.h"
 #include "platform/linux/KdeIdleBackend.h"
 
 #include <QtCore/qtestsupport_core.h>
@@ -75,8 +76,8 @@ TEST_F(WaylandIdleBackendTest, knowsTheLastInputByWhatTheCompositorSays)
         {"up ? +6 idled ? down ? up ? +11 ?", "0 6 none 6 0"},
         {"up ? unseat ?", "0 none"},
         {"bare ? offer ? withdraw ? offer ?", "none 0 none 0"},
-        {"up hangs ? ? serves ?", "0 none 0"},
         {"up hangs ? down ?", "none none"},
+        {"up hangs ? ? serves ?", "0 none 0"},
     };
     std::optional<FakeCompositor> compositor;
     bool isHung = false;
@@ -102,6 +103,10 @@ TEST_F(WaylandIdleBackendTest, knowsTheLastInputByWhatTheCompositorSays)
         ExtIdleBackend backend;
         EXPECT_EQ(story.told(backend, words), expected) << words;
     }
+    compositor.emplace().offer();
+    const auto source = makeIdleTimeSource(QDBusConnection("none"));
+    story.settle();
+    EXPECT_EQ(source->name(), ExtIdleBackend().name());
 }
 
 TEST_F(WaylandIdleBackendTest, hearsSway)
@@ -129,6 +134,12 @@ TEST_F(WaylandIdleBackendTest, hearsSway)
     EXPECT_TRUE(hears(kde, "?", "0.5") && hears(kde, "+7 ?", "7.5"));
     EXPECT_EQ(QProcess::execute("wtype", {"a"}), 0);
     EXPECT_TRUE(hears(kde, "?", "0") && hears(ext, "?", "none"));
+    const auto source = makeIdleTimeSource(QDBusConnection("none"));
+    const auto finds = [&] {
+        source->refresh([] {});
+        return source->name() == kde.name();
+    };
+    EXPECT_TRUE(QTest::qWaitFor(finds, kPatience));
     sway.kill();
     sway.waitForFinished();
     EXPECT_TRUE(hears(kde, "?", "none"));

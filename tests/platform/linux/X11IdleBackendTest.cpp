@@ -53,9 +53,15 @@ TEST(X11IdleBackend, isAskedOnlyWhereAllInputGoesThroughTheServer)
     const TestPlatform platform;
     const XvfbServer server;
     TestBus bus;
-    const char* const kTestCases[][3] = {
-        {"", "", "X11"}, {"", "x11", "X11"}, {"wayland-7", "", "none"}, {"", "wayland", "none"}};
-    for (const auto& [display, type, expected] : kTestCases) {
+    const QDBusConnection desktop = bus.connect();
+    const char* const gnome = "/org/gnome/Mutter/IdleMonitor/Core";
+    const char* const saver = "/org/freedesktop/ScreenSaver";
+    const char* const kTestCases[][4] = {{"", "", "/none", "X11"}, {"", "x11", saver, "X11"},
+        {"", "x11", gnome, "GNOME"}, {"wayland-7", "", "/none", "none"},
+        {"", "wayland", saver, "the screen saver"}, {"", "wayland", gnome, "GNOME"}};
+    for (const auto& [display, type, path, expected] : kTestCases) {
+        const TestService service(desktop, QString(path).mid(1).replace('/', '.').remove(".Core"), path,
+            [](const QDBusMessage&) { return 1; });
         qputenv("WAYLAND_DISPLAY", display);
         qputenv("XDG_SESSION_TYPE", type);
         const auto source = makeIdleTimeSource(bus.connect());
