@@ -53,14 +53,15 @@ class Office:
         polls = lambda: self.desktop.log().rpartition(event)[2].count("IdleTime")  # noqa: E731
         self.until(lambda: polls() >= times, "a look at the user")
 
-    def screens(self, dark, way="freedesktop"):
-        # As the desktops tell of them: a screen saver, a compositor, the machine's session.
+    def screens(self, dark, way="x"):
+        # As they are told of: by the X server, a screen saver, a compositor, the machine's session.
         mutter = ("org.gnome.Mutter.DisplayConfig", {"PowerSaveMode": GLib.Variant("i", 3 * dark)}, [])
         changed = ("org.freedesktop.DBus.Properties", "PropertiesChanged", GLib.Variant("(sa{sv}as)", mutter))
         saver = ("org.freedesktop.ScreenSaver", "ActiveChanged", GLib.Variant("(b)", (dark,)))
         session = ("/org/freedesktop/login1/session/auto", "org.freedesktop.login1.Session", "SetLockedHint")
         emit = self.desktop.session.emit_signal
         {
+            "x": lambda: self.desktop.x.force_screen_saver(dark),
             "freedesktop": lambda: emit(None, "/ScreenSaver", *saver),
             "mutter": lambda: emit(None, "/org/gnome/Mutter/DisplayConfig", *changed),
             "logind": lambda: call(self.desktop.system, self.logind.name, *session, "(b)", dark),

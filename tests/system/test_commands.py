@@ -45,14 +45,14 @@ def test_a_command_without_a_program_says_so_or_starts_it(desktop, ask):
         assert ask(command, code=1) == NOT_RUNNING
     assert ask("--status", "--quit", code=2).startswith("zelvo-standup: --quit and --status do not go together.")
     assert ask("--json", "--show", code=2).startswith("zelvo-standup: --json goes with --status.")
-    for arguments in ([], ["--history"]):
+    for arguments in ([], ["--show"], ["--settings"], ["--history"]):
         assert "There is no display" in ask(*arguments, code=1)
     program = desktop.start("--history")
     desktop.window("Settings")  # There is no history before the set-up.
     program.quit()
     desktop.settings()
     program = desktop.start("--history")
-    desktop.window("History")
+    assert desktop.property(desktop.window("History"), "_NET_WM_ICON")
     for command, title in TITLES.items():
         assert ask(command) == ""
         program.in_front(title)
@@ -74,10 +74,10 @@ def test_starts_that_end_at_once(desktop, ask):
     assert ask("desk", code=2) == "zelvo-standup: 'desk' is not an option. Try --help.\n"
     assert "There are no texts in the language 'xx'." in ask("--language", "xx", code=2)
     assert "The display :47110 does not answer." in ask(code=1, DISPLAY=":47110")
-    desktop.settings()
-    program = desktop.start("--language=de", XDG_DATA_HOME="data")
+    program = desktop.start("--language=de", XDG_CONFIG_HOME="config", XDG_DATA_HOME="data")
     assert "Einstellungen…" in program.menu()
-    wait_until((desktop.home / ".local/share/org.zelvo.StandUp/StandUp.storedata").exists, "the usual folder")
+    for file in (".local/share/org.zelvo.StandUp/StandUp.log", ".config/org.zelvo.StandUp/StandUp.conf"):
+        wait_until((desktop.home / file).exists, "the usual folder")
 
 
 def test_without_a_session_bus_a_second_start_still_works(desktop, ask):
@@ -101,7 +101,7 @@ def test_status_and_watch_follow_desk_minutes_and_absence(desktop, ask, status):
     program = desktop.start_recording()
     watched, changes = desktop.home / "watched", []
     with open(watched, "w") as file:
-        watch = desktop.spawn(PROGRAM, "--watch", env=desktop.env | desktop.bent(), stdout=file)
+        watch = desktop.spawn(PROGRAM, "--watch", "--json", env=desktop.env | desktop.bent(), stdout=file)
     lines = lambda: [json.loads(line) for line in watched.read_text().splitlines()]  # noqa: E731
 
     def tells(**expected):

@@ -6,6 +6,7 @@ import time
 
 import pytest
 from adapter import STOP
+from desktop import PROGRAM
 from waiting import wait_until
 
 
@@ -20,7 +21,7 @@ def test_first_start_to_first_periods(desktop):
     assert first[0] == pytest.approx(desktop.clock.now(), abs=3)
     wait_until(lambda: not desktop.windows(), "the wizard closed")
     assert desktop.setting("Weight") == "80"
-    assert (desktop.home / "config/autostart/org.zelvo.StandUp.desktop").exists()
+    assert f'Exec="{PROGRAM}"' in (desktop.home / "config/autostart/org.zelvo.StandUp.desktop").read_text()
 
     desktop.clock.run(10)
     wait_until(lambda: desktop.records()[0][1] - first[0] > 20, "a pulse")

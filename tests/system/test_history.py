@@ -4,7 +4,7 @@ from datetime import datetime, timedelta
 from zoneinfo import ZoneInfo
 
 import pytest
-from screenreader import CHECKED
+from screenreader import CHECKED, FOCUSED
 from waiting import wait_until
 
 WEIGHT, GOAL = 63, 20
@@ -169,6 +169,7 @@ def test_an_export_takes_nothing_from_the_user(desktop):
         program.window_with("Save", "Cancel").find("Save").press()
         question = program.window_with("Yes", "No")
         question.hears("mine.csv already exists.")
+        wait_until(lambda: question.find("No").has(FOCUSED), "the answer that harms nobody")
         question.find("No").press()
         wait_until(lambda: len(desktop.windows()) == 2, f"the panel again, {way}")
     assert [path.read_text() for path in desktop.home.glob("*.csv")] == ["mine"]
