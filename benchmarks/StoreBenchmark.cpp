@@ -1,7 +1,8 @@
-// What the activity store costs. A working life is 13 years x 250 days x 20 records, since 2013-01-01.
+// What the activity store costs.
 //   store_benchmark                                        the loop without an index takes a minute
 //   store_benchmark --benchmark_filter=-.*WithoutIndex.*   all but that loop
 
+#include "benchmarks/WorkingLife.h"
 #include "data/ActivityPersister.h"
 #include "data/AppProperties.h"
 #include "data/CalorieCalculator.h"
@@ -17,12 +18,7 @@
 #include <sqlite3.h>
 
 namespace {
-constexpr int kYears = 13;
-constexpr int kWorkDaysAYear = 250;
-constexpr int kRecordsADay = 20;
-constexpr int64_t kLife = int64_t(kYears) * kWorkDaysAYear * kRecordsADay;
-constexpr int kDays = 4748; ///< 2013-01-01 to 2025-12-31
-constexpr double kPeriod = 1440; ///< twenty of them are a working day of eight hours
+constexpr int64_t kLife = kPeriodsOfALife;
 
 /// The world of the benchmarks, with one store for each number of records, made when first asked for.
 class World {
@@ -45,9 +41,9 @@ public:
         return m_desktop.folder.filePath(QStringLiteral("%1.storedata").arg(records));
     }
     [[nodiscard]] Date firstDay() const { return m_firstDay; }
-    [[nodiscard]] Date lastDay() const { return m_firstDay.dateByAddingDays(kDays - 1); }
+    [[nodiscard]] Date lastDay() const { return m_firstDay.dateByAddingDays(kDaysOfALife - 1); }
     /// A working day in the middle of the life.
-    [[nodiscard]] Date someDay() const { return m_firstDay.dateByAddingDays(kDays / 2); }
+    [[nodiscard]] Date someDay() const { return m_firstDay.dateByAddingDays(kDaysOfALife / 2); }
     VirtualRunLoop& runLoop() { return m_desktop.runLoop; }
 
 private:
@@ -60,24 +56,11 @@ private:
     std::shared_ptr<ManagedObjectContext> makeContext(int64_t records)
     {
         Error error;
-        auto context = std::make_shared<ManagedObjectContext>(
-            PersistentStoreCoordinator::open({}, path(records), error));
-        const int64_t workDays = int64_t(kYears) * kWorkDaysAYear;
-        for (int64_t record = 0; record < records; ++record) {
-            const int64_t workDay = record * workDays / records;
-            const int64_t first = (workDay * records + workDays - 1) / workDays;
-            const double length = kPeriod * kRecordsADay * double(workDays) / double(records);
-            const Date start = m_firstDay.dateByAddingDays(workDay * kDays / workDays)
-                                   .dateByAddingSeconds(9 * Date::kHour + double(record - first) * length);
-            const ActivityRef activity = context->insertActivity();
-            activity->setStartDate(start);
-            activity->setEndDate(start.dateByAddingSeconds(length));
-            activity->setWeight(80);
-            activity->setIsStanding(record % 2 == 0);
-        }
-        if (!context->save(error))
+        const std::shared_ptr<PersistentStoreCoordinator> store =
+            PersistentStoreCoordinator::open({}, path(records), error);
+        if (!fillWithWorkingLife(store, m_firstDay, records, error))
             fprintf(stderr, "%s\n", qPrintable(error.localizedDescription));
-        return context;
+        return std::make_shared<ManagedObjectContext>(store);
     }
 
     SimulatedDesktop m_desktop {1710489600, {}};
@@ -126,7 +109,7 @@ void BM_GoalsMetWithoutIndex(benchmark::State& state)
     int32_t goalsMet = 0;
     for (auto _ : state) {
         goalsMet = 0;
-        for (int day = 0; day < kDays; ++day) {
+        for (int day = 0; day < kDaysOfALife; ++day) {
             const Date from = World::instance().firstDay().dateByAddingDays(day).dateAtStartOfDay();
             const Date to = from.dateByAddingDays(1);
             sqlite3_bind_double(statement, 1, from.secondsSince1970());

@@ -4,6 +4,7 @@
 // two minutes.
 
 #include "SimulatedApplication.h"
+#include "benchmarks/WorkingLife.h"
 #include "data/ActivityMode.h"
 #include "data/ActivityPersister.h"
 #include "data/AppProperties.h"
@@ -37,8 +38,9 @@
 #include <vector>
 
 namespace {
-constexpr int kRecords = 65'000; // 13 years of 250 days of 20 periods.
-constexpr int kRecordsADay = 20;
+/// A million with RECORDS=1000000 in the environment.
+const int kRecords =
+    qEnvironmentVariableIsSet("RECORDS") ? qEnvironmentVariableIntValue("RECORDS") : int(kPeriodsOfALife);
 constexpr int kOpenings = 200;
 constexpr int kRefreshes = 500;
 
@@ -95,18 +97,9 @@ struct World {
 
     void fillStore() const
     {
-        const auto context = app->managedObjectContext();
-        const Date today = Date::now().dateAtStartOfDay();
-        for (int record = 0; record < kRecords; ++record) {
-            const Date day = today.dateBySubtractingDays(record / kRecordsADay);
-            const ActivityRef activity = context->insertActivity();
-            activity->setStartDate(day.dateByAddingMinutes(9 * 60 + record % kRecordsADay * 20));
-            activity->setEndDate(activity->startDate().dateByAddingMinutes(20));
-            activity->setIsStanding(record % 2 == 0);
-            activity->setWeight(80);
-        }
         Error error;
-        if (!context->save(error))
+        if (!fillWithWorkingLife(app->persistentStoreCoordinator(),
+                workingLifeUntil(Date::dateWithDaysFromNow(1)), kRecords, error))
             out() << error.localizedDescription << Qt::endl;
     }
 

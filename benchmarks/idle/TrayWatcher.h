@@ -6,8 +6,8 @@
 
 #include <functional>
 
-/// A tray host for measurements: answers as the desktop's StatusNotifierWatcher and reports each icon that
-/// registers.
+/// A tray host for measurements: answers as the desktop's StatusNotifierWatcher, and reads each icon as a
+/// panel does: when it registers, and when it tells of a new picture or tool tip.
 class TrayWatcher : public QObject, protected QDBusContext {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.kde.StatusNotifierWatcher")
@@ -16,8 +16,10 @@ class TrayWatcher : public QObject, protected QDBusContext {
     Q_PROPERTY(QStringList RegisteredStatusNotifierItems READ items)
 
 public:
-    /// @param registered called with the process that registered an icon
-    explicit TrayWatcher(std::function<void(qint64 processId)> registered);
+    enum class Event { Registered, Read };
+    using Callback = std::function<void(qint64 processId, Event event)>;
+
+    explicit TrayWatcher(Callback happened);
 
     /// False when another watcher holds the name on this bus.
     bool start();
@@ -28,12 +30,15 @@ public:
 public Q_SLOTS:
     void RegisterStatusNotifierItem(const QString& service);
     void RegisterStatusNotifierHost(const QString& service);
+    void readAgain();
 
 Q_SIGNALS:
     void StatusNotifierHostRegistered();
     void StatusNotifierItemRegistered(const QString& service);
 
 private:
-    std::function<void(qint64)> m_registered;
+    void read(const QString& service, qint64 processId);
+
+    Callback m_happened;
     QStringList m_items;
 };

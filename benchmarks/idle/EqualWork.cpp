@@ -1,0 +1,196 @@
+// The program's work at rest, done in the barest way: the tray icon of the floor program, the idle time asked
+// of the X server every 10 s, the end of a period saved every 15 s, a line written about each, and the desk
+// asked once a second:
+//   equal-work STORE [NODE]
+// A thread reads the status of the adapter at the node; without one the timer does nothing.
+
+#include "data/ManagedObjectModel.h"
+
+#include <QApplication>
+#include <QPixmap>
+#include <QSocketNotifier>
+#include <QSystemTrayIcon>
+#include <QTimer>
+
+#include <atomic>
+#include <condition_variable>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+#include <fcntl.h>
+#include <functional>
+#include <linux/hidraw.h>
+#include <memory>
+#include <mutex>
+#include <sqlite3.h>
+#include <sys/ioctl.h>
+#include <thread>
+#include <unistd.h>
+#include <xcb/screensaver.h>
+#include <xcb/xcbext.h>
+
+namespace {
+void log(const char* text, double value)
+{
+    fprintf(stderr, "%s %f\n", text, value);
+    fflush(stderr);
+}
+
+class IdleQuestion {
+public:
+    IdleQuestion()
+        : m_answers(xcb_get_file_descriptor(m_connection), QSocketNotifier::Read)
+    {
+        QObject::connect(&m_answers, &QSocketNotifier::activated, &m_answers, [this] { read(); });
+    }
+    ~IdleQuestion() { xcb_disconnect(m_connection); }
+    IdleQuestion(const IdleQuestion&) = delete;
+    IdleQuestion& operator=(const IdleQuestion&) = delete;
+
+    void ask()
+    {
+        m_question = xcb_screensaver_query_info(m_connection, m_root).sequence;
+        xcb_flush(m_connection);
+    }
+
+private:
+    void read()
+    {
+        while (xcb_generic_event_t* const event = xcb_poll_for_event(m_connection))
+            free(event);
+        void* reply = nullptr;
+        if (m_question == 0 || xcb_poll_for_reply(m_connection, m_question, &reply, nullptr) == 0 || !reply)
+            return;
+        m_question = 0;
+        log("idle", static_cast<xcb_screensaver_query_info_reply_t*>(reply)->ms_since_user_input / 1000.0);
+        free(reply);
+    }
+
+    xcb_connection_t* m_connection = xcb_connect(nullptr, nullptr);
+    xcb_window_t m_root = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root;
+    QSocketNotifier m_answers;
+    unsigned m_question = 0;
+};
+
+class Record {
+public:
+    explicit Record(const char* path)
+    {
+        sqlite3_open(path, &m_connection);
+        for (const char* const sql :
+            {"PRAGMA synchronous = FULL", "PRAGMA journal_mode = WAL", ManagedObjectModel().statements})
+            sqlite3_exec(m_connection, sql, nullptr, nullptr, nullptr);
+        sqlite3_prepare_v2(m_connection,
+            "INSERT OR REPLACE INTO Activity(id, startDate, endDate, isStanding, weight) "
+            "VALUES(1000000000, ?1, ?2, 1, 80)",
+            -1, &m_write, nullptr);
+    }
+    ~Record()
+    {
+        sqlite3_finalize(m_write);
+        sqlite3_close(m_connection);
+    }
+    Record(const Record&) = delete;
+    Record& operator=(const Record&) = delete;
+
+    void save()
+    {
+        sqlite3_bind_double(m_write, 1, m_start);
+        sqlite3_bind_double(m_write, 2, double(std::time(nullptr)));
+        sqlite3_step(m_write);
+        sqlite3_reset(m_write);
+        log("saved", m_start);
+    }
+
+private:
+    double m_start = double(std::time(nullptr));
+    sqlite3* m_connection = nullptr;
+    sqlite3_stmt* m_write = nullptr;
+};
+
+class Reader {
+public:
+    explicit Reader(const char* node)
+        : m_node(open(node, O_RDWR | O_CLOEXEC))
+        , m_thread([this] { run(); })
+    {
+    }
+    ~Reader()
+    {
+        m_isEnding = true;
+        wake();
+        m_thread.join();
+        close(m_node);
+    }
+    Reader(const Reader&) = delete;
+    Reader& operator=(const Reader&) = delete;
+
+    void wake()
+    {
+        const std::lock_guard lock(m_mutex);
+        m_isAsked = true;
+        m_asked.notify_one();
+    }
+
+private:
+    void run()
+    {
+        std::unique_lock lock(m_mutex);
+        while (true) {
+            m_asked.wait(lock, [this] { return m_isAsked; });
+            if (m_isEnding)
+                return;
+            m_isAsked = false;
+            lock.unlock();
+            unsigned char status[64] = {4};
+            ioctl(m_node, HIDIOCGFEATURE(sizeof status), status);
+            const int height = status[4] | status[5] << 8;
+            QMetaObject::invokeMethod(
+                qApp, [this, height] { m_height = height; }, Qt::QueuedConnection);
+            lock.lock();
+        }
+    }
+
+    int m_node;
+    int m_height = 0;
+    std::mutex m_mutex;
+    std::condition_variable m_asked;
+    bool m_isAsked = false;
+    std::atomic<bool> m_isEnding = false;
+    std::thread m_thread;
+};
+
+void every(int milliseconds, std::function<void()> work)
+{
+    auto* const timer = new QTimer(qApp);
+    timer->setTimerType(Qt::CoarseTimer);
+    timer->callOnTimeout(std::move(work));
+    timer->start(milliseconds);
+}
+}
+
+int main(int argc, char** argv)
+{
+    if (argc < 2) {
+        fprintf(stderr, "usage: equal-work STORE [NODE]\n");
+        return 2;
+    }
+    QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+
+    QPixmap pixmap(22, 22);
+    pixmap.fill(Qt::darkCyan);
+    QSystemTrayIcon icon {QIcon(pixmap)};
+    icon.show();
+
+    IdleQuestion idle;
+    Record record(argv[1]);
+    const auto reader = argc > 2 ? std::make_unique<Reader>(argv[2]) : nullptr;
+    every(1000, [&reader] {
+        if (reader)
+            reader->wake();
+    });
+    every(10'000, [&idle] { idle.ask(); });
+    every(15'000, [&record] { record.save(); });
+    return QApplication::exec();
+}
