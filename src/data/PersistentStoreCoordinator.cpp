@@ -180,7 +180,9 @@ int PersistentStoreCoordinator::connect()
     // Closing a store that turned out to be no good must not write its log into it.
     sqlite3_db_config(m_connection, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
     sqlite3_busy_timeout(m_connection, kBusyTimeoutMilliseconds);
-    return execute("PRAGMA synchronous = FULL; PRAGMA cell_size_check = ON; PRAGMA temp_store = MEMORY");
+    return execute(
+        "PRAGMA synchronous = FULL; PRAGMA cell_size_check = ON; PRAGMA temp_store = MEMORY; "
+        "PRAGMA cache_size = 64"); // Pages; a save needs ten, and the system keeps the file at hand.
 }
 
 int PersistentStoreCoordinator::identify()
@@ -212,7 +214,10 @@ int PersistentStoreCoordinator::checkPages()
     // Damage is a row of the answer; this is for a disk that fails meanwhile, untested.
     if (const int result = check.step(); result != SQLITE_ROW)
         return result;
-    return check.text(0) == "ok" ? SQLITE_OK : SQLITE_CORRUPT;
+    const bool isSound = check.text(0) == "ok";
+    check.reset();
+    sqlite3_db_release_memory(m_connection); // Pages that nobody asks for again.
+    return isSound ? SQLITE_OK : SQLITE_CORRUPT;
 }
 
 int PersistentStoreCoordinator::prepareForWriting()
