@@ -121,10 +121,11 @@ void QtUserDefaults::removeLeftovers() const
 {
     QFile::remove(m_path + QStringLiteral(".lock"));
     const QFileInfo file(m_path);
-    const QStringList names =
-        file.dir().entryList({file.fileName() + QStringLiteral(".??????")}, QDir::Files);
-    for (const QString& name : names)
-        QFile::remove(file.dir().filePath(name));
+    const QString unfinished = file.fileName() + u'.'; // Six letters follow.
+    for (const QString& name : file.dir().entryList(QDir::Files)) {
+        if (name.startsWith(unfinished) && name.size() == unfinished.size() + 6)
+            QFile::remove(file.dir().filePath(name));
+    }
 }
 
 QVariant QtUserDefaults::object(const QString& key) const
