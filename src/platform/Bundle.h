@@ -26,7 +26,7 @@ public:
     /// counts.
     [[nodiscard]] double numberValue(const QString& key) const;
 
-    /// Path of the picture of that name inside the program, for QIcon, QSvgRenderer and style sheets.
+    /// Path of the picture of that name inside the program, for QImageReader and style sheets.
     [[nodiscard]] static QString imagePath(const QString& name);
 
     /// The user's locale: units and numbers.

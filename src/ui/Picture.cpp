@@ -5,16 +5,20 @@
 #include "ui/Appearance.h"
 #include "ui/Palette.h"
 
+#include <QBuffer>
 #include <QFile>
 #include <QHash>
+#include <QImageReader>
 #include <QMargins>
 #include <QPainter>
 #include <QPixmapCache>
-#include <QSvgRenderer>
 
 #include <array>
 
 namespace {
+/// Qt loads its vector graphics when the first picture is drawn; a program without a window does without.
+constexpr char kFormat[] = "svg";
+
 /// The natural size of a picture; an empty one when there is no such picture. Read once for each name.
 QSizeF naturalSize(const QString& name)
 {
@@ -22,10 +26,10 @@ QSizeF naturalSize(const QString& name)
     const auto known = s_sizes.constFind(name);
     if (known != s_sizes.cend())
         return *known;
-    const QSvgRenderer renderer(Bundle::imagePath(name));
-    if (!renderer.isValid())
+    const QSize size = QImageReader(Bundle::imagePath(name), kFormat).size();
+    if (!size.isValid())
         Log::line(QStringLiteral("There is no picture \"%1\".").arg(name));
-    return *s_sizes.insert(name, renderer.isValid() ? QSizeF(renderer.defaultSize()) : QSizeF());
+    return *s_sizes.insert(name, size.isValid() ? QSizeF(size) : QSizeF());
 }
 
 QPixmap renderedPixmap(const QString& name, QSize devicePixels)
@@ -37,13 +41,13 @@ QPixmap renderedPixmap(const QString& name, QSize devicePixels)
     QPixmap pixmap;
     if (QPixmapCache::find(key, &pixmap))
         return pixmap;
-    pixmap = QPixmap(devicePixels);
-    pixmap.fill(Qt::transparent);
     QFile file(Bundle::imagePath(name));
     (void)file.open(QIODevice::ReadOnly); // It is there: its natural size was read from it.
-    QSvgRenderer renderer(inPresentLook(file.readAll()));
-    QPainter painter(&pixmap);
-    renderer.render(&painter, QRectF(QPointF(), QSizeF(devicePixels)));
+    QByteArray picture = inPresentLook(file.readAll());
+    QBuffer buffer(&picture);
+    QImageReader reader(&buffer, kFormat);
+    reader.setScaledSize(devicePixels);
+    pixmap = QPixmap::fromImageReader(&reader);
     QPixmapCache::insert(key, pixmap);
     return pixmap;
 }
