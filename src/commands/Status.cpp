@@ -3,14 +3,11 @@
 #include "data/ActivityMode.h"
 #include "data/AppProperties.h"
 #include "data/GoalProgress.h"
-#include "data/Helper.h"
 #include "data/Saturation.h"
 #include "desk/AdoptedDesk.h"
 #include "desk/Posture.h"
 
-#include <algorithm>
 #include <cerrno>
-#include <cmath>
 
 namespace {
 constexpr double kSecondsPerMinute = 60;
@@ -37,13 +34,6 @@ QString adapterName()
     return name.removeIf([](QChar letter) { return !letter.isPrint(); });
 }
 
-Status::Height presentHeight()
-{
-    const int64_t millimetres = deskHeightMillimetres(deskPosition());
-    return {deskPosition(), millimetres,
-        Helper::formattedTableHeight(double(millimetres)) + u' ' + Helper::TableHeightUnit()};
-}
-
 std::optional<Status::Period> openPeriod()
 {
     const ActivityRef activity = hub()->activity();
@@ -53,15 +43,6 @@ std::optional<Status::Period> openPeriod()
     const auto since = saturated<int64_t>(activity->startDate().secondsSince1970());
     const double seconds = Date::now().secondsSince1970() - double(since);
     return Status::Period {since, saturated<int32_t>(seconds / kSecondsPerMinute)};
-}
-
-std::optional<int32_t> minutesLeft()
-{
-    const ScheduleManager* const schedule = hub()->scheduleManager();
-    if (!schedule || !schedule->isScheduled())
-        return std::nullopt;
-    // Begun minutes count, so that they go down when those of the period go up.
-    return saturated<int32_t>(std::ceil(std::max(schedule->timeToSchedule(), 0.0) / kSecondsPerMinute));
 }
 
 std::optional<Status::Goal> todaysGoal()
@@ -86,13 +67,14 @@ Status Status::now()
     if (status.desk == Desk::Forbidden)
         status.cure = permissionCommands();
     if (status.desk == Desk::Connected) {
-        status.height = presentHeight();
+        status.height = {
+            deskPosition(), deskHeightMillimetres(deskPosition()), deskHeightText(deskPosition())};
         status.posture =
             hub()->position() == kStanding ? QStringLiteral("standing") : QStringLiteral("sitting");
     }
     status.isPaused = hub()->idleObserver().isIdle();
     status.period = openPeriod();
-    status.minutesToChange = minutesLeft();
+    status.minutesToChange = ::minutesToChange();
     status.goal = todaysGoal();
     status.idleSource = hub()->idleObserver().sourceName();
     return status;

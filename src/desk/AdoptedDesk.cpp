@@ -2,12 +2,16 @@
 
 #include "data/AppProperties.h"
 #include "data/Helper.h"
+#include "data/Saturation.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <cmath>
 #include <utility>
 
 namespace {
 constexpr int64_t kTenthsPerMillimetre = 10;
+constexpr double kSecondsPerMinute = 60;
 
 struct PositionListener final : ZelvoControllerDelegate {
     void positionUpdated(int32_t height) override { callback(height); }
@@ -56,6 +60,14 @@ QString deskHeightText(int32_t position)
 {
     return Helper::formattedTableHeight(double(deskHeightMillimetres(position))) + QLatin1Char(' ')
         + Helper::TableHeightUnit();
+}
+
+std::optional<int32_t> minutesToChange()
+{
+    const ScheduleManager* const schedule = hub() ? hub()->scheduleManager() : nullptr;
+    if (!schedule || !schedule->isScheduled())
+        return std::nullopt;
+    return saturated<int32_t>(std::ceil(std::max(schedule->timeToSchedule(), 0.0) / kSecondsPerMinute));
 }
 
 PositionObservation observeDeskPosition(std::function<void(int32_t height)> callback)

@@ -2,11 +2,13 @@
 
 #include "desk/ZelvoController.h"
 
+#include <QString>
 #include <QStringList>
 
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 
 // What the windows ask of the one desk. The hub may not exist yet, and it may not have adopted an adapter.
 
@@ -26,6 +28,9 @@
 [[nodiscard]] int64_t deskHeightMillimetres(int32_t position);
 /// The same as the user reads it, in the user's unit: "71 cm".
 [[nodiscard]] QString deskHeightText(int32_t position);
+
+/// Begun minutes until the schedule wants a change, 0 when it is due; nothing while none is scheduled.
+[[nodiscard]] std::optional<int32_t> minutesToChange();
 
 /// A registration; it ends with its last copy.
 using PositionObservation = std::shared_ptr<void>;
