@@ -58,6 +58,7 @@ void initResources()
 {
     Q_INIT_RESOURCE(bundle);
     Q_INIT_RESOURCE(icons);
+    Q_INIT_RESOURCE(status);
     Q_INIT_RESOURCE(strings);
 }
 

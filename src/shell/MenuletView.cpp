@@ -1,11 +1,15 @@
 #include "shell/MenuletView.h"
 
+#include "desk/AdoptedDesk.h"
 #include "shell/MenuletController.h"
-#include "shell/PictureIcon.h"
 #include "shell/StatusItem.h"
 
+#include <utility>
+
 namespace {
-constexpr double kInset = 2.0; // At the status bar's own thickness; larger icons keep the proportion.
+constexpr double kMinute = 60;
+/// A moving desk tells a new height each second at least.
+constexpr double kStandsStillSeconds = 1.5;
 }
 
 MenuletView::MenuletView(StatusItem& statusItem)
@@ -29,6 +33,7 @@ void MenuletView::setDelegate(MenuletController* delegate)
     if (!m_delegate)
         return;
     m_delegate->onChanged([this] { redraw(); });
+    observe();
     redraw();
 }
 
@@ -56,19 +61,38 @@ void MenuletView::mouseExited()
         m_delegate->menuletMouseExited();
 }
 
-QIcon MenuletView::icon(bool deviceConnected)
+void MenuletView::observe()
 {
-    return pictureIcon(
-        deviceConnected ? QStringLiteral("StatusItemIcon") : QStringLiteral("StatusItemIconDisconnected"),
-        kInset / StatusItem::thickness());
+    m_observations.clear();
+    for (const QString& news : {ZelvoController::kIdleDidChange, ScheduleManager::kNewSession,
+             ZelvoHIDDevice::kErrorCode, ZelvoHIDDevice::kErrorCodeRemoved}) {
+        // Told in the middle of the change.
+        m_observations.push_back(NotificationCenter::defaultCenter().addObserver(
+            news, [this](const PostedNotification&) { redrawSoon(0); }));
+    }
 }
 
 void MenuletView::redraw()
 {
-    const bool connected = m_delegate->isDeviceConnected();
-    if (m_shownConnected == connected)
-        return; // The window's opening and closing change nothing that is drawn.
-    m_shownConnected = connected;
-    m_statusItem.setIcon(icon(connected));
-    m_statusItem.setToolTip(connected ? qtTrId("TrayTooltipConnected") : qtTrId("TrayTooltipDisconnected"));
+    const bool isConnected = m_delegate->isDeviceConnected();
+    const PanelGround ground = panelGround();
+    const StatusItemContent content = StatusItemContent::now(isConnected);
+    if (m_shown.picture != content.picture || m_ground != ground)
+        m_statusItem.setIcon(statusIcon(content.picture, ground));
+    if (m_shown.text != content.text) // The window's opening and closing change nothing that is shown.
+        m_statusItem.setToolTip(content.text);
+    m_shown = content;
+    m_ground = ground;
+    if (isConnected && !m_heights) // The hub was not there at the start.
+        m_heights = observeDeskPosition([this](int32_t) { redrawSoon(kStandsStillSeconds); });
+    if (isConnected)
+        redrawSoon(kMinute);
+    else
+        invalidate(m_redrawing);
+}
+
+void MenuletView::redrawSoon(double seconds)
+{
+    invalidate(m_redrawing);
+    m_redrawing = m_timers.schedule(seconds, RunLoop::Repeat::No, [this](Timer&) { redraw(); });
 }

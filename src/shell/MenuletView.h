@@ -1,13 +1,22 @@
 #pragma once
 
-#include <QIcon>
+#include "platform/NotificationCenter.h"
+#include "platform/RunLoop.h"
+#include "shell/StatusIcon.h"
+#include "shell/StatusItemContent.h"
 
-#include <optional>
+#include <memory>
+#include <vector>
 
 class MenuletController;
 class StatusItem;
 
-/// What the status item shows and hears: draws the icon from the controller's state and hands clicks to it.
+/// What the status item shows and hears: draws the icon from the controller's state and the desk's, says in
+/// the tool tip how things stand, and hands clicks to the controller. The picture is drawn whole, inset by 2
+/// of 22 parts on each side.
+///
+/// A change of the connection is shown at once. The tool tip follows the passing of time once a minute, and a
+/// moving desk when it stands still: each change of it wakes the host.
 class MenuletView {
 public:
     explicit MenuletView(StatusItem& statusItem);
@@ -24,14 +33,17 @@ public:
     void mouseEntered();
     void mouseExited();
 
-    /// The icon of the connection state, drawn at each size that is asked for: the whole picture inset by 2
-    /// of 22 parts on each side.
-    static QIcon icon(bool deviceConnected);
-
 private:
     void redraw();
+    void redrawSoon(double seconds);
+    void observe();
 
     StatusItem& m_statusItem;
     MenuletController* m_delegate = nullptr;
-    std::optional<bool> m_shownConnected;
+    StatusItemContent m_shown;
+    PanelGround m_ground = PanelGround::Unknown;
+    std::vector<NotificationCenter::Observation> m_observations;
+    std::shared_ptr<void> m_heights; ///< hears of each new height
+    TimerRef m_redrawing;
+    TimerScope m_timers;
 };

@@ -1,56 +1,67 @@
 #include "shell/PictureIcon.h"
 
-#include "platform/Bundle.h"
-
+#include <QHash>
 #include <QIconEngine>
 #include <QPainter>
-#include <QSvgRenderer>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
 class PictureIconEngine final : public QIconEngine {
 public:
-    PictureIconEngine(QString name, double inset)
-        : m_name(std::move(name))
-        , m_inset(inset)
+    PictureIconEngine(QList<int> sizes, std::function<QImage(int)> draw)
+        : m_sizes(std::move(sizes))
+        , m_draw(std::move(draw))
     {
     }
 
-    void paint(QPainter* painter, const QRect& rect, QIcon::Mode, QIcon::State) override
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override
     {
-        const double inset = m_inset * rect.width();
-        QSvgRenderer picture(Bundle::imagePath(m_name));
-        picture.setAspectRatioMode(Qt::KeepAspectRatio); // A tray may ask for more height than width.
-        picture.render(painter, QRectF(rect).adjusted(inset, inset, -inset, -inset));
+        const QPixmap picture = pixmap(rect.size(), mode, state);
+        QRect target(QPoint(), picture.size());
+        target.moveCenter(rect.center());
+        painter->drawPixmap(target, picture);
     }
 
-    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override
+    /// Square, for a tray may ask for more height than width.
+    QPixmap pixmap(const QSize& size, QIcon::Mode, QIcon::State) override
     {
-        QPixmap pixmap(size);
-        pixmap.fill(Qt::transparent);
-        QPainter painter(&pixmap);
-        paint(&painter, pixmap.rect(), mode, state);
-        return pixmap;
+        const int asked = std::min({size.width(), size.height(), m_sizes.last()});
+        QPixmap& known = m_pixmaps[asked];
+        if (known.isNull()) {
+            const auto found = std::lower_bound(m_sizes.cbegin(), m_sizes.cend(), asked);
+            const QImage picture = m_draw(found == m_sizes.cend() ? m_sizes.last() : *found);
+            known = QPixmap::fromImage(
+                picture.scaled(asked, asked, Qt::KeepAspectRatio, Qt::SmoothTransformation));
+        }
+        return known;
     }
 
-    [[nodiscard]] QIconEngine* clone() const override { return new PictureIconEngine(m_name, m_inset); }
+    QList<QSize> availableSizes(QIcon::Mode, QIcon::State) override
+    {
+        QList<QSize> sizes;
+        for (const int size : std::as_const(m_sizes))
+            sizes.append(QSize(size, size));
+        return sizes;
+    }
+
+    [[nodiscard]] QIconEngine* clone() const override { return new PictureIconEngine(m_sizes, m_draw); }
 
 private:
-    QString m_name;
-    double m_inset;
+    QList<int> m_sizes; ///< ascending
+    std::function<QImage(int)> m_draw;
+    QHash<int, QPixmap> m_pixmaps; ///< by the size that was asked for
 };
 }
 
-QIcon pictureIcon(const QString& name, double inset)
+QIcon pictureIcon(const QList<int>& sizes, std::function<QImage(int)> draw)
 {
-    return QIcon(new PictureIconEngine(name, inset));
+    return QIcon(new PictureIconEngine(sizes, std::move(draw)));
 }
 
 QIcon programIcon()
 {
-    QIcon icon;
-    for (const int size : {16, 24, 32, 48, 64, 128})
-        icon.addFile(QStringLiteral(":/icons/%1.png").arg(size), QSize(size, size));
-    return icon;
+    return pictureIcon({16, 24, 32, 48, 64, 128},
+        [](int size) { return QImage(QStringLiteral(":/icons/%1.png").arg(size)); });
 }

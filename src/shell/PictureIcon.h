@@ -1,12 +1,14 @@
 #pragma once
 
 #include <QIcon>
-#include <QString>
+#include <QImage>
+#include <QList>
 
-/// The picture of that name as an icon that is drawn at whatever size somebody asks for, and only then: crisp
-/// at each, nothing is kept, and no plugin is loaded for it.
-/// @param inset the width that stays free on each side, as a share of the icon's width
-QIcon pictureIcon(const QString& name, double inset = 0);
+#include <functional>
+
+/// An icon that consists of square pictures of those sizes, in pixels. Each is drawn when somebody asks for
+/// it, and once. Whoever asks for another size gets the next larger one, made smaller, or the largest.
+QIcon pictureIcon(const QList<int>& sizes, std::function<QImage(int size)> draw);
 
 /// The program's own icon, in the sizes that it was drawn for.
 QIcon programIcon();

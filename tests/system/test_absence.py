@@ -47,6 +47,7 @@ class Office:
         self.until(lambda: self.absences() == count, "absence")
         self.is_polled_after("IdleObserver - Idle", 1)
         self.is_polled_after("Creating new activity", 2)  # An adapter may have come to an absent user.
+        wait_until(lambda: "Paused" in self.program.tray_icon()[1], "the tray telling of it")
 
     def is_polled_after(self, event, times):
         # The program has gone on after what it logged, and has saved what followed from that.

@@ -44,8 +44,18 @@ def test_the_icon_tells_whether_a_desk_is_there_and_a_silent_adapter_is_none(des
         wait_until(desktop.records, "a first record")
     main.hears("77 cm")
     assert set(adapter.values()) == {"init", 0x8001}
-    icon, told = program.tray_icon()
-    assert told == "Desk connected" and icon != without
+    pictures = [without]
+    for height, error, words in [
+        (1500, None, "Standing at 77 cm, 8\u00a0minutes to the next change"),
+        (600, None, "Sitting at 68 cm, 23\u00a0minutes to the next change"),
+        (600, (0, [7]), "The desk reports an error (68 cm)"),
+        (600, None, "Sitting at 68 cm, 23\u00a0minutes to the next change"),
+    ]:
+        adapter.put(height)
+        adapter.error = error
+        wait_until(lambda words=words: program.tray_icon()[1] == words, words)
+        pictures.append(program.tray_icon()[0])
+    assert [pictures.index(picture) for picture in pictures] == [0, 1, 2, 3, 2]
     adapter.communicating = False
     adapter.failure = 32  # EPIPE, so that the program looks whether the desk is there.
     main.hears("Please connect your desk")

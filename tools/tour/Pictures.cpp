@@ -10,9 +10,11 @@
 #include "screens/HistoryWindowController.h"
 #include "screens/WizardWindowController.h"
 #include "shell/Notification.h"
+#include "shell/StatusIcon.h"
 
 #include <QApplication>
 #include <QDir>
+#include <QPainter>
 #include <QTest>
 #include <QTextStream>
 
@@ -298,6 +300,39 @@ void takeHistory(Photographer& photographer)
         photographer.take("HistoryWindow", name);
     }
 }
+
+/// The status item on a dark and on a light panel, and on both where it does not know which, in the sizes
+/// that panels ask for. As it is above, three times enlarged below.
+QImage trayIcons()
+{
+    constexpr int kEnlargement = 3;
+    constexpr int kLargest = 32;
+    constexpr int kStep = (kLargest + 2) * kEnlargement;
+    const std::pair<PanelGround, QColor> kPanels[] = {{PanelGround::Dark, 0x26'2A'2D},
+        {PanelGround::Light, 0xEF'F0'F1}, {PanelGround::Unknown, 0x2E'34'36},
+        {PanelGround::Unknown, Qt::white}};
+    const char* const kNames[] = {"StatusItemIcon", "StatusItemIconStanding", "StatusItemIconPaused",
+        "StatusItemIconError", "StatusItemIconDisconnected"};
+    const int kSizes[] = {16, 22, 24, kLargest};
+    QImage sheet(kStep * int(std::size(kSizes) * std::size(kNames)),
+        (kStep + kLargest) * int(std::size(kPanels)), QImage::Format_RGB32);
+    QPainter painter(&sheet);
+    QRect cell(0, 0, kStep, kStep + kLargest);
+    for (const auto& [ground, color] : kPanels) {
+        painter.fillRect(QRect(0, cell.y(), sheet.width(), cell.height()), color);
+        for (const char* const name : kNames) {
+            for (const int size : kSizes) {
+                const QPixmap icon = statusIcon(name, ground).pixmap(size);
+                painter.drawPixmap(cell.topLeft(), icon);
+                painter.drawPixmap(
+                    cell.topLeft() + QPoint(0, kLargest), icon.scaledToWidth(size * kEnlargement));
+                cell.translate(kStep, 0);
+            }
+        }
+        cell.moveTo(0, cell.bottom() + 1);
+    }
+    return sheet;
+}
 }
 
 bool makePictures(
@@ -312,5 +347,7 @@ bool makePictures(
     takeTestWindow(photographer);
     takeReminders(photographer);
     takeHistory(photographer);
-    return !photographer.failed();
+    // Neither language nor window changes them.
+    const bool hasIcons = !suffix.isEmpty() || trayIcons().save(QDir(folder).filePath("tray-icons.png"));
+    return hasIcons && !photographer.failed();
 }

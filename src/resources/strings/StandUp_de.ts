@@ -24,10 +24,33 @@
         <source>Quit</source>
         <translation>Beenden</translation>
     </message>
-    <message id="TrayTooltipConnected">
-        <source>Desk connected</source>
-        <extracomment>Tooltip and spoken state of the icon in the system tray</extracomment>
-        <translation>Tisch verbunden</translation>
+    <message id="TrayTooltipSitting">
+        <source>Sitting at %1</source>
+        <extracomment>Tooltip and spoken state of the icon in the system tray; %1: height with its unit</extracomment>
+        <translation>Sitzen bei %1</translation>
+    </message>
+    <message id="TrayTooltipStanding">
+        <source>Standing at %1</source>
+        <extracomment>Tooltip and spoken state of the icon in the system tray; %1: height with its unit</extracomment>
+        <translation>Stehen bei %1</translation>
+    </message>
+    <message id="TrayTooltipPaused">
+        <source>Paused at %1, nothing is recorded</source>
+        <extracomment>Tooltip and spoken state of the icon in the system tray; %1: height with its unit</extracomment>
+        <translation>Pause bei %1, nichts wird aufgezeichnet</translation>
+    </message>
+    <message id="TrayTooltipError">
+        <source>The desk reports an error (%1)</source>
+        <extracomment>Tooltip and spoken state of the icon in the system tray; %1: height with its unit</extracomment>
+        <translation>Der Tisch meldet einen Fehler (%1)</translation>
+    </message>
+    <message id="TrayTooltipChange" numerus="yes">
+        <source>%1 minutes to the next change</source>
+        <extracomment>Follows the posture and a comma in that tooltip; %1: whole minutes</extracomment>
+        <translation>
+            <numerusform>noch %1 Minute bis zum Wechsel</numerusform>
+            <numerusform>noch %1 Minuten bis zum Wechsel</numerusform>
+        </translation>
     </message>
     <message id="TrayTooltipDisconnected">
         <source>No desk connected</source>

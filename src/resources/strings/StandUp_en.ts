@@ -24,10 +24,33 @@
         <source></source>
         <translation>Quit</translation>
     </message>
-    <message id="TrayTooltipConnected">
+    <message id="TrayTooltipSitting">
         <source></source>
-        <extracomment>Tooltip and spoken state of the icon in the system tray</extracomment>
-        <translation>Desk connected</translation>
+        <extracomment>Tooltip and spoken state of the icon in the system tray; %1: height with its unit</extracomment>
+        <translation>Sitting at %1</translation>
+    </message>
+    <message id="TrayTooltipStanding">
+        <source></source>
+        <extracomment>Tooltip and spoken state of the icon in the system tray; %1: height with its unit</extracomment>
+        <translation>Standing at %1</translation>
+    </message>
+    <message id="TrayTooltipPaused">
+        <source></source>
+        <extracomment>Tooltip and spoken state of the icon in the system tray; %1: height with its unit</extracomment>
+        <translation>Paused at %1, nothing is recorded</translation>
+    </message>
+    <message id="TrayTooltipError">
+        <source></source>
+        <extracomment>Tooltip and spoken state of the icon in the system tray; %1: height with its unit</extracomment>
+        <translation>The desk reports an error (%1)</translation>
+    </message>
+    <message id="TrayTooltipChange" numerus="yes">
+        <source></source>
+        <extracomment>Follows the posture and a comma in that tooltip; %1: whole minutes</extracomment>
+        <translation>
+            <numerusform>%1 minute to the next change</numerusform>
+            <numerusform>%1 minutes to the next change</numerusform>
+        </translation>
     </message>
     <message id="TrayTooltipDisconnected">
         <source></source>

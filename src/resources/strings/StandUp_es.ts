@@ -24,10 +24,33 @@
         <source>Quit</source>
         <translation>Salir</translation>
     </message>
-    <message id="TrayTooltipConnected">
-        <source>Desk connected</source>
-        <extracomment>Tooltip and spoken state of the icon in the system tray</extracomment>
-        <translation>Mesa conectada</translation>
+    <message id="TrayTooltipSitting">
+        <source>Sitting at %1</source>
+        <extracomment>Tooltip and spoken state of the icon in the system tray; %1: height with its unit</extracomment>
+        <translation>Postura sentada, %1</translation>
+    </message>
+    <message id="TrayTooltipStanding">
+        <source>Standing at %1</source>
+        <extracomment>Tooltip and spoken state of the icon in the system tray; %1: height with its unit</extracomment>
+        <translation>Postura de pie, %1</translation>
+    </message>
+    <message id="TrayTooltipPaused">
+        <source>Paused at %1, nothing is recorded</source>
+        <extracomment>Tooltip and spoken state of the icon in the system tray; %1: height with its unit</extracomment>
+        <translation>En pausa a %1, no se registra nada</translation>
+    </message>
+    <message id="TrayTooltipError">
+        <source>The desk reports an error (%1)</source>
+        <extracomment>Tooltip and spoken state of the icon in the system tray; %1: height with its unit</extracomment>
+        <translation>La mesa informa de un error (%1)</translation>
+    </message>
+    <message id="TrayTooltipChange" numerus="yes">
+        <source>%1 minutes to the next change</source>
+        <extracomment>Follows the posture and a comma in that tooltip; %1: whole minutes</extracomment>
+        <translation>
+            <numerusform>%1 minuto hasta el cambio</numerusform>
+            <numerusform>%1 minutos hasta el cambio</numerusform>
+        </translation>
     </message>
     <message id="TrayTooltipDisconnected">
         <source>No desk connected</source>

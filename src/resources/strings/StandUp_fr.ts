@@ -24,10 +24,33 @@
         <source>Quit</source>
         <translation>Quitter</translation>
     </message>
-    <message id="TrayTooltipConnected">
-        <source>Desk connected</source>
-        <extracomment>Tooltip and spoken state of the icon in the system tray</extracomment>
-        <translation>Bureau connecté</translation>
+    <message id="TrayTooltipSitting">
+        <source>Sitting at %1</source>
+        <extracomment>Tooltip and spoken state of the icon in the system tray; %1: height with its unit</extracomment>
+        <translation>Position assise, %1</translation>
+    </message>
+    <message id="TrayTooltipStanding">
+        <source>Standing at %1</source>
+        <extracomment>Tooltip and spoken state of the icon in the system tray; %1: height with its unit</extracomment>
+        <translation>Position debout, %1</translation>
+    </message>
+    <message id="TrayTooltipPaused">
+        <source>Paused at %1, nothing is recorded</source>
+        <extracomment>Tooltip and spoken state of the icon in the system tray; %1: height with its unit</extracomment>
+        <translation>En pause à %1, rien n’est enregistré</translation>
+    </message>
+    <message id="TrayTooltipError">
+        <source>The desk reports an error (%1)</source>
+        <extracomment>Tooltip and spoken state of the icon in the system tray; %1: height with its unit</extracomment>
+        <translation>Le bureau signale une erreur (%1)</translation>
+    </message>
+    <message id="TrayTooltipChange" numerus="yes">
+        <source>%1 minutes to the next change</source>
+        <extracomment>Follows the posture and a comma in that tooltip; %1: whole minutes</extracomment>
+        <translation>
+            <numerusform>%1 minute avant le changement</numerusform>
+            <numerusform>%1 minutes avant le changement</numerusform>
+        </translation>
     </message>
     <message id="TrayTooltipDisconnected">
         <source>No desk connected</source>

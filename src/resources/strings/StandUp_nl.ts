@@ -24,10 +24,33 @@
         <source>Quit</source>
         <translation>Afsluiten</translation>
     </message>
-    <message id="TrayTooltipConnected">
-        <source>Desk connected</source>
-        <extracomment>Tooltip and spoken state of the icon in the system tray</extracomment>
-        <translation>Bureau verbonden</translation>
+    <message id="TrayTooltipSitting">
+        <source>Sitting at %1</source>
+        <extracomment>Tooltip and spoken state of the icon in the system tray; %1: height with its unit</extracomment>
+        <translation>Zitten op %1</translation>
+    </message>
+    <message id="TrayTooltipStanding">
+        <source>Standing at %1</source>
+        <extracomment>Tooltip and spoken state of the icon in the system tray; %1: height with its unit</extracomment>
+        <translation>Staan op %1</translation>
+    </message>
+    <message id="TrayTooltipPaused">
+        <source>Paused at %1, nothing is recorded</source>
+        <extracomment>Tooltip and spoken state of the icon in the system tray; %1: height with its unit</extracomment>
+        <translation>Gepauzeerd op %1, er wordt niets vastgelegd</translation>
+    </message>
+    <message id="TrayTooltipError">
+        <source>The desk reports an error (%1)</source>
+        <extracomment>Tooltip and spoken state of the icon in the system tray; %1: height with its unit</extracomment>
+        <translation>Het bureau meldt een fout (%1)</translation>
+    </message>
+    <message id="TrayTooltipChange" numerus="yes">
+        <source>%1 minutes to the next change</source>
+        <extracomment>Follows the posture and a comma in that tooltip; %1: whole minutes</extracomment>
+        <translation>
+            <numerusform>nog %1 minuut tot de wissel</numerusform>
+            <numerusform>nog %1 minuten tot de wissel</numerusform>
+        </translation>
     </message>
     <message id="TrayTooltipDisconnected">
         <source>No desk connected</source>
