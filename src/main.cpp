@@ -9,6 +9,7 @@
 #include "platform/Log.h"
 #include "platform/ProcessServices.h"
 #include "platform/linux/AutostartLoginItems.h"
+#include "platform/linux/ColorSchemePortal.h"
 #include "platform/linux/DBusWorkspace.h"
 #include "platform/linux/DisplayServer.h"
 #include "platform/linux/IdleTimeSource.h"
@@ -121,6 +122,7 @@ struct Program {
     std::unique_ptr<XScreenWatch> xScreens = isWaylandSession()
         ? nullptr
         : std::make_unique<XScreenWatch>([this](bool isDark) { workspace.xScreensChanged(isDark); });
+    ColorSchemePortal colorScheme {QDBusConnection::sessionBus(), Appearance::setDesktopIsDark};
     AutostartLoginItems loginItems;
     QtDialogs dialogs;
     TrayHost tray;
@@ -150,6 +152,8 @@ int run(const CommandLine& commandLine, Application& application, SingleInstance
     program.workspace.onWillShutDown(terminate);
     application.onQuit(terminate);
     application.onPaletteChange(Appearance::update);
+    Appearance::whenFollowing([&program] { program.colorScheme.ask(); });
+    Appearance::update();
     const auto onSession = [&program](auto signal, auto slot) {
         QObject::connect(qApp, signal, &program.tray, slot);
     };

@@ -8,6 +8,7 @@
 #include "screens/GoalSentence.h"
 #include "screens/MemoryCard.h"
 #include "screens/SetupView.h"
+#include "ui/Appearance.h"
 #include "ui/FormStyle.h"
 #include "ui_SetupView.h"
 
@@ -61,6 +62,7 @@ void SetupViewController::awakeFromNib()
     showStoredGoal();
     m_entries.awakeFromNib();
     m_memories.awakeFromNib(*this);
+    m_ui->appearance->setCurrentIndex(properties().appearance());
     updateGoalLabel();
 }
 
@@ -119,6 +121,8 @@ void SetupViewController::buttonClosedClicked()
     properties().setWeight(m_entries.kilograms());
     properties().setTablePositionOffset(m_entries.tablePositionOffset());
     properties().setNumberOfStandUps(m_entries.numberOfStandUps());
+    properties().setAppearance(m_ui->appearance->currentIndex());
+    Appearance::update();
     m_memories.showStoredHeights();
     if (m_delegate)
         m_delegate->setupViewButtonCloseClicked();

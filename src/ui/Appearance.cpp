@@ -20,6 +20,8 @@ bool hasDarkWindows()
 void Appearance::update()
 {
     const int32_t choice = AppProperties::instance().appearance();
+    if (choice == AsDesktop && s_ask)
+        std::exchange(s_ask, {})();
     const bool followsDark = choice == AsDesktop && s_desktopIsDark.value_or(hasDarkWindows());
     const bool isDark = choice == Dark || followsDark;
     if (std::exchange(s_isDark, isDark) != isDark)

@@ -2,7 +2,9 @@
 
 #include <QString>
 
+#include <functional>
 #include <optional>
+#include <utility>
 
 /// Which of its two looks the program wears, by the user's choice in the settings. The desktop's own colours
 /// never show in its windows; at most they decide between the two.
@@ -16,10 +18,13 @@ public:
     [[nodiscard]] static bool isDark() { return s_isDark; }
     /// Goes by the settings and the desktop as they are now.
     static void update();
+    /// Called when the user follows the desktop for the first time, to find out what that prefers.
+    static void whenFollowing(std::function<void()> ask) { s_ask = std::move(ask); }
     /// What the desktop prefers; nothing where it does not say, and the lightness of its own windows counts.
     static void setDesktopIsDark(std::optional<bool> isDark);
 
 private:
+    static inline std::function<void()> s_ask;
     static inline bool s_isDark = false;
     static inline std::optional<bool> s_desktopIsDark;
 };

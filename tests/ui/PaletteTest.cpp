@@ -54,12 +54,15 @@ TEST_F(PaletteTest, theUserChoosesTheLookOfOpenWindowsOrLetsTheDesktop)
         {Appearance::AsDesktop, true, false, true}, {Appearance::AsDesktop, false, true, false},
         {Appearance::AsDesktop, {}, true, true}, {Appearance::AsDesktop, {}, false, false}};
     const PanelWindow window;
+    int asked = 0;
+    Appearance::whenFollowing([&asked] { ++asked; });
     for (const auto& [choice, isDesktopDark, hasDarkWindows, isDark] : kTestCases) {
         AppProperties::instance().setAppearance(choice);
         QApplication::setPalette(QPalette(hasDarkWindows ? Qt::black : Qt::white));
         Appearance::setDesktopIsDark(isDesktopDark);
         EXPECT_EQ(window.palette().color(QPalette::Window).lightness() < 128, isDark) << choice;
         EXPECT_EQ(PanelWindow().palette(), window.palette());
+        EXPECT_EQ(asked, choice == Appearance::AsDesktop);
     }
 }
 }

@@ -38,11 +38,12 @@ void completeSetup(int mode)
 /// Pictures of one program in one language after the other.
 class Photographer {
 public:
-    Photographer(
-        const QString& folder, QString suffix, const QLocale& locale, const std::vector<double>& scales)
+    Photographer(const QString& folder, QString suffix, const QLocale& locale, Appearance::Choice appearance,
+        const std::vector<double>& scales)
         : m_folder(folder)
         , m_suffix(std::move(suffix))
         , m_locale(locale)
+        , m_appearance(appearance)
         , m_scales(scales)
     {
         QDir().mkpath(folder);
@@ -53,6 +54,7 @@ public:
     {
         m_world.reset();
         m_world = std::make_unique<TourWorld>(m_locale, TourWorld::Wire::Silent);
+        AppProperties::instance().setAppearance(m_appearance);
         if (mode != kNotSetUp)
             completeSetup(mode);
         return *m_world;
@@ -90,6 +92,7 @@ private:
     QDir m_folder;
     QString m_suffix;
     QLocale m_locale;
+    Appearance::Choice m_appearance;
     std::vector<double> m_scales;
     bool m_failed = false;
     std::unique_ptr<TourWorld> m_world;
@@ -335,10 +338,10 @@ QImage trayIcons()
 }
 }
 
-bool makePictures(
-    const QString& folder, const QString& suffix, const QLocale& locale, const std::vector<double>& scales)
+bool makePictures(const QString& folder, const QString& suffix, const QLocale& locale,
+    Appearance::Choice appearance, const std::vector<double>& scales)
 {
-    Photographer photographer(folder, suffix, locale, scales);
+    Photographer photographer(folder, suffix, locale, appearance, scales);
     takeFirstRun(photographer);
     takeSettings(photographer);
     takeMainWindow(photographer);

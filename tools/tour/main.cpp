@@ -12,12 +12,13 @@
 #include <cstdio>
 
 namespace {
-constexpr char kUsage[] = R"(Usage: zelvo-tour [--pictures FOLDER [de|fr|es|nl|rtl|dark] [SCALE...]]
+constexpr char kUsage[] =
+    R"(Usage: zelvo-tour [--pictures FOLDER [de|fr|es|nl|rtl|dark] [dark-look] [SCALE...]]
 Walks through a working morning with the real program on the simulated desk, in virtual time and without a screen, and
 checks what it shows. Ends with a non-zero status when something is off.
 
   --pictures FOLDER  make pictures of every window instead: in English, in another language, from right to left, or
-                     on a dark desktop; at scales 1 and 2, or at those that are named
+                     on a dark desktop; in the dark look; at scales 1 and 2, or at those that are named
 )";
 
 constexpr char kIntroduction[] =
@@ -48,8 +49,9 @@ std::vector<double> scales(const QStringList& arguments)
     return named.empty() ? std::vector {1.0, 2.0} : named;
 }
 
-int photograph(QApplication& application, const QStringList& arguments)
+int photograph(QApplication& application, QStringList arguments)
 {
+    const bool hasDarkLook = arguments.removeOne("dark-look");
     const QString variant = arguments.value(1).toDouble() > 0 ? QString() : arguments.value(1);
     const bool isMirrored = variant == "rtl";
     const bool isDark = variant == "dark";
@@ -60,9 +62,11 @@ int photograph(QApplication& application, const QStringList& arguments)
         QApplication::setLayoutDirection(Qt::RightToLeft);
     if (isDark)
         QApplication::setPalette(QPalette(QColor(0x30, 0x30, 0x30)));
-    const QString suffix = variant.isEmpty() ? QString() : u'-' + variant;
+    const QString suffix =
+        (variant.isEmpty() ? QString() : u'-' + variant) + (hasDarkLook ? "-dark-look" : "");
     const QLocale locale(isForeign ? variant : QString("en_GB"));
-    return makePictures(arguments[0], suffix, locale, scales(arguments.mid(1))) ? 0 : 1;
+    const auto appearance = hasDarkLook ? Appearance::Dark : Appearance::Light;
+    return makePictures(arguments[0], suffix, locale, appearance, scales(arguments.mid(1))) ? 0 : 1;
 }
 }
 

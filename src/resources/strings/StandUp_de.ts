@@ -245,6 +245,23 @@
             <numerusform>Minuten</numerusform>
         </translation>
     </message>
+    <message id="Appearance">
+        <source>Look</source>
+        <extracomment>Beside the choice between a light and a dark look of the windows</extracomment>
+        <translation>Darstellung</translation>
+    </message>
+    <message id="AppearanceLight">
+        <source>Light</source>
+        <translation>Hell</translation>
+    </message>
+    <message id="AppearanceDark">
+        <source>Dark</source>
+        <translation>Dunkel</translation>
+    </message>
+    <message id="AppearanceDesktop">
+        <source>As the desktop</source>
+        <translation>Wie der Desktop</translation>
+    </message>
     <message id="Calories" numerus="yes">
         <source>Calories</source>
         <translation>

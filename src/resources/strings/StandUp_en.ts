@@ -244,6 +244,23 @@
             <numerusform>minutes</numerusform>
         </translation>
     </message>
+    <message id="Appearance">
+        <source>Look</source>
+        <extracomment>Beside the choice between a light and a dark look of the windows</extracomment>
+        <translation>Look</translation>
+    </message>
+    <message id="AppearanceLight">
+        <source>Light</source>
+        <translation>Light</translation>
+    </message>
+    <message id="AppearanceDark">
+        <source>Dark</source>
+        <translation>Dark</translation>
+    </message>
+    <message id="AppearanceDesktop">
+        <source>As the desktop</source>
+        <translation>As the desktop</translation>
+    </message>
     <message id="Calories" numerus="yes">
         <source></source>
         <translation>

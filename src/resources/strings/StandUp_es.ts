@@ -245,6 +245,23 @@
             <numerusform>minutos</numerusform>
         </translation>
     </message>
+    <message id="Appearance">
+        <source>Look</source>
+        <extracomment>Beside the choice between a light and a dark look of the windows</extracomment>
+        <translation>Apariencia</translation>
+    </message>
+    <message id="AppearanceLight">
+        <source>Light</source>
+        <translation>Clara</translation>
+    </message>
+    <message id="AppearanceDark">
+        <source>Dark</source>
+        <translation>Oscura</translation>
+    </message>
+    <message id="AppearanceDesktop">
+        <source>As the desktop</source>
+        <translation>Según el sistema</translation>
+    </message>
     <message id="Calories" numerus="yes">
         <source>Calories</source>
         <translation>

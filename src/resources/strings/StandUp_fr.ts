@@ -245,6 +245,23 @@
             <numerusform>minutes</numerusform>
         </translation>
     </message>
+    <message id="Appearance">
+        <source>Look</source>
+        <extracomment>Beside the choice between a light and a dark look of the windows</extracomment>
+        <translation>Apparence</translation>
+    </message>
+    <message id="AppearanceLight">
+        <source>Light</source>
+        <translation>Claire</translation>
+    </message>
+    <message id="AppearanceDark">
+        <source>Dark</source>
+        <translation>Sombre</translation>
+    </message>
+    <message id="AppearanceDesktop">
+        <source>As the desktop</source>
+        <translation>Selon le système</translation>
+    </message>
     <message id="Calories" numerus="yes">
         <source>Calories</source>
         <translation>

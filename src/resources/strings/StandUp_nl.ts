@@ -245,6 +245,23 @@
             <numerusform>minuten</numerusform>
         </translation>
     </message>
+    <message id="Appearance">
+        <source>Look</source>
+        <extracomment>Beside the choice between a light and a dark look of the windows</extracomment>
+        <translation>Weergave</translation>
+    </message>
+    <message id="AppearanceLight">
+        <source>Light</source>
+        <translation>Licht</translation>
+    </message>
+    <message id="AppearanceDark">
+        <source>Dark</source>
+        <translation>Donker</translation>
+    </message>
+    <message id="AppearanceDesktop">
+        <source>As the desktop</source>
+        <translation>Volgens het systeem</translation>
+    </message>
     <message id="Calories" numerus="yes">
         <source>Calories</source>
         <translation>
