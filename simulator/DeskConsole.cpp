@@ -1,5 +1,7 @@
 #include "simulator/DeskConsole.h"
 
+#include "simulator/ReportText.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -12,8 +14,8 @@
 #include <string>
 
 namespace {
-constexpr size_t kShownStatusBytes =
-    8; // What a short look at a report needs; the rest is shown when it is not zero.
+/// A computer has eight ports for them.
+constexpr size_t kMostAdapters = 8;
 
 template <typename Number, typename... Form>
 std::optional<Number> parsed(std::string_view word, Form... form)
@@ -50,35 +52,6 @@ std::vector<std::string_view> wordsOf(std::string_view line)
         start = line.find_first_not_of(kSpace, end);
     }
     return words;
-}
-
-void printBytes(std::ostream& output, std::span<const uint8_t> bytes)
-{
-    const auto flags = output.flags();
-    const char fill = output.fill('0');
-    output << std::hex << std::uppercase;
-    for (size_t i = 0; i < bytes.size(); ++i)
-        output << (i == 0 ? "" : " ") << std::setw(2) << int(bytes[i]);
-    output << '\n';
-    output.fill(fill);
-    output.flags(flags);
-}
-
-const char* name(TransferResult result)
-{
-    switch (result) {
-    case TransferResult::Ok:
-        return "ok";
-    case TransferResult::Refused:
-        return "refused";
-    case TransferResult::Failed:
-        return "failed";
-    case TransferResult::NoAnswer:
-        return "no answer";
-    case TransferResult::Unplugged:
-        return "unplugged";
-    }
-    return "";
 }
 
 const char* yesOrNo(bool value)
@@ -122,19 +95,21 @@ const std::vector<DeskConsole::Verb>& DeskConsole::verbs()
         {"error", "KIND [on|off]", "KIND: position-lost, overload-up, overload-down or unnamed",
             &Console::error},
         {"error", "clear", "end all errors", &Console::error},
-        {"fault", "reads|writes|silence on|off", "let reads or writes fail, or let nothing be answered",
-            &Console::fault},
+        {"fault", "reads|writes on|off", "let reads or writes fail", &Console::fault},
+        {"fault", "stall|silence on|off", "refuse every report, or answer none", &Console::fault},
         {"fault", "short BYTES|off", "answer reads with so many bytes only", &Console::fault},
         {"plug", "", "plug the adapter in",
             [](Console& console, const Words&) {
-                console.m_desk.setPlugged(true);
+                console.desk().setPlugged(true);
                 return true;
             }},
         {"unplug", "", "pull the adapter out",
             [](Console& console, const Words&) {
-                console.m_desk.setPlugged(false);
+                console.desk().setPlugged(false);
                 return true;
             }},
+        {"adapter", "NUMBER", "speak of this adapter from now on; the next higher number makes another one",
+            &Console::adapter},
         {"desk", "on|off", "switch the desk behind the adapter",
             [](Console& console, const Words& words) {
                 return console.switchTo(words, &DeskModel::setDeskOn);
@@ -196,6 +171,12 @@ bool DeskConsole::execute(std::string_view line)
     return verb->execute(*this, words);
 }
 
+void DeskConsole::letPass(double seconds)
+{
+    for (DeskModel& desk : m_desks)
+        desk.advance(seconds);
+}
+
 bool DeskConsole::complain(std::string_view what)
 {
     m_output.flush();
@@ -207,7 +188,7 @@ bool DeskConsole::complain(std::string_view what)
 
 bool DeskConsole::report(TransferResult result)
 {
-    m_output << name(result) << '\n';
+    m_output << text(result) << '\n';
     return true;
 }
 
@@ -222,7 +203,7 @@ bool DeskConsole::setReport(const Words& arguments)
     }
     if (bytes.empty())
         return complain("\"set\" needs the bytes to send, the report ID first");
-    return report(m_desk.setFeatureReport(bytes));
+    return report(desk().setFeatureReport(bytes));
 }
 
 bool DeskConsole::getReport(const Words& arguments)
@@ -231,13 +212,22 @@ bool DeskConsole::getReport(const Words& arguments)
     if (!id)
         return complain("\"get\" needs one report ID in hexadecimal");
     std::array<uint8_t, DeskModel::kStatusReportLength> answer {*id};
-    const TransferResult result = m_desk.getFeatureReport(answer);
+    const TransferResult result = desk().getFeatureReport(answer);
     if (result != TransferResult::Ok)
         return report(result);
-    const auto lastUsed =
-        std::find_if(answer.rbegin(), answer.rend(), [](uint8_t byte) { return byte != 0; });
-    const auto used = size_t(answer.rend() - lastUsed);
-    printBytes(m_output, std::span(answer).first(std::max(used, kShownStatusBytes)));
+    m_output << text(answer) << '\n';
+    return true;
+}
+
+bool DeskConsole::adapter(const Words& arguments)
+{
+    const std::optional<size_t> number = arguments.size() == 1 ? parsed<size_t>(arguments[0]) : std::nullopt;
+    if (!number || *number < 1 || *number > std::min(m_desks.size() + 1, kMostAdapters))
+        return complain("\"adapter\" needs the number of one that is there, or the next one up to "
+            + std::to_string(kMostAdapters));
+    if (*number > m_desks.size())
+        m_desks.emplace_back();
+    m_chosen = *number - 1;
     return true;
 }
 
@@ -246,21 +236,21 @@ bool DeskConsole::advance(const Words& arguments)
     const std::optional<double> seconds = arguments.size() == 1 ? parsed<double>(arguments[0]) : std::nullopt;
     if (!seconds || !std::isfinite(*seconds) || *seconds < 0)
         return complain("\"advance\" needs a number of seconds, 0 or more");
-    m_desk.advance(*seconds);
+    letPass(*seconds);
     return true;
 }
 
 bool DeskConsole::height(const Words& arguments)
 {
     if (arguments.empty()) {
-        m_output << m_desk.height() << '\n';
+        m_output << desk().height() << '\n';
         return true;
     }
     const std::optional<int> height = arguments.size() == 1 ? parsed<int>(arguments[0]) : std::nullopt;
-    if (!height || *height < m_desk.lowerLimit() || *height > m_desk.upperLimit())
-        return complain("\"height\" needs one whole number from " + std::to_string(m_desk.lowerLimit())
-            + " to " + std::to_string(m_desk.upperLimit()));
-    m_desk.setHeight(*height);
+    if (!height || *height < desk().lowerLimit() || *height > desk().upperLimit())
+        return complain("\"height\" needs one whole number from " + std::to_string(desk().lowerLimit())
+            + " to " + std::to_string(desk().upperLimit()));
+    desk().setHeight(*height);
     return true;
 }
 
@@ -269,7 +259,7 @@ bool DeskConsole::limits(const Words& arguments)
     const bool two = arguments.size() == 2;
     const std::optional<int> lower = two ? parsed<int>(arguments[0]) : std::nullopt;
     const std::optional<int> upper = two ? parsed<int>(arguments[1]) : std::nullopt;
-    if (!lower || !upper || !m_desk.setLimits(*lower, *upper))
+    if (!lower || !upper || !desk().setLimits(*lower, *upper))
         return complain("\"limits\" needs two whole numbers, 0 <= LOWER < UPPER <= 65535");
     return true;
 }
@@ -278,7 +268,7 @@ bool DeskConsole::error(const Words& arguments)
 {
     const std::string_view what = arguments.size() == 1 ? arguments[0] : std::string_view();
     if (what == "clear") {
-        m_desk.clearErrors();
+        desk().clearErrors();
         return true;
     }
     if (!what.starts_with('E'))
@@ -286,7 +276,7 @@ bool DeskConsole::error(const Words& arguments)
     const std::optional<uint8_t> code = parsed<uint8_t>(what.substr(1), 10);
     if (!code || *code == 0)
         return complain("an error code goes from E01 to E255");
-    return m_desk.addErrorCode(*code) || complain("the report has room for six error codes only");
+    return desk().addErrorCode(*code) || complain("the report has room for six error codes only");
 }
 
 bool DeskConsole::errorKind(const Words& arguments)
@@ -303,15 +293,15 @@ bool DeskConsole::errorKind(const Words& arguments)
     if (!present || (kind == kKinds.end() && !unnamed))
         return complain(kUsage);
     if (unnamed)
-        m_desk.setUnnamedError(present.value());
+        desk().setUnnamedError(present.value());
     else
-        m_desk.setError(kind->kind, present.value());
+        desk().setError(kind->kind, present.value());
     return true;
 }
 
 bool DeskConsole::fault(const Words& arguments)
 {
-    DeskModel::Faults& faults = m_desk.faults();
+    DeskModel::Faults& faults = desk().faults();
     const std::string_view what = arguments.size() == 2 ? arguments[0] : std::string_view();
     if (what == "short") {
         const std::optional<size_t> length = parsed<size_t>(arguments[1]);
@@ -322,12 +312,14 @@ bool DeskConsole::fault(const Words& arguments)
     }
     bool* const fault = what == "reads" ? &faults.failingReads
         : what == "writes"              ? &faults.failingWrites
+        : what == "stall"               ? &faults.stall
         : what == "silence"             ? &faults.noAnswer
                                         : nullptr;
     const std::optional<bool> on = fault ? onOrOff(arguments[1]) : std::nullopt;
     if (!on)
-        return complain("\"fault\" needs \"reads\", \"writes\" or \"silence\" with \"on\" or \"off\", "
-                        "or \"short\" with a number of bytes or \"off\"");
+        return complain(
+            "\"fault\" needs \"reads\", \"writes\", \"stall\" or \"silence\" with \"on\" or \"off\", "
+            "or \"short\" with a number of bytes or \"off\"");
     *fault = *on;
     return true;
 }
@@ -337,38 +329,41 @@ bool DeskConsole::switchTo(const Words& arguments, void (DeskModel::*set)(bool))
     const std::optional<bool> on = arguments.size() == 1 ? onOrOff(arguments[0]) : std::nullopt;
     if (!on)
         return complain(R"("on" or "off" is missing)");
-    (m_desk.*set)(*on);
+    (desk().*set)(*on);
     return true;
 }
 
 bool DeskConsole::status()
 {
-    const DeskModel::Faults& faults = m_desk.faults();
-    m_output << "height " << m_desk.height() << " of " << m_desk.lowerLimit() << " to " << m_desk.upperLimit()
-             << ", " << std::lround(m_desk.velocity()) << " a second";
-    if (m_desk.goal())
-        m_output << ", going to " << *m_desk.goal();
-    m_output << "\nplugged " << yesOrNo(m_desk.isPlugged()) << ", initialised "
-             << yesOrNo(m_desk.isInitialised()) << ", desk on " << yesOrNo(m_desk.isDeskOn())
-             << ", communicating " << yesOrNo(m_desk.isCommunicating()) << "\nerrors";
+    const DeskModel::Faults& faults = desk().faults();
+    m_output << "height " << desk().height() << " of " << desk().lowerLimit() << " to " << desk().upperLimit()
+             << ", " << std::lround(desk().velocity()) << " a second";
+    if (desk().goal())
+        m_output << ", going to " << *desk().goal();
+    m_output << "\nplugged " << yesOrNo(desk().isPlugged()) << ", initialised "
+             << yesOrNo(desk().isInitialised()) << ", desk on " << yesOrNo(desk().isDeskOn())
+             << ", communicating " << yesOrNo(desk().isCommunicating()) << "\nerrors";
     for (const NamedKind& named : kKinds) {
-        if (m_desk.hasError(named.kind))
+        if (desk().hasError(named.kind))
             m_output << ' ' << named.name;
     }
-    if (m_desk.hasUnnamedError())
+    if (desk().hasUnnamedError())
         m_output << " unnamed";
-    for (const uint8_t code : m_desk.errorCodes())
+    for (const uint8_t code : desk().errorCodes())
         m_output << " E" << (code < 10 ? "0" : "") << int(code);
-    m_output << (m_desk.hasError() ? "" : " none") << "\nfaults";
+    m_output << (desk().hasError() ? "" : " none") << "\nfaults";
     if (faults.failingReads)
         m_output << " reads";
     if (faults.failingWrites)
         m_output << " writes";
+    if (faults.stall)
+        m_output << " stall";
     if (faults.noAnswer)
         m_output << " silence";
     if (faults.answerLength)
         m_output << " short " << *faults.answerLength;
-    const bool any = faults.failingReads || faults.failingWrites || faults.noAnswer || faults.answerLength;
+    const bool any =
+        faults.failingReads || faults.failingWrites || faults.stall || faults.noAnswer || faults.answerLength;
     m_output << (any ? "" : " none") << '\n';
     return true;
 }

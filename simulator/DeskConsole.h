@@ -2,6 +2,7 @@
 
 #include "simulator/DeskModel.h"
 
+#include <deque>
 #include <iosfwd>
 #include <string_view>
 #include <vector>
@@ -19,7 +20,11 @@ public:
     /// Carries out one line. False when it was not understood.
     [[nodiscard]] bool execute(std::string_view line);
 
-    [[nodiscard]] DeskModel& desk() { return m_desk; }
+    /// One adapter's desk after another; "adapter" makes more of them.
+    [[nodiscard]] std::deque<DeskModel>& desks() { return m_desks; }
+    [[nodiscard]] bool hasQuit() const { return m_quit; }
+    /// Lets time pass for every desk.
+    void letPass(double seconds);
 
     /// The commands, one a line, with what they do.
     static void printCommands(std::ostream& output);
@@ -29,10 +34,12 @@ private:
     struct Verb;
     static const std::vector<Verb>& verbs();
 
+    [[nodiscard]] DeskModel& desk() { return m_desks[m_chosen]; }
     bool complain(std::string_view what);
     bool report(TransferResult result);
     bool setReport(const Words& arguments);
     bool getReport(const Words& arguments);
+    bool adapter(const Words& arguments);
     bool advance(const Words& arguments);
     bool height(const Words& arguments);
     bool limits(const Words& arguments);
@@ -42,7 +49,8 @@ private:
     bool switchTo(const Words& arguments, void (DeskModel::*set)(bool));
     bool status();
 
-    DeskModel m_desk;
+    std::deque<DeskModel> m_desks = std::deque<DeskModel>(1);
+    size_t m_chosen = 0;
     std::ostream& m_output;
     std::ostream& m_errors;
     size_t m_line = 0;

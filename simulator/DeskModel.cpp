@@ -60,7 +60,7 @@ TransferResult DeskModel::setFeatureReport(std::span<const uint8_t> report)
         return TransferResult::NoAnswer;
     if (m_faults.failingWrites)
         return TransferResult::Failed;
-    if (report.size() < kCommandLength)
+    if (m_faults.stall || report.size() < kCommandLength)
         return TransferResult::Refused;
     switch (report[0]) {
     case kInitReport:
@@ -80,7 +80,7 @@ TransferResult DeskModel::getFeatureReport(std::span<uint8_t> report) const
         return TransferResult::NoAnswer;
     if (m_faults.failingReads)
         return TransferResult::Failed;
-    if (report.empty() || report[0] != kStatusReport)
+    if (m_faults.stall || report.empty() || report[0] != kStatusReport)
         return TransferResult::Refused;
     std::array<uint8_t, kStatusReportLength> status {};
     fillStatus(status);

@@ -38,6 +38,7 @@ public:
     struct Faults {
         bool failingReads = false;
         bool failingWrites = false;
+        bool stall = false; ///< every report is refused
         bool noAnswer = false; ///< neither reads nor writes are answered, and nothing is carried out
         std::optional<size_t> answerLength; ///< a read gives this many bytes only, the report ID included
     };

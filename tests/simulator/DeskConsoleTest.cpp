@@ -32,11 +32,16 @@ TEST(DeskConsole, saysWhatTheDeskDoes)
             "errors unnamed E10 E09\nfaults none\n"},
         {"error position-lost\nerror overload-down on\nerror overload-up\nerror overload-up off\nlimits 300 "
          "2500\n"
-         "fault reads on\nget 04\nfault writes on\nset 05 00\nfault silence on\nget 04\nfault short "
+         "fault reads on\nget 04\nfault writes on\nset 05 00\nfault silence on\nget 04\nfault stall "
+         "on\nfault short "
          "7\nstatus\n",
             "failed\nfailed\nno answer\nheight 900 of 300 to 2500, 0 a second\n"
             "plugged yes, initialised yes, desk on yes, communicating yes\n"
-            "errors position-lost overload-down\nfaults reads writes silence short 7\n"},
+            "errors position-lost overload-down\nfaults reads writes stall silence short 7\n"},
+        {"adapter 2\nset 05\nset 03 04 00 FB 00 00 00 00\nset 05 00 80 00 80 00 80 00\nadapter 1\nadvance "
+         "0.25\n"
+         "height\nadapter 2\nheight\n",
+            "refused\nok\nok\n900\n948\n"},
         {"error E1\nerror clear\nfault short 2\nfault short off\nfault reads on\nfault reads off\nset 05\n"
          "unplug\nget 04\nstatus\nplug\nneeds-init off\ndesk off\nstatus\n",
             "refused\nunplugged\nheight 900 of 0 to 6500, 0 a second\n"
@@ -60,6 +65,7 @@ TEST(DeskConsole, theDeskIsHeardAndObeysAsItsStateAllows)
         {"", "2892", "04 00 01 00 34 12 00 00", "ok", "4668"},
         {"fault reads on", "2892", "failed", "ok", "4668"},
         {"fault writes on", "2892", "04 00 01 00 34 12 00 00", "failed", "4660"},
+        {"fault stall on", "2892", "refused", "refused", "4660"},
         {"fault silence on", "2892", "no answer", "no answer", "4660"},
         {"fault short 5", "2892", "04 00 01 00 34 00 00 00", "ok", "4668"},
         {"unplug", "2939", "unplugged", "unplugged", "4660"},
@@ -77,7 +83,7 @@ TEST(DeskConsole, theDeskIsHeardAndObeysAsItsStateAllows)
                       + spoil
                       + "\nadvance 0.21\nheight\nheight 4660\nget 04\nset 05 00 80 00 80 00 80 00\n"
                         "plug\nneeds-init off\ndesk on\nerror clear\nfault reads off\nfault writes off\n"
-                        "fault silence off\nfault short off\nadvance 0.1\nheight\n"),
+                        "fault silence off\nfault stall off\nfault short off\nadvance 0.1\nheight\n"),
             std::string("ok\nok\n") + height + '\n' + read + '\n' + write + '\n' + after + '\n')
             << spoil;
 }
@@ -88,8 +94,9 @@ TEST(DeskConsole, namesTheLineAndTheFaultOfBadInputAndGoesOn)
         "advance -1", "advance inf", "advance 1s", "advance 1 2", "height 6501", "height -1", "height 1 2",
         "limits 100", "limits -1 100", "limits 100 100", "limits 1 65536", "limits 1 2 3", "limits a 3",
         "error", "error E0", "error E256", "error E", "error E5 on", "error overload-up maybe",
-        "error unnamed on on", "error sideways", "fault", "fault reads maybe", "fault sideways on",
-        "fault short -1", "fault short on", "plug in", "desk", "desk on off", "needs-init perhaps", "fly"};
+        "error unnamed on on", "error sideways", "fault", "fault reads maybe", "fault sideways on", "adapter",
+        "adapter 0", "adapter 3", "fault short -1", "fault short on", "plug in", "desk", "desk on off",
+        "needs-init perhaps", "fly"};
     const std::string kUntouched =
         "height 900 of 0 to 6500, 0 a second\nplugged yes, initialised no, desk on yes, "
         "communicating no\nerrors none\nfaults none\nline 2: ";
