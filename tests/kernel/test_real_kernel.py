@@ -1,0 +1,178 @@
+"""The program over udev, hidraw and the kernel's USB, as an ordinary user at the machine; the desk is zelvo-desk-sim."""
+
+import contextlib
+import os
+import re
+import subprocess
+import time
+from pathlib import Path
+
+import pytest
+from bus import call
+from desktop import PROGRAM, Desktop
+from program import Program
+from waiting import wait_until
+
+INIT, UP, STOP = "03 04 00 FB 00 00 00 00", "05 00 80 00 80 00 80 00", "05 01 80 01 80 01 80 01"
+STAND = "05 04 10 04 10 04 10 04"  # To 4100.
+PAUSE = 4.0  # A busy emulated machine may stand still for a moment. A kernel that waits for an adapter does so for 5 s.
+RULE = "/checkout/packaging/70-zelvo-standup.rules"
+WRITTEN = re.compile(r"^(\S+) adapter (\d) set ([0-9A-F ]+): ok$", re.MULTILINE)
+
+
+class RealDesktop(Desktop):
+    # Nothing of it bends the clock, and the program meets the machine's own devices.
+
+    def bent(self, *_):
+        return {}
+
+    def start(self):
+        self.programs.append(Program(self, self.spawn(PROGRAM)))
+        return self.programs[-1]
+
+    def ask(self, method):
+        return call(self.session, "org.zelvo.StandUp", "/org/zelvo/StandUp", "org.zelvo.StandUp1", method)
+
+    def tells(self, **expected):
+        wait_until(lambda: expected.items() <= self.ask("Status")[0].items(), expected)
+
+    def ask_until(self, over, what):
+        # How long does the program's main loop leave a question without an answer?
+        longest = 0.0
+        while not over():
+            asked = time.monotonic()
+            self.ask("Status")
+            longest = max(longest, time.monotonic() - asked)
+        print(f"\n{what}: the main loop was blocked for {longest * 1000:.0f} ms at most")
+        assert longest < PAUSE
+
+
+class World:
+    # The program, its user's finger, and zelvo-desk-sim with its adapters on the kernel's end of the cable.
+
+    def __init__(self, desktop):
+        self.desktop, self.wire = desktop, desktop.home / "wire"
+        self.holds = []  # (before it was pressed, after it was let go)
+        desktop.settings(DevicePosition1=700, DevicePosition2=4100, TimeIdle=86400)
+        with open(self.wire, "wb") as wire:
+            command = [PROGRAM.with_name("zelvo-desk-sim"), "--usbip", "--wire"]
+            self.simulator = desktop.spawn(*command, stdin=subprocess.PIPE, stdout=wire)
+        wait_until(self.wire.read_text, "the adapters")
+
+    def desk(self, command):
+        self.simulator.stdin.write(command.encode() + b"\n")
+        self.simulator.stdin.flush()
+        return time.monotonic()
+
+    @staticmethod
+    def as_root(command):
+        Path("/run/root").write_text(command + "\n")
+
+    def attach(self, number=1):
+        self.as_root(f"usbip attach -r 127.0.0.1 -b 1-{number}")
+
+    def written(self, since=0.0, adapter="1"):
+        found = WRITTEN.findall(self.wire.read_text())
+        return [report for at, number, report in found if number == adapter and float(at) >= since]
+
+    @contextlib.contextmanager
+    def held(self, name, report):
+        middle = self.panel.find(name, "push button").middle
+        pressed = time.monotonic()
+        self.desktop.hold(*middle)
+        wait_until(lambda: self.written(pressed).count(report) >= 3, f"{name} on the wire")
+        yield pressed
+        self.holds.append((pressed, self.desktop.button(False)))
+        wait_until(lambda: self.written()[-1] == STOP, "an end of it")
+
+    def comes_back(self, since):
+        # It is asked to stop first of all, or is initialised.
+        self.desktop.tells(desk="connected")
+        wait_until(lambda: self.written(since)[-2:] == [INIT, STOP], "init and stop")
+        assert set(self.written(since)) == {INIT, STOP}
+
+
+@pytest.fixture(scope="module")
+def world(request):
+    with contextlib.ExitStack() as ends:
+        world = World(RealDesktop(ends, tray=False))
+        yield world
+        if request.session.testsfailed:
+            print(world.desktop.log()[-6000:], world.wire.read_text()[-3000:])
+
+
+def test_an_adapter_without_its_rule_is_taken_up_with_it(world):
+    world.desk("height 1000")
+    world.attach()
+    wait_until(lambda: os.path.exists("/dev/hidraw0"), "hidraw")
+    world.program = world.desktop.start()
+    world.desktop.tells(desk="forbidden")
+    world.desktop.ask("Show")
+    world.panel = world.program.window_with("Up")
+    world.as_root(f"cp {RULE} /etc/udev/rules.d/ && udevadm trigger -s hidraw -c change")
+    world.comes_back(0)
+    world.desktop.tells(posture="sitting", height_raw=1000, adapter="Simulated desk (USB/IP)")
+
+
+def test_a_held_button_moves_the_desk_until_it_is_let_go(world):
+    with world.held("Up", UP) as pressed:
+        world.desktop.ask_until(lambda: time.monotonic() > pressed + 2, "Up held for 2 s")
+    reports = world.written(pressed)
+    assert reports == [STOP] + [UP] * (len(reports) - 2) + [STOP]
+
+
+def test_a_stored_position_is_reached_and_recorded(world):
+    with world.held("Stand", STAND):
+        world.desktop.tells(height_raw=4100, posture="standing")
+    assert world.written()[-1] == STOP
+    wait_until(lambda: [standing for _, _, standing in world.desktop.records()] == [0, 1], "both periods")
+
+
+def test_an_error_is_shown_and_goes(world):
+    world.desk("error overload-up")
+    world.panel.hears("E02: Overload while going up")
+    world.desk("error clear")
+    wait_until(lambda: not any("E02" in said for said in world.panel.says()), "no error")
+
+
+def test_an_adapter_that_refuses_is_taken_up_again(world):
+    world.desk("fault stall on")
+    world.desktop.tells(desk="none")
+    world.comes_back(world.desk("fault stall off"))
+
+
+def test_windows_live_while_the_adapter_is_silent(world):
+    begun = time.monotonic()
+    world.desktop.ask_until(lambda: time.monotonic() > begun + 10, "10 s with an answer")
+    silent = world.desk("fault silence on")
+    world.desktop.ask_until(lambda: time.monotonic() > silent + 10, "10 s without an answer")
+    world.desktop.tells(desk="none")
+    world.desktop.ask("ShowHistory")
+    world.desktop.window("History")
+    world.comes_back(world.desk("fault silence off"))
+
+
+def test_unplugged_while_it_moves(world):
+    world.desktop.ask("Show")
+    world.program.in_front("Zelvo StandUp")
+    with world.held("Up", UP):
+        pulled = world.desk("unplug")
+        world.desktop.tells(desk="none")
+        world.desk("plug")
+        world.attach()
+        world.comes_back(pulled)
+
+
+def test_a_second_adapter_is_initialised_and_stays_where_it_is(world):
+    world.desk("adapter 2")
+    world.attach(2)
+    wait_until(lambda: world.written(adapter="2") == [INIT, STOP], "the second adapter")
+
+
+def test_nothing_moved_that_nobody_held_and_each_period_is_recorded(world):
+    world.program.quit()
+    records = world.desktop.records()
+    assert all(end <= begin for (_, end, _), (begin, _, _) in zip(records, records[1:]))
+    assert world.desktop.log().count("Device removed") == 3
+    moved = [float(at) for at, _, report in WRITTEN.findall(world.wire.read_text()) if report not in (INIT, STOP)]
+    assert all(any(pressed <= at <= let_go + PAUSE for pressed, let_go in world.holds) for at in moved)
