@@ -13,6 +13,11 @@ constexpr double kTopThickness = 56;
 constexpr double kMonitorHeight = 460;
 constexpr double kInnerColumnOpacity = 0.55; // Telescopic: the inner column is thinner and further back.
 
+double scaleFor(const QRectF& rect)
+{
+    return std::min(rect.width() / kTop, rect.height() / (kHighest + kMonitorHeight));
+}
+
 void paintLegs(QPainter& painter, double height)
 {
     constexpr double kOuterEnd = 480;
@@ -43,7 +48,7 @@ void paintMonitor(QPainter& painter, double height, const QColor& color)
 void paintDesk(QPainter& painter, const QRectF& rect, double heightMillimetres, const QColor& color)
 {
     const double height = std::clamp(heightMillimetres, kLowest, kHighest);
-    const double scale = std::min(rect.width() / kTop, rect.height() / (kHighest + kMonitorHeight));
+    const double scale = scaleFor(rect);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.translate(rect.center().x(), rect.bottom());
@@ -54,4 +59,9 @@ void paintDesk(QPainter& painter, const QRectF& rect, double heightMillimetres, 
     painter.drawRoundedRect(QRectF(-kTop / 2, height - kTopThickness, kTop, kTopThickness), 24, 24);
     paintMonitor(painter, height, color);
     painter.restore();
+}
+
+double deskDrawingHeight(const QRectF& rect, double heightMillimetres)
+{
+    return (std::clamp(heightMillimetres, kLowest, kHighest) + kMonitorHeight) * scaleFor(rect);
 }

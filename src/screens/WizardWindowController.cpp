@@ -3,10 +3,12 @@
 #include "data/AppProperties.h"
 #include "desk/ZelvoController.h"
 #include "screens/WizardWindow.h"
+#include "ui/FormStyle.h"
 #include "ui/WindowPlacement.h"
 #include "ui_WizardWindow.h"
 
 #include <QLayout>
+#include <QScreen>
 
 #include <utility>
 
@@ -17,6 +19,7 @@ WizardWindowController::WizardWindowController(Workspace& workspace, std::functi
     , m_ui(std::make_unique<Ui::WizardWindow>())
 {
     m_ui->setupUi(m_window.get());
+    applyFormStyle(*m_window);
     m_window->onCloseRequested([this] { setupViewController().buttonCloseWithoutSavingClicked(); });
     showSetupView();
 }
@@ -27,7 +30,17 @@ void WizardWindowController::showWindow()
 {
     if (!setupViewController().isViewLoaded())
         showSetupView();
+    showWelcome();
     m_window->comeToFront(WindowPlacement::moveToCentre);
+}
+
+void WizardWindowController::showWelcome()
+{
+    const int width = m_ui->welcome->maximumWidth();
+    const bool isWideEnough = m_window->screen()->availableSize().width() >= m_window->minimumWidth() + width;
+    const bool isFirstRun = isWideEnough && !AppProperties::instance().isUserSetupCompleted();
+    m_ui->welcome->setVisible(isFirstRun);
+    m_window->setExtraWidth(isFirstRun ? width : 0);
 }
 
 void WizardWindowController::showSetupView()

@@ -40,6 +40,8 @@ public:
     [[nodiscard]] QWidget& window() const;
 
 private:
+    /// On the first run, where the screen has room: what to do first, beside the desk as it stands.
+    void showWelcome();
     bool completeSetup();
 
     Workspace& m_workspace;

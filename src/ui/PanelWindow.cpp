@@ -64,7 +64,7 @@ void PanelWindow::fitInto(QSize available)
 {
     if (m_formSize.isEmpty())
         m_formSize = size();
-    const QSize wanted = m_formSize + QSize(0, m_extraHeight);
+    const QSize wanted = m_formSize + QSize(m_extraWidth, m_extraHeight);
     if (windowFlags().testFlag(Qt::FramelessWindowHint))
         setFixedSize(wanted.boundedTo(available)); // Tiling desktops let windows of one size float.
     else

@@ -29,6 +29,8 @@ public:
     void fitInto(QSize available);
     /// Makes the form higher than it was drawn, for what is shown at times; an open window follows.
     void setExtraHeight(int pixels);
+    /// The same to the side; from its next opening on.
+    void setExtraWidth(int pixels) { m_extraWidth = pixels; }
     /// It opens without a control that has the keyboard focus, so that no key presses one by accident; Tab
     /// goes to the first.
     void setOpensUnfocused() { m_opensUnfocused = true; }
@@ -59,6 +61,7 @@ private:
     NotificationCenter::Observation m_appearanceObservation;
     QSize m_formSize;
     int m_extraHeight = 0;
+    int m_extraWidth = 0;
     bool m_movable = false;
     std::optional<QPoint> m_pressedAt; ///< where the background was pressed, until it is dragged
     bool m_opensUnfocused = false;

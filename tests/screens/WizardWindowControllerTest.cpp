@@ -1,6 +1,8 @@
 #include "screens/WizardWindowController.h"
 
+#include "screens/DeskView.h"
 #include "screens/SetupTest.h"
+#include "ui/Motion.h"
 
 namespace {
 using WizardWindowControllerTest = SetupTest;
@@ -41,4 +43,39 @@ TEST_F(WizardWindowControllerTest, doneRestartsTheScheduleOfARunningPeriodAndLea
     click(find("buttonDone"));
     EXPECT_TRUE(activity && hub().activity() == activity);
     EXPECT_DOUBLE_EQ(hub().scheduleManager()->currentScheduleInterval(), interval / 2);
+}
+
+TEST_F(WizardWindowControllerTest, theFirstRunShowsTheDeskAsItMovesAndListensNoLongerThanItIsSeen)
+{
+    store("Weight", 0);
+    properties().setWeight(0);
+    plug();
+    open();
+    auto& desk = find<DeskView>("deskView");
+    ASSERT_TRUE(desk.isVisible());
+    EXPECT_EQ(wizard->window().width(), 800);
+    const size_t timers = platform.runLoop.pendingTimerCount();
+    for (const bool isReduced : {false, true}) {
+        Motion::setReduced(isReduced);
+        const QString before = desk.accessibleName();
+        adapter->setHeight(isReduced ? kHeight : 6000);
+        while (desk.accessibleName() == before)
+            platform.runLoop.advance(0.01);
+        QList<QImage> seen;
+        for (int i = 0; i < 4; ++i, platform.runLoop.advance(0.1))
+            seen << grab(desk);
+        EXPECT_EQ(seen[0] == seen[1], isReduced);
+        EXPECT_EQ(seen[1] == seen[2], isReduced);
+        EXPECT_EQ(seen[2], seen[3]);
+        EXPECT_EQ(platform.runLoop.pendingTimerCount(), timers);
+    }
+    Motion::setReduced(false);
+    const QImage seen = grab(desk);
+    hid.unplug(adapter);
+    EXPECT_NE(grab(desk), seen);
+    click(find("buttonDone"));
+    EXPECT_EQ(hub().delegates().size(), 1U);
+    open();
+    EXPECT_FALSE(desk.isVisible());
+    EXPECT_EQ(wizard->window().width(), 640);
 }

@@ -519,6 +519,16 @@
         <extracomment>Stores the desk’s height as a memory position</extracomment>
         <translation>Store</translation>
     </message>
+    <message id="Welcome">
+        <source></source>
+        <extracomment>Title beside the settings when the program is started for the first time</extracomment>
+        <translation>First steps</translation>
+    </message>
+    <message id="WelcomeText">
+        <source></source>
+        <extracomment>What to do there, over a picture of the desk that moves with it</extracomment>
+        <translation>Set the heights for sitting and standing: choose one, hold Up or Down, then store.</translation>
+    </message>
     <!-- History -->
     <message id="History">
         <source></source>

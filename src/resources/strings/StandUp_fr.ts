@@ -520,6 +520,16 @@
         <extracomment>Stores the desk’s height as a memory position</extracomment>
         <translation>Enregistrer</translation>
     </message>
+    <message id="Welcome">
+        <source>First steps</source>
+        <extracomment>Title beside the settings when the program is started for the first time</extracomment>
+        <translation>Premiers pas</translation>
+    </message>
+    <message id="WelcomeText">
+        <source>Set the heights for sitting and standing: choose one, hold Up or Down, then store.</source>
+        <extracomment>What to do there, over a picture of the desk that moves with it</extracomment>
+        <translation>Régler les hauteurs pour s’asseoir et se lever : en choisir une, maintenir « Monter » ou « Descendre », enregistrer.</translation>
+    </message>
     <!-- History -->
     <message id="History">
         <source>History</source>

@@ -520,6 +520,16 @@
         <extracomment>Stores the desk’s height as a memory position</extracomment>
         <translation>Opslaan</translation>
     </message>
+    <message id="Welcome">
+        <source>First steps</source>
+        <extracomment>Title beside the settings when the program is started for the first time</extracomment>
+        <translation>Eerste stappen</translation>
+    </message>
+    <message id="WelcomeText">
+        <source>Set the heights for sitting and standing: choose one, hold Up or Down, then store.</source>
+        <extracomment>What to do there, over a picture of the desk that moves with it</extracomment>
+        <translation>De hoogten voor zitten en staan instellen: een kiezen, ‘Omhoog’ of ‘Omlaag’ ingedrukt houden en opslaan.</translation>
+    </message>
     <!-- History -->
     <message id="History">
         <source>History</source>
