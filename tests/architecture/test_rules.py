@@ -6,7 +6,7 @@ from pathlib import Path, PurePosixPath
 import pytest
 
 TOP = Path(__file__).resolve().parents[2]
-FOLDERS = ["src", "simulator", "tests", "tools", "benchmarks", "docs", "packaging", "cmake", ".ci"]
+FOLDERS = ["src", "simulator", "tests", "tools", "benchmarks", "docs", "packaging", "debian", "cmake", ".ci"]
 
 ARROWS = {
     "commands": {"commands", "shell", "screens", "ui", "desk", "data", "platform"},
