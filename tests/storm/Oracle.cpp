@@ -59,26 +59,29 @@ double Oracle::next(double due, double interval) const
 /// Of those that are due at once the one that was begun first.
 void Oracle::runTimers(double until)
 {
-    struct {
+    const struct {
         double& due;
-        double interval;
+        double interval, begun;
         void (Oracle::*tick)();
-    } timers[] {{m_due, kNever, &Oracle::periodEnds}, {m_nextPulse, kPulse, &Oracle::pulse},
-        {m_nextLook, kLook, &Oracle::lookAtUser}, {m_dismissAt, kNever, &Oracle::dismissTicks},
-        {m_nextPoll, kPoll, &Oracle::hearAgain}, {m_nextResend, kResend, &Oracle::hearAgain}};
-    while (true) {
-        decltype(&timers[0]) first = nullptr;
-        for (auto& timer : timers) {
-            const bool isDue = std::max(timer.due, m_frozenUntil) <= until + kRounding / 10;
-            if (isDue && (!first || timer.due < first->due - kRounding))
-                first = &timer;
-        }
-        if (!first)
-            return;
-        goTo(std::max(first->due, m_frozenUntil)); // A standstill makes it late.
-        first->due = first->interval < kNever ? next(first->due, first->interval) : kNever;
-        (this->*first->tick)();
+    } timers[] {{m_due, kNever, m_scheduledAt, &Oracle::periodEnds},
+        {m_dismissAt, kNever, m_dismissBegunAt, &Oracle::dismissTicks},
+        {m_nextPulse, kPulse, m_nextPulse - kPulse, &Oracle::pulse},
+        {m_nextLook, kLook, m_nextLook - kLook, &Oracle::lookAtUser},
+        {m_nextPoll, kPoll, m_nextPoll - kPoll, &Oracle::hearAgain},
+        {m_nextResend, kResend, m_nextResend - kResend, &Oracle::hearAgain}};
+    decltype(&timers[0]) first = nullptr;
+    for (const auto& timer : timers) {
+        const bool isDue = std::max(timer.due, m_frozenUntil) <= until + kRounding / 10;
+        const double later = first ? timer.due - first->due : -1;
+        if (isDue && (later < -kRounding || (later < kRounding && timer.begun < first->begun)))
+            first = &timer;
     }
+    if (!first)
+        return;
+    goTo(std::max(first->due, m_frozenUntil)); // A standstill makes it late.
+    first->due = first->interval < kNever ? next(first->due, first->interval) : kNever;
+    (this->*first->tick)();
+    runTimers(until);
 }
 
 void Oracle::pulse()

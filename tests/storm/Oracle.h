@@ -167,6 +167,7 @@ private:
     [[nodiscard]] double idleSeconds();
     void periodEnds();
     void dismissTicks();
+    void dismissAfter(double seconds);
 
     void adopt(int adapter);
     void hear(Device& device, const std::vector<uint8_t>& report);
@@ -228,13 +229,13 @@ private:
     bool m_isGiven = false; ///< nothing is recorded until the next event, as a wake has it
     Posture m_posture = None;
     Span m_span;
-    double m_due = kNever;
+    double m_due = kNever, m_scheduledAt = 0;
     Posture m_scheduled = None;
     double m_wrong = 0;
 
     // Windows.
     bool m_isReminderOnShow = false, m_isReminderHeld = false, m_isActionDone = false, m_isPointed = false;
-    double m_dismissAt = kNever, m_fadedAt = kNever, m_owedSince = kNever;
+    double m_dismissAt = kNever, m_dismissBegunAt = 0, m_fadedAt = kNever, m_owedSince = kNever;
     double m_openedAt = kNever, m_errorAt = -1, m_errorOverAt = -1;
     Posture m_target = None; ///< of the reminder
 };

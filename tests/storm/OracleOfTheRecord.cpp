@@ -59,6 +59,7 @@ double Oracle::spanEnd() const
 
 void Oracle::schedule(double seconds)
 {
+    m_scheduledAt = m_now;
     m_due = m_now + seconds;
     m_scheduled = m_posture;
 }
@@ -75,15 +76,20 @@ void Oracle::periodEnds()
         m_owedSince = m_now;
     m_isActionDone = false;
     m_fadedAt = kNever;
-    m_dismissAt = m_now + setting("TimeNotificationDismiss");
+    dismissAfter(setting("TimeNotificationDismiss"));
     m_target = target;
+}
+
+void Oracle::dismissAfter(double seconds)
+{
+    m_dismissBegunAt = m_now;
+    m_dismissAt = m_now + seconds;
 }
 
 void Oracle::dismissTicks()
 {
     if (m_isReminderHeld)
-        m_dismissAt =
-            m_now + setting(m_isActionDone ? "TimeNotificationDismissOnAction" : "TimeNotificationDismiss");
+        dismissAfter(setting(m_isActionDone ? "TimeNotificationDismissOnAction" : "TimeNotificationDismiss"));
     else if (m_isActionDone)
         fade();
     else
