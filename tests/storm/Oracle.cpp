@@ -4,8 +4,9 @@
 #include <utility>
 
 namespace storm {
-Oracle::Oracle(const Script& script, std::string storePath)
+Oracle::Oracle(const Script& script, std::string storePath, Figures& figures)
     : m_storePath(std::move(storePath))
+    , m_figures(figures)
     , m_settings(script.settings)
     , m_wallOffset(script.start)
 {
@@ -215,6 +216,6 @@ void Oracle::judge()
     sqlite3_close(store);
     if (count + 1 != m_rows.size())
         fail(std::to_string(count) + " records in place of " + std::to_string(m_rows.size() - 1));
-    m_figures.records = int(count);
+    m_figures.records += int(count);
 }
 }

@@ -36,7 +36,14 @@ public:
         std::optional<std::string> memory; ///< offers the reminder
     };
 
-    Oracle(const Script& script, std::string storePath);
+    /// Of all histories.
+    struct Figures {
+        double longestOverrun = 0; ///< of a hold, seconds
+        double largestError = 0; ///< longest stretch in which the record was not the truth, seconds
+        int records = 0, reminders = 0, holds = 0;
+    };
+
+    Oracle(const Script& script, std::string storePath, Figures& figures);
 
     /// Time goes on; what is told next happens now.
     void pass(double now);
@@ -83,13 +90,6 @@ public:
     /// The adapter that the program drives: the one taken up last. -1 without any.
     [[nodiscard]] int driven() const { return m_devices.empty() ? -1 : m_devices.back().adapter; }
     [[nodiscard]] bool isReminderOpen() const { return m_isReminderOnShow && m_fadedAt == kNever; }
-
-    struct Figures {
-        double longestOverrun = 0; ///< of a hold, seconds
-        double largestError = 0; ///< longest stretch in which the record was not the truth, seconds
-        int records = 0, reminders = 0, holds = 0;
-    };
-    [[nodiscard]] const Figures& figures() const { return m_figures; }
 
 private:
     static constexpr double kNever = std::numeric_limits<double>::infinity();
@@ -195,7 +195,7 @@ private:
 
     const std::string m_storePath;
     std::string m_failure;
-    Figures m_figures;
+    Figures& m_figures;
     std::vector<double> m_settings;
 
     // Clocks.

@@ -45,17 +45,10 @@ void sayWhatCrashed(int signal)
 std::string playHistory(const Script& script, Totals& totals)
 {
     s_current = "\nwhile playing ZELVO_STORM_SCRIPT='" + text(script) + "'\n";
-    World world(script);
+    World world(script, totals.figures);
     world.play();
     ++totals.histories;
     totals.steps += script.steps.size();
-    const Oracle::Figures& one = world.oracle().figures();
-    Oracle::Figures& all = totals.figures;
-    all.longestOverrun = std::max(all.longestOverrun, one.longestOverrun);
-    all.largestError = std::max(all.largestError, one.largestError);
-    all.records += one.records;
-    all.reminders += one.reminders;
-    all.holds += one.holds;
     return world.oracle().failure();
 }
 

@@ -65,10 +65,11 @@ private:
     std::map<HidDeviceRef, int> m_numbers;
 };
 
-World::World(const Script& script)
+World::World(const Script& script, Oracle::Figures& figures)
     : m_script(script)
     , m_oracle(script,
-          m_platform.folder.filePath(QStringLiteral("org.zelvo.StandUp/StandUp.storedata")).toStdString())
+          m_platform.folder.filePath(QStringLiteral("org.zelvo.StandUp/StandUp.storedata")).toStdString(),
+          figures)
     , m_bus(std::make_unique<Bus>(*this))
 {
     for (const int number : {0, 1}) {
