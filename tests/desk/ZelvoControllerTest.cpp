@@ -91,3 +91,35 @@ TEST_F(ZelvoControllerTest, leavesNothingBehind)
     held.reset();
     EXPECT_EQ(platform.runLoop.pendingTimerCount(), 0u);
 }
+
+/// Of attendance and its record, what random histories of the whole program do not meet.
+TEST(Attendance, isRecordedAndNothingElse)
+{
+    const struct {
+        const char* what;
+        const char* happens;
+        QString records, told; ///< sessions and reminders, in awake seconds
+    } kStories[] = {
+        {"an adapter that is silent for a while", "50 on=0 check 100 on=1 check 120",
+            "sit 1.2..50, sit 100..120", "100 session"},
+        {"what is due, and a clock that is set, while the user is known to be away",
+            "7 away 183 dark due=4 221 dark 222 set=1000 231", "sit 1.2..180, sit 183..190, sit 221..225",
+            "183 session, 183 session, 221 session"},
+        {"a sleep behind a clock that lost the same time", "41 z=30000 set=-30000 66",
+            "sit 1.2..45, sit 60..66", "60 session"},
+        {"steps of less than two seconds, until they add up", "16 set=1.25 31 set=1.25 47",
+            "sit 1.2..45, sit 47.5..49.5", ""},
+        {"a small step back at the start: nothing runs backwards", "1.5 set=-1 1.6", "sit 1.2..1.2", ""},
+        {"a period that begins and ends without room goes out all the same",
+            "50 full height=4000 55 pull room 61", "sit 1.2..50.2, stand 50.2..55", "50.2 session"},
+    };
+    for (const auto& [what, happens, records, told] : kStories) {
+        SCOPED_TRACE(what);
+        DeskStory story;
+        story.play(QString(happens) + " quit");
+        EXPECT_EQ(story.records(), records);
+        EXPECT_EQ(story.heard("session|reminder"), told);
+        EXPECT_EQ(story.hub->activity(), nullptr);
+        EXPECT_FALSE(story.hub->scheduleManager()->isScheduled());
+    }
+}
