@@ -58,31 +58,39 @@ double Oracle::next(double due, double interval) const
 }
 
 /// Of those that are due at once the one that was begun first.
-void Oracle::runTimers(double until)
+void Oracle::runTimers(double until, bool isAllHeard)
 {
-    const struct {
+    struct Timer {
         double& due;
         double interval, begun;
         void (Oracle::*tick)();
-    } timers[] {{m_due, kNever, m_scheduledAt, &Oracle::periodEnds},
-        {m_dismissAt, kNever, m_dismissBegunAt, &Oracle::dismissTicks},
-        {m_nextPulse, kPulse, m_nextPulse - kPulse, &Oracle::pulse},
-        {m_nextLook, kLook, m_nextLook - kLook, &Oracle::lookAtUser},
-        {m_nextPoll, kPoll, m_nextPoll - kPoll, &Oracle::hearAgain},
-        {m_nextResend, kResend, m_nextResend - kResend, &Oracle::hearAgain}};
-    decltype(&timers[0]) first = nullptr;
-    for (const auto& timer : timers) {
-        const bool isDue = std::max(timer.due, m_frozenUntil) <= until + kRounding / 10;
-        const double later = first ? timer.due - first->due : -1;
-        if (isDue && (later < -kRounding || (later < kRounding && timer.begun < first->begun)))
-            first = &timer;
+    };
+    const bool isInOrder = isAllHeard || until > m_frozenUntil + kRounding || !isAnsweredAtOnce();
+    while (true) {
+        const Timer timers[] {{m_due, kNever, m_scheduledAt, &Oracle::periodEnds},
+            {m_dismissAt, kNever, m_dismissBegunAt, &Oracle::dismissTicks},
+            {m_nextPulse, kPulse, m_nextPulse - kPulse, &Oracle::pulse},
+            {m_nextLook, kLook, m_nextLook - kLook, &Oracle::lookAtUser},
+            {m_nextPoll, kPoll, m_nextPoll - kPoll, &Oracle::hearAgain},
+            {m_nextResend, kResend, m_nextResend - kResend, &Oracle::hearAgain}};
+        const Timer* first = nullptr;
+        for (const Timer& timer : timers) {
+            // What is heard at this very moment counts before what was heard once, and after a standstill
+            // the earlier question comes first.
+            const double limit =
+                until + (timer.tick == &Oracle::hearAgain && !isAllHeard ? -kRounding : kRounding / 10);
+            const bool isDue =
+                std::max(timer.due, m_frozenUntil) <= limit && (isInOrder || timer.due <= m_nextPoll);
+            const double later = first ? timer.due - first->due : -1;
+            if (isDue && (later < -kRounding || (later < kRounding && timer.begun < first->begun)))
+                first = &timer;
+        }
+        if (!first)
+            return;
+        goTo(std::max(first->due, m_frozenUntil)); // A standstill makes it late.
+        first->due = first->interval < kNever ? next(first->due, first->interval) : kNever;
+        (this->*first->tick)();
     }
-    if (!first)
-        return;
-    goTo(std::max(first->due, m_frozenUntil)); // A standstill makes it late.
-    first->due = first->interval < kNever ? next(first->due, first->interval) : kNever;
-    (this->*first->tick)();
-    runTimers(until);
 }
 
 void Oracle::pulse()

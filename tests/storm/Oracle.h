@@ -161,7 +161,8 @@ private:
     [[nodiscard]] bool isQuick() const; ///< and all of them are taken up
     [[nodiscard]] Posture truth() const;
     void goTo(double time);
-    void runTimers(double until);
+    /// @param isAllHeard nothing more comes over the cable at that moment
+    void runTimers(double until, bool isAllHeard = false);
     void pulse();
     void lookAtUser();
     [[nodiscard]] double idleSeconds();

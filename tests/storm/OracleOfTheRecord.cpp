@@ -150,6 +150,7 @@ void Oracle::opened()
 
 void Oracle::look(const Shown& shown)
 {
+    runTimers(m_now, true);
     if (shown.isConnected != isActive())
         fail("the icon does not follow the desk");
     if (m_isReminderOnShow && shown.memory != (m_target == Standing ? "Memory2" : "Memory1"))
