@@ -63,12 +63,14 @@ std::optional<std::string_view> read(std::span<char*> words, Options& options)
             options.port = port.value_or(UsbIpServer::kPort);
             if (port)
                 ++i;
-        } else if (word == "--wire" && options.port) {
+        } else if (word == "--wire") {
             options.wire = UsbIpServer::Wire::Shown;
         } else {
             return word;
         }
     }
+    if (options.wire == UsbIpServer::Wire::Shown && !options.port)
+        return "--wire"; // There is none.
     return std::nullopt;
 }
 
