@@ -9,11 +9,11 @@
 #include "platform/Log.h"
 #include "platform/ProcessServices.h"
 #include "platform/linux/AutostartLoginItems.h"
-#include "platform/linux/ColorSchemePortal.h"
 #include "platform/linux/DBusWorkspace.h"
 #include "platform/linux/DisplayServer.h"
 #include "platform/linux/IdleTimeSource.h"
 #include "platform/linux/LinuxHidManager.h"
+#include "platform/linux/PortalSetting.h"
 #include "platform/linux/SingleInstance.h"
 #include "platform/linux/TrayHost.h"
 #include "platform/linux/UnixSignals.h"
@@ -26,6 +26,7 @@
 #include "shell/AppDelegate.h"
 #include "shell/PictureIcon.h"
 #include "ui/Appearance.h"
+#include "ui/Motion.h"
 
 #include <QApplication>
 #include <QDBusConnection>
@@ -97,6 +98,14 @@ std::unique_ptr<HidManager> makeHidManager(bool simulate)
     return std::make_unique<SimulatedHidManager>();
 }
 
+void reduceMotionIfZero(const QVariant& value)
+{
+    bool isTold = false;
+    const double factor = value.toDouble(&isTold); // Of a truth value, a number or a text.
+    if (isTold)
+        Motion::setReduced(factor == 0);
+}
+
 /// Everything that outlives the application delegate, in the order in which it is built.
 struct Program {
     explicit Program(const CommandLine& commandLine)
@@ -122,7 +131,14 @@ struct Program {
     std::unique_ptr<XScreenWatch> xScreens = isWaylandSession()
         ? nullptr
         : std::make_unique<XScreenWatch>([this](bool isDark) { workspace.xScreensChanged(isDark); });
-    ColorSchemePortal colorScheme {QDBusConnection::sessionBus(), Appearance::setDesktopIsDark};
+    PortalSetting colorScheme {QDBusConnection::sessionBus(), QStringLiteral("org.freedesktop.appearance"),
+        QStringLiteral("color-scheme"),
+        [](const QVariant& value) { Appearance::setDesktopIsDark(isDarkScheme(value)); }};
+    // Each desktop's portal knows one of the two.
+    PortalSetting animations {QDBusConnection::sessionBus(), QStringLiteral("org.gnome.desktop.interface"),
+        QStringLiteral("enable-animations"), reduceMotionIfZero};
+    PortalSetting animationSpeed {QDBusConnection::sessionBus(), QStringLiteral("org.kde.kdeglobals.KDE"),
+        QStringLiteral("AnimationDurationFactor"), reduceMotionIfZero};
     AutostartLoginItems loginItems;
     QtDialogs dialogs;
     TrayHost tray;
@@ -154,6 +170,10 @@ int run(const CommandLine& commandLine, Application& application, SingleInstance
     application.onPaletteChange(Appearance::update);
     Appearance::whenFollowing([&program] { program.colorScheme.ask(); });
     Appearance::update();
+    Motion::whenNeeded([&program] {
+        program.animations.ask();
+        program.animationSpeed.ask();
+    });
     const auto onSession = [&program](auto signal, auto slot) {
         QObject::connect(qApp, signal, &program.tray, slot);
     };

@@ -24,6 +24,7 @@ DeskView::DeskView(QWidget* parent)
 void DeskView::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
+    Motion::need();
     m_isActive = false; // What it shows may be from another day: no gliding from there.
     m_heights = observeDeskPosition([this](int32_t) { follow(); });
     m_states = NotificationCenter::defaultCenter().addObserver(

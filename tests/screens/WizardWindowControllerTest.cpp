@@ -50,6 +50,8 @@ TEST_F(WizardWindowControllerTest, theFirstRunShowsTheDeskAsItMovesAndListensNoL
     store("Weight", 0);
     properties().setWeight(0);
     plug();
+    int asked = 0;
+    Motion::whenNeeded([&asked] { ++asked; });
     open();
     auto& desk = find<DeskView>("deskView");
     ASSERT_TRUE(desk.isVisible());
@@ -70,6 +72,7 @@ TEST_F(WizardWindowControllerTest, theFirstRunShowsTheDeskAsItMovesAndListensNoL
         EXPECT_EQ(platform.runLoop.pendingTimerCount(), timers);
     }
     Motion::setReduced(false);
+    EXPECT_EQ(asked, 1);
     const QImage seen = grab(desk);
     hid.unplug(adapter);
     EXPECT_NE(grab(desk), seen);

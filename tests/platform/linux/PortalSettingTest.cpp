@@ -1,4 +1,4 @@
-#include "platform/linux/ColorSchemePortal.h"
+#include "platform/linux/PortalSetting.h"
 
 #include "TestBus.h"
 
@@ -6,15 +6,16 @@
 
 #include <gtest/gtest.h>
 
-TEST(ColorSchemePortalTest, tellsWhatTheDesktopPrefersAndEachChangeOfIt)
+TEST(PortalSettingTest, tellsWhatTheDesktopPrefersAndEachChangeOfIt)
 {
     const QString path = "/org/freedesktop/portal/desktop";
     const QString group = "org.freedesktop.appearance";
     TestBus bus;
     const QDBusConnection desktop = bus.connect();
     QString told;
-    ColorSchemePortal portal(bus.connect(), [&](std::optional<bool> isDark) {
-        told += !isDark ? "-" : *isDark ? "dark " : "light ";
+    PortalSetting portal(bus.connect(), group, "color-scheme", [&](const QVariant& value) {
+        const auto isDark = isDarkScheme(value);
+        told += !value.isValid() ? "?" : !isDark ? "-" : *isDark ? "dark " : "light ";
     });
     const auto expect = [&told](const QString& expected) {
         (void)QTest::qWaitFor([&] { return told.size() >= expected.size(); });
@@ -22,16 +23,16 @@ TEST(ColorSchemePortalTest, tellsWhatTheDesktopPrefersAndEachChangeOfIt)
     };
     portal.ask();
     EXPECT_EQ(told, "") << "never within the call";
-    expect("-"); // There is no portal.
+    expect("?"); // There is no portal.
     const TestService service(desktop, "org.freedesktop.portal.Desktop", path, [&](const QDBusMessage& call) {
         EXPECT_EQ(call.arguments(), (QVariantList {group, "color-scheme"}));
         return QVariant::fromValue(QDBusVariant(QVariant::fromValue(QDBusVariant(1U))));
     });
     portal.ask();
-    expect("-dark ");
+    expect("?dark ");
     for (const auto& [key, scheme] :
         {std::pair("accent-color", 1U), {"color-scheme", 2U}, {"color-scheme", 0U}})
         TestBus::sendSignal(desktop, path, "org.freedesktop.portal.Settings", "SettingChanged",
             {group, key, QVariant::fromValue(QDBusVariant(scheme))});
-    expect("-dark light -");
+    expect("?dark light -");
 }

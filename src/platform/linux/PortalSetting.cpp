@@ -1,4 +1,4 @@
-#include "platform/linux/ColorSchemePortal.h"
+#include "platform/linux/PortalSetting.h"
 
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
@@ -9,45 +9,51 @@
 namespace {
 const QString kPath = QStringLiteral("/org/freedesktop/portal/desktop");
 const QString kInterface = QStringLiteral("org.freedesktop.portal.Settings");
-const QString kGroup = QStringLiteral("org.freedesktop.appearance");
-const QString kKey = QStringLiteral("color-scheme");
-constexpr uint kPrefersDark = 1;
-constexpr uint kPrefersLight = 2;
 
-std::optional<bool> isDark(QVariant value)
+/// Read answers with a variant in a variant.
+QVariant unwrapped(QVariant value)
 {
-    while (value.canConvert<QDBusVariant>()) // Read answers with a variant in a variant.
+    while (value.canConvert<QDBusVariant>())
         value = value.value<QDBusVariant>().variant();
-    const uint scheme = value.toUInt();
+    return value;
+}
+}
+
+std::optional<bool> isDarkScheme(const QVariant& colorScheme)
+{
+    constexpr uint kPrefersDark = 1;
+    constexpr uint kPrefersLight = 2;
+    const uint scheme = colorScheme.toUInt();
     return scheme == kPrefersDark || scheme == kPrefersLight ? std::optional(scheme == kPrefersDark)
                                                              : std::nullopt;
 }
-}
 
-ColorSchemePortal::ColorSchemePortal(QDBusConnection sessionBus, Callback callback)
+PortalSetting::PortalSetting(QDBusConnection sessionBus, QString group, QString key, Callback callback)
     : m_bus(std::move(sessionBus))
+    , m_group(std::move(group))
+    , m_key(std::move(key))
     , m_callback(std::move(callback))
 {
 }
 
-void ColorSchemePortal::ask()
+void PortalSetting::ask()
 {
     // Without a sender's name: with one, QtDBus would ask the bus for its owner and wait for the answer.
     m_bus.connect(QString(), kPath, kInterface, QStringLiteral("SettingChanged"), this,
         SLOT(settingChanged(QString, QString, QDBusVariant)));
     QDBusMessage message = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.portal.Desktop"), kPath, kInterface, QStringLiteral("Read"));
-    message << kGroup << kKey;
+    message << m_group << m_key;
     auto* const call = new QDBusPendingCallWatcher(m_bus.asyncCall(message), this);
     connect(call, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* finished) {
         finished->deleteLater();
         const QDBusPendingReply<QDBusVariant> reply = *finished;
-        m_callback(reply.isError() ? std::nullopt : isDark(reply.value().variant()));
+        m_callback(reply.isError() ? QVariant() : unwrapped(reply.value().variant()));
     });
 }
 
-void ColorSchemePortal::settingChanged(const QString& group, const QString& key, const QDBusVariant& value)
+void PortalSetting::settingChanged(const QString& group, const QString& key, const QDBusVariant& value)
 {
-    if (group == kGroup && key == kKey)
-        m_callback(isDark(value.variant()));
+    if (group == m_group && key == m_key)
+        m_callback(unwrapped(value.variant()));
 }
