@@ -48,7 +48,6 @@ ActivityRef ActivityPersister::createWithStartDate(
                   .arg(textForDate(startDate), textForDate(endDate))
                   .arg(int(isStanding))
                   .arg(weight, 0, 'f', 6));
-    m_unsavedActivity.reset();
     if (!context()) {
         logStoreError(ManagedObjectContext::missingError());
         return nullptr;
@@ -58,10 +57,8 @@ ActivityRef ActivityPersister::createWithStartDate(
     activity->setEndDate(endDate);
     activity->setWeight(weight);
     activity->setIsStanding(isStanding);
-    if (save())
-        return activity;
-    m_unsavedActivity = activity;
-    return nullptr;
+    m_unsavedActivity = save() ? nullptr : activity;
+    return m_unsavedActivity ? nullptr : activity;
 }
 
 ActivityRef ActivityPersister::createIsStanding(bool isStanding)
