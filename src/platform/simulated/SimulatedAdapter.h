@@ -41,5 +41,4 @@ private:
     bool m_isStalled = false;
     std::function<void(const HidTransfer&)> m_recorder;
     SimulatedHidDevice* m_attached = nullptr; // What sits on the cable now.
-    const SimulatedHidDevice* m_holder = nullptr; // What has the adapter open.
 };

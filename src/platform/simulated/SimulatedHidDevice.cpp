@@ -21,9 +21,7 @@ HidStatus SimulatedHidDevice::openExclusively()
 {
     if (m_adapter->m_attached != this)
         return ENODEV;
-    if (m_adapter->m_holder && m_adapter->m_holder != this)
-        return EBUSY;
-    m_adapter->m_holder = this;
+    m_isOpen = true;
     return 0;
 }
 
@@ -42,15 +40,13 @@ void SimulatedHidDevice::detach()
     invalidate(m_transferTimer);
     if (m_adapter->m_attached == this)
         m_adapter->m_attached = nullptr;
-    if (m_adapter->m_holder == this)
-        m_adapter->m_holder = nullptr;
 }
 
 HidStatus SimulatedHidDevice::accessFailure() const
 {
     if (m_adapter->m_attached != this)
         return ENODEV;
-    return m_adapter->m_holder == this ? 0 : EBADF;
+    return m_isOpen ? 0 : EBADF;
 }
 
 void SimulatedHidDevice::post(const std::function<void(HidMailbox&)>& request)

@@ -35,6 +35,7 @@ private:
     HidMailbox m_mailbox;
     HidTransfer m_outstanding {};
     double m_begunAt = 0;
+    bool m_isOpen = false;
     bool m_isBusy = false;
     TimerRef m_transferTimer;
     TimerScope m_timers;
