@@ -137,16 +137,14 @@ int QtDialogs::runAlert(
 
 std::optional<QString> QtDialogs::runSavePanel(const QString& proposedFileName)
 {
-    QString proposed = proposedFileName;
-    proposed.replace(QLatin1Char('/'), QLatin1Char('-')); // A text table may hold a date with slashes.
-    const QString suffix = QFileInfo(proposed).suffix();
+    const QString suffix = QFileInfo(proposedFileName).suffix();
 
     Modal<QFileDialog> dialog;
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     if (!suffix.isEmpty())
         dialog->setNameFilter(QStringLiteral("*.%1").arg(suffix));
     dialog->setDirectory(documentsFolder());
-    dialog->selectFile(proposed);
+    dialog->selectFile(proposedFileName);
     int result = 0;
     while (dialog.run(result) && result == QDialog::Accepted && !dialog->selectedFiles().isEmpty()) {
         const QString path = dialog->selectedFiles().constFirst();
