@@ -3,6 +3,7 @@
 import fcntl
 
 import pytest
+from Xlib import X
 from waiting import wait_until
 
 
@@ -23,6 +24,16 @@ def test_a_tray_that_is_late_and_one_that_leaves(desktop):
     program.choose("History")
     desktop.window("History")
     assert len(desktop.records()) == 1
+
+
+@pytest.mark.desktop(tray=False)
+def test_the_tray_of_an_x11_panel(desktop):
+    desktop.settings()
+    panel = desktop.foreign_window(0, 0, 24, 24)
+    panel.set_selection_owner(desktop.x.get_atom("_NET_SYSTEM_TRAY_S0"), X.CurrentTime)
+    desktop.start()
+    asked = lambda: desktop.x.pending_events() and desktop.x.next_event().type == X.ClientMessage  # noqa: E731
+    wait_until(asked, "an icon that asks for its place")
 
 
 def test_the_icon_tells_whether_a_desk_is_there_and_a_silent_adapter_is_none(desktop):
