@@ -39,7 +39,7 @@ def test_a_disk_that_is_full_at_the_start(desktop, ballast):
     fill(ballast)
     program = desktop.start()
     began = desktop.clock.now()
-    panel(program, "no space left")
+    assert "room on the disk. Nothing is recorded" in panel(program, "no space left")
     panel(program, "data file")  # The consequence follows its cause.
     wait_until(lambda: not desktop.windows(), "the panels closed")
     program.choose("History")
@@ -58,7 +58,7 @@ def test_a_disk_that_fills_while_recording(desktop, ballast):
     for _ in range(2):
         fill(ballast)
         with desktop.clock.running(RATE):
-            assert "no space left" in panel(program)
+            assert "room on the disk. What could not be saved is kept" in panel(program, "no space left")
         saved = desktop.records()[0][1]
         desktop.clock.reach(desktop.clock.now() + 3 * PULSE, RATE)
         assert not desktop.windows(), "said once"
@@ -85,7 +85,7 @@ def test_a_store_that_is_deleted_is_begun_anew(desktop):
     with desktop.clock.running(RATE):
         records = wait_until(desktop.records, "a new store")
     assert records[0][0] == pytest.approx(start, abs=1)
-    assert program.window_with("OK").says()
+    assert "goes on with the file that is there now" in panel(program, "was removed or replaced")
     program.quit()
     assert desktop.records()[0][1] == pytest.approx(desktop.clock.now(), abs=6)
 
@@ -96,7 +96,7 @@ def test_a_damaged_store_is_left_alone_and_named(desktop):
     before = b"This is no database. " * 400
     desktop.store.write_bytes(before)
     program = desktop.start()
-    assert "StandUp.storedata" in panel(program)
+    assert "from your backup" in panel(program, "StandUp.storedata")
     program.click_tray()
     while len(desktop.windows()) > 1:
         panel(program)
@@ -113,7 +113,7 @@ def test_two_programs_do_not_share_a_store(desktop):
     first = desktop.start_recording()
     (desktop.home / "other").mkdir(mode=0o700)
     second = desktop.start(XDG_RUNTIME_DIR=str(desktop.home / "other"))
-    assert "Another program" in panel(second)
+    assert "Close the other program. Nothing is recorded" in panel(second, "Another program")
     with desktop.clock.running(RATE):
         first_end = desktop.records()[0][1]
         wait_until(lambda: desktop.records()[0][1] > first_end + PULSE, "the first one's pulses")
