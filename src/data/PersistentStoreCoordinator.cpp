@@ -36,7 +36,7 @@ bool isDiskFull(int result, const QString& path)
     // QStorageInfo knows nothing of a folder whose mount point is out of sight, as in a chroot. This asks the
     // file system itself, and takes one that does not answer for one with space.
     std::error_code ignored;
-    const auto folder = QFileInfo(path).filesystemPath().parent_path();
+    const auto folder = QFileInfo(path).filesystemPath();
     return (result & 0xFF) == SQLITE_IOERR && std::filesystem::space(folder, ignored).available < kLeastBytes;
 }
 
