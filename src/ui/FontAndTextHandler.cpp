@@ -7,6 +7,19 @@
 #include <cctype>
 
 namespace {
+/// Strokes thinner than a pixel come out faint. From these sizes on, in pixels, those of Open Sans' faces
+/// stand out 4.5 : 1 from every ground.
+constexpr int kLeastLight = 17;
+constexpr int kLeastNormal = 11;
+constexpr int kLeastDemiBold = 9;
+
+QFont::Weight weightOfSmall(int pixels)
+{
+    if (pixels < kLeastDemiBold)
+        return QFont::Bold;
+    return pixels < kLeastNormal ? QFont::DemiBold : QFont::Normal;
+}
+
 QFont loadFace(const QString& face)
 {
     static const QMap<QString, QFont::Weight> kWeights {{QStringLiteral("Light"), QFont::Light},
@@ -34,5 +47,7 @@ QFont FontAndTextHandler::named(QByteArrayView name)
         s_faces.insert(face, loadFace(face));
     QFont font = s_faces.value(face);
     font.setPixelSize(QByteArrayView(size, name.end()).toInt());
+    if (font.weight() == QFont::Light && font.pixelSize() < kLeastLight)
+        font.setWeight(weightOfSmall(font.pixelSize()));
     return font;
 }

@@ -4,7 +4,7 @@
 #include <QFont>
 
 /// The typefaces of every screen, by weight and size. Sizes are logical pixels. The named faces are used
-/// where the system has them; otherwise Open Sans in the same weight.
+/// where the system has them; otherwise Open Sans in the same weight, but no small text in its light one.
 class FontAndTextHandler {
 public:
     /// The font of that name, which is that of a function below ("Roman18").

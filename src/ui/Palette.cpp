@@ -12,7 +12,8 @@
 #include <limits>
 
 namespace {
-constexpr double kContrastOfText = 4.5; // Web Content Accessibility Guidelines 2.1, 1.4.3.
+/// Web Content Accessibility Guidelines 2.1, 1.4.3, and what the edges of small strokes lose of it.
+constexpr double kContrastOfText = 4.5 * 1.14;
 constexpr double kContrastOfShapes = 3.0; // The same, 1.4.11.
 constexpr int kPressed = 112; // Percent, as QColor::darker() takes it.
 constexpr int kNearShade = 150;
@@ -39,7 +40,7 @@ constexpr Shade kMark {0x7A868A, 0x8A969B};
 constexpr Shade kPictureShades[] = {
     kText, kCard, kMark, {0x5F6E73, 0xA5B0B4}, // the steps on a rail
     {0x4F646B, 0x5F767E}, // an entry field
-    {0xD5ECEF, 0x123F47}, // a chosen circle
+    {0xE6F4F6, 0x123F47}, // a chosen circle
     {0xEFF7F8, 0x2E3A3E}, // a circle under the mouse
     {0xE1EFF1, 0x24373B}, // the halo of the reminder's circle
 };

@@ -28,13 +28,13 @@ TEST_F(PaletteTest, hexadecimalTextsAreScannedFromTheirBeginning)
 TEST_F(PaletteTest, aColourThatCannotBeReadGivesWayToANearShadeOrToTheBetterOfTwo)
 {
     const std::tuple<QRgb, QRgb, QRgb> kTestCases[] = {
-        {0xFF616161, 0xFFD9D9D9, 0xFF5F5F5F}, {0xFF00707A, 0xFF00707A, 0xFFFFFFFF},
+        {0xFF616161, 0xFFD9D9D9, 0xFF575757}, {0xFF00707A, 0xFF00707A, 0xFFFFFFFF},
         {0xFFFFFFFF, 0xFFECECEC, 0xFF616161},
-        {0xFF767676, 0xFFFFFFFF, 0xFF767676}, // 4.54 : 1, where 4.5 is asked for
-        {0xFF777777, 0xFFFFFFFF, 0xFF757575}, // 4.48 : 1
-        {0xFF000000, 0xFF757575, 0xFF000000}, // 4.56 : 1
-        {0xFF000000, 0xFF747474, 0xFFFFFFFF}, // 4.49 : 1
-        {0xFF808080, 0xFF2A3033, 0xFF979797}, // lighter on a dark ground
+        {0xFF6D6D6D, 0xFFFFFFFF, 0xFF6D6D6D}, // 5.17 : 1, where 5.13 is asked for
+        {0xFF777777, 0xFFFFFFFF, 0xFF6C6C6C}, // 4.48 : 1
+        {0xFF000000, 0xFF7E7E7E, 0xFF000000}, // 5.17 : 1
+        {0xFF000000, 0xFF7D7D7D, 0xFFFFFFFF}, // 5.10 : 1
+        {0xFF808080, 0xFF2A3033, 0xFFA1A1A1}, // lighter on a dark ground
     };
     for (const auto& [preferred, background, shown] : kTestCases)
         EXPECT_EQ(readableColor(preferred, background).rgb(), shown) << std::hex << background;
