@@ -27,13 +27,15 @@ def differs(made, kept):
 
 
 # Where a change of its look is meant, the tour makes them anew. A dark desktop changes nothing; some readers' windows are mirrored.
-@pytest.mark.parametrize("variant,kept_as", [("", ""), ("dark", ""), ("de", "-de"), ("rtl", "-rtl")])
+@pytest.mark.parametrize("variant,kept_as", [("", ""), ("dark", ""), ("de", "-de"), ("rtl", "-rtl"), ("dark-look", "-dark-look")])
 def test_every_window_looks_as_it_is_kept(tmp_path, variant, kept_as):
     make_pictures(tmp_path, *filter(None, [variant]))
     kept = {made: KEPT / made.name.replace(variant and f"-{variant}", kept_as) for made in tmp_path.iterdir()}
     kept = {made: picture for made, picture in kept.items() if picture.exists()}
     assert len(kept) >= 4
     assert [picture.name for made, picture in kept.items() if differs(made, picture)] == []
+    contrasts = next(tmp_path.glob("contrasts*")).read_text().splitlines()
+    assert len(contrasts) > 200 and [line for line in contrasts if float(line.split("\t")[2]) < 4.5] == []
 
 
 def ink(picture, box):

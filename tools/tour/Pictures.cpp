@@ -1,5 +1,6 @@
 #include "Pictures.h"
 
+#include "Contrast.h"
 #include "TourWorld.h"
 #include "data/ActivityMode.h"
 #include "data/ActivityPersister.h"
@@ -14,6 +15,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFile>
 #include <QPainter>
 #include <QTest>
 #include <QTextStream>
@@ -75,6 +77,7 @@ public:
             m_failed = true;
             return;
         }
+        m_contrasts += measuredContrasts(*window, picture);
         for (const double scale : m_scales) {
             QPixmap pixmap(window->size() * scale);
             pixmap.setDevicePixelRatio(scale);
@@ -86,11 +89,17 @@ public:
             m_failed = !pixmap.save(m_folder.filePath(name)) || m_failed;
         }
     }
+    void writeContrasts()
+    {
+        QFile file(m_folder.filePath(QStringLiteral("contrasts%1.txt").arg(m_suffix)));
+        m_failed = !file.open(QIODevice::WriteOnly) || file.write(m_contrasts.toUtf8()) < 0 || m_failed;
+    }
     [[nodiscard]] bool failed() const { return m_failed; }
 
 private:
     QDir m_folder;
     QString m_suffix;
+    QString m_contrasts;
     QLocale m_locale;
     Appearance::Choice m_appearance;
     std::vector<double> m_scales;
@@ -350,6 +359,7 @@ bool makePictures(const QString& folder, const QString& suffix, const QLocale& l
     takeTestWindow(photographer);
     takeReminders(photographer);
     takeHistory(photographer);
+    photographer.writeContrasts();
     // Neither language nor window changes them.
     const bool hasIcons = !suffix.isEmpty() || trayIcons().save(QDir(folder).filePath("tray-icons.png"));
     return hasIcons && !photographer.failed();
