@@ -58,9 +58,12 @@ void HidrawWorker::open(OpeningEnded ended)
 
 void HidrawWorker::post(const std::function<void(HidMailbox&)>& request)
 {
-    const std::lock_guard lock(m_state->mutex);
+    std::unique_lock lock(m_state->mutex);
     request(m_state->mailbox);
-    m_state->wake.notify_one();
+    const bool hasWork = m_state->mailbox.hasNext();
+    lock.unlock();
+    if (hasWork) // Most requests only look: a thread that sleeps goes on sleeping.
+        m_state->wake.notify_one();
 }
 
 void HidrawWorker::await(HidMailbox::Direction direction, uint8_t reportId, double seconds)
