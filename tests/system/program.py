@@ -49,8 +49,8 @@ class Program:
 
         return wait_until(item, "tray icon")
 
-    def click_tray(self):
-        call(self.desktop.session, self.tray_item(), *TRAY_ITEM, "Activate", "(ii)", 0, 0)
+    def click_tray(self, what="Activate"):
+        call(self.desktop.session, self.tray_item(), *TRAY_ITEM, what, "(ii)", 0, 0)
 
     def tray_icon(self):
         # Its pictures and what it says.

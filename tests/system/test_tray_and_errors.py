@@ -10,7 +10,7 @@ from waiting import wait_until
 @pytest.mark.desktop(tray=False)
 def test_a_tray_that_is_late_and_one_that_leaves(desktop):
     desktop.settings()
-    program = desktop.start()
+    program = desktop.start(XDG_CURRENT_DESKTOP="GNOME")
     with desktop.clock.running(10):
         program.in_front("Zelvo StandUp")  # By itself.
     leave = lambda: desktop.tray.process.terminate()  # noqa: E731
@@ -23,6 +23,11 @@ def test_a_tray_that_is_late_and_one_that_leaves(desktop):
     desktop.add_tray()
     program.choose("History")
     desktop.window("History")
+    assert b"\xff\xff\xff\xff" in bytes(program.tray_icon()[0][0][2]), "white on that desktop's dark panel"
+    program.click_tray("ContextMenu")  # As a host does that draws no menus.
+    chosen = lambda: desktop.key("Up") and desktop.key("Return") and program.process.poll() is not None  # noqa: E731
+    wait_until(chosen, "the menu's last entry, which ends the program")
+    program.ends()
     assert len(desktop.records()) == 1
 
 
@@ -59,14 +64,17 @@ def test_the_icon_tells_whether_a_desk_is_there_and_a_silent_adapter_is_none(des
     for height, error, words in [
         (1500, None, "Standing at 77 cm, 8\u00a0minutes to the next change"),
         (600, None, "Sitting at 68 cm, 23\u00a0minutes to the next change"),
-        (600, (0, [7]), "The desk reports an error (68 cm)"),
-        (600, None, "Sitting at 68 cm, 23\u00a0minutes to the next change"),
+        (300, None, "Sitting at 65 cm, 23\u00a0minutes to the next change"),
+        (300, (0, [7]), "The desk reports an error (65 cm)"),
+        (300, None, "Sitting at 65 cm, 23\u00a0minutes to the next change"),
     ]:
         adapter.put(height)
         adapter.error = error
         wait_until(lambda words=words: program.tray_icon()[1] == words, words)
         pictures.append(program.tray_icon()[0])
-    assert [pictures.index(picture) for picture in pictures] == [0, 1, 2, 3, 2]
+    assert [pictures.index(picture) for picture in pictures] == [0, 1, 2, 2, 4, 2]
+    with desktop.clock.running(10):
+        wait_until(lambda: "22\u00a0minutes" in program.tray_icon()[1], "a minute less")
     adapter.communicating = False
     adapter.failure = 32  # EPIPE, so that the program looks whether the desk is there.
     main.hears("Please connect your desk")
