@@ -14,7 +14,7 @@ Bytes bytes(const Text& words)
     Bytes found;
     std::istringstream input(words);
     for (Text word; input >> word;) {
-        if (word[0] == '"')
+        if (word[0] == '\'')
             found.insert(found.end(), word.begin() + 1, word.end() - 1);
         else if (word[0] == 'x')
             found.resize(found.size() + std::stoul(word.substr(1)));
@@ -42,9 +42,9 @@ Text failed(const Text& status)
     return "x3 03 x3 07 x12 FF FF FF " + status + " x24";
 }
 
-const Text kImport = "01 11 80 03 x4 \"1-1\" x29";
+const Text kImport = "01 11 80 03 x4 '1-1' x29";
 const Text kDevice =
-    " \"/sys/devices/simulated/1-1\" x230 \"1-1\" x29 x3 01 x3 01 x3 02 12 09 00 01 01 00 x3 01 01 01 ";
+    " '/sys/devices/simulated/1-1' x230 '1-1' x29 x3 01 x3 01 x3 02 12 09 00 01 01 00 x3 01 01 01 ";
 const Text kInit = " 03 04 00 FB x4";
 const Text kStatus = "A1 01 04 03 00 00 40 00";
 const Text kStall = failed("E0");
@@ -59,8 +59,8 @@ TEST(UsbIp, eachQuestionHasItsAnswer)
     UsbIpSession session(all, [](auto&) {});
     const std::tuple<const char*, Text, Text> kCases[] = {
         // What happens, a question after it, and its answer.
-        {"adapter 2", "01 11 80 03 x4 \"1-3\" x29", "01 11 00 03 x3 04"},
-        {"unplug", "01 11 80 03 x4 \"1-2\" x29", "01 11 00 03 x3 04"},
+        {"adapter 2", "01 11 80 03 x4 '1-3' x29", "01 11 00 03 x3 04"},
+        {"unplug", "01 11 80 03 x4 '1-2' x29", "01 11 00 03 x3 04"},
         {"adapter 1", "01 11 80 05 x4", "01 11 00 05 x4 x3 01" + kDevice + "03 x3"},
         {"", kImport, "01 11 00 03 x4" + kDevice},
         {"", in("12", "80 06 00 01 00 00 12 00"),
