@@ -51,6 +51,8 @@ void Oracle::matched(int adapter)
         fail("an adapter is taken up that is not there");
     endHold();
     adopt(adapter);
+    if (m_latency == 0)
+        m_quickSince = std::min(m_quickSince, m_now); // Nothing slow is under way to one that was lost.
 }
 
 void Oracle::adopt(int adapter)
@@ -59,8 +61,6 @@ void Oracle::adopt(int adapter)
     m_isInitOwed[size_t(adapter)] = true;
     m_drivenSince = m_now;
     m_readAt = m_now + kCheck;
-    if (m_latency == 0)
-        m_quickSince = std::min(m_quickSince, m_now); // Nothing slow is under way to one that was lost.
     if (m_devices.size() == 1)
         m_nextPoll = m_now + kCheck;
 }
