@@ -42,7 +42,6 @@ constexpr Shade kPictureShades[] = {
     {0x4F646B, 0x5F767E}, // an entry field
     {0xE6F4F6, 0x123F47}, // a chosen circle
     {0xEFF7F8, 0x2E3A3E}, // a circle under the mouse
-    {0xE1EFF1, 0x24373B}, // the halo of the reminder's circle
 };
 
 double linearComponent(double component)

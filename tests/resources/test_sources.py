@@ -78,6 +78,13 @@ def test_typography_is_that_of_the_language(languages, must_not_hold, because):
     assert wrong == [], because
 
 
+def test_every_colour_in_a_picture_has_its_counterpart_in_the_dark_look():
+    drawn = "".join(path.read_text() for path in (SOURCE / "resources/images").glob("*.svg") if "StatusItem" not in path.name)
+    known = set(re.findall(r"\{0x(\w{6}), ", (SOURCE / "ui/Palette.cpp").read_text()))
+    brand = re.search('"ZelvoColor1": "#(.*)"', (SOURCE / "resources/Info.json.in").read_text())[1]
+    assert set(re.findall(r"#(\w{6})", drawn)) <= known | {brand}
+
+
 def test_forms_and_code_name_pictures_and_styles_that_are_there():
     pictures = {path.stem for path in (SOURCE / "resources/images").glob("*.svg")}
     assert pictures == set(re.findall(r"^    (\w+)$", (SOURCE / "resources/CMakeLists.txt").read_text(), re.MULTILINE))
