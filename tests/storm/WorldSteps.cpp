@@ -285,7 +285,7 @@ void World::setWire(const Step& step)
         faults.noAnswer = how == "silent";
         adapter.setLatency(latency);
         adapter.setStalled(how == "stalled");
-        loop().advance(0.001); // Which of them is heard first shall be no accident.
+        loop().advance(0.002); // Which of them is heard first shall be no accident.
     }
 }
 
