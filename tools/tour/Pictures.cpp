@@ -77,6 +77,7 @@ public:
             m_failed = true;
             return;
         }
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
         m_contrasts += measuredContrasts(*window, picture);
         for (const double scale : m_scales) {
             QPixmap pixmap(window->size() * scale);
