@@ -35,10 +35,10 @@ QSize StrokeView::minimumSizeHint() const
 void StrokeView::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    auto [rule, line] = DevicePixels::enter(painter, rect());
-    if (m_horizontal)
-        rule.setHeight(line);
-    else
-        rule.setWidth(line);
+    // A rule ends where one across it, in its last logical pixel, has its line: so corners close at every
+    // scale.
+    auto [rule, line] =
+        DevicePixels::enter(painter, QRectF(QPointF(0, 0), QPointF(width() - 1, height() - 1)));
+    rule.setSize(rule.size() + QSize(line, line));
     painter.fillRect(rule, zelvoMainLineColor());
 }

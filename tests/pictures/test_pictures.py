@@ -38,6 +38,14 @@ def test_every_window_looks_as_it_is_kept(tmp_path, variant, kept_as):
     assert len(contrasts) > 200 and [line for line in contrasts if float(line.split("\t")[2]) < 4.5] == []
 
 
+def dots(picture, scale):
+    """The widths of what stands out from the settings' slider: four dots and the knob."""
+    rail = picture.crop([round(edge * scale) for edge in (100, 340, 540, 369)])
+    drawn = ImageChops.difference(rail, Image.new("RGB", rail.size, rail.getpixel((0, 0)))).convert("L")
+    thick = [sum(v > 12 for v in drawn.crop((x, 0, x + 1, drawn.height)).getdata()) > 6 * scale for x in range(drawn.width)]
+    return sorted(len(list(run)) for is_dot, run in itertools.groupby(thick) if is_dot)
+
+
 def ink(picture, box):
     """Where a part of the picture differs from its upper left corner."""
     part = picture.crop(box)
@@ -72,3 +80,5 @@ def test_every_window_stands_on_one_grid_at_every_scale(tmp_path, suffix):
         assert abs(content[0] - left) <= slack and abs(content[2] - right) <= slack, (name, scale)
         assert not has_mark or abs(header[2] - right) <= slack, (name, scale)
         assert not has_title or left <= header[0] <= left + 4 * scale, (name, scale)
+        if name == "settings-time":
+            assert len(dots(picture, scale)) == 5 and len(set(dots(picture, scale)[:4])) == 1, scale
