@@ -2,7 +2,12 @@
 
 #include "fakes/ControlTest.h"
 #include "ui/Appearance.h"
+#include "ui/HyperLinkTextField.h"
 #include "ui/PanelWindow.h"
+#include "ui/ScrollingBody.h"
+#include "ui/TextUtilities.h"
+
+#include <QScrollBar>
 
 namespace {
 using PaletteTest = ControlTest;
@@ -53,7 +58,10 @@ TEST_F(PaletteTest, theUserChoosesTheLookOfOpenWindowsOrLetsTheDesktop)
     } kTestCases[] = {{Appearance::Dark, false, false, true}, {Appearance::Light, true, true, false},
         {Appearance::AsDesktop, true, false, true}, {Appearance::AsDesktop, false, true, false},
         {Appearance::AsDesktop, {}, true, true}, {Appearance::AsDesktop, {}, false, false}};
-    const PanelWindow window;
+    PanelWindow window;
+    HyperLinkTextField link(&window);
+    link.setText(hyperlinkFromString("E02", QUrl("https://example.org")));
+    const ScrollingBody body(&window);
     int asked = 0;
     Appearance::whenFollowing([&asked] { ++asked; });
     for (const auto& [choice, isDesktopDark, hasDarkWindows, isDark] : kTestCases) {
@@ -62,6 +70,8 @@ TEST_F(PaletteTest, theUserChoosesTheLookOfOpenWindowsOrLetsTheDesktop)
         Appearance::setDesktopIsDark(isDesktopDark);
         EXPECT_EQ(window.palette().color(QPalette::Window).lightness() < 128, isDark) << choice;
         EXPECT_EQ(PanelWindow().palette(), window.palette());
+        EXPECT_TRUE(link.text().contains(zelvoHoverColor().name())) << choice;
+        EXPECT_TRUE(body.verticalScrollBar()->styleSheet().contains(zelvoMarkColor().name())) << choice;
         EXPECT_EQ(asked, choice == Appearance::AsDesktop);
     }
 }
