@@ -24,6 +24,8 @@ TOLD = {
         "page tab": {"*Time": "", "Calories": ""},
         "radio button": dict.fromkeys(["10 minutes", "15 minutes", "*20 minutes", "30 minutes", "40 minutes"], ""),
         "slider": {"Goal": "20 minutes"},
+        "combo box": {"Light": ""},
+        "list item": dict.fromkeys(["Light", "Dark", "As the desktop"], ""),
         "push button": {"Sit, 72 cm": SET, "Stand, 110 cm": SET, "Position 3, 115 cm": SET, "Done": ""}
         | {"Close without saving": "Close without saving"},
         "link": {"Watch the video": "", "More about standing at work": ""},
