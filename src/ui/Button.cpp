@@ -4,9 +4,14 @@
 
 #include <QFontMetrics>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 
 #include <utility>
+
+namespace {
+constexpr quint64 kQuickClick = 200; // ms; nobody thinks better of a press that soon.
+}
 
 Button::Button(QWidget* parent)
     : QPushButton(parent)
@@ -114,6 +119,29 @@ void Button::keyReleaseEvent(QKeyEvent* event)
 {
     m_keyRepeat.released(*event);
     QPushButton::keyReleaseEvent(event);
+}
+
+void Button::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton)
+        m_pressedAt = event->timestamp();
+    QPushButton::mousePressEvent(event);
+}
+
+void Button::mouseReleaseEvent(QMouseEvent* event)
+{
+    const bool isLeft = event->button() == Qt::LeftButton;
+    const auto pressedAt = isLeft ? std::exchange(m_pressedAt, {}) : std::nullopt;
+    const bool isQuick = pressedAt && event->timestamp() < *pressedAt + kQuickClick;
+    if (!isQuick || hitButton(event->position().toPoint())) {
+        QPushButton::mouseReleaseEvent(event);
+        return;
+    }
+    // An X server that holds a click back for a slow window manager reports its release where the pointer is
+    // by then.
+    event->accept();
+    setDown(false);
+    click();
 }
 
 bool Button::hitButton(const QPoint& position) const

@@ -7,6 +7,7 @@
 #include <QPushButton>
 
 #include <functional>
+#include <optional>
 
 /// What all buttons of the program share: a title with a colour and an underline of its own, a picture, a
 /// background, and one way of being painted. In Designer forms it is promoted from QPushButton.
@@ -46,6 +47,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     [[nodiscard]] bool hitButton(const QPoint& position) const override;
 
 private:
@@ -54,5 +57,6 @@ private:
     Qt::ToolButtonStyle m_toolButtonStyle = Qt::ToolButtonTextBesideIcon;
     FocusMark m_focusMark {*this};
     KeyRepeat m_keyRepeat;
+    std::optional<quint64> m_pressedAt; ///< ms
     bool m_isUnderlined = false;
 };

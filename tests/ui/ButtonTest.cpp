@@ -100,3 +100,22 @@ TEST_F(ButtonTest, aKeyKeptDownClicksOnceThoughX11ReportsItAsGoingUpAndDown)
     QTest::keyClick(&button, Qt::Key_Return); // Without a time: not a keyboard's.
     EXPECT_EQ(clicks.count(), 1);
 }
+
+TEST_F(ButtonTest, aQuickClickCountsWhereverThePointerWentMeanwhile)
+{
+    QSignalSpy clicks(&button, &QPushButton::clicked);
+    const auto send = [&](QEvent::Type type, QPointF place, Qt::MouseButtons held, quint64 time) {
+        QMouseEvent event(
+            type, place, place, type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton, held, {});
+        event.setTimestamp(time);
+        QApplication::sendEvent(&button, &event);
+    };
+    for (const auto& [x, time, expected] :
+        {std::tuple(9, 1199U, 1), {-9, 1199U, 2}, {-9, 1200U, 2}, {9, 1200U, 3}}) {
+        send(QEvent::MouseButtonPress, {9, 9}, Qt::LeftButton, 1000);
+        send(QEvent::MouseMove, {double(x), 9}, Qt::LeftButton, time);
+        send(QEvent::MouseButtonRelease, {double(x), 9}, {}, time);
+        EXPECT_EQ(clicks.count(), expected) << x << ' ' << time;
+        EXPECT_FALSE(button.isDown());
+    }
+}
