@@ -42,8 +42,7 @@ bool isAdapterForbidden()
 
 QStringList permissionCommands()
 {
-    return {QStringLiteral("sudo cp packaging/70-zelvo-standup.rules /etc/udev/rules.d/"),
-        QStringLiteral("sudo udevadm trigger -s hidraw -c change")};
+    return hub() ? hub()->deviceManager().commandsGivingAccess() : QStringList();
 }
 
 int32_t deskPosition()

@@ -62,6 +62,7 @@ public:
     /// How opening the attached adapter ended: 0, EACCES without permission, EBUSY while another program
     /// holds it, or another errno. Empty when none is attached.
     [[nodiscard]] std::optional<HidStatus> accessStatus() const;
+    [[nodiscard]] QStringList commandsGivingAccess() const { return m_manager.commandsGivingAccess(); }
     [[nodiscard]] static int64_t USBDeviceCount(const HidManager& manager);
 
     /// Sends the first 8 bytes of the buffer as a feature report (byte 0 = report ID). False, and no transfer

@@ -2,6 +2,7 @@
 
 #include <QMap>
 #include <QString>
+#include <QStringList>
 
 #include <cstdint>
 #include <functional>
@@ -77,6 +78,9 @@ public:
 
     /// The matching adapters that are attached now.
     [[nodiscard]] virtual std::vector<HidDeviceRef> copyDevices() const = 0;
+
+    /// What the user can type into a terminal where an adapter may not be opened (EACCES).
+    [[nodiscard]] virtual QStringList commandsGivingAccess() const { return {}; }
 
 protected:
     HidManager() = default;

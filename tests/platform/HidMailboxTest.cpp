@@ -84,7 +84,7 @@ TEST(HidMailbox, sendsTheNewestInOrderAndNothingOldOrTwice)
         {"up begin #0 stop begin fail begin #0 begin", "u s s -", "a stop as well"},
         {"stop begin close fail begin", "s s", "also when closed"},
         {"up begin close fail begin", "u -", ""},
-        {"up begin ask 4.9 watch 5 watch watch begin #0 begin #0 begin", "u lost - s -",
+        {"up begin 4.9 watch 5 watch watch begin #0 begin #0 begin", "u lost - s -",
             "overdue, and told once"},
         {"ask begin #7 ask begin fail begin fail take up ask begin #0 begin", "r r r lost nothing s -",
             "nothing but rest to a lost adapter"},

@@ -2,6 +2,7 @@
 
 #include "platform/HidMailbox.h"
 #include "platform/RunLoop.h"
+#include "platform/linux/AccessRule.h"
 #include "platform/linux/AccessWatcher.h"
 #include "platform/linux/HidrawMonitor.h"
 
@@ -23,6 +24,7 @@ public:
     [[nodiscard]] HidStatus open() override;
     /// Those announced; an adapter that is still being opened is not among them.
     [[nodiscard]] std::vector<HidDeviceRef> copyDevices() const override;
+    [[nodiscard]] QStringList commandsGivingAccess() const override { return AccessRule::commands(); }
 
 private:
     struct Attached {

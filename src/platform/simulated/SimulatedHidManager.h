@@ -21,6 +21,12 @@ public:
 
     [[nodiscard]] HidStatus open() override;
     [[nodiscard]] std::vector<HidDeviceRef> copyDevices() const override;
+    /// Those of a desktop with the program's package.
+    [[nodiscard]] QStringList commandsGivingAccess() const override
+    {
+        return {QStringLiteral("sudo udevadm control --reload"),
+            QStringLiteral("sudo udevadm trigger -s hidraw -c change")};
+    }
 
     /// Plugs an adapter in or pulls it out; announced on the run loop. Each plugging in is a new device.
     void plug(int number = 0);

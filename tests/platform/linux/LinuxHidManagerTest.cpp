@@ -5,6 +5,7 @@
 #include "platform/qt/QtRunLoop.h"
 
 #include <QDir>
+#include <QTemporaryDir>
 #include <QtCore/qtestsupport_core.h>
 
 #include <array>
@@ -265,4 +266,13 @@ TEST_F(LinuxHid, endsWithAStopButNotInsideASilentAdapter)
         EXPECT_TRUE(QTest::qWaitFor([&] { return !isHeld(adapter); }));
         EXPECT_EQ(adapter.wire().written, std::vector<Report> {kStop});
     }
+}
+
+TEST(AccessRuleTest, isWrittenWhereTheDesktopHasNoneAndReadAnewWhereItHas)
+{
+    const QTemporaryDir folder;
+    EXPECT_TRUE(AccessRule::commands({folder.path()})[0].startsWith(QStringLiteral("echo '")));
+    EXPECT_TRUE(QFile(folder.filePath(QStringLiteral("70-zelvo-standup.rules"))).open(QIODevice::WriteOnly));
+    EXPECT_EQ(AccessRule::commands({QStringLiteral("/none"), folder.path()})[0],
+        QStringLiteral("sudo udevadm control --reload"));
 }
