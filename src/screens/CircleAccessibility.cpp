@@ -37,7 +37,8 @@ public:
     {
         if (type == QAccessible::ValueInterface)
             return static_cast<QAccessibleValueInterface*>(this);
-        return CircleInterface::interface_cast(type);
+        // Qt would offer to increase and to decrease the value.
+        return type == QAccessible::ActionInterface ? nullptr : CircleInterface::interface_cast(type);
     }
 
     [[nodiscard]] QString text(QAccessible::Text kind) const override

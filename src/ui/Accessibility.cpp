@@ -2,12 +2,12 @@
 
 #include "ui/ClickableLabel.h"
 #include "ui/HoverLink.h"
-#include "ui/HyperLinkTextField.h"
 #include "ui/MouseEventButton.h"
+#include "ui/PanelWindow.h"
+#include "ui/SpokenLabel.h"
 
 #include <QAccessible>
 #include <QAccessibleWidget>
-#include <QTextDocumentFragment>
 
 namespace {
 /// What a control that is pressed tells: its text as its name, unless it was given another, and one action.
@@ -17,8 +17,11 @@ public:
 
     [[nodiscard]] QString text(QAccessible::Text kind) const override
     {
-        const QString given = QAccessibleWidget::text(kind);
-        return kind == QAccessible::Name && given.isEmpty() ? shownText().trimmed() : given;
+        if (kind != QAccessible::Name)
+            return QAccessibleWidget::text(kind);
+        // Not what Qt makes of it, which is the title of the group around it.
+        const QString given = widget()->accessibleName();
+        return given.isEmpty() ? shownText().trimmed() : given;
     }
 
     [[nodiscard]] QStringList actionNames() const override
@@ -103,17 +106,15 @@ private:
 /// Text that comes unasked.
 class NotificationInterface final : public QAccessibleWidget {
 public:
-    explicit NotificationInterface(HyperLinkTextField* label)
+    explicit NotificationInterface(SpokenLabel* label)
         : QAccessibleWidget(label, QAccessible::Notification)
     {
     }
 
     [[nodiscard]] QString text(QAccessible::Text kind) const override
     {
-        if (kind != QAccessible::Name)
-            return QAccessibleWidget::text(kind);
-        return QTextDocumentFragment::fromHtml(static_cast<HyperLinkTextField*>(object())->text())
-            .toPlainText();
+        return kind == QAccessible::Name ? static_cast<SpokenLabel*>(object())->plainText()
+                                         : QAccessibleWidget::text(kind);
     }
 };
 
@@ -123,8 +124,11 @@ QAccessibleInterface* controlInterface(const QString&, QObject* object)
         return new ButtonInterface(button); // Owned by Qt's cache of interfaces.
     if (auto* label = qobject_cast<ClickableLabel*>(object))
         return new TabInterface(label);
-    if (auto* label = qobject_cast<HyperLinkTextField*>(object))
+    if (auto* label = qobject_cast<SpokenLabel*>(object))
         return new NotificationInterface(label);
+    if (auto* window = qobject_cast<PanelWindow*>(object))
+        return new QAccessibleWidget(
+            window, window->windowType() == Qt::Dialog ? QAccessible::Dialog : QAccessible::Window);
     return nullptr;
 }
 }

@@ -2,13 +2,12 @@
 
 #include "ui/Palette.h"
 
-#include <QAccessible>
 #include <QFocusEvent>
 
 #include <utility>
 
 HyperLinkTextField::HyperLinkTextField(QWidget* parent)
-    : QLabel(parent)
+    : SpokenLabel(parent)
 {
     setWordWrap(true);
     setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
@@ -21,16 +20,9 @@ HyperLinkTextField::HyperLinkTextField(QWidget* parent)
 
 void HyperLinkTextField::setText(const QString& text)
 {
-    if (text == this->text())
-        return;
     m_linkColor = hexadecimalValue(zelvoHoverColor());
-    QLabel::setText(text);
     setFocusPolicy(text.contains(QLatin1String("<a href")) ? Qt::StrongFocus : Qt::NoFocus);
-    if (text.isEmpty() || !isVisible() || !QAccessible::isActive())
-        return;
-    // A notification that appears is spoken; Qt hands no alert on.
-    QAccessibleEvent event(this, QAccessible::ObjectShow);
-    QAccessible::updateAccessibility(&event);
+    SpokenLabel::setText(text);
 }
 
 void HyperLinkTextField::setOpener(Opener opener)
@@ -41,7 +33,7 @@ void HyperLinkTextField::setOpener(Opener opener)
 void HyperLinkTextField::changeEvent(QEvent* event)
 {
     QLabel::changeEvent(event);
-    if (event->type() != QEvent::PaletteChange)
+    if (event->type() != QEvent::PaletteChange || m_linkColor.isEmpty())
         return;
     const QString color = hexadecimalValue(zelvoHoverColor());
     QLabel::setText(

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <QLabel>
+#include "ui/SpokenLabel.h"
+
 #include <QUrl>
 
 #include <functional>
@@ -8,7 +9,7 @@
 /// Text with links (see hyperlinkFromString()), neither editable nor selectable. A click on a link, or Return
 /// on the link that Tab reached, hands its address to the opener; the hand cursor shows over links only. In
 /// Designer forms it is promoted from QLabel.
-class HyperLinkTextField final : public QLabel {
+class HyperLinkTextField final : public SpokenLabel {
     Q_OBJECT
 
 public:
