@@ -24,7 +24,8 @@ public:
     /// Commands are heard from the first turn of the main loop on. Without a bus there are none.
     CommandService(AppDelegate& app, QDBusConnection bus);
 
-    void show(); ///< the main window; before set-up is complete the wizard
+    /// The main window, or a reminder that waits without the keyboard; before set-up is complete the wizard.
+    void show();
     void showHistory(); ///< before set-up is complete the wizard
     void showSettings();
     void quit();

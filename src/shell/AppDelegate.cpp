@@ -123,6 +123,9 @@ void AppDelegate::showSomething()
         showWizard();
         return;
     }
+    if (NotificationWindowController* const reminder = m_menuletController->openNotification();
+        reminder && reminder->takeKeyboard())
+        return;
     m_menuletController->setActive(true);
     m_menuletController->showMainWindow();
 }

@@ -22,6 +22,8 @@ public:
 
     void setDelegate(NotificationViewDelegate* delegate) { m_delegate = delegate; }
 
+    [[nodiscard]] static bool isMouseInside() { return s_isMouseInside; }
+
     /// @param position in this view's coordinates
     void mouseEntered(QPointF position);
     void mouseExited(QPointF position);

@@ -15,8 +15,8 @@
 #include <utility>
 
 namespace {
-constexpr Qt::WindowFlags kFloating = Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
-
+// Not a tool window: desktops leave those out of Alt+Tab.
+constexpr Qt::WindowFlags kFloating = Qt::Dialog | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
 }
 
 NotificationWindowController::NotificationWindowController(Workspace& workspace)
@@ -42,10 +42,8 @@ void NotificationWindowController::awakeFromNib()
         *m_ui->labelErrorText, *m_ui->errorArea, ErrorLine::WithoutUrl::EmptyLink);
     m_window->setOpensUnfocused();
     m_window->setShowsWithoutKeyboard();
-    m_window->onClickEnded([this] {
-        if (!m_fade->isFadingOut()) // An answered reminder leaves the keyboard where it was.
-            m_window->takeKeyboard();
-    });
+    m_window->setFirstControl(m_ui->buttonSnooze); // A stray Tab and Space do not begin with moving the desk.
+    m_window->onKeyboardUsed([this] { stopDismissTimer(); }, [this] { keyboardLeft(); });
     m_window->setMovableByWindowBackground(true);
     m_window->onCloseRequested([this] { buttonSnoozeClicked(); }); // Escape is "not now".
     m_window->setWindowOpacity(1.0);
@@ -82,6 +80,8 @@ void NotificationWindowController::setNotification(std::shared_ptr<Notification>
 
 void NotificationWindowController::updateControls()
 {
+    // In one: a screen reader speaks title and description when the title appears.
+    m_ui->labelTitle->setAccessibleDescription(m_notification ? m_notification->message() : QString());
     m_ui->labelTitle->setText(m_notification ? m_notification->title() : QString());
     m_ui->labelMessage->setText(m_notification ? m_notification->message() : QString());
     if (m_notification) {
@@ -168,6 +168,14 @@ void NotificationWindowController::onDismissTimerTick()
         snooze(); // An ignored reminder comes again.
 }
 
+bool NotificationWindowController::takeKeyboard()
+{
+    if (m_window->isActiveWindow())
+        return false;
+    m_window->takeKeyboard();
+    return true;
+}
+
 bool NotificationWindowController::isWindowVisible() const
 {
     return m_window->isVisible();
@@ -191,6 +199,13 @@ void NotificationWindowController::notificationViewMouseEntered()
 void NotificationWindowController::notificationViewMouseExited()
 {
     if (!m_fade->isFadingOut()) // The reminder has been answered; there is nothing left to wait for.
+        startDismissTimer();
+}
+
+/// A keyboard in the window keeps it open as a pointer does.
+void NotificationWindowController::keyboardLeft()
+{
+    if (isOpen() && !m_dismissTimer && !m_ui->notificationView->isMouseInside())
         startDismissTimer();
 }
 

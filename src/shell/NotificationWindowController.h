@@ -20,8 +20,9 @@ class NotificationWindow;
 }
 
 /// The reminder: offers to move the desk, to snooze or to skip. It snoozes by itself when ignored and leaves
-/// shortly after the desk was moved, but never while the pointer rests on it. It takes no keyboard focus
-/// until it is clicked, so that a key meant for another program never answers it.
+/// shortly after the desk was moved, but never while pointer or keyboard rest on it. It comes without the
+/// keyboard, so that a key meant for another program never answers it; Alt+Tab, a click and a further start
+/// give it that.
 class NotificationWindowController final : public MouseEventButtonDelegate, public NotificationViewDelegate {
 public:
     explicit NotificationWindowController(Workspace& workspace);
@@ -35,6 +36,8 @@ public:
     void updateControls();
     void setTabelHeight(int32_t position); ///< raw, 0.1 mm
     void fadeIn();
+    /// Gives the keyboard to the open reminder. False when it has it already.
+    bool takeKeyboard();
     void buttonSnoozeClicked();
     void snooze();
     void buttonCancelClicked();
@@ -60,6 +63,7 @@ private:
     void awakeFromNib();
     void setupGUI();
     void connectButtons();
+    void keyboardLeft();
     void moveToMemory(ZelvoHIDDevice& desk);
     [[nodiscard]] bool isButtonHeld() const;
 

@@ -1,6 +1,7 @@
 #include "ui/PanelWindow.h"
 
 #include "platform/RunLoop.h"
+#include "ui/Accessibility.h"
 #include "ui/Appearance.h"
 #include "ui/DevicePixels.h"
 #include "ui/Palette.h"
@@ -21,11 +22,13 @@
 namespace {
 /// What a window manager puts around a window is not known before it is shown.
 constexpr QSize kWidestFrame(16, 48);
+constexpr double kUnaskedSeconds = 1.0;
 }
 
 PanelWindow::PanelWindow(Qt::WindowFlags flags)
     : QWidget(nullptr, flags)
 {
+    installControlAccessibility();
     Appearance::update();
     applyWindowPalette(*this);
     m_appearanceObservation = NotificationCenter::defaultCenter().addObserver(
@@ -88,19 +91,74 @@ void PanelWindow::setShowsWithoutKeyboard()
 
 void PanelWindow::takeKeyboard()
 {
-    if (!isVisible() || !windowHandle())
+    if (!isVisible())
         return;
-    // The window's own flag would hide the window and make it anew.
-    windowHandle()->setFlag(Qt::WindowDoesNotAcceptFocus, false);
+    m_isCalled = true;
+    WindowSystem::moveToCurrentWorkspace(*this);
+    raise();
     activateWindow();
+}
+
+void PanelWindow::onKeyboardUsed(std::function<void()> used, std::function<void()> left)
+{
+    m_keyboardUsed = std::move(used);
+    m_keyboardLeft = std::move(left);
+}
+
+bool PanelWindow::event(QEvent* event)
+{
+    if (event->type() == QEvent::WindowActivate)
+        keyboardCame();
+    else if (event->type() == QEvent::WindowDeactivate && !isHidden() && m_keyboardLeft)
+        m_keyboardLeft();
+    return QWidget::event(event);
 }
 
 bool PanelWindow::eventFilter(QObject* receiver, QEvent* event)
 {
-    const bool isRelease = receiver == windowHandle() && event->type() == QEvent::MouseButtonRelease;
-    if (isRelease && m_clickEnded)
-        soon([this] { m_clickEnded(); });
+    if (receiver != windowHandle())
+        return QWidget::eventFilter(receiver, event);
+    if (event->type() == QEvent::MouseButtonPress)
+        m_isEntered = true;
+    else if (event->type() == QEvent::KeyPress)
+        noticeKey(static_cast<const QKeyEvent&>(*event).key());
     return QWidget::eventFilter(receiver, event);
+}
+
+void PanelWindow::keyboardCame()
+{
+    const bool isCalled = std::exchange(m_isCalled, false);
+    const bool isFirst = std::exchange(m_isUnvisited, false);
+    // Desktops that give each new window the keyboard, whatever it asks for, do it at once; under Wayland it
+    // cannot ask. That is not the user's doing.
+    const bool isAtOnce = RunLoop::main().monotonicNow() < m_shownAt + kUnaskedSeconds;
+    const bool isUnasked = m_showsWithoutKeyboard && isFirst && (isAtOnce || !WindowSystem::isX11());
+    if (isCalled)
+        focusNextPrevChild(true); // Not before, or it would get no mark.
+    if (isCalled || !isUnasked)
+        enter();
+}
+
+bool PanelWindow::focusNextPrevChild(bool next)
+{
+    const bool isUnfocused = !focusWidget() || focusWidget() == this;
+    if (!isUnfocused || !m_firstControl)
+        return QWidget::focusNextPrevChild(next);
+    m_firstControl->setFocus(next ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    return true;
+}
+
+void PanelWindow::noticeKey(int key)
+{
+    if (m_isEntered || key == Qt::Key_Tab || key == Qt::Key_Backtab)
+        enter();
+}
+
+void PanelWindow::enter()
+{
+    m_isEntered = true;
+    if (m_keyboardUsed)
+        m_keyboardUsed();
 }
 
 void PanelWindow::closeEvent(QCloseEvent* event)
@@ -123,7 +181,7 @@ void PanelWindow::hideEvent(QHideEvent* event)
 
 void PanelWindow::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_Escape)
+    if (event->key() == Qt::Key_Escape && m_isEntered)
         requestClose();
     else
         QWidget::keyPressEvent(event);
@@ -172,9 +230,10 @@ void PanelWindow::showEvent(QShowEvent* event)
         return;
     if (m_opensUnfocused)
         setFocus(Qt::OtherFocusReason);
-    windowHandle()->installEventFilter(this); // Controls keep their clicks to themselves.
-    if (m_showsWithoutKeyboard)
-        windowHandle()->setFlag(Qt::WindowDoesNotAcceptFocus);
+    windowHandle()->installEventFilter(this); // Controls keep their clicks and keys to themselves.
+    m_isUnvisited = true;
+    m_isEntered = !m_showsWithoutKeyboard;
+    m_shownAt = RunLoop::main().monotonicNow();
 }
 
 void PanelWindow::requestClose()

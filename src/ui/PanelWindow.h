@@ -34,15 +34,22 @@ public:
     /// It opens without a control that has the keyboard focus, so that no key presses one by accident; Tab
     /// goes to the first.
     void setOpensUnfocused() { m_opensUnfocused = true; }
-    /// Each time the window is shown it stays out of the keyboard's way until takeKeyboard().
+    /// The window leaves the keyboard where it is when it is shown. Where a desktop gives it all the same, no
+    /// Escape is heeded before the user has come to the window: with a click, with Tab, or from another one.
     void setShowsWithoutKeyboard();
+    /// Where the first Tab goes; without one, to the first control in their order.
+    void setFirstControl(QWidget* control) { m_firstControl = control; }
+    /// Gives the keyboard to the window, and in it to the first control.
     void takeKeyboard();
-    /// Called soon after a mouse button was released that had been pressed inside.
-    void onClickEnded(std::function<void()> callback) { m_clickEnded = std::move(callback); }
+    /// Called when the user has come to the window, and at each key then; and when another window has the
+    /// keyboard.
+    void onKeyboardUsed(std::function<void()> used, std::function<void()> left);
 
     bool eventFilter(QObject* receiver, QEvent* event) override;
 
 protected:
+    bool event(QEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
     void closeEvent(QCloseEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -55,6 +62,9 @@ private:
     void watch(QScreen* screen);
     void onScreensChanged();
     void requestClose();
+    void keyboardCame();
+    void noticeKey(int key);
+    void enter();
     /// Calls back once the events of this moment have been dealt with, if the window lives then.
     void soon(std::function<void()> callback);
 
@@ -66,7 +76,13 @@ private:
     std::optional<QPoint> m_pressedAt; ///< where the background was pressed, until it is dragged
     bool m_opensUnfocused = false;
     bool m_showsWithoutKeyboard = false;
+    bool m_isEntered = true; ///< the user has come to it since it was shown
+    QWidget* m_firstControl = nullptr;
+    bool m_isCalled = false; ///< the keyboard is on its way
+    bool m_isUnvisited = true; ///< has not had the keyboard since it was shown
+    double m_shownAt = 0;
     std::function<void()> m_closeRequested;
     std::function<void()> m_willClose;
-    std::function<void()> m_clickEnded;
+    std::function<void()> m_keyboardUsed;
+    std::function<void()> m_keyboardLeft;
 };

@@ -26,6 +26,11 @@ bool WindowSystem::isWayland()
     return QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
 }
 
+bool WindowSystem::isX11()
+{
+    return QGuiApplication::platformName() == QLatin1String("xcb");
+}
+
 bool WindowSystem::isPointerKnown()
 {
     return qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") && qgetenv("XDG_SESSION_TYPE") != "wayland";

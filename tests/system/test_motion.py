@@ -21,7 +21,7 @@ class Desk:
         self.program = desktop.start_recording("--test-window")
         self.program.click_tray()
         self.window = desktop.window("Zelvo StandUp")
-        self.panel = self.program.window_with("Up")
+        self.panel = self.program.window_with("Up", "History")
 
     def hold(self, name="Up", value=UP, panel=None):
         pressed = self.desktop.hold(*(panel or self.panel).find(name, "push button").middle)
@@ -119,7 +119,7 @@ def test_each_button_does_what_it_says(desk):
         desk.stands(desk.release())
     desk.desktop.key("Escape")
     test = desk.program.window_with("Up once")
-    desk.hold("Movement (hold)", 0, test)  # The first movement is to the lowest height.
+    desk.hold("0", 0, test)
     desk.stands(desk.release())
     for name, value in ends.items():
         test.find(f"{name} once").press()

@@ -57,19 +57,38 @@ TEST_F(PanelWindowTest, comesToTheFrontWithoutAFocusAndIsPlacedOnlyWhenItOpens)
     EXPECT_EQ(opened, 1);
 }
 
-TEST_F(PanelWindowTest, takesNoKeyAfterEachOpeningUntilItIsTold)
+TEST_F(PanelWindowTest, heedsNoEscapeThatTheDesktopGaveItUnaskedBeforeItsUserComes)
 {
     window.setShowsWithoutKeyboard();
+    window.setOpensUnfocused();
     EXPECT_TRUE(window.testAttribute(Qt::WA_ShowWithoutActivating));
-    window.takeKeyboard(); // Not before it opens.
-    for (int opening = 0; opening < 2; ++opening) {
+    QString told;
+    window.onKeyboardUsed([&] { told = told.remove(u'u') + u'u'; }, [&] { told += u'l'; });
+    const auto activate = [this] { QApplication::setActiveWindow(&window); };
+    const auto press = [this](Qt::Key key) { QTest::keyClick(window.windowHandle(), key); };
+    // How the user comes after the desktop gave the window the keyboard, and what is told.
+    const std::pair<std::function<void()>, const char*> kTestCases[] = {{[] {}, ""},
+        {[&] { press(Qt::Key_A); }, ""}, {[&] { press(Qt::Key_Tab); }, "u"},
+        {[&] { press(Qt::Key_Backtab); }, "u"},
+        {[&] {
+             QTest::mouseClick(window.windowHandle(), Qt::LeftButton, {}, {150, 90});
+         },
+            "u"},
+        {[&] {
+             QApplication::setActiveWindow(nullptr), window.takeKeyboard(), QApplication::processEvents();
+         },
+            "lu"},
+        {[&] { QApplication::setActiveWindow(nullptr), platform.runLoop.advance(1), activate(); }, "lu"}};
+    for (const auto& [comes, expected] : kTestCases) {
         window.show();
-        EXPECT_TRUE(window.windowHandle()->flags().testFlag(Qt::WindowDoesNotAcceptFocus));
-        window.takeKeyboard();
-        EXPECT_FALSE(window.windowHandle()->flags().testFlag(Qt::WindowDoesNotAcceptFocus));
-        QApplication::processEvents();
-        EXPECT_EQ(QGuiApplication::focusWindow(), window.windowHandle());
+        activate();
+        comes();
+        press(Qt::Key_Escape);
+        EXPECT_EQ(told, QString::fromLatin1(expected)) << &expected;
+        EXPECT_EQ(window.isVisible(), told.isEmpty());
         window.hide();
+        QApplication::setActiveWindow(nullptr);
+        told.clear();
     }
 }
 
