@@ -4,6 +4,7 @@
 #include "Pictures.h"
 #include "Tour.h"
 #include "resources/Resources.h"
+#include "ui/Motion.h"
 
 #include <QApplication>
 #include <QPalette>
@@ -77,6 +78,7 @@ int main(int argc, char** argv)
     QApplication::setStyle("Fusion");
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
+    Motion::setReduced(true); // A picture is taken at once.
     initResources();
     installTexts(application, "en");
 
