@@ -8,11 +8,17 @@
 #include "platform/Workspace.h"
 #include "shell/ErrorLine.h"
 #include "shell/MenuletController.h"
+#include "ui/Dissolve.h"
 #include "ui/FormStyle.h"
+#include "ui/Motion.h"
 #include "ui/PanelWindow.h"
 #include "ui/WindowPlacement.h"
 #include "ui_MainWindow.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
+
+#include <algorithm>
 #include <cmath>
 #include <utility>
 
@@ -67,8 +73,7 @@ void MainWindowController::awakeFromNib()
     m_window->setOpensUnfocused(); // A key typed a moment too late must not move the desk.
     m_window->setMovableByWindowBackground(true);
     observe();
-    for (MouseEventButton* button :
-        {m_ui->buttonDown, m_ui->buttonUp, m_ui->buttonMemory1, m_ui->buttonMemory2, m_ui->buttonMemory3})
+    for (MouseEventButton* button : m_window->findChildren<MouseEventButton*>())
         button->setDelegate(this);
     m_ui->caloriesBurnedIndicator->setTransparent(true);
     m_ui->scheduleIndicator->setTransparent(true);
@@ -106,6 +111,7 @@ void MainWindowController::connectButtons()
     m_ui->buttonClose->onClicked([this] { buttonCloseClicked(); });
     m_ui->buttonHistory->onClicked([this] { buttonHistoryClicked(); });
     m_ui->buttonSettings->onClicked([this] { buttonSettingsClicked(); });
+    m_ui->buttonCopy->onClicked([this] { buttonCopyClicked(); });
     m_ui->labelErrorText->setOpener([this](const QUrl& url) { m_dependencies.workspace.openUrl(url); });
 }
 
@@ -155,8 +161,15 @@ void MainWindowController::buttonSettingsClicked()
     m_dependencies.showSettings();
 }
 
+void MainWindowController::buttonCopyClicked()
+{
+    QGuiApplication::clipboard()->setText(m_ui->labelCommands->text());
+    m_ui->buttonCopy->setText(qtTrId("CommandsCopied"));
+}
+
 void MainWindowController::orderFront()
 {
+    Motion::need();
     m_window->comeToFront(WindowPlacement::moveNearPointer);
 }
 
@@ -179,8 +192,12 @@ void MainWindowController::updateData()
 {
     showGoalProgress();
     setTabelHeight(deskPosition());
-    showPermission();
     const bool isActive = isDeskActive();
+    for (MouseEventButton* button : m_window->findChildren<MouseEventButton*>())
+        button->setEnabled(device()); // One that does not answer yet is told to move all the same.
+    showDeskState(isActive         ? DeskState::Active
+            : isAdapterForbidden() ? DeskState::Forbidden
+                                   : DeskState::Missing);
     ScheduleManager* const schedule = isActive ? hub()->scheduleManager() : nullptr;
     if (schedule && schedule->isScheduled())
         showSchedule();
@@ -220,16 +237,46 @@ void MainWindowController::clearSchedule(const QString& status)
     m_ui->labelStatus->setText(status);
 }
 
-void MainWindowController::showPermission()
+void MainWindowController::showDeskState(DeskState state)
 {
-    QLabel& label = *m_ui->labelPermission;
-    const bool isForbidden = isAdapterForbidden();
-    if (label.isHidden() == !isForbidden)
-        return;
+    if (m_deskState != state)
+        dissolve(*m_window, [this, state] { changeDeskState(state); });
+}
+
+void MainWindowController::changeDeskState(DeskState state)
+{
+    m_deskState = state;
+    const bool isActive = state == DeskState::Active;
+    const bool isForbidden = state == DeskState::Forbidden;
+    m_ui->labelTabelHeigt->setVisible(
+        isActive); // Nobody knows it otherwise, and what is to be done stands there.
+    m_ui->labelNoDesk->setVisible(state == DeskState::Missing);
+    m_ui->labelStatus->setHidden(isForbidden);
+    placeStatus(isActive);
     if (isForbidden)
-        label.setText(qtTrId("AdapterForbidden") + u'\n' + permissionCommands().join(u'\n'));
-    label.setVisible(isForbidden);
-    m_window->setExtraHeight(isForbidden ? label.heightForWidth(label.minimumWidth()) : 0);
+        tellPermission();
+    m_ui->permission->setVisible(isForbidden);
+    const int freed = m_ui->labelTabelHeigt->sizeHint().height();
+    m_window->setExtraHeight(isForbidden ? std::max(0, m_ui->permission->height() - freed) : 0);
+}
+
+/// Under the circle that it names, or after the words that there is no desk.
+void MainWindowController::placeStatus(bool isUnderCircle)
+{
+    m_ui->circles->removeWidget(m_ui->labelStatus);
+    if (isUnderCircle)
+        m_ui->circles->addWidget(m_ui->labelStatus, 1, 1);
+    else
+        m_ui->circles->addWidget(m_ui->labelStatus, 3, 0, 1, 2);
+}
+
+void MainWindowController::tellPermission()
+{
+    m_ui->labelPermission->setText(qtTrId("AdapterForbidden"));
+    m_ui->labelCommands->setText(permissionCommands().join(u'\n'));
+    m_ui->buttonCopy->setText(qtTrId("CopyCommands"));
+    const int width = m_window->width() - 2 * m_ui->rows->contentsMargins().left();
+    m_ui->permission->setFixedHeight(m_ui->permissionRows->heightForWidth(width));
 }
 
 void MainWindowController::setTabelHeight(int32_t position)

@@ -9,6 +9,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 class ErrorLine;
@@ -52,6 +53,7 @@ public:
     void buttonCloseClicked();
     void buttonHistoryClicked();
     void buttonSettingsClicked();
+    void buttonCopyClicked();
 
     /// Shows the window near the tray, in front of others.
     void orderFront();
@@ -64,6 +66,8 @@ public:
     void mouseEventButtonMouseUp(MouseEventButton& button) override;
 
 private:
+    enum class DeskState { Active, Missing, Forbidden };
+
     void awakeFromNib();
     void windowDidLoad();
     void windowWillClose();
@@ -74,7 +78,10 @@ private:
     void showGoalProgress();
     void showSchedule();
     void clearSchedule(const QString& status);
-    void showPermission();
+    void showDeskState(DeskState state);
+    void changeDeskState(DeskState state);
+    void placeStatus(bool isUnderCircle);
+    void tellPermission();
 
     Dependencies m_dependencies;
     std::unique_ptr<ActivityPersister> m_persister;
@@ -84,6 +91,7 @@ private:
     std::unique_ptr<ErrorLine> m_errorLine;
     PositionObservation m_heights;
     std::vector<NotificationCenter::Observation> m_observations;
+    std::optional<DeskState> m_deskState; ///< on show
     bool m_errorRecievedUnderCountdown = false;
     TimerRef m_updateDateTimer;
     TimerScope m_timers;

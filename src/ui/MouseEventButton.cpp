@@ -1,5 +1,7 @@
 #include "ui/MouseEventButton.h"
 
+#include "ui/HoldHint.h"
+
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -99,6 +101,7 @@ void MouseEventButton::hold(Holder holder)
     if (isHeld())
         return;
     m_holder = holder;
+    HoldHint::hideIn(*window());
     setDown(true);
     setMouseTracking(true); // A move without the button tells of a release that was lost.
     qApp->installEventFilter(this);
@@ -122,14 +125,25 @@ void MouseEventButton::release()
         m_delegate->mouseEventButtonMouseUp(*this);
 }
 
+void MouseEventButton::letGo()
+{
+    const bool wasShort = RunLoop::main().monotonicNow() - m_heldSince < HoldHint::kShortestHold;
+    const QPointer<MouseEventButton> self(this);
+    release();
+    if (self && wasShort)
+        HoldHint::showAt(*this);
+}
+
 bool MouseEventButton::eventFilter(QObject* receiver, QEvent* event)
 {
     if (receiver == this)
         return false; // event() sees it.
     const bool windowIsGone = receiver == window() && takesTheWindowAway(event->type());
     const bool mouseIsUp = m_holder == Holder::Mouse && showsLeftButtonUp(*event);
-    if (windowIsGone || takesTheProgramAway(*event) || opensPopup(receiver, *event) || mouseIsUp)
+    if (windowIsGone || takesTheProgramAway(*event) || opensPopup(receiver, *event))
         release();
+    else if (mouseIsUp)
+        letGo();
     return false;
 }
 
@@ -150,8 +164,10 @@ bool MouseEventButton::event(QEvent* event)
 void MouseEventButton::mousePressEvent(QMouseEvent* event)
 {
     event->accept();
-    if (event->button() == Qt::LeftButton)
-        hold(Holder::Mouse);
+    if (event->button() != Qt::LeftButton)
+        return;
+    m_heldSince = RunLoop::main().monotonicNow();
+    hold(Holder::Mouse);
 }
 
 void MouseEventButton::mouseMoveEvent(QMouseEvent* event)
@@ -165,7 +181,7 @@ void MouseEventButton::mouseReleaseEvent(QMouseEvent* event)
 {
     event->accept();
     if (m_holder == Holder::Mouse && showsLeftButtonUp(*event))
-        release();
+        letGo();
 }
 
 void MouseEventButton::keyPressEvent(QKeyEvent* event)
@@ -181,6 +197,9 @@ void MouseEventButton::keyPressEvent(QKeyEvent* event)
     } else if (!isHold) {
         event->ignore();
     } else if (!isHeld() && !event->isAutoRepeat()) {
+        // On a busy machine the other half of a repetition comes too late for the desk, but it is one.
+        if (event->timestamp() == 0 || event->timestamp() != m_keyReleasedAt)
+            m_heldSince = RunLoop::main().monotonicNow();
         m_key = event->key();
         hold(Holder::Key);
     }
@@ -194,12 +213,12 @@ void MouseEventButton::keyReleaseEvent(QKeyEvent* event)
 
 void MouseEventButton::releaseKey(quint64 time)
 {
+    m_keyReleasedAt = time;
     if (time == 0) {
-        release(); // Not from a keyboard, so not half of a repetition.
+        letGo(); // Not from a keyboard, so not half of a repetition.
         return;
     }
     invalidate(m_keyReleaseTimer);
     m_keyReleaseTimer = m_timers.schedule(
-        kKeyReleaseDelay, RunLoop::Repeat::No, [this](Timer&) { release(); }, {},
-        RunLoop::Precision::Precise);
+        kKeyReleaseDelay, RunLoop::Repeat::No, [this](Timer&) { letGo(); }, {}, RunLoop::Precision::Precise);
 }

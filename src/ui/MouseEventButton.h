@@ -22,6 +22,8 @@ protected:
 /// as release: the loss of window, grab, focus, enabled state or visibility, another key, a dialog in front,
 /// a new delegate, the end of the button. A desk must never go on moving because an event was lost.
 ///
+/// A user who lets go too soon is told to hold it.
+///
 /// It offers screen readers no press action: an action that has no end must not start a desk.
 class MouseEventButton final : public HoverButton {
     Q_OBJECT
@@ -54,11 +56,15 @@ private:
 
     void hold(Holder holder);
     void release();
+    /// The same, by the user's own hand.
+    void letGo();
     void releaseKey(quint64 time);
 
     MouseEventButtonDelegate* m_delegate = nullptr;
     Holder m_holder = Holder::None;
     int m_key = 0;
+    double m_heldSince = 0;
+    quint64 m_keyReleasedAt = 0; ///< ms
     TimerScope m_timers;
     TimerRef m_keyReleaseTimer;
 };

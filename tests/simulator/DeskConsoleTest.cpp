@@ -42,13 +42,6 @@ TEST(DeskConsole, saysWhatTheDeskDoes)
          "0.25\n"
          "height\nadapter 2\nheight\n",
             "refused\nok\nok\n900\n948\n"},
-        // A wrong init; seven bytes, a copy that differs, the status written, another report read; and a
-        // ninth byte.
-        {"set 03 04 00 FA 00 00 00 00\nset 05 00 80 00 80 00 80\nset 05 00 80 01 80 01 80 01\n"
-         "set 05 00 80 00 80 01 80 00\nset 05 00 80 00 80 00 80 01\nset 04 00 00 00 00 00 00 00\nget "
-         "05\nadvance 0.25\n"
-         "height\nset 05 00 80 00 80 00 80 00 80\nadvance 0.25\nheight\n",
-            "refused\nrefused\nrefused\nrefused\nrefused\nrefused\nrefused\n900\nok\n948\n"},
         {"error E1\nerror clear\nfault short 2\nfault short off\nfault reads on\nfault reads off\nset 05\n"
          "unplug\nget 04\nstatus\nplug\nneeds-init off\ndesk off\nstatus\n",
             "refused\nunplugged\nheight 900 of 0 to 6500, 0 a second\n"

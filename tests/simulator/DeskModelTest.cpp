@@ -102,15 +102,33 @@ TEST(DeskModel, movesAsItIsToldAndComesToRest)
     }
 }
 
-TEST(DeskModel, bearsWhatNoReportSays)
+TEST(DeskModel, takesReportsByTheirContent)
 {
+    const std::pair<Bytes, Result> kTestCases[] = {
+        {{0x03, 0x04, 0x00, 0xFA, 0, 0, 0, 0}, Result::Refused},
+        {{0x05, 0, 0x80, 0, 0x80, 0, 0x80, 0, 0x80}, Result::Ok}, // With its ninth byte.
+        {{0x05, 0, 0x80, 0, 0x80, 0, 0x80}, Result::Refused}, // One byte short.
+        {{0x05, 0, 0x80, 1, 0x80, 0, 0x80, 0}, Result::Refused}, // A copy differs.
+        {{0x05, 0, 0x80, 0, 0x80, 0, 0x80, 1}, Result::Refused},
+        {{0x04, 0, 0, 0, 0, 0, 0, 0}, Result::Refused}, // The status is not written.
+        {{}, Result::Refused},
+    };
+    for (const auto& [report, result] : kTestCases) {
+        DeskModel desk = deskAt(1000);
+        EXPECT_EQ(desk.setFeatureReport(report), result) << testing::PrintToString(report);
+        desk.advance(0.3);
+        EXPECT_EQ(desk.isMoving(), result == Result::Ok) << testing::PrintToString(report);
+    }
     DeskModel desk = deskAt(9000);
     EXPECT_EQ(desk.height(), 6500);
     EXPECT_FALSE(desk.addErrorCode(0));
-    EXPECT_EQ(desk.setFeatureReport({}), Result::Refused);
-    EXPECT_EQ(desk.getFeatureReport({}), Result::Refused);
+    desk.setHeight(0x1234);
+    for (Bytes other : {Bytes {5, 0}, Bytes {}})
+        EXPECT_EQ(desk.getFeatureReport(other), Result::Refused);
+    desk.faults().answerLength = 5;
+    Bytes answer {4, 1, 2, 3, 4, 5};
+    EXPECT_EQ(desk.getFeatureReport(answer), Result::Ok);
+    EXPECT_EQ(answer, (Bytes {4, 0, 1, 0, 0x34, 5})) << "what it does not reach stays";
     desk.faults().answerLength = 100;
-    Bytes answer {4, 1, 2, 3};
-    EXPECT_EQ(desk.getFeatureReport(std::span(answer).first(3)), Result::Ok);
-    EXPECT_EQ(answer, (Bytes {4, 0, 1, 3})) << "what it does not reach stays";
+    EXPECT_EQ(desk.getFeatureReport(std::span(answer).first(2)), Result::Ok);
 }

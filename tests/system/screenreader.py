@@ -3,9 +3,12 @@
 The client library keeps one bus for a process's life, so it could not follow one scenario's desktop after another.
 """
 
+from gi.repository import Gio, GLib
+
 from bus import ask_bus, call, get
 from waiting import DEADLINE, wait_until
 
+EVENTS = ("org.a11y.atspi.Registry", "/org/a11y/atspi/registry", "org.a11y.atspi.Registry")
 REGISTRY = ("org.a11y.atspi.Registry", "/org/a11y/atspi/accessible/root")
 ATSPI = "org.a11y.atspi."
 CHECKED, FOCUSED, SELECTED, SHOWING = 4, 12, 23, 25  # Of the states, by number.
@@ -66,3 +69,23 @@ class Node:
 
     def hears(self, words, seconds=DEADLINE):
         wait_until(lambda: any(words in said for said in self.says()), f"{words!r} on the screen", seconds)
+
+
+def listen(bus):
+    # Answers what has been spoken unasked: screen readers say each notification that appears, wherever the focus is.
+    spoken = []
+
+    def hear(_, owner, path, _interface, _signal, arguments):
+        node = Node(bus, owner, path)
+        if arguments.unpack()[:2] == ("showing", 1) and node.role == "notification":
+            spoken.append(f"{node.name} {node.description}".strip())
+
+    call(bus, *EVENTS, "RegisterEvent", "(sass)", "object:state-changed", [], "")
+    bus.signal_subscribe(None, "org.a11y.atspi.Event.Object", "StateChanged", None, None, Gio.DBusSignalFlags.NONE, hear)
+
+    def heard():
+        while GLib.MainContext.default().iteration(False):
+            pass
+        return spoken
+
+    return heard

@@ -1,6 +1,6 @@
 """What a screen reader is told of the windows, and the keyboard alone."""
 
-from screenreader import CHECKED, FOCUSED, SELECTED, SHOWING
+from screenreader import CHECKED, FOCUSED, SELECTED, SHOWING, listen
 from waiting import wait_until
 
 HOLD = "Hold to move the desk to this position"
@@ -37,7 +37,7 @@ TOLD = {
 def controls(window):
     told = {}
     for node in window.walk():
-        if node.has(SHOWING) and node.role not in ("filler", "label"):
+        if node.has(SHOWING) and node.role not in ("filler", "label", "notification"):
             chosen = "*" * (node.has(CHECKED) or node.has(SELECTED))
             told.setdefault(node.role, {})[chosen + node.name] = node.description
     return told
@@ -58,9 +58,14 @@ def test_what_a_screen_reader_is_told(desktop):
     program.choose("Open Zelvo StandUp")
     program.window_with("of today’s goal").hears("Current session")
     test = program.window_with("Sit down")
+    heard = listen(desktop.accessibility)
+    assert test.find("1000").role == "push button", "not the name of its group"
     test.find("Sit down").press()
     for name, told in TOLD.items():
-        assert controls(program.window_with(name)) == told
+        window = program.window_with(name)
+        assert (controls(window), window.role) == (told, "dialog" if name == "Snooze" else "frame")
+    snooze = program.window_with("Snooze")
+    wait_until(lambda: any(said in heard()[0] for said in snooze.says()), "the reminder")
     test.find("No answer").press()
     with desktop.clock.running(10):
         program.window_with("of today’s goal").hears("Please connect your desk")

@@ -223,6 +223,8 @@ void takeMainWindow(Photographer& photographer)
     photographer.take("MainWindow", "main-window");
     for (const QString control : {"buttonMemory2", "buttonHistory"})
         takeUnderMouse(photographer, "MainWindow", control, "main-window-hover-" + control);
+    QTest::mouseClick(TourWorld::control("MainWindow", "buttonUp"), Qt::LeftButton);
+    photographer.take("MainWindow", "main-window-hold");
     DeskModel& desk = world.hid.desk();
     reportManyErrors(desk);
     world.pass(2);

@@ -323,9 +323,19 @@
         <source>of today’s goal</source>
         <translation>des Tagesziels</translation>
     </message>
+    <message id="Today">
+        <source>Today</source>
+        <extracomment>In the main window, under the circle with what was done today</extracomment>
+        <translation>Heute</translation>
+    </message>
     <message id="CurrentSession">
         <source>Current session</source>
         <translation>Aktuelle Phase</translation>
+    </message>
+    <message id="NoDesk">
+        <source>No desk found</source>
+        <extracomment>In the main window, above ConnectTable</extracomment>
+        <translation>Kein Tisch gefunden</translation>
     </message>
     <message id="ConnectTable">
         <source>Please connect your desk</source>
@@ -335,6 +345,16 @@
         <source>The adapter is there, but may not be opened. These commands in a terminal allow it:</source>
         <extracomment>In the main window, above two commands</extracomment>
         <translation>Der Adapter ist da, darf aber nicht geöffnet werden. Diese Befehle in einem Terminal erlauben es:</translation>
+    </message>
+    <message id="CopyCommands">
+        <source>Copy the commands</source>
+        <extracomment>Below the two commands of AdapterForbidden</extracomment>
+        <translation>Befehle kopieren</translation>
+    </message>
+    <message id="CommandsCopied">
+        <source>Copied</source>
+        <extracomment>Takes the place of CopyCommands</extracomment>
+        <translation>Kopiert</translation>
     </message>
     <!-- Reminder: the headline when the user stands and is asked to sit -->
     <message id="StandingMessage1">
@@ -621,6 +641,11 @@
     <message id="AccessMemoryHint">
         <source>Hold to move the desk to this position</source>
         <translation>Gedrückt halten, um den Tisch in diese Position zu fahren</translation>
+    </message>
+    <message id="KeepHolding">
+        <source>Keep holding</source>
+        <extracomment>Over a button that was let go too soon</extracomment>
+        <translation>Gedrückt halten</translation>
     </message>
     <message id="AccessSetMemoryHint">
         <source>Set the height of this position</source>

@@ -322,9 +322,19 @@
         <source></source>
         <translation>of today’s goal</translation>
     </message>
+    <message id="Today">
+        <source>Today</source>
+        <extracomment>In the main window, under the circle with what was done today</extracomment>
+        <translation>Today</translation>
+    </message>
     <message id="CurrentSession">
         <source></source>
         <translation>Current session</translation>
+    </message>
+    <message id="NoDesk">
+        <source>No desk found</source>
+        <extracomment>In the main window, above ConnectTable</extracomment>
+        <translation>No desk found</translation>
     </message>
     <message id="ConnectTable">
         <source></source>
@@ -334,6 +344,16 @@
         <source></source>
         <extracomment>In the main window, above two commands</extracomment>
         <translation>The adapter is there, but may not be opened. These commands in a terminal allow it:</translation>
+    </message>
+    <message id="CopyCommands">
+        <source>Copy the commands</source>
+        <extracomment>Below the two commands of AdapterForbidden</extracomment>
+        <translation>Copy the commands</translation>
+    </message>
+    <message id="CommandsCopied">
+        <source>Copied</source>
+        <extracomment>Takes the place of CopyCommands</extracomment>
+        <translation>Copied</translation>
     </message>
     <!-- Reminder: the headline when the user stands and is asked to sit -->
     <message id="StandingMessage1">
@@ -620,6 +640,11 @@
     <message id="AccessMemoryHint">
         <source></source>
         <translation>Hold to move the desk to this position</translation>
+    </message>
+    <message id="KeepHolding">
+        <source>Keep holding</source>
+        <extracomment>Over a button that was let go too soon</extracomment>
+        <translation>Keep holding</translation>
     </message>
     <message id="AccessSetMemoryHint">
         <source></source>

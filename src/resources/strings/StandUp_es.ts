@@ -323,9 +323,19 @@
         <source>of today’s goal</source>
         <translation>del objetivo de hoy</translation>
     </message>
+    <message id="Today">
+        <source>Today</source>
+        <extracomment>In the main window, under the circle with what was done today</extracomment>
+        <translation>Hoy</translation>
+    </message>
     <message id="CurrentSession">
         <source>Current session</source>
         <translation>Sesión actual</translation>
+    </message>
+    <message id="NoDesk">
+        <source>No desk found</source>
+        <extracomment>In the main window, above ConnectTable</extracomment>
+        <translation>No hay ninguna mesa</translation>
     </message>
     <message id="ConnectTable">
         <source>Please connect your desk</source>
@@ -335,6 +345,16 @@
         <source>The adapter is there, but may not be opened. These commands in a terminal allow it:</source>
         <extracomment>In the main window, above two commands</extracomment>
         <translation>El adaptador está conectado, pero no se permite abrirlo. Estas órdenes en una terminal lo permiten:</translation>
+    </message>
+    <message id="CopyCommands">
+        <source>Copy the commands</source>
+        <extracomment>Below the two commands of AdapterForbidden</extracomment>
+        <translation>Copiar las órdenes</translation>
+    </message>
+    <message id="CommandsCopied">
+        <source>Copied</source>
+        <extracomment>Takes the place of CopyCommands</extracomment>
+        <translation>Copiado</translation>
     </message>
     <!-- Reminder: the headline when the user stands and is asked to sit -->
     <message id="StandingMessage1">
@@ -621,6 +641,11 @@
     <message id="AccessMemoryHint">
         <source>Hold to move the desk to this position</source>
         <translation>Mantener pulsado para llevar la mesa a esta posición</translation>
+    </message>
+    <message id="KeepHolding">
+        <source>Keep holding</source>
+        <extracomment>Over a button that was let go too soon</extracomment>
+        <translation>Mantener pulsado</translation>
     </message>
     <message id="AccessSetMemoryHint">
         <source>Set the height of this position</source>

@@ -323,9 +323,19 @@
         <source>of today’s goal</source>
         <translation>de l’objectif du jour</translation>
     </message>
+    <message id="Today">
+        <source>Today</source>
+        <extracomment>In the main window, under the circle with what was done today</extracomment>
+        <translation>Aujourd’hui</translation>
+    </message>
     <message id="CurrentSession">
         <source>Current session</source>
         <translation>Session en cours</translation>
+    </message>
+    <message id="NoDesk">
+        <source>No desk found</source>
+        <extracomment>In the main window, above ConnectTable</extracomment>
+        <translation>Aucun bureau trouvé</translation>
     </message>
     <message id="ConnectTable">
         <source>Please connect your desk</source>
@@ -335,6 +345,16 @@
         <source>The adapter is there, but may not be opened. These commands in a terminal allow it:</source>
         <extracomment>In the main window, above two commands</extracomment>
         <translation>L’adaptateur est branché, mais son ouverture n’est pas permise. Ces commandes dans un terminal l’autorisent :</translation>
+    </message>
+    <message id="CopyCommands">
+        <source>Copy the commands</source>
+        <extracomment>Below the two commands of AdapterForbidden</extracomment>
+        <translation>Copier les commandes</translation>
+    </message>
+    <message id="CommandsCopied">
+        <source>Copied</source>
+        <extracomment>Takes the place of CopyCommands</extracomment>
+        <translation>Copié</translation>
     </message>
     <!-- Reminder: the headline when the user stands and is asked to sit -->
     <message id="StandingMessage1">
@@ -621,6 +641,11 @@
     <message id="AccessMemoryHint">
         <source>Hold to move the desk to this position</source>
         <translation>Maintenir pour amener le bureau à cette position</translation>
+    </message>
+    <message id="KeepHolding">
+        <source>Keep holding</source>
+        <extracomment>Over a button that was let go too soon</extracomment>
+        <translation>Maintenir appuyé</translation>
     </message>
     <message id="AccessSetMemoryHint">
         <source>Set the height of this position</source>

@@ -323,9 +323,19 @@
         <source>of today’s goal</source>
         <translation>van het doel van vandaag</translation>
     </message>
+    <message id="Today">
+        <source>Today</source>
+        <extracomment>In the main window, under the circle with what was done today</extracomment>
+        <translation>Vandaag</translation>
+    </message>
     <message id="CurrentSession">
         <source>Current session</source>
         <translation>Huidige periode</translation>
+    </message>
+    <message id="NoDesk">
+        <source>No desk found</source>
+        <extracomment>In the main window, above ConnectTable</extracomment>
+        <translation>Geen bureau gevonden</translation>
     </message>
     <message id="ConnectTable">
         <source>Please connect your desk</source>
@@ -335,6 +345,16 @@
         <source>The adapter is there, but may not be opened. These commands in a terminal allow it:</source>
         <extracomment>In the main window, above two commands</extracomment>
         <translation>De adapter is er, maar mag niet worden geopend. Deze opdrachten in een terminal staan het toe:</translation>
+    </message>
+    <message id="CopyCommands">
+        <source>Copy the commands</source>
+        <extracomment>Below the two commands of AdapterForbidden</extracomment>
+        <translation>Opdrachten kopiëren</translation>
+    </message>
+    <message id="CommandsCopied">
+        <source>Copied</source>
+        <extracomment>Takes the place of CopyCommands</extracomment>
+        <translation>Gekopieerd</translation>
     </message>
     <!-- Reminder: the headline when the user stands and is asked to sit -->
     <message id="StandingMessage1">
@@ -621,6 +641,11 @@
     <message id="AccessMemoryHint">
         <source>Hold to move the desk to this position</source>
         <translation>Ingedrukt houden om het bureau naar deze positie te brengen</translation>
+    </message>
+    <message id="KeepHolding">
+        <source>Keep holding</source>
+        <extracomment>Over a button that was let go too soon</extracomment>
+        <translation>Ingedrukt houden</translation>
     </message>
     <message id="AccessSetMemoryHint">
         <source>Set the height of this position</source>
