@@ -66,6 +66,10 @@ def test_what_a_screen_reader_is_told(desktop):
         assert (controls(window), window.role) == (told, "dialog" if name == "Snooze" else "frame")
     snooze = program.window_with("Snooze")
     wait_until(lambda: any(said in heard()[0] for said in snooze.says()), "the reminder")
+    desktop.click(*snooze.find("Up").middle)
+    wait_until(lambda: heard()[-1] == "Keep holding", "what the button is for")
+    test.find("Overload up").press()
+    wait_until(lambda: "E02: Overload while going up" in heard()[-1], "the error")
     test.find("No answer").press()
     with desktop.clock.running(10):
         program.window_with("of today’s goal").hears("Please connect your desk")
