@@ -70,11 +70,11 @@ QString ErrorLine::text(const QMap<QString, QString>& errorCodes) const
     const bool isLinked = !url.isEmpty() || m_withoutUrl == WithoutUrl::EmptyLink;
     QString text = richTextFromString(qtTrId("Error \n"));
     for (auto entry = errorCodes.cbegin(); entry != errorCodes.cend(); ++entry) {
-        // The blank that follows each code is underlined only where words come after it.
-        const QString line = QStringLiteral("%1: %2").arg(entry.key(), entry.value()).trimmed();
+        const QString& words = entry.value();
+        const QString line = words.isEmpty() ? entry.key() : QStringLiteral("%1: %2").arg(entry.key(), words);
         text += isLinked ? hyperlinkFromString(line, url) : richTextFromString(line);
-        text +=
-            richTextFromString(QStringLiteral(" \n")); // Outside the link, whose underline it would lengthen.
+        // Outside the link, which underlines only what can be read.
+        text += richTextFromString(words.isEmpty() ? QStringLiteral(": \n") : QStringLiteral(" \n"));
     }
     return text;
 }

@@ -24,6 +24,7 @@
 
 namespace {
 constexpr double kRefreshSeconds = 5.0;
+constexpr int kAboveNoDesk = 8;
 constexpr double kFullScale = 100.0;
 constexpr double kSecondsPerMinute = 60.0;
 
@@ -121,6 +122,7 @@ void MainWindowController::setupGUI()
     const int baselines =
         baselineBelowMiddle(m_ui->labelPercent->font()) - baselineBelowMiddle(m_ui->labelProcentSign->font());
     m_ui->labelProcentSign->setContentsMargins(0, 2 * baselines, 0, 0);
+    m_ui->labelNoDesk->setContentsMargins(0, kAboveNoDesk, 0, 0);
     for (HoverButton* button : {m_ui->buttonMemory1, m_ui->buttonMemory2, m_ui->buttonMemory3})
         button->setAlternateBackgroundRole(QPalette::Highlight);
 }

@@ -58,6 +58,10 @@ void NotificationWindowController::setupGUI()
     m_buttonMemoryIconStandAlternateImage = Picture(QStringLiteral("NotificationButtonStandMemory_hoover"));
     m_buttonMemoryIconSitImage = Picture(QStringLiteral("NotificationButtonSitMemory"));
     m_buttonMemoryIconSitAlternateImage = Picture(QStringLiteral("NotificationButtonSitMemory_hoover"));
+    // The blank before the number is on its left wherever the caption is.
+    QLabel& height = *m_ui->labelTabelHeight;
+    if (height.layoutDirection() == Qt::RightToLeft)
+        height.setContentsMargins(0, 0, height.fontMetrics().horizontalAdvance(u' '), 0);
 }
 
 void NotificationWindowController::connectButtons()

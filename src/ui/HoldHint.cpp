@@ -8,7 +8,7 @@
 
 namespace {
 constexpr double kShownSeconds = 2.0;
-constexpr int kGap = 4;
+constexpr int kOverlap = 16; ///< over the button: what is to be read above it, the desk's height, stays free
 constexpr int kMargin = 8;
 constexpr qreal kRadius = 4;
 constexpr int kLeastDistance = 2; ///< from the window's edges
@@ -61,6 +61,7 @@ void HoldHint::placeAt(const QWidget& button)
     const QPoint corner = button.mapTo(&window, QPoint());
     const int left = corner.x() + (button.width() - width()) / 2;
     const int furthest = std::max(kLeastDistance, window.width() - width() - kLeastDistance);
-    move(std::clamp(left, kLeastDistance, furthest), std::max(kLeastDistance, corner.y() - height() - kGap));
+    move(std::clamp(left, kLeastDistance, furthest),
+        std::max(kLeastDistance, corner.y() - height() + kOverlap));
     raise();
 }
