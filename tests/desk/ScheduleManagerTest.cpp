@@ -51,34 +51,18 @@ TEST_F(ScheduleManagerTest, splitsTheHourByGoalAndStandUps)
     }
 }
 
-TEST_F(ScheduleManagerTest, timesAwakeSecondsAndKeepsItsDatesUntilItIsStopped)
-{
-    setPlan(2, 15, 2);
-    ScheduleManager schedule(2);
-    const auto dates = [&](double seconds) { return Date(TestPlatform::kStart + 5000 + seconds); };
-    schedule.startScheduledTimerForPosition(kStanding);
-    platform.runLoop.advance(400);
-    platform.runLoop.sleepMachine(5000); // Dates are the wall clock's.
-    EXPECT_DOUBLE_EQ(schedule.timeToSchedule(), 50);
-    EXPECT_DOUBLE_EQ(schedule.timeScheduleRunning(), 400);
-    EXPECT_EQ(schedule.scheduledDate(), dates(450));
-    EXPECT_EQ(schedule.scheduleUpdatedDate(), dates(0));
-    platform.runLoop.advance(100);
-    EXPECT_TRUE(schedule.isScheduled());
-    EXPECT_DOUBLE_EQ(schedule.timeToSchedule(), -50);
-    schedule.stopScheduleTimer();
-    EXPECT_FALSE(schedule.isScheduled() || schedule.scheduledDate() || schedule.scheduleUpdatedDate());
-    EXPECT_EQ(schedule.timeToSchedule(), 0);
-}
-
-TEST_F(ScheduleManagerTest, startsAgainForThePositionItTimedLast)
+TEST_F(ScheduleManagerTest, timesAwakeSecondsAndStartsAgainForThePositionItTimedLast)
 {
     setPlan(2, 20, 3);
     ScheduleManager schedule(2);
     schedule.restartScheduleTimer();
     EXPECT_FALSE(schedule.isScheduled()) << "there is no period to start again";
     schedule.snoozeForPosition(kSitting);
+    platform.runLoop.advance(50);
+    platform.runLoop.sleepMachine(5000);
+    EXPECT_DOUBLE_EQ(schedule.timeToSchedule(), 550);
     schedule.stopScheduleTimer();
+    EXPECT_EQ(schedule.timeToSchedule(), 0);
     schedule.restartScheduleTimer();
     EXPECT_EQ(schedule.currentScheduleInterval(), 800) << "a stopped timer still knows its position";
 }
