@@ -22,45 +22,21 @@ TEST_F(ZelvoControllerTest, logsWhatHappensInFixedWords)
         EXPECT_TRUE(log.find(text) != std::string::npos) << text;
 }
 
-TEST_F(ZelvoControllerTest, ignoresWhatItKnowsAndWhomItDoesNot)
-{
-    play("2");
-    hub->updatedPositionState(kSitting, hub->device());
-    hub->activityScheduledToPosition(kSitting);
-    const auto stranger = std::make_shared<ZelvoHIDDevice>();
-    hub->deviceRemoved(stranger);
-    hub->deviceAdded(stranger);
-    EXPECT_TRUE(hub->isActive());
-    EXPECT_EQ(heard(), "");
-    const auto held = hub->device(); // As a screen may.
-    play("pull 7");
-    EXPECT_EQ(heard(), "2 desk") << "its last poll says nothing of the next adapter";
-    EXPECT_EQ(hub->position(), 0);
-}
-
 TEST_F(ZelvoControllerTest, tellsItsDelegatesInOrderAlsoWhileTheyChange)
 {
     play("2");
-    const auto listener = [&](const char* name) {
-        return std::make_shared<HeightListener>([this, name](int32_t) { note(name); });
-    };
-    const auto first = listener("first");
-    const auto newcomer = listener("newcomer");
-    const auto leaving = listener("leaving");
-    std::shared_ptr<HeightListener> meddler;
-    meddler = std::make_shared<HeightListener>([&](int32_t) {
-        hub->removeDelegate(leaving);
-        hub->removeDelegate(meddler);
-        hub->addDelegate(newcomer);
+    std::vector<std::shared_ptr<HeightListener>> listeners;
+    for (const char* name : {"first", "leaving", "newcomer"})
+        listeners.push_back(std::make_shared<HeightListener>([this, name](int32_t) { note(name); }));
+    const auto meddler = std::make_shared<HeightListener>([&](int32_t) {
+        hub->removeDelegate(listeners[1]);
+        hub->addDelegate(listeners[2]);
     });
-    for (const auto& delegate : {first, meddler, leaving})
+    for (const auto& delegate : {listeners[0], meddler, listeners[1]})
         hub->addDelegate(delegate);
     hub->updatedPosition(1, nullptr);
     EXPECT_EQ(heard(), "2 first");
     hub->updatedPosition(2, nullptr);
-    EXPECT_EQ(heard(), "2 first, 2 newcomer");
-    hub->removeDelegate(hub->delegates().front());
-    hub->updatedPosition(3, nullptr);
     EXPECT_EQ(heard(), "2 first, 2 newcomer");
 }
 
@@ -76,22 +52,6 @@ TEST_F(ZelvoControllerTest, runsWithoutAStore)
     EXPECT_EQ(records(), "sit 75..90.2") << "a store is used from the next pulse on, and resumes nothing";
 }
 
-TEST_F(ZelvoControllerTest, leavesNothingBehind)
-{
-    play("2 height=4000 3");
-    EXPECT_EQ(records(), "sit 1.2..2.2, stand 2.2..2.2") << "an end is saved at once";
-    auto held = hub->device();
-    hub.reset();
-    EXPECT_EQ(held->delegate(), nullptr);
-    platform.workspace.screensSleep();
-    platform.workspace.willSleep();
-    platform.workspace.wake();
-    hid.unplug();
-    platform.runLoop.advance(20);
-    held.reset();
-    EXPECT_EQ(platform.runLoop.pendingTimerCount(), 0u);
-}
-
 /// Of attendance and its record, what random histories of the whole program do not meet.
 TEST(Attendance, isRecordedAndNothingElse)
 {
@@ -103,7 +63,7 @@ TEST(Attendance, isRecordedAndNothingElse)
         {"an adapter that is silent for a while", "50 on=0 check 100 on=1 check 120",
             "sit 1.2..50, sit 100..120", "100 session"},
         {"what is due, and a clock that is set, while the user is known to be away",
-            "7 away 183 dark due=4 221 dark 222 set=1000 231", "sit 1.2..180, sit 183..190, sit 221..225",
+            "10 away 183 dark due=4 221 dark 222 set=1000 231", "sit 1.2..180, sit 183..190, sit 221..225",
             "183 session, 183 session, 221 session"},
         {"a sleep behind a clock that lost the same time", "41 z=30000 set=-30000 66",
             "sit 1.2..45, sit 60..66", "60 session"},
@@ -111,7 +71,8 @@ TEST(Attendance, isRecordedAndNothingElse)
             "sit 1.2..45, sit 47.5..49.5", ""},
         {"a small step back at the start: nothing runs backwards", "1.5 set=-1 1.6", "sit 1.2..1.2", ""},
         {"a period that begins and ends without room goes out all the same",
-            "50 full height=4000 55 pull room 61", "sit 1.2..50.2, stand 50.2..55", "50.2 session"},
+            "50 full height=4000 51 due=2 55 pull room 61", "sit 1.2..50.2, stand 50.2..55",
+            "50.2 session, 51 session"},
     };
     for (const auto& [what, happens, records, told] : kStories) {
         SCOPED_TRACE(what);
