@@ -145,16 +145,6 @@ def test_history_and_export_of_planted_periods(desktop, zone):
     assert numbers(window) == sums.shown(firsts["Year"])
 
 
-def test_the_export_begins_in_2013_by_every_calendar(desktop):
-    sums = Sums("Asia/Bangkok")
-    start_with_history(desktop, sums)
-    for language in ("fa_IR", "th_TH", "ar_SA"):
-        program = desktop.start(LANG=f"{language}.UTF-8", LC_ALL=f"{language}.UTF-8")
-        show_history(program)
-        assert export(desktop, program)[1] == sums.exported()
-        program.quit()
-
-
 def test_an_export_takes_nothing_from_the_user(desktop):
     desktop.settings()
     program = desktop.start_recording()

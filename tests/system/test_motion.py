@@ -102,16 +102,6 @@ def test_a_held_key_moves_until_it_is_let_go(desk):
             desk.stands(way())
 
 
-def test_a_button_held_for_a_second_says_stop_and_five_movements_and_stop(desk):
-    pressed = desk.hold()
-    wait_until(lambda: desk.adapter.values(pressed - 0.1).count(UP) == 5, "five movements")
-    desk.stands(desk.release())
-    reports = [(at - pressed, value) for at, value in desk.adapter.wire if at > pressed - 0.1]
-    assert [value for _, value in reports] == [STOP] + [UP] * 5 + [STOP]
-    assert [at for at, value in reports if value == UP] == pytest.approx([0.2, 0.4, 0.6, 0.8, 1.0], abs=0.19)
-    assert desk.adapter.height > 2000
-
-
 def test_each_button_does_what_it_says(desk):
     ends = {"Up": UP, "Down": DOWN}
     for name, value in (ends | {"Sit": 700, "Stand": 4100, "Position 3": 5200}).items():
@@ -147,21 +137,3 @@ def test_a_transfer_that_stalls_under_a_held_button(desk, seconds, carried_out):
     desk.stands(time.monotonic())
     reports = [value for _, value in desk.adapter.wire[written:]]
     assert [value for value in reports if value != "init"][carried_out and reports[0] == UP] == STOP
-
-
-def test_joined_and_unplugged_under_a_held_button(desk):
-    desk.hold()
-    second = desk.desktop.plug(height=900)
-    wait_until(lambda: second.values()[:2] == ["init", STOP], "the second adapter")
-    desk.stands(desk.release())
-    assert set(second.values()) == {"init", STOP}
-    second.unplug()
-
-    desk.hold()
-    desk.adapter.unplug()
-    desk.panel.hears("Please connect your desk")
-    other = desk.desktop.plug(height=2000)
-    wait_until(lambda: other.looks, "the new adapter")
-    desk.release()
-    wait_until(lambda: other.looks > 3, "more of it")
-    assert other.values()[:2] == ["init", STOP] and set(other.values()) == {"init", STOP}

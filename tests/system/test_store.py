@@ -1,4 +1,4 @@
-"""The record of a life: full disks, a store that goes or is damaged, a second program on it."""
+"""The record of a life: full disks, a damaged store, a second program on it."""
 
 import os
 import signal
@@ -77,20 +77,6 @@ def test_a_disk_that_fills_while_recording(desktop, ballast):
     program.signal(signal.SIGTERM)
     program.window_with("Quit Anyway", "Cancel").find("Quit Anyway").press()
     program.ends()
-
-
-def test_a_store_that_is_deleted_is_begun_anew(desktop):
-    desktop.settings()
-    program = desktop.start_recording()
-    start = desktop.records()[0][0]
-    for file in desktop.folder.glob("StandUp.storedata*"):
-        file.unlink()
-    with desktop.clock.running(RATE):
-        records = wait_until(desktop.records, "a new store")
-    assert records[0][0] == pytest.approx(start, abs=1)
-    assert "goes on with the file that is there now" in panel(program, "was removed or replaced")
-    program.quit()
-    assert desktop.records()[0][1] == pytest.approx(desktop.clock.now(), abs=6)
 
 
 def test_a_damaged_store_is_left_alone_and_named(desktop):
