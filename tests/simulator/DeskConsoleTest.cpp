@@ -42,6 +42,13 @@ TEST(DeskConsole, saysWhatTheDeskDoes)
          "0.25\n"
          "height\nadapter 2\nheight\n",
             "refused\nok\nok\n900\n948\n"},
+        // A wrong init; seven bytes, a copy that differs, the status written, another report read; and a
+        // ninth byte.
+        {"set 03 04 00 FA 00 00 00 00\nset 05 00 80 00 80 00 80\nset 05 00 80 01 80 01 80 01\n"
+         "set 05 00 80 00 80 01 80 00\nset 05 00 80 00 80 00 80 01\nset 04 00 00 00 00 00 00 00\nget "
+         "05\nadvance 0.25\n"
+         "height\nset 05 00 80 00 80 00 80 00 80\nadvance 0.25\nheight\n",
+            "refused\nrefused\nrefused\nrefused\nrefused\nrefused\nrefused\n900\nok\n948\n"},
         {"error E1\nerror clear\nfault short 2\nfault short off\nfault reads on\nfault reads off\nset 05\n"
          "unplug\nget 04\nstatus\nplug\nneeds-init off\ndesk off\nstatus\n",
             "refused\nunplugged\nheight 900 of 0 to 6500, 0 a second\n"
@@ -86,6 +93,38 @@ TEST(DeskConsole, theDeskIsHeardAndObeysAsItsStateAllows)
                         "fault silence off\nfault stall off\nfault short off\nadvance 0.1\nheight\n"),
             std::string("ok\nok\n") + height + '\n' + read + '\n' + write + '\n' + after + '\n')
             << spoil;
+}
+
+TEST(DeskConsole, theDeskSpeedsUpTurnsRoundAndComesToRestWhereItIsTold)
+{
+    using Text = std::string;
+    const Text kUp = "00 80 ", kDown = "FF 7F ", kStop = "01 80 ";
+    const std::tuple<int, std::vector<Text>, const char*, int> kCases[] = {
+        // From where, the commands, each 0.2 s after the one before, how it goes after the last one, and
+        // where the desk rests then.
+        // With the acceleration a: v = at and a t^2 / 2, until the top speed is reached after 0.25 s.
+        {1000, {kUp}, "1030 of 410 to 6400, 304 a second, going to 6400", 1190},
+        {1000, {kUp, kUp, kDown}, "1150 of 410 to 6400, 76 a second, going to 410", 1057},
+        {3000, {kUp, kUp, kUp, kStop}, "3226 of 410 to 6400, 76 a second", 3228},
+        {3000, {"FF 7E ", kStop}, "3061 of 410 to 6400, 0 a second", 3061},
+        {1000, {"E9 03 "}, "1001 of 410 to 6400, 0 a second, going to 1001", 1001},
+        {1000, {"E7 03 "}, "999 of 410 to 6400, 0 a second, going to 999", 999},
+        {6390, {"58 1B "}, "6400 of 410 to 6400, 0 a second, going to 6400", 6400}, // Beyond the limit.
+        {6390, {kUp}, "6400 of 410 to 6400, 0 a second, going to 6400", 6400},
+        {420, {kDown}, "410 of 410 to 6400, 0 a second, going to 410", 410},
+    };
+    for (const auto& [from, commands, expected, rest] : kCases) {
+        Text script = "set 03 04 00 FB 00 00 00 00\nlimits 410 6400\nheight " + std::to_string(from) + '\n';
+        for (const Text& value : commands) {
+            script += "set 05 " + value + value + value + value + "\nadvance 0.02\n";
+            for (int i = 0; i < 20; ++i)
+                script += "advance 0.009\n"; // Added up as doubles, a hair less than 0.18.
+        }
+        const Text said = play(script + "status\nadvance 60\nstatus\n");
+        const auto resting = "height " + std::to_string(rest) + " of 410 to 6400, 0 a second\n";
+        EXPECT_NE(said.find("height " + Text(expected) + '\n'), said.npos) << script << said;
+        EXPECT_NE(said.find(resting), said.npos) << script << said;
+    }
 }
 
 TEST(DeskConsole, namesTheLineAndTheFaultOfBadInputAndGoesOn)

@@ -4,48 +4,37 @@
 #include "fakes/TestPlatform.h"
 #include "platform/linux/IdleTimeSource.h"
 
-#include <QThread>
 #include <QtCore/qtestsupport_core.h>
 
 #include <csignal>
 
-TEST(X11IdleBackend, readsSecondsWithoutWaitingUntilTheServerDies)
+TEST(X11IdleBackend, readsWithoutWaitingUntilTheServerDies)
 {
     const TestPlatform platform; // Its clock stands at 0.
     XvfbServer server;
     X11IdleBackend backend;
     std::vector<double> idle; // Seconds, -1 where it cannot be told.
     const auto ask = [&] { backend.ask([&](auto at) { idle.push_back(-at.value_or(1)); }); };
-    const auto moveMouse = [] { return QProcess::execute("xdotool", {"mousemove_relative", "5", "5"}); };
     const auto isAnswered = [&](size_t times) {
         return QTest::qWaitFor([&] { return idle.size() == times; });
     };
-    for (const size_t times : {1U, 2U, 3U}) {
-        if (times != 2)
-            ASSERT_EQ(moveMouse(), 0);
-        else
-            QThread::msleep(300);
-        ask();
-        EXPECT_LT(idle.size(), times) << "not within the question";
-        ASSERT_TRUE(isAnswered(times));
-    }
-    EXPECT_TRUE(idle[1] >= idle[0] + 0.29 && idle[1] < idle[0] + 2.9) << "seconds";
-    EXPECT_LT(idle[2], idle[1]);
-
+    ask();
+    EXPECT_TRUE(idle.empty()) << "not within the question";
+    ASSERT_TRUE(isAnswered(1));
     kill(pid_t(server.process.processId()), SIGSTOP);
     ask();
     ask(); // The one before is unanswered.
-    EXPECT_EQ(idle.size(), 4U);
+    EXPECT_EQ(idle.size(), 2U);
     kill(pid_t(server.process.processId()), SIGCONT);
-    ASSERT_EQ(moveMouse(), 0);
+    ASSERT_EQ(QProcess::execute("xdotool", {"mousemove_relative", "5", "5"}), 0);
     ask(); // Its reply has come meanwhile.
-    EXPECT_EQ(idle.size(), 5U);
-    ASSERT_TRUE(isAnswered(6));
+    EXPECT_EQ(idle.size(), 3U);
+    ASSERT_TRUE(isAnswered(4));
     server.stop();
     ask(); // On its way when the server dies.
-    ASSERT_TRUE(isAnswered(7));
+    ASSERT_TRUE(isAnswered(5));
     ask();
-    EXPECT_TRUE(idle.at(3) == -1 && idle[4] >= 0 && idle[6] == -1 && idle.at(7) == -1);
+    EXPECT_TRUE(idle.at(1) == -1 && idle[2] >= 0 && idle[4] == -1 && idle.at(5) == -1);
 }
 
 TEST(X11IdleBackend, isAskedOnlyWhereAllInputGoesThroughTheServer)
