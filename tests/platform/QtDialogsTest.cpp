@@ -1,10 +1,7 @@
 #include "platform/qt/QtDialogs.h"
 
 #include <QApplication>
-#include <QFileDialog>
-#include <QLineEdit>
 #include <QPushButton>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
@@ -84,22 +81,5 @@ TEST(QtDialogsTest, aDialogMayGoWithItsWindowButNotWithAPanelThatWasDismissed)
         QTest::keyClick(&modal, Qt::Key_Return);
     });
     EXPECT_EQ(dialogs.runAlert("Quit?", {}, {"Quit", "Cancel"}), Dialogs::kFirstButton);
-}
-
-TEST(QtDialogsTest, aFileGoesIntoTheDocumentsFolderAndKeepsItsType)
-{
-    const QTemporaryDir home;
-    const QByteArray previousHome = qgetenv("HOME");
-    qputenv("HOME", home.path().toUtf8());
-    qunsetenv("XDG_CONFIG_HOME");
-    QDir(home.path()).mkdir("Documents");
-    user([](QWidget& modal) {
-        EXPECT_EQ(dynamic_cast<QFileDialog&>(modal).nameFilters(), QStringList {"*.csv"});
-        auto* const edit = modal.findChild<QLineEdit*>("fileNameEdit");
-        edit->setText("same.CSV");
-        QTest::keyClick(edit, Qt::Key_Return);
-    });
-    EXPECT_EQ(QtDialogs().runSavePanel("a.csv"), home.filePath("Documents/same.CSV"));
-    qputenv("HOME", previousHome);
 }
 }

@@ -180,6 +180,7 @@ def test_an_adapter_without_permission_is_explained_until_it_has_one(desktop, as
     program.click_tray()
     main = program.window_with("Up")
     main.hears("The adapter is there, but may not be opened.")
+    os.chmod(adapter.file, 0o040)  # Still not enough.
     assert "\n".join(CURE) in main.says()
     main.find("Copy the commands").press()
     main.find("Copied")
@@ -191,6 +192,7 @@ def test_an_adapter_without_permission_is_explained_until_it_has_one(desktop, as
     assert not any("sudo" in words for words in main.says())
     assert desktop.frame(desktop.window("Zelvo StandUp"))[3] == 592 < tall[3]
     assert status()["desk"] == "connected" and "cure" not in status()
+    assert desktop.log().count("put the rule file 70-zelvo-standup.rules into") == 1
 
 
 def test_the_bus_starts_the_program_and_cannot_move_the_desk(desktop, ask):

@@ -97,8 +97,7 @@ def choose_file(desktop, program, name=""):
     # Without a name it is the proposed one.
     desktop.click(*program.window_with("Year").find("Export to a file…").middle)
     panel = program.window_with("Save", "Cancel")
-    desktop.type(name)
-    wait_until(lambda: any(name in field.text for field in panel.all(role="text")), "the name")
+    assert not name or panel.find(role="text").set_text(name)
     return panel
 
 
@@ -107,7 +106,7 @@ def export(desktop, program, name=""):
     choose_file(desktop, program, name).find("Save").press()
 
     def written():
-        return next((path for path in desktop.home.glob("*.csv") if path.read_bytes().endswith(b"; ")), None)
+        return next((path for path in desktop.home.rglob("*.[cC][sS][vV]") if path.read_bytes().endswith(b"; ")), None)
 
     file = wait_until(written, "the exported file")
     found = file.name, file.read_bytes()
@@ -149,8 +148,11 @@ def test_an_export_takes_nothing_from_the_user(desktop):
     desktop.settings()
     program = desktop.start_recording()
     show_history(program)
-    assert export(desktop, program, "week")[0] == "week.csv"
-    (desktop.home / "mine.csv").write_text("mine")
+    documents = desktop.home / "Documents"
+    documents.mkdir()
+    (documents / "mine.csv").write_text("mine")
+    for name, file in {"week": "week.csv", "other.CSV": "other.CSV"}.items():
+        assert export(desktop, program, name)[0] == file
     choose_file(desktop, program)
     desktop.key("Escape")
     wait_until(lambda: len(desktop.windows()) == 1, "the panel closed")
@@ -162,7 +164,7 @@ def test_an_export_takes_nothing_from_the_user(desktop):
         wait_until(lambda: question.find("No").has(FOCUSED), "the answer that harms nobody")
         question.find("No").press()
         wait_until(lambda: len(desktop.windows()) == 2, f"the panel again, {way}")
-    assert [path.read_text() for path in desktop.home.glob("*.csv")] == ["mine"]
+    assert [path.read_text() for path in documents.glob("*.csv")] == ["mine"]
     program.window_with("Save", "Cancel").find("Save").press()
     program.window_with("Yes", "No").find("Yes").press()
-    wait_until(lambda: (desktop.home / "mine.csv").read_text().startswith("Standing Minutes"), "the export")
+    wait_until(lambda: (documents / "mine.csv").read_text().startswith("Standing Minutes"), "the export")

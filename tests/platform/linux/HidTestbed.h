@@ -81,7 +81,7 @@ public:
         const std::scoped_lock lock(s_mutex);
         return *m_wire;
     }
-    /// The node's file in the test bed, for permissions and locks.
+    /// The node's file in the test bed, for locks.
     [[nodiscard]] const char* file() const { return m_file.constData(); }
     /// Has udev speak of the adapter once more.
     void report(const char* action) { umockdev_testbed_uevent(testbed(), m_hidrawPath.constData(), action); }
@@ -122,10 +122,6 @@ private:
     {
         static const std::unique_ptr<UMockdevTestbed, decltype(&g_object_unref)> s_testbed(
             umockdev_testbed_new(), g_object_unref);
-        // For a test that gives up its privileges: umockdev has sockets of its own there.
-        const QByteArray root = take(umockdev_testbed_get_root_dir(s_testbed.get()));
-        chmod(root.constData(), 0777);
-        chmod((root + "/ioctl/_default").constData(), 0777);
         return s_testbed.get();
     }
 

@@ -4,7 +4,6 @@
 #include "platform/ProcessServices.h"
 #include "platform/qt/QtRunLoop.h"
 
-#include <QDir>
 #include <QTemporaryDir>
 #include <QtCore/qtestsupport_core.h>
 
@@ -19,7 +18,6 @@ namespace {
 using Devices = std::vector<HidDeviceRef>;
 using Report = TestWire::Report;
 
-constexpr uid_t kNobody = 65534;
 constexpr int kSettleMs = 80; ///< shows that nothing happens
 const Report kUp {5, 0, 0x80, 0, 0x80, 0, 0x80, 0};
 const Report kStop {5, 1, 0x80, 1, 0x80, 1, 0x80, 1};
@@ -43,13 +41,10 @@ public:
         });
     }
 
-    std::vector<double> waits; ///< all that were asked for
-
 protected:
     TimerRef platformScheduleTimer(
         double seconds, Repeat repeats, TimerCallback callback, QVariant userInfo, Precision) override
     {
-        waits.push_back(seconds);
         return m_loop.scheduleTimer(
             seconds / kHurry, repeats, std::move(callback), std::move(userInfo), Precision::Precise);
     }
@@ -202,45 +197,6 @@ TEST_F(LinuxHid, carriesReportsBothWaysWhenTheAdapterIsFreeLosesItAndFindsItAgai
     adapter.report("remove");
     QTest::qWait(kSettleMs);
     EXPECT_EQ(m_removed.size(), 2U) << "its leaving is told once";
-}
-
-TEST_F(LinuxHid, triesAgainWhenThePermissionsChangeAndEachHalfMinute)
-{
-    const TestAdapter adapter;
-    chmod(adapter.file(), 0);
-    const uid_t user = geteuid();
-    EXPECT_TRUE(user != 0 || seteuid(kNobody) == 0) << "root is never refused";
-    testing::internal::CaptureStderr();
-    start();
-    EXPECT_TRUE(reaches(m_added, 1));
-    const QString log = QString::fromStdString(testing::internal::GetCapturedStderr());
-    EXPECT_TRUE(log.count('\n') == 1
-        && log.contains("put the rule file 70-zelvo-standup.rules into /etc/udev/rules.d and run \"sudo "
-                        "udevadm trigger --subsystem-match=hidraw --action=change\""));
-    EXPECT_TRUE(m_added[0]->openExclusively() == EACCES && read() == EACCES);
-    EXPECT_EQ(seteuid(user), 0);
-    chmod(adapter.file(), 0040);
-    EXPECT_TRUE(user != 0 || seteuid(kNobody) == 0);
-    (void)QTest::qWaitFor([this] { return m_runLoop.waits.size() == 3; });
-    EXPECT_EQ(m_runLoop.waits, (std::vector<double> {30, 0.2, 30})) << "still not enough";
-    EXPECT_EQ(seteuid(user), 0);
-
-    const int other =
-        open(adapter.file(), O_RDWR | O_CLOEXEC); // Of another program, which takes the adapter.
-    flock(other, LOCK_EX);
-    chmod(adapter.file(), 0600);
-    EXPECT_TRUE(reaches(m_added, 2)) << "another reason is news";
-    EXPECT_EQ(m_added[1]->openExclusively(), EBUSY);
-    flock(other, LOCK_UN); // Nothing tells of it.
-    EXPECT_TRUE(reaches(m_added, 3) && m_added[0] == m_added[2] && readsSoon());
-    const size_t waits = m_runLoop.waits.size();
-    chmod(adapter.file(), 0640);
-    close(other);
-    QTest::qWait(kSettleMs);
-    EXPECT_TRUE(m_added.size() == 3 && m_runLoop.waits.size() == waits) << "what is open is watched no more";
-    for (const QFileInfo& mine :
-        QDir("/proc/self/fd").entryInfoList(QDir::NoDotAndDotDot | QDir::AllEntries | QDir::System))
-        EXPECT_FALSE(mine.symLinkTarget().contains("inotify"));
 }
 
 TEST_F(LinuxHid, endsWithAStopButNotInsideASilentAdapter)
