@@ -46,23 +46,6 @@ TEST_F(CirclesTest, thePieGrowsClockwiseFromTwelveToAWholeDiscOfTheSmallerSide)
     EXPECT_NE(pie({8, 8}, 100), pie({8, 8}, 0));
 }
 
-TEST_F(CirclesTest, theSmallerSideDecidesOnTheSizeAndTheWidthOnHowMuchIsSaid)
-{
-    for (const auto& [size, fontSize, margin] :
-        {std::tuple(QSize(105, 105), 30, 0), {{106, 106}, 42, 5}, {{300, 100}, 30, 3}}) {
-        CircleIndicatorView view;
-        view.setMarginBetweenValueAndTitle(margin);
-        view.setValue(QStringLiteral("32"));
-        view.setTitle("Minutes of standing in all");
-        view.resize(size);
-        show(view);
-        EXPECT_EQ(view.textFieldValue()->font().pixelSize(), fontSize);
-        EXPECT_EQ(view.textFieldTitle()->y(), view.textFieldValue()->geometry().bottom() + 1 + margin);
-        EXPECT_EQ(view.textFieldTitle()->text().endsWith(QChar(0x2026)), size.width() < 300);
-        EXPECT_GE(view.textFieldTitle()->x(), 6);
-    }
-}
-
 TEST_F(CirclesTest, aRingTellsItsShareToScreenReaders)
 {
     CircleIndicatorView view;

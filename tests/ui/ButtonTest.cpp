@@ -25,23 +25,6 @@ protected:
 };
 }
 
-TEST_F(ButtonTest, aTitleThatIsTooLongEndsInAnEllipsisBesideItsPicture)
-{
-    button.setText(QStringLiteral(" MMMMMM "));
-    EXPECT_EQ(button.sizeHint(), QSize(92, 33));
-    button.setImage(Picture(QStringLiteral("ButtonUp")));
-    button.resize(70, 30);
-    // The title has no green, the picture has.
-    const QImage seen = grab(button);
-    EXPECT_EQ(boxOf(seen, [](QColor pixel) { return pixel.green() < 40 && pixel.blue() < 128; }),
-        QRect(39, 11, 22, 10));
-    EXPECT_EQ(boxOf(seen, [](QColor pixel) { return pixel.green() > 40; }), QRect(10, 7, 14, 16));
-    EXPECT_EQ(button.sizeHint(), QSize(122, 36));
-    EXPECT_EQ(button.minimumSizeHint(), QSize(93, 36));
-    button.setToolButtonStyle(Qt::ToolButtonIconOnly);
-    EXPECT_EQ(button.sizeHint(), QSize(34, 36));
-}
-
 TEST_F(ButtonTest, pressedAndDisabledHaveTheirLookAndATitleThatCouldNotBeReadAnotherColour)
 {
     const QColor background(0xC8, 0xD9, 0xE1);
