@@ -1,29 +1,9 @@
 #include "resources/Resources.h"
 
-#include "platform/Bundle.h"
-
 #include <QCoreApplication>
-#include <QFontDatabase>
 #include <QTranslator>
 
 #include <gtest/gtest.h>
-
-TEST(Resources, theInformationSuitsASeatAndAPersonStanding)
-{
-    initResources();
-    const Bundle bundle(Bundle::compiledInformation());
-    const std::tuple<const char*, double, double> kHeights[] = {// In centimetres.
-        {"DevicePosition1", 68, 76}, {"DevicePosition2", 99, 115}, {"DevicePosition3", 110, 120}};
-    for (const auto& [key, least, most] : kHeights) {
-        const double height = (bundle.numberValue(QString::fromLatin1(key))
-                                  + bundle.numberValue(QStringLiteral("TablePositionOffset")))
-            / 100;
-        EXPECT_TRUE(least < height && height < most) << key;
-    }
-    // The bundle numbers the modes the other way round: its "2" is the program's calorie mode.
-    EXPECT_EQ(bundle.stringValue(QStringLiteral("ActivityModeDefault")), QStringLiteral("2"));
-    EXPECT_TRUE(QFontDatabase::families().contains(*bundle.stringValue(QStringLiteral("ZelvoFontName"))));
-}
 
 TEST(Resources, theLanguageAskedForIsShown)
 {
