@@ -25,6 +25,14 @@ protected:
 };
 }
 
+TEST_F(ButtonTest, aTitleThatIsTooLongEndsInAnEllipsis)
+{
+    button.setText(QStringLiteral(" MMMMMM "));
+    EXPECT_EQ(button.minimumSizeHint(), QSize(63, 33));
+    button.resize(70, 30);
+    EXPECT_EQ(boxOf(grab(button), [](QColor pixel) { return pixel.blue() < 128; }), QRect(10, 11, 50, 10));
+}
+
 TEST_F(ButtonTest, pressedAndDisabledHaveTheirLookAndATitleThatCouldNotBeReadAnotherColour)
 {
     const QColor background(0xC8, 0xD9, 0xE1);
