@@ -4,6 +4,7 @@
 #include "platform/simulated/SimulatedHidManager.h"
 #include "shell/MenuletController.h"
 #include "shell/Notification.h"
+#include "ui/FontAndTextHandler.h"
 #include "ui/PanelWindow.h"
 #include "ui/WindowPlacement.h"
 #include "ui_TestWindow.h"
@@ -38,6 +39,7 @@ TestWindowController::TestWindowController(MenuletController& menulet, Simulated
     , m_window(std::make_unique<PanelWindow>(Qt::Window))
     , m_ui(std::make_unique<Ui::TestWindow>())
 {
+    m_window->setFont(FontAndTextHandler::Roman12());
     m_ui->setupUi(m_window.get());
     m_ui->labelReport->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     m_window->setOpensUnfocused();
@@ -87,8 +89,10 @@ void TestWindowController::connectMovement()
 {
     m_heights = {{m_ui->buttonHeight0, 0}, {m_ui->buttonHeight1000, 1000}, {m_ui->buttonHeight2500, 2500},
         {m_ui->buttonHeight4800, 4800}, {m_ui->buttonHeight6500, 6500}};
-    for (MouseEventButton* button : m_window->findChildren<MouseEventButton*>())
+    for (MouseEventButton* button : m_window->findChildren<MouseEventButton*>()) {
         button->setDelegate(this);
+        button->setBackgroundRole(QPalette::Base); // Apart from those that are clicked.
+    }
     onClicked(m_ui->buttonUpOnce, [] {
         if (hub())
             hub()->moveDeviceUp();
