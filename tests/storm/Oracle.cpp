@@ -4,8 +4,9 @@
 #include <utility>
 
 namespace storm {
-Oracle::Oracle(const Script& script, std::string storePath)
+Oracle::Oracle(const Script& script, std::string storePath, Figures& figures)
     : m_storePath(std::move(storePath))
+    , m_figures(figures)
     , m_settings(script.settings)
     , m_wallOffset(script.start)
 {
@@ -36,6 +37,7 @@ void Oracle::goTo(double time)
     const bool isUnclear = m_isGiven || (m_awaySince && *m_awaySince <= m_wokeAt + kLook);
     const bool isRight = (m_isOpen ? m_rows.back().posture : None) == truth();
     m_wrong = isRight || isUnclear ? 0 : m_wrong + std::max(0.0, time - m_now);
+    m_figures.largestError = std::max(m_figures.largestError, m_wrong);
     m_now = std::max(m_now, time);
     if (m_wrong > kLongestError)
         fail("the record is not the truth for " + std::to_string(m_wrong) + " s");
@@ -151,8 +153,10 @@ void Oracle::ended(bool killed)
         fail("no stop at the end");
     if (!killed)
         close();
-    if (m_isOpen)
-        m_rows.back().end = m_storedEnd; // What was not stored is lost.
+    if (m_isOpen) { // What was not stored is lost.
+        m_figures.largestError = std::max(m_figures.largestError, m_rows.back().end - m_storedEnd);
+        m_rows.back().end = m_storedEnd;
+    }
     m_holds.clear();
     m_lastCommand.clear();
     m_answers.clear();
@@ -212,12 +216,14 @@ void Oracle::judge()
         if (!isNear(row.start, start) || !isNear(row.end, end)
             || (row.posture == Standing) != bool(sqlite3_column_int(rows, 2))
             || row.weight != sqlite3_column_double(rows, 3))
-            fail("record " + std::to_string(count) + " from " + std::to_string(start) + " to "
-                + std::to_string(end));
+            fail("record " + std::to_string(count) + " from " + std::to_string(start) + " for "
+                + std::to_string(end - start) + " s; expected from " + std::to_string(row.start) + " for "
+                + std::to_string(row.end - row.start));
     }
     sqlite3_finalize(rows);
     sqlite3_close(store);
     if (count + 1 != m_rows.size())
         fail(std::to_string(count) + " records in place of " + std::to_string(m_rows.size() - 1));
+    m_figures.records += int(count);
 }
 }

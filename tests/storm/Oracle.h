@@ -36,7 +36,14 @@ public:
         std::optional<std::string> memory; ///< offers the reminder
     };
 
-    Oracle(const Script& script, std::string storePath);
+    /// Of all histories.
+    struct Figures {
+        double longestOverrun = 0; ///< of a hold, seconds
+        double largestError = 0; ///< longest stretch in which the record was not the truth, seconds
+        int records = 0, reminders = 0, holds = 0;
+    };
+
+    Oracle(const Script& script, std::string storePath, Figures& figures);
 
     /// Time goes on; what is told next happens now.
     void pass(double now);
@@ -189,6 +196,7 @@ private:
 
     const std::string m_storePath;
     std::string m_failure;
+    Figures& m_figures;
     std::vector<double> m_settings;
 
     // Clocks.

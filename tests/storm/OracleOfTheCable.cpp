@@ -210,6 +210,7 @@ void Oracle::commanded(const Transfer& transfer)
     if (!isKnown || hold->command != command || hold->stopped || begun > hold->to + kOverrun)
         return fail("movement report " + std::to_string(command) + " outside a hold");
     hold->moves += transfer.isOk ? 1 : 0;
+    m_figures.longestOverrun = std::max(m_figures.longestOverrun, begun - hold->to);
 }
 
 /// What must be true of adapters and their reports whenever time has passed.
@@ -266,8 +267,10 @@ void Oracle::endHold()
     hold.to = m_now;
     m_nextResend = kNever;
     hearAgain();
+    ++m_figures.holds;
     if (hold.isExact && hold.moves != int((hold.to - hold.from) / kResend + kRounding))
-        fail("a hold gave " + std::to_string(hold.moves) + " movement reports");
+        fail("a hold of " + std::to_string(hold.to - hold.from) + " s gave " + std::to_string(hold.moves)
+            + " movement reports");
 }
 
 /// How many reports the hold gives is not known any more.

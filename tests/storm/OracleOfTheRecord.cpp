@@ -71,6 +71,7 @@ void Oracle::periodEnds()
     const Posture target = m_scheduled == Standing ? Sitting : Standing;
     if (target == m_posture || m_isIdle || hasSlept())
         return;
+    ++m_figures.reminders;
     if (!std::exchange(m_isReminderOnShow, true))
         m_owedSince = m_now;
     m_isActionDone = false;

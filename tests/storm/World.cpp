@@ -65,10 +65,11 @@ private:
     std::map<HidDeviceRef, int> m_numbers;
 };
 
-World::World(const Script& script)
+World::World(const Script& script, Oracle::Figures& figures)
     : m_script(script)
     , m_oracle(script,
-          m_platform.folder.filePath(QStringLiteral("org.zelvo.StandUp/StandUp.storedata")).toStdString())
+          m_platform.folder.filePath(QStringLiteral("org.zelvo.StandUp/StandUp.storedata")).toStdString(),
+          figures)
     , m_bus(std::make_unique<Bus>(*this))
 {
     for (const int number : {0, 1}) {
@@ -114,7 +115,7 @@ void World::start()
     m_startedAt = loop().monotonicNow();
     oracle().started();
     m_app->applicationDidFinishLaunching();
-    const int silent = ::open("/dev/null", O_WRONLY | O_CLOEXEC); // The log of all that is long.
+    const int silent = ::open("/dev/null", O_WRONLY | O_CLOEXEC); // The log of a decade is long.
     dup2(silent, STDERR_FILENO);
     ::close(silent);
 }

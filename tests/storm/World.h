@@ -14,7 +14,7 @@ namespace storm {
 /// The whole program on a simulated desktop with two desks. Plays a script and tells the oracle what happens.
 class World final : public QObject {
 public:
-    explicit World(const Script& script);
+    World(const Script& script, Oracle::Figures& figures);
     ~World() override;
 
     /// Plays the script; in the end everything is let go, well and quiet, and the program ends.
