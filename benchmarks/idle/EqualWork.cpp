@@ -44,8 +44,7 @@ public:
         QObject::connect(&m_answers, &QSocketNotifier::activated, &m_answers, [this] { read(); });
     }
     ~IdleQuestion() { xcb_disconnect(m_connection); }
-    IdleQuestion(const IdleQuestion&) = delete;
-    IdleQuestion& operator=(const IdleQuestion&) = delete;
+    Q_DISABLE_COPY_MOVE(IdleQuestion)
 
     void ask()
     {
@@ -90,8 +89,7 @@ public:
         sqlite3_finalize(m_write);
         sqlite3_close(m_connection);
     }
-    Record(const Record&) = delete;
-    Record& operator=(const Record&) = delete;
+    Q_DISABLE_COPY_MOVE(Record)
 
     void save()
     {
@@ -122,8 +120,7 @@ public:
         m_thread.join();
         close(m_node);
     }
-    Reader(const Reader&) = delete;
-    Reader& operator=(const Reader&) = delete;
+    Q_DISABLE_COPY_MOVE(Reader)
 
     void wake()
     {
