@@ -42,6 +42,8 @@ TEST(SleepAwareEventSource, makesOneAbsenceOfEachSleep)
         {"+9 z60 wake +3 input +2 ? +10 ?", "away 12"},
         // Input just before the sleep.
         {"+9 input +1 z60 wake +8 ? +10 ?", "away away"},
+        // Input in the moment of the desktop's word was not after it.
+        {"+9 wake input +5 ? +10 ? input +2 ?", "away away 2"},
         // The desktop's word alone.
         {"+9 wake +5 ? +10 ? input +10 ?", "away away 10"},
         // The word comes after the clocks were looked at.
