@@ -57,7 +57,7 @@ TEST_F(CirclesTest, aRingTellsItsShareToScreenReaders)
     EXPECT_EQ(told->valueInterface()->currentValue().toDouble(), 66.7);
     EXPECT_TRUE(told->state().readOnly && told->childCount() == 0);
     for (const auto& [size, fontSize, title] : {std::tuple(QSize(105, 105), 30, "CALORIES"),
-             {{106, 106}, 42, "CALORIES"}, {{300, 100}, 30, "CALORIES"}, {{40, 40}, 30, "CAL…"}}) {
+             {{106, 106}, 42, "CALORIES"}, {{300, 100}, 30, "CALORIES"}, {{46, 40}, 30, "CAL…"}}) {
         view.resize(size);
         show(view);
         EXPECT_EQ(view.textFieldValue()->font().pixelSize(), fontSize);
