@@ -181,6 +181,7 @@ def test_an_adapter_without_permission_is_explained_until_it_has_one(desktop, as
     main = program.window_with("Up")
     main.hears("The adapter is there, but may not be opened.")
     os.chmod(adapter.file, 0o040)  # Still not enough.
+    desktop.clock.reach(desktop.clock.now() + 9, 10)
     assert "\n".join(CURE) in main.says()
     main.find("Copy the commands").press()
     main.find("Copied")
@@ -189,7 +190,7 @@ def test_an_adapter_without_permission_is_explained_until_it_has_one(desktop, as
     os.chmod(adapter.file, 0o600)
     wait_until(desktop.records, "a first record")
     main.hears("Current session")
-    assert not any("sudo" in words for words in main.says())
+    wait_until(lambda: not any("sudo" in words for words in main.says()), "no commands")
     assert desktop.frame(desktop.window("Zelvo StandUp"))[3] == 592 < tall[3]
     assert status()["desk"] == "connected" and "cure" not in status()
     assert desktop.log().count("put the rule file 70-zelvo-standup.rules into") == 1
