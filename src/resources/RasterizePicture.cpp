@@ -38,7 +38,7 @@ int main(int argc, char** argv)
         const int size = atoi(argv[i]);
         QFile file(QStringLiteral("%1-%2").arg(QString::fromLocal8Bit(argv[2])).arg(size));
         if (!picture.isValid() || !file.open(QIODevice::WriteOnly)
-            || file.write(coverage(picture, size)) != size * size) {
+            || file.write(coverage(picture, size)) != qint64(size) * size) {
             fprintf(stderr, "rasterize-picture: %s cannot be drawn\n", argv[1]);
             return 1;
         }

@@ -59,9 +59,12 @@ double relativeLuminance(const QColor& color)
 QColor brandShade(double saturation, const QColor& ground, double wanted)
 {
     const QColor brand = zelvoColor1().toHsl();
-    for (float lightness = brand.lightnessF(); lightness < 1; lightness += 0.01F) {
-        const QColor shade =
-            QColor::fromHslF(brand.hslHueF(), float(brand.hslSaturationF() * saturation), lightness);
+    const auto paler = [&](int percent) {
+        return QColor::fromHslF(brand.hslHueF(), float(brand.hslSaturationF() * saturation),
+            std::min(1.0F, brand.lightnessF() + float(percent) / 100));
+    };
+    for (int percent = 0; percent < 100; ++percent) {
+        const QColor shade = paler(percent);
         if (contrast(shade, ground) >= wanted)
             return shade.toRgb();
     }
