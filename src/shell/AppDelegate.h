@@ -60,8 +60,8 @@ public:
     void showWizard();
     void showHistory();
     void showTestWindow();
-    /// Shows a user who started it again, or has no tray, the main window, or gives the keyboard to a reminder
-    /// that waits; before set-up the wizard.
+    /// Shows a user who started it again, or has no tray, the main window, or gives the keyboard to a
+    /// reminder that waits; before set-up the wizard.
     void showSomething();
     void menuOpenClicked();
     void menuHistoryClicked();

@@ -57,7 +57,8 @@ TEST_F(MemoryRowTest, theEditorTakesTheButtonsPlaceAndStoresTheDesksHeight)
         platform.defaults.writes.clear();
         click(*editor.findChild<QWidget*>("buttonDone"));
         EXPECT_EQ(platform.defaults.writes.join(' '), QString("DevicePosition%1").arg(index));
-        EXPECT_EQ(platform.defaults.values.value(platform.defaults.writes.join(' ')), 5000 + 10 * index); // Raw.
+        EXPECT_EQ(
+            platform.defaults.values.value(platform.defaults.writes.join(' ')), 5000 + 10 * index); // Raw.
         EXPECT_TRUE(memoryButton(index).isVisible() && memoryButton(index).hasFocus());
         moveDeskTo(kHeight);
     }

@@ -18,7 +18,8 @@ TEST(Notification, contentFollowsPositionModeAndPlan)
         {2, 1, 200, 2, 71, "StandingMessage|15|Mins|Sit 15 min."},
         {1, 2, 15, 0, 71, "SittingMessage|15|Minutes|"},
         {0, 2, 15, 2, 71, "SittingMessage|none|none|"},
-        {1, 1, 200, 1, 1e300, "SittingMessage|2147483647|Burned Calories|Stand 1 min for 2147483647 calories."},
+        {1, 1, 200, 1, 1e300,
+            "SittingMessage|2147483647|Burned Calories|Stand 1 min for 2147483647 calories."},
     };
     for (const auto& [position, mode, goal, standUps, weight, content] : kCases) {
         ShellWorld world;
