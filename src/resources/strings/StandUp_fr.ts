@@ -538,7 +538,7 @@
     <message id="StoreButton">
         <source>Store</source>
         <extracomment>Stores the desk’s height as a memory position</extracomment>
-        <translation>Enregistrer</translation>
+        <translation>Garder</translation>
     </message>
     <message id="Welcome">
         <source>First steps</source>
@@ -548,7 +548,7 @@
     <message id="WelcomeText">
         <source>Set the heights for sitting and standing: choose one, hold Up or Down, then store.</source>
         <extracomment>What to do there, over a picture of the desk that moves with it</extracomment>
-        <translation>Régler les hauteurs pour s’asseoir et se lever : en choisir une, maintenir « Monter » ou « Descendre », enregistrer.</translation>
+        <translation>Régler les hauteurs pour s’asseoir et se lever : en choisir une, maintenir « Monter » ou « Descendre », puis « Garder ».</translation>
     </message>
     <!-- History -->
     <message id="History">
