@@ -116,7 +116,10 @@ TEST(DeskConsole, theDeskSpeedsUpTurnsRoundAndComesToRestWhereItIsTold)
     for (const auto& [from, commands, expected, rest] : kCases) {
         Text script = "set 03 04 00 FB 00 00 00 00\nlimits 410 6400\nheight " + std::to_string(from) + '\n';
         for (const Text& value : commands) {
-            script += "set 05 " + value + value + value + value + "\nadvance 0.02\n";
+            script += "set 05 ";
+            for (int i = 0; i < 4; ++i)
+                script += value;
+            script += "\nadvance 0.02\n";
             for (int i = 0; i < 20; ++i)
                 script += "advance 0.009\n"; // Added up as doubles, a hair less than 0.18.
         }
