@@ -41,12 +41,12 @@ void completeSetup(int mode)
 class Photographer {
 public:
     Photographer(const QString& folder, QString suffix, const QLocale& locale, Appearance::Choice appearance,
-        const std::vector<double>& scales)
+        std::vector<double> scales)
         : m_folder(folder)
         , m_suffix(std::move(suffix))
         , m_locale(locale)
         , m_appearance(appearance)
-        , m_scales(scales)
+        , m_scales(std::move(scales))
     {
         QDir().mkpath(folder);
     }
