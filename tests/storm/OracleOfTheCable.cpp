@@ -99,12 +99,15 @@ void Oracle::transferred(const Transfer& transfer)
         return;
     if (!transfer.isRead)
         return transfer.bytes[0] == 3 ? initialised(transfer) : commanded(transfer);
+    // What is not taken up is only tried, to find out whether it answers again.
+    if (!transfer.isOk || !isTakenUp(transfer.adapter))
+        return;
+    m_answers[transfer.adapter] = {transfer.bytes, m_now - transfer.duration};
     // Only the stop of a hold that another adapter ends is heard of through the one before.
-    if (!transfer.isOk || (transfer.adapter != driven() && !isNear(m_now, m_drivenSince)))
+    if (transfer.adapter != driven() && !isNear(m_now, m_drivenSince))
         return;
     const bool isLate = transfer.duration > kWait;
     m_readAt = m_now;
-    m_answers[transfer.adapter] = {transfer.bytes, m_now - transfer.duration};
     if (!isLate && isNear(m_now, std::max(m_nextPoll, m_frozenUntil)))
         m_nextPoll = next(m_nextPoll, kPoll);
     for (Device& device : m_devices) {
