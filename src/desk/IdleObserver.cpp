@@ -1,5 +1,6 @@
 #include "desk/IdleObserver.h"
 
+#include "data/FixedPoint.h"
 #include "platform/Log.h"
 
 #include <array>
@@ -61,7 +62,7 @@ void IdleObserver::onIdleObserverTimerTick(const Timer&)
 void IdleObserver::look()
 {
     const double idleTime = idleTimeInSeconds();
-    Log::line(QString::asprintf("IdleTime: %f", idleTime));
+    Log::line(QStringLiteral("IdleTime: ") + fixed(idleTime, 6));
     if (const bool isIdle = idleTime >= m_timeIdle; isIdle != m_isIdle) {
         Log::line(isIdle ? QStringLiteral("IdleObserver - Idle") : QStringLiteral("IdleObserver - Active"));
         m_isIdle = isIdle;

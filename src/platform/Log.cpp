@@ -1,8 +1,8 @@
 #include "platform/Log.h"
 
+#include <QByteArrayList>
 #include <QFile>
 #include <QSet>
-#include <QStringList>
 
 #include <cerrno>
 #include <cstdio>
@@ -15,32 +15,33 @@
 namespace {
 constexpr qsizetype kMostEarlyLines = 100;
 std::mutex s_mutex; // The worker threads of backends write lines too.
-QStringList s_earlyLines;
+QByteArrayList s_earlyLines;
 bool s_redirected = false;
 
 /// The log names the moment at which a line was written, also while the program's own clock is a virtual one.
-QString timeStamp()
+QByteArray head()
 {
     timespec now {};
     clock_gettime(CLOCK_REALTIME, &now);
     tm local {};
     localtime_r(&now.tv_sec, &local);
-    char text[32];
+    char text[64];
     const size_t length = strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", &local);
-    return QString::asprintf("%.*s.%03ld", int(length), text, now.tv_nsec / 1000000);
+    std::snprintf(
+        text + length, sizeof text - length, ".%03ld StandUp[%d] ", now.tv_nsec / 1000000, getpid());
+    return text;
 }
 
-void write(const QString& text)
+void write(const QByteArray& text)
 {
-    const QByteArray bytes = text.toUtf8();
-    fwrite(bytes.constData(), 1, size_t(bytes.size()), stderr);
+    fwrite(text.constData(), 1, size_t(text.size()), stderr);
     fflush(stderr);
 }
 }
 
 void Log::line(const QString& message)
 {
-    const QString text = QStringLiteral("%1 StandUp[%2] %3\n").arg(timeStamp()).arg(getpid()).arg(message);
+    const QByteArray text = head() + message.toUtf8() + '\n';
     const std::scoped_lock lock(s_mutex);
     write(text);
     if (!s_redirected && s_earlyLines.size() < kMostEarlyLines)
@@ -71,7 +72,7 @@ bool Log::redirectToFile(const QString& path)
     if (file != STDERR_FILENO) // It is, when the program was started with standard error closed.
         close(file);
     s_redirected = true;
-    for (const QString& early : std::as_const(s_earlyLines))
+    for (const QByteArray& early : std::as_const(s_earlyLines))
         write(early);
     s_earlyLines.clear();
     return true;
