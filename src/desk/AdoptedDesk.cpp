@@ -27,12 +27,14 @@ ZelvoController* hub()
 
 ZelvoHIDDevice* device()
 {
-    return hub() ? hub()->device().get() : nullptr;
+    const ZelvoController* const adopting = hub();
+    return adopting ? adopting->device().get() : nullptr;
 }
 
 bool isDeskActive()
 {
-    return device() && device()->isActive();
+    const ZelvoHIDDevice* const desk = device();
+    return desk && desk->isActive();
 }
 
 bool isAdapterForbidden()
@@ -47,7 +49,8 @@ QStringList permissionCommands()
 
 int32_t deskPosition()
 {
-    return device() ? device()->position() : 0;
+    const ZelvoHIDDevice* const desk = device();
+    return desk ? desk->position() : 0;
 }
 
 int64_t deskHeightMillimetres(int32_t position)

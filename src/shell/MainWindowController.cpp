@@ -74,7 +74,8 @@ void MainWindowController::awakeFromNib()
     m_window->setOpensUnfocused(); // A key typed a moment too late must not move the desk.
     m_window->setMovableByWindowBackground(true);
     observe();
-    for (MouseEventButton* button : m_window->findChildren<MouseEventButton*>())
+    m_holdButtons = m_window->findChildren<MouseEventButton*>();
+    for (MouseEventButton* button : m_holdButtons)
         button->setDelegate(this);
     m_ui->caloriesBurnedIndicator->setTransparent(true);
     m_ui->scheduleIndicator->setTransparent(true);
@@ -194,9 +195,10 @@ void MainWindowController::updateData()
 {
     showGoalProgress();
     setTabelHeight(deskPosition());
+    const ZelvoHIDDevice* const desk = device();
+    for (MouseEventButton* button : m_holdButtons)
+        button->setEnabled(desk); // One that does not answer yet is told to move all the same.
     const bool isActive = isDeskActive();
-    for (MouseEventButton* button : m_window->findChildren<MouseEventButton*>())
-        button->setEnabled(device()); // One that does not answer yet is told to move all the same.
     showDeskState(isActive         ? DeskState::Active
             : isAdapterForbidden() ? DeskState::Forbidden
                                    : DeskState::Missing);

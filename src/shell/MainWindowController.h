@@ -88,6 +88,7 @@ private:
     DeskHold m_deskHold; // Before the window, whose end lets go of its buttons.
     std::unique_ptr<PanelWindow> m_window;
     std::unique_ptr<Ui::MainWindow> m_ui;
+    QList<MouseEventButton*> m_holdButtons; ///< belong to the window
     std::unique_ptr<ErrorLine> m_errorLine;
     PositionObservation m_heights;
     std::vector<NotificationCenter::Observation> m_observations;
