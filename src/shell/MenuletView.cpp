@@ -64,12 +64,17 @@ void MenuletView::mouseExited()
 void MenuletView::observe()
 {
     m_observations.clear();
-    for (const QString& news : {ZelvoController::kIdleDidChange, ScheduleManager::kNewSession,
-             ZelvoHIDDevice::kErrorCode, ZelvoHIDDevice::kErrorCodeRemoved}) {
-        // Told in the middle of the change.
-        m_observations.push_back(NotificationCenter::defaultCenter().addObserver(
-            news, [this](const PostedNotification&) { redrawSoon(0); }));
-    }
+    NotificationCenter& center = NotificationCenter::defaultCenter();
+    // Told in the middle of the change.
+    const auto redrawAfterwards = [this](const PostedNotification&) { redrawSoon(0); };
+    for (const QString& news :
+        {ZelvoController::kIdleDidChange, ScheduleManager::kNewSession, ZelvoHIDDevice::kErrorCodeRemoved})
+        m_observations.push_back(center.addObserver(news, redrawAfterwards));
+    m_observations.push_back(
+        center.addObserver(ZelvoHIDDevice::kErrorCode, [this](const PostedNotification&) {
+            if (m_shown.picture != StatusItemContent::kErrorPicture) // Each report repeats it.
+                redrawSoon(0);
+        }));
 }
 
 void MenuletView::redraw()

@@ -27,7 +27,7 @@ StatusItemContent StatusItemContent::now(bool isDeviceConnected)
         return {QStringLiteral("StatusItemIconDisconnected"), qtTrId("TrayTooltipDisconnected")};
     const QString height = deskHeightText(deskPosition());
     if (device() && device()->errorRecieved())
-        return {QStringLiteral("StatusItemIconError"), qtTrId("TrayTooltipError").arg(height)};
+        return {kErrorPicture, qtTrId("TrayTooltipError").arg(height)};
     if (isPaused())
         return {QStringLiteral("StatusItemIconPaused"), qtTrId("TrayTooltipPaused").arg(height)};
     if (hub() && hub()->position() == kStanding)

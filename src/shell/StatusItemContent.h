@@ -4,6 +4,8 @@
 
 /// What the status item tells at one moment.
 struct StatusItemContent {
+    static inline const QString kErrorPicture = QStringLiteral("StatusItemIconError");
+
     QString picture; ///< its name
     QString text; ///< posture, height and minutes to the next change, as far as there are any
 
