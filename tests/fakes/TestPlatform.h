@@ -23,7 +23,7 @@ public:
     [[nodiscard]] bool isEmpty() const override { return false; }
     [[nodiscard]] QString translate(const char*, const char* key, const char*, int) const override
     {
-        return byKey.value(QString::fromUtf8(key));
+        return byKey.isEmpty() ? QString() : byKey.value(QString::fromUtf8(key));
     }
 };
 

@@ -82,6 +82,7 @@ World::World(const Script& script, Oracle::Figures& figures)
         });
     }
     initResources();
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     travel({Verb::Zone, 0, 0, 0});
     loop().setWallClock(script.start);
     m_platform.defaults.values.insert(QStringLiteral("Version"), QStringLiteral("1.0.1"));
