@@ -45,7 +45,7 @@ void Oracle::goTo(double time)
 
 /// Whether and how the user is at the desk. A machine that has just woken tells of nobody until there is
 /// input.
-Oracle::Posture Oracle::truth() const
+Posture Oracle::truth() const
 {
     const double leftAt = m_awaySince.value_or(m_now);
     const bool isGone = m_awaySince && (m_now - leftAt >= m_idleAfter || leftAt <= m_wokeAt);
@@ -116,16 +116,21 @@ void Oracle::lookAtUser()
 double Oracle::idleSeconds()
 {
     const double seconds = m_awaySince ? m_now - *m_awaySince : 1.0;
-    if (m_slept > m_sleepSeen)
-        m_absence = Absence {m_now};
-    m_sleepSeen = m_slept;
-    if (!m_absence)
+    if (std::exchange(m_sleepSeen, m_slept) < m_slept)
+        beginAbsence();
+    if (m_absentSince == kNever)
         return seconds;
-    if (m_absence->lookedAt == kNever || m_now <= m_absence->lookedAt + 3)
-        m_absence->lookedAt = m_now;
-    else if (m_now - seconds > m_absence->since)
-        m_absence.reset();
-    return m_absence ? kNever : seconds;
+    if (m_absenceSeenAt == kNever || m_now <= m_absenceSeenAt + 3)
+        m_absenceSeenAt = m_now;
+    else if (m_now - seconds > m_absentSince)
+        m_absentSince = kNever;
+    return m_absentSince == kNever ? seconds : kNever;
+}
+
+void Oracle::beginAbsence()
+{
+    m_absentSince = m_now;
+    m_absenceSeenAt = kNever;
 }
 
 // The process and the machine.
@@ -137,13 +142,8 @@ void Oracle::started()
     m_idleAfter = setting("TimeIdle");
     m_nextPulse = m_now + kPulse;
     m_nextLook = m_now + kLook;
-    m_isIdle = m_isGiven = false;
-    m_errorOverAt = -1;
-    m_absence.reset();
     m_sleepSeen = m_slept; // A new process knows of no sleep before it.
-    m_wokeAt = -1e9;
     m_span = {wall(), m_now, m_slept};
-    m_posture = None;
 }
 
 void Oracle::ended(bool killed)
@@ -157,14 +157,7 @@ void Oracle::ended(bool killed)
         m_figures.largestError = std::max(m_figures.largestError, m_rows.back().end - m_storedEnd);
         m_rows.back().end = m_storedEnd;
     }
-    m_holds.clear();
-    m_lastCommand.clear();
-    m_answers.clear();
-    m_devices.clear();
-    m_running = m_isOpen = m_isReminderOnShow = m_isReminderHeld = false;
-    for (double* timer : {&m_nextPulse, &m_nextLook, &m_nextPoll, &m_nextResend, &m_due, &m_dismissAt,
-             &m_fadedAt, &m_owedSince, &m_openedAt})
-        *timer = kNever;
+    static_cast<Process&>(*this) = {};
 }
 
 void Oracle::sleepAnnounced()
@@ -179,9 +172,8 @@ void Oracle::wakeTold()
     close();
     m_isGiven = true;
     m_wokeAt = m_now;
-    if (m_slept > m_sleepSeen || !m_absence)
-        m_absence = Absence {m_now};
-    m_sleepSeen = m_slept;
+    if (std::exchange(m_sleepSeen, m_slept) < m_slept || m_absentSince == kNever)
+        beginAbsence();
 }
 
 void Oracle::slept(double seconds)

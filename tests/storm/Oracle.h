@@ -7,19 +7,67 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
-#include <map>
 #include <optional>
-#include <string>
-#include <vector>
 
 namespace storm {
+constexpr double kNever = std::numeric_limits<double>::infinity();
+enum Posture { None = 0, Standing = 1, Sitting = 2 };
+
+/// What the oracle knows of a process, and forgets with it.
+struct Process {
+    struct Hold {
+        double from, to;
+        int adapter;
+        uint16_t command;
+        bool isExact;
+        int moves = 0;
+        bool stopped = false;
+    };
+    struct Answer {
+        std::vector<uint8_t> bytes;
+        double askedAt;
+    };
+
+    bool m_running = false;
+    double m_nextPulse = kNever, m_nextLook = kNever, m_nextPoll = kNever, m_nextResend = kNever;
+
+    // The user.
+    bool m_isIdle = false;
+    double m_idleAfter = 0; ///< read when the program starts
+    double m_sleepSeen = 0, m_wokeAt = -1e9;
+    double m_absentSince = kNever, m_absenceSeenAt = kNever; ///< since a wake
+
+    // The cable: the program listens to the first adapter, and drives the one taken up last.
+    std::vector<int> m_adapters;
+    double m_drivenSince = -1, m_checkedAt = kNever, m_polledSince = kNever;
+    double m_writtenAt = -1, m_readAt = 0, m_errorAt = -1, m_errorOverAt = -1;
+    int m_height = 0;
+    Posture m_posture = None;
+    bool m_hasError = false, m_hadTwo = false; ///< adapters at once
+    std::map<int, uint16_t> m_lastCommand;
+    std::map<int, Answer> m_answers; ///< the last ones
+    std::vector<Hold> m_holds;
+
+    // Record and schedule.
+    bool m_isOpen = false;
+    bool m_isGiven = false; ///< nothing is recorded until the next event, as a wake has it
+    double m_due = kNever, m_scheduledAt = 0;
+    Posture m_scheduled = None;
+
+    // Windows.
+    bool m_isReminderOnShow = false, m_isReminderHeld = false, m_isActionDone = false, m_isPointed = false;
+    double m_dismissAt = kNever, m_dismissBegunAt = 0, m_fadedAt = kNever, m_owedSince = kNever;
+    double m_openedAt = kNever;
+    Posture m_target = None; ///< of the reminder
+};
+
 /// Knows what must be true of a history from what the user, the desk and the machine did; the program itself
 /// it never asks. It is told of each event at the moment it happens, keeps a record, a schedule and a
 /// reminder of its own, looks at the windows between events, and in the end reads the store's file through a
 /// connection of its own.
 ///
 /// Times are seconds on the clock that stands still in sleep.
-class Oracle {
+class Oracle : Process {
 public:
     /// What the cable carried.
     struct Transfer {
@@ -35,7 +83,6 @@ public:
         bool hasError; ///< so does the main window
         std::optional<std::string> memory; ///< offers the reminder
     };
-
     /// Of all histories.
     struct Figures {
         double longestOverrun = 0; ///< of a hold, seconds
@@ -68,7 +115,7 @@ public:
     void slept(double seconds);
     void frozenUntil(double time);
     void clockSet(double by) { m_wallOffset += by; }
-    void set(size_t key, double value) { m_settings[key] = value; }
+    void set(const std::string& key, double value) { m_settings[key] = value; }
     /// A button went down; `command` is the report value it stands for.
     void pressed(uint16_t command, bool onReminder);
     void letGo(bool onReminder);
@@ -86,22 +133,19 @@ public:
     void fail(const std::string& what);
 
     [[nodiscard]] const std::string& failure() const { return m_failure; }
-    [[nodiscard]] double setting(const std::string& key) const { return m_settings[indexOfSetting(key)]; }
-    /// The adapter that the program drives: the one taken up last. -1 without any.
-    [[nodiscard]] int driven() const { return m_devices.empty() ? -1 : m_devices.back().adapter; }
+    [[nodiscard]] double setting(const std::string& key) const { return m_settings.at(key); }
+    /// The adapter that the program drives; -1 without any.
+    [[nodiscard]] int driven() const { return m_adapters.empty() ? -1 : m_adapters.back(); }
     [[nodiscard]] bool isReminderOpen() const { return m_isReminderOnShow && m_fadedAt == kNever; }
+    /// All adapters are taken up, and answer at once.
+    [[nodiscard]] bool isQuick() const { return isAnsweredAtOnce() && m_now > m_goodSince; }
 
 private:
-    static constexpr double kNever = std::numeric_limits<double>::infinity();
-    static constexpr double kPoll = 1.0;
+    static constexpr double kPoll = 1.0, kLook = 10.0, kPulse = 15.0, kResend = 0.2; ///< rhythms
     static constexpr double kCheck = 0.2; ///< after an adapter was taken up
-    static constexpr double kLook = 10.0; ///< at the user
-    static constexpr double kPulse = 15.0;
-    static constexpr double kResend = 0.2; ///< of a held movement
     static constexpr double kOverrun = 0.15; ///< no movement report comes later than this after a hold
     static constexpr double kStop = 0.3; ///< and the stop no later than this
-    static constexpr double kErrorStays = 15.0;
-    static constexpr double kFade = 0.4;
+    static constexpr double kErrorStays = 15.0, kFade = 0.4;
     static constexpr double kPatience = 5.05; ///< with a transfer that is not answered
     static constexpr double kSlowest = 0.6; ///< transfer
     static constexpr double kBelieved = 5.0; ///< an answer
@@ -112,18 +156,6 @@ private:
     static constexpr double kLongestError = 2 * kLook + 4.5;
     static constexpr uint16_t kStopCommand = 0x8001;
 
-    enum Posture { None = 0, Standing = 1, Sitting = 2 };
-
-    /// What the program keeps of an adapter. The first is the one it listens to.
-    struct Device {
-        int adapter;
-        double checkedAt; ///< asked whether it communicates
-        double polledSince = kNever;
-        int height = 0;
-        Posture posture = None;
-        bool hasError = false;
-        [[nodiscard]] bool communicates() const { return polledSince != kNever; }
-    };
     struct Row {
         double start, end; ///< on the wall
         Posture posture;
@@ -133,32 +165,16 @@ private:
     struct Span {
         double wall = 0, from = 0, slept = 0;
     };
-    struct Hold {
-        double from, to;
-        int adapter;
-        uint16_t command;
-        bool isExact;
-        int moves = 0;
-        bool stopped = false;
-    };
-    struct Absence {
-        double since;
-        double lookedAt = kNever;
-    };
-    struct Answer {
-        std::vector<uint8_t> bytes;
-        double askedAt;
-    };
 
     static bool isNear(double left, double right) { return std::abs(left - right) < 1e-3; }
     /// `due`, or the first of the moments that follow it in the rhythm after now.
     [[nodiscard]] double next(double due, double interval) const;
 
     [[nodiscard]] double wall() const { return m_now + m_slept + m_wallOffset; }
-    [[nodiscard]] bool isActive() const;
-    [[nodiscard]] bool isTakenUp(int adapter) const;
-    [[nodiscard]] bool isAnsweredAtOnce() const; ///< by an adapter that is taken up
-    [[nodiscard]] bool isQuick() const; ///< and all of them are taken up
+    [[nodiscard]] bool isAsking() const { return m_polledSince < kNever; } ///< the desk where it is
+    [[nodiscard]] bool isActive() const { return isAsking() && m_posture != None; }
+    [[nodiscard]] bool isTakenUp(int adapter) const { return std::ranges::count(m_adapters, adapter) > 0; }
+    [[nodiscard]] bool isAnsweredAtOnce() const { return m_isGood && m_latency == 0 && m_now > m_quickSince; }
     [[nodiscard]] Posture truth() const;
     void goTo(double time);
     /// @param isAllHeard nothing more comes over the cable at that moment
@@ -166,17 +182,17 @@ private:
     void pulse();
     void lookAtUser();
     [[nodiscard]] double idleSeconds();
+    void beginAbsence();
     void periodEnds();
     void dismissTicks();
     void dismissAfter(double seconds);
 
     void adopt(int adapter);
-    void hear(Device& device, const std::vector<uint8_t>& report);
-    [[nodiscard]] bool isItsTurn(const Device& device) const;
+    void hear(const std::vector<uint8_t>& report);
+    [[nodiscard]] bool isItsTurn() const;
     void hearAgain();
-    void errorIs(Device& device, bool isThere);
-    void takeHeight(Device& device, int height);
-    void initialised(const Transfer& transfer);
+    void errorIs(bool isThere);
+    void takeHeight(int height);
     void commanded(const Transfer& transfer);
 
     void open();
@@ -197,47 +213,18 @@ private:
     const std::string m_storePath;
     std::string m_failure;
     Figures& m_figures;
-    std::vector<double> m_settings;
+    std::map<std::string, double> m_settings;
 
-    // Clocks.
-    double m_now = 0, m_slept = 0, m_wallOffset, m_frozenFrom = 0, m_frozenUntil = 0, m_wokeAt = -1e9;
-
-    // User and machine.
+    double m_now = 0, m_slept = 0, m_wallOffset, m_frozenFrom = 0, m_frozenUntil = 0;
     std::optional<double> m_awaySince;
 
-    // The process.
-    bool m_running = false, m_isIdle = false;
-    double m_idleAfter = 0; ///< read when the program starts
-    double m_nextPulse = kNever, m_nextLook = kNever, m_nextPoll = kNever, m_nextResend = kNever;
-    double m_sleepSeen = 0;
-    std::optional<Absence> m_absence; ///< since a wake
-
-    // The cable.
-    std::array<bool, 2> m_isPlugged {}, m_isInitOwed {};
-    std::vector<Device> m_devices;
-    double m_drivenSince = -1; ///< that adapter
-    bool m_isHeard = true, m_isGood = true;
+    std::array<bool, 2> m_isPlugged {};
+    bool m_isHeard = true, m_isGood = true; ///< on the cable
     double m_latency = 0, m_quickSince = 0, m_goodSince = 0, m_deafSince = kNever;
-    double m_writtenAt = -1, m_readAt = 0;
-    std::map<int, uint16_t> m_lastCommand;
-    std::map<int, Answer> m_answers; ///< the last ones
-    std::vector<Hold> m_holds;
 
-    // Record and schedule.
     std::vector<Row> m_rows;
     double m_storedEnd = 0; ///< of the last one
-    bool m_isOpen = false;
-    bool m_isGiven = false; ///< nothing is recorded until the next event, as a wake has it
-    Posture m_posture = None;
     Span m_span;
-    double m_due = kNever, m_scheduledAt = 0;
-    Posture m_scheduled = None;
     double m_wrong = 0;
-
-    // Windows.
-    bool m_isReminderOnShow = false, m_isReminderHeld = false, m_isActionDone = false, m_isPointed = false;
-    double m_dismissAt = kNever, m_dismissBegunAt = 0, m_fadedAt = kNever, m_owedSince = kNever;
-    double m_openedAt = kNever, m_errorAt = -1, m_errorOverAt = -1;
-    Posture m_target = None; ///< of the reminder
 };
 }

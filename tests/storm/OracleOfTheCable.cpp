@@ -3,6 +3,8 @@
 #include <utility>
 
 namespace storm {
+constexpr uint8_t kMovementReport = 5;
+
 // Adapters, their reports, and what a held button sends.
 
 void Oracle::plugged(int adapter, bool in)
@@ -24,27 +26,6 @@ void Oracle::wire(bool isHeard, bool isGood, double seconds)
     m_latency = seconds;
 }
 
-bool Oracle::isAnsweredAtOnce() const
-{
-    return m_isGood && m_latency == 0 && m_now > m_quickSince;
-}
-
-bool Oracle::isQuick() const
-{
-    return isAnsweredAtOnce() && m_now > m_goodSince;
-}
-
-bool Oracle::isActive() const
-{
-    return !m_devices.empty() && m_devices.front().communicates() && m_devices.front().posture != None;
-}
-
-bool Oracle::isTakenUp(int adapter) const
-{
-    return std::any_of(
-        m_devices.begin(), m_devices.end(), [=](const Device& device) { return device.adapter == adapter; });
-}
-
 void Oracle::matched(int adapter)
 {
     if (!m_isPlugged[size_t(adapter)])
@@ -57,12 +38,13 @@ void Oracle::matched(int adapter)
 
 void Oracle::adopt(int adapter)
 {
-    m_devices.push_back({adapter, m_now + kCheck});
-    m_isInitOwed[size_t(adapter)] = true;
+    m_adapters.push_back(adapter);
     m_drivenSince = m_now;
     m_readAt = m_now + kCheck;
-    if (m_devices.size() == 1)
-        m_nextPoll = m_now + kCheck;
+    if (m_adapters.size() == 1)
+        m_nextPoll = m_checkedAt = m_now + kCheck;
+    else
+        m_hadTwo = true;
 }
 
 void Oracle::removed(int adapter)
@@ -71,34 +53,29 @@ void Oracle::removed(int adapter)
         fail("an adapter that answers is given up");
     m_lastCommand.erase(adapter);
     m_answers.erase(adapter);
-    m_readAt = m_drivenSince = m_now;
-    const bool wasFirst = m_devices.front().adapter == adapter;
-    if (wasFirst)
-        endHold();
-    for (Device& device : m_devices) {
-        if (device.adapter == adapter || wasFirst)
-            errorIs(device, false);
-    }
-    std::erase_if(m_devices, [=](const Device& device) { return device.adapter == adapter; });
-    endHold(); // Its stop goes to the one that is driven now, and asks that one's height.
+    m_readAt = m_drivenSince = m_errorOverAt = m_now;
+    const bool wasFirst = m_adapters.front() == adapter;
+    std::erase(m_adapters, adapter);
     if (!wasFirst)
-        return;
+        return endHold(); // Its stop goes to the one that is driven now, and asks that one's height.
+    m_polledSince = m_nextPoll = kNever;
+    m_height = 0;
     m_posture = None;
-    m_nextPoll = kNever;
+    m_hasError = false;
+    endHold();
     close();
-    if (m_devices.empty())
-        return;
-    const int waiting = m_devices.front().adapter; // It is taken up anew.
-    m_devices.clear();
-    adopt(waiting);
+    if (const std::vector<int> waiting = std::exchange(m_adapters, {}); !waiting.empty())
+        adopt(waiting.front()); // It is taken up anew.
 }
 
 void Oracle::transferred(const Transfer& transfer)
 {
     if (!m_running)
         return;
-    if (!transfer.isRead)
-        return transfer.bytes[0] == 3 ? initialised(transfer) : commanded(transfer);
+    if (!transfer.isRead) {
+        m_writtenAt = m_now;
+        return transfer.bytes[0] == kMovementReport ? commanded(transfer) : void();
+    }
     // What is not taken up is only tried, to find out whether it answers again.
     if (!transfer.isOk || !isTakenUp(transfer.adapter))
         return;
@@ -110,47 +87,45 @@ void Oracle::transferred(const Transfer& transfer)
     m_readAt = m_now;
     if (!isLate && isNear(m_now, std::max(m_nextPoll, m_frozenUntil)))
         m_nextPoll = next(m_nextPoll, kPoll);
-    for (Device& device : m_devices) {
-        if (isLate || isItsTurn(device))
-            hear(device, transfer.bytes);
-    }
+    if (isLate || isItsTurn())
+        hear(transfer.bytes);
 }
 
-/// Of two devices each asks in a rhythm of its own, through the same cable; only the first one drives.
-bool Oracle::isItsTurn(const Device& device) const
+/// Each of two adapters is asked for in a rhythm of its own, through the same cable; only the first one is
+/// listened to.
+bool Oracle::isItsTurn() const
 {
-    const double from = isNear(m_now, m_frozenUntil) ? m_frozenFrom : m_now - 1e-3;
-    const auto polls = [&](double at) { return std::floor((at - device.polledSince) / kPoll + kRounding); };
     const bool isNewCable = isNear(m_now, m_drivenSince);
-    const bool isCheck = isNear(m_now, device.polledSince); // Nobody looks at the height in it.
-    const bool isDriving =
-        &device == &m_devices.front() && isNear(m_now, m_writtenAt) && !(isCheck && isNewCable);
-    const bool isDue = device.communicates()
-        ? polls(m_now) > polls(from)
-        : isNewCable || (device.checkedAt > from && device.checkedAt < m_now + kRounding);
-    return isDriving || (!isCheck && (m_devices.size() == 1 || isDue));
+    const bool isWritten = isNear(m_now, m_writtenAt);
+    if (isNear(m_now, m_polledSince)) // Nobody looks at the height in the check.
+        return isWritten && !isNewCable;
+    if (isWritten || m_adapters.size() == 1)
+        return true;
+    const double from = isNear(m_now, m_frozenUntil) ? m_frozenFrom : m_now - 1e-3;
+    const auto polls = [&](double at) { return std::floor((at - m_polledSince) / kPoll + kRounding); };
+    if (isAsking())
+        return polls(m_now) > polls(from);
+    return isNewCable || (m_checkedAt > from && m_checkedAt < m_now + kRounding);
 }
 
-void Oracle::hear(Device& device, const std::vector<uint8_t>& report)
+void Oracle::hear(const std::vector<uint8_t>& report)
 {
-    if (!device.communicates()) {
-        if (m_now < device.checkedAt - kRounding || !(report[2] & 1))
-            return;
-        device.polledSince = m_now;
-        if (&device == &m_devices.front()) {
-            m_nextPoll = m_now + kPoll;
-            open();
-        }
-        return;
+    if (isAsking()) {
+        errorIs(report[3] & 2);
+        takeHeight(report[4] | report[5] << 8);
+    } else if (m_now >= m_checkedAt - kRounding && report[2] & 1) {
+        m_polledSince = m_now;
+        m_nextPoll = m_now + kPoll;
     }
-    errorIs(device, report[3] & 2);
-    takeHeight(device, report[4] | report[5] << 8);
 }
 
-void Oracle::errorIs(Device& device, bool isThere)
+void Oracle::errorIs(bool isThere)
 {
-    const bool wasThere = std::exchange(device.hasError, isThere);
-    (isThere ? m_errorAt : wasThere ? m_errorOverAt : m_readAt) = m_now;
+    if (isThere)
+        m_errorAt = m_now;
+    else if (m_hasError)
+        m_errorOverAt = m_now;
+    m_hasError = isThere;
 }
 
 /// Whoever asks while the answer is on its way gets the one before, unless nobody would believe it any more.
@@ -158,44 +133,29 @@ void Oracle::hearAgain()
 {
     const auto answer = m_answers.find(driven());
     const bool isSlow = m_latency > 0 || (m_isHeard && m_now < m_quickSince);
-    if (!isSlow || answer == m_answers.end() || m_now - answer->second.askedAt > kBelieved)
-        return;
-    Device& device = m_devices.front();
-    if (device.communicates() || isNear(m_now, device.checkedAt))
-        hear(device, answer->second.bytes);
+    if (isSlow && answer != m_answers.end() && m_now - answer->second.askedAt <= kBelieved
+        && (isAsking() || isNear(m_now, m_checkedAt)))
+        hear(answer->second.bytes);
 }
 
 /// The standing point lies in the middle between the first two memory positions; the height is judged when it
 /// changes, and not when they do.
-void Oracle::takeHeight(Device& device, int height)
+void Oracle::takeHeight(int height)
 {
-    if (std::exchange(device.height, height) == height)
+    if (std::exchange(m_height, height) == height)
         return;
     const int middle = (int(setting("DevicePosition1")) + int(setting("DevicePosition2"))) / 2;
-    device.posture = height >= middle ? Standing : Sitting;
-    if (&device == &m_devices.front() && std::exchange(m_posture, device.posture) != device.posture)
+    const Posture posture = height >= middle ? Standing : Sitting;
+    if (std::exchange(m_posture, posture) != posture)
         open();
-}
-
-void Oracle::initialised(const Transfer& transfer)
-{
-    m_writtenAt = m_now;
-    // One that began before the adapter was taken up anew was owed to who waited with it.
-    if (m_now - transfer.duration < m_drivenSince - kRounding)
-        return;
-    bool& isOwed = m_isInitOwed[size_t(transfer.adapter)];
-    if (!isOwed || transfer.bytes != std::vector<uint8_t> {3, 4, 0, 0xFB, 0, 0, 0, 0})
-        fail("an init report without need, or none");
-    isOwed = !transfer.isOk; // Else it is tried again.
 }
 
 void Oracle::commanded(const Transfer& transfer)
 {
     const auto& bytes = transfer.bytes;
     const int adapter = transfer.adapter;
-    m_writtenAt = m_now;
     const uint8_t low = bytes[1], high = bytes[2];
-    if (bytes != std::vector<uint8_t> {5, low, high, low, high, low, high, low})
+    if (bytes != std::vector<uint8_t> {kMovementReport, low, high, low, high, low, high, low})
         fail("a report of no kind");
     const auto command = uint16_t(low | high << 8);
     if (isTakenUp(adapter) && (transfer.isOk || command != kStopCommand))
@@ -221,17 +181,16 @@ void Oracle::judgePresence()
 {
     if (!m_running || m_now < m_frozenUntil + kRounding)
         return;
-    const bool isAsking = !m_devices.empty() && m_devices.front().communicates();
     if (m_isGood && m_now > m_goodSince + kPoll) {
         for (const int adapter : {0, 1}) {
             if (isTakenUp(adapter) != m_isPlugged[size_t(adapter)])
                 fail("an adapter is not taken up, or is kept");
         }
-        if (!m_devices.empty()
+        if (!m_adapters.empty()
             && m_now > m_readAt + kPoll + kWait + (isQuick() ? 0 : 2 * kPoll + 4 * kSlowest))
             fail("the height is not asked");
     }
-    if (isAsking && m_now > std::max(m_deafSince, m_readAt) + kPoll + 2 * kPatience)
+    if (isAsking() && m_now > std::max(m_deafSince, m_readAt) + kPoll + 2 * kPatience)
         fail("an adapter that does not answer is kept");
     if (m_holds.empty() || !m_isGood)
         return;

@@ -16,6 +16,7 @@
 #include <malloc.h>
 #include <random>
 #include <sqlite3.h>
+#include <sstream>
 #include <unistd.h>
 
 namespace {
@@ -44,7 +45,9 @@ void sayWhatCrashed(int signal)
 /// What was wrong; empty for nothing.
 std::string playHistory(const Script& script, Totals& totals)
 {
-    s_current = "\nwhile playing ZELVO_STORM_SCRIPT='" + text(script) + "'\n";
+    std::ostringstream current;
+    current << "\nwhile playing " << script << '\n';
+    s_current = current.str();
     World world(script, totals.figures);
     world.play();
     ++totals.histories;
@@ -120,25 +123,23 @@ TEST_F(Storm, decadesOfWorkKeepTheRecord)
     const auto pick = [&](int least, int most) {
         return std::uniform_int_distribution<>(least, most)(random);
     };
+    std::ostringstream script;
+    script
+        << "1704697200 Weight 71.5 ActivityMode 2 ActivityGoal 17 NumberOfStandUps 3 DevicePosition1 1130 "
+           "DevicePosition2 4210 DevicePosition3 2870 TablePositionOffset 6300 TimeIdle 290 TimeSnooze 777 "
+           "TimeNotificationDismiss 13 TimeNotificationDismissOnAction 4 AverageWorkDayHours 7";
     const int days = number("ZELVO_DAYS", 30);
-    Script script {1704697200, {71.5, 2, 17, 3, 1130, 4210, 2870, 6300, 290, 777, 13, 4, 7}, {}};
     for (int day = 0; day < days; ++day) {
         for (int hour = 0; hour < 9; ++hour) {
-            const bool isLunch = hour == 4;
-            script.steps.push_back({Verb::Handset, 0, pick(0, 1) ? 1130. : 4210., double(pick(300, 1500))});
-            script.steps.push_back({Verb::Open, 0, 0, 1});
-            script.steps.push_back({Verb::Press, pick(2, 3), 0, double(pick(5, 14))});
-            script.steps.push_back({Verb::LetGo, 0, 0, 1});
-            script.steps.push_back({Verb::Open, 1, 0, double(pick(0, 900))});
-            script.steps.push_back({Verb::User, 0, 0, isLunch ? 2700. : double(pick(20, 900))});
-            script.steps.push_back({Verb::User, 1, 0, double(pick(60, 1200))});
-            script.steps.push_back({Verb::Answer, pick(0, 2), 0, double(pick(0, 120))});
+            script << "; handset - " << (pick(0, 1) ? 1130 : 4210) << ' ' << pick(300, 1500)
+                   << "; window main 0 1; press memory" << pick(1, 2) << " 0 " << pick(5, 14)
+                   << "; let-go button 0 1; window none 0 " << pick(0, 900) << "; user away 0 "
+                   << (hour == 4 ? 2700 : pick(20, 900)) << "; user back 0 " << pick(60, 1200) << "; answer "
+                   << (pick(0, 1) ? "snooze" : "skip") << " 0 " << pick(0, 120);
         }
-        const double night = day % 5 == 4 ? 62 : 14;
-        script.steps.push_back({Verb::User, 0, 0, 1});
-        script.steps.push_back({Verb::Sleep, Announced | WakeTold, night * 3600, 30});
-        script.steps.push_back({Verb::User, 1, 0, 60});
+        script << "; user away 0 1; sleep announced-told " << (day % 5 == 4 ? 62 : 14) * 3600
+               << " 30; user back 0 60";
     }
-    EXPECT_EQ(playHistory(script, totals), "");
+    EXPECT_EQ(playHistory(parseScript(script.str()), totals), "");
     print("working days");
 }

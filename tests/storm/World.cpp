@@ -13,6 +13,10 @@ namespace storm {
 namespace {
 constexpr double kLook = 4.3; ///< at the windows
 
+int adapterOf(const Step& step)
+{
+    return step.variant == "second" ? 1 : 0;
+}
 }
 
 class World::Bus final : public HidManager {
@@ -83,11 +87,11 @@ World::World(const Script& script, Oracle::Figures& figures)
     }
     initResources();
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-    travel({Verb::Zone, 0, 0, 0});
+    travel({"zone", "CET-1CEST,M3.5.0,M10.5.0/3", 0, 0});
     loop().setWallClock(script.start);
     m_platform.defaults.values.insert(QStringLiteral("Version"), QStringLiteral("1.0.1"));
-    for (size_t i = 0; i < script.settings.size(); ++i)
-        m_platform.defaults.values.insert(QString::fromLatin1(settingKeys()[i]), script.settings[i]);
+    for (const auto& [key, value] : script.settings)
+        m_platform.defaults.values.insert(QString::fromStdString(key), value);
     qApp->installEventFilter(this);
     m_oracle.plugged(0, true);
     start();
@@ -132,7 +136,7 @@ void World::end(bool killed)
 
 void World::restart(const Step& step)
 {
-    end(step.variant == 0);
+    end(step.variant == "kill");
     passUntil(95);
     start();
 }
@@ -147,9 +151,9 @@ void World::play()
         look();
         pass(step.seconds);
     }
-    for (const Step& step :
-        std::initializer_list<Step> {{Verb::LetGo, 0, 0, 0}, {Verb::Wire, 0, 0, 0}, {Verb::Error, 1, 0, 0},
-            {Verb::User, 1, 0, 0}, {Verb::Open, 1, 0, 0}, {Verb::Unplug, 1, 0, 0}, {Verb::Plug, 0, 0, 90}}) {
+    for (const Step& step : std::initializer_list<Step> {{"let-go", "button", 0, 0}, {"wire", "well", 0, 0},
+             {"error", "none", 0, 0}, {"user", "back", 0, 0}, {"window", "none", 0, 0},
+             {"unplug", "second", 0, 0}, {"plug", "first", 0, 90}}) {
         play(step);
         pass(step.seconds);
     }
@@ -182,7 +186,7 @@ void World::look()
     if (std::exchange(m_hasNews, false))
         QApplication::processEvents();
     if (m_held && !m_held->isActiveWindow())
-        letGo({Verb::LetGo, 0, 0, 0}); // Another window came up, and here it takes the keyboard.
+        letGo({"let-go", "button", 0, 0}); // Another window came up, and here it takes the keyboard.
     if (!m_app)
         return;
     Oracle::Shown shown {m_app->menuletController().isDeviceConnected(), {}, {}, false, {}};
@@ -200,7 +204,7 @@ void World::look()
 
 void World::plug(const Step& step)
 {
-    const int adapter = step.variant;
+    const int adapter = adapterOf(step);
     // Which of two slow adapters answers whom, and when, is a story of its own.
     if (desks().isPlugged(adapter) || (m_isSlow && desks().isPlugged(1 - adapter)))
         return;
@@ -212,10 +216,11 @@ void World::plug(const Step& step)
 
 void World::unplug(const Step& step)
 {
-    if (!desks().isPlugged(step.variant))
+    const int adapter = adapterOf(step);
+    if (!desks().isPlugged(adapter))
         return;
-    oracle().plugged(step.variant, false);
-    desks().unplug(step.variant);
+    oracle().plugged(adapter, false);
+    desks().unplug(adapter);
     loop().advance(0);
 }
 }

@@ -6,7 +6,7 @@
 #include <QMouseEvent>
 #include <QTest>
 
-#include <array>
+#include <algorithm>
 #include <cerrno>
 #include <ctime>
 
@@ -15,21 +15,25 @@ namespace {
 struct HoldButton {
     const char* name;
     const char* setting; ///< of the height it drives to; none for up and down
-    uint16_t command;
-    bool isOnReminder;
+    uint16_t command = 0;
 };
 
-/// In the order of the variants of Verb::Press.
-constexpr HoldButton kButtons[] {
-    {"buttonUp", nullptr, 0x8000, false},
-    {"buttonDown", nullptr, 0x7FFF, false},
-    {"buttonMemory1", "DevicePosition1", 0, false},
-    {"buttonMemory2", "DevicePosition2", 0, false},
-    {"buttonMemory3", "DevicePosition3", 0, false},
-    {"buttonMemory", "DevicePosition2", 0, true},
-    {"buttonUp", nullptr, 0x8000, true},
-    {"buttonDown", nullptr, 0x7FFF, true},
+/// By the variants of a press.
+const std::map<std::string, HoldButton> kButtons {
+    {"up", {"buttonUp", nullptr, 0x8000}},
+    {"down", {"buttonDown", nullptr, 0x7FFF}},
+    {"memory1", {"buttonMemory1", "DevicePosition1"}},
+    {"memory2", {"buttonMemory2", "DevicePosition2"}},
+    {"memory3", {"buttonMemory3", "DevicePosition3"}},
+    {"reminder-memory", {"buttonMemory", "DevicePosition2"}},
+    {"reminder-up", {"buttonUp", nullptr, 0x8000}},
+    {"reminder-down", {"buttonDown", nullptr, 0x7FFF}},
 };
+
+bool hasWord(const Step& step, const char* word)
+{
+    return step.variant.find(word) != std::string::npos;
+}
 
 bool isUsable(const QWidget* window)
 {
@@ -79,19 +83,23 @@ bool World::eventFilter(QObject* receiver, QEvent* event)
 void World::play(const Step& step)
 {
     using Player = void (World::*)(const Step&);
-    /// In the order of Verb.
-    constexpr Player kPlayers[] {&World::wait, &World::press, &World::letGo, &World::openOrClose,
-        &World::plug, &World::unplug, &World::setWire, &World::setError, &World::moveByHandset,
-        &World::setUser, &World::darken, &World::signal, &World::sleep, &World::setClock, &World::travel,
-        &World::set, &World::answer, &World::restart, &World::freeze};
-    passUntil(5 * int(step.verb) + 2);
-    (this->*kPlayers[size_t(step.verb)])(step);
+    static const std::vector<std::pair<std::string, Player>> players {{"wait", &World::wait},
+        {"press", &World::press}, {"let-go", &World::letGo}, {"window", &World::openOrClose},
+        {"plug", &World::plug}, {"unplug", &World::unplug}, {"wire", &World::setWire},
+        {"error", &World::setError}, {"handset", &World::moveByHandset}, {"user", &World::setUser},
+        {"dark", &World::darken}, {"signal", &World::signal}, {"sleep", &World::sleep},
+        {"clock", &World::setClock}, {"zone", &World::travel}, {"set", &World::set},
+        {"answer", &World::answer}, {"end", &World::restart}, {"freeze", &World::freeze}};
+    const auto player =
+        std::ranges::find(players, step.verb, &std::pair<std::string, Player>::first) - players.begin();
+    passUntil(5 * int(player) + 2);
+    (this->*players.at(size_t(player)).second)(step);
 }
 
 void World::setUser(const Step& step)
 {
     SimulatedUser& user = *m_platform.user;
-    if (step.variant == 1) {
+    if (step.variant == "back") {
         user.comeBack();
         oracle().setAway({});
     } else if (!user.isAway()) {
@@ -108,7 +116,7 @@ void World::darken(const Step&)
 
 void World::signal(const Step& step)
 {
-    if (step.variant == 0) {
+    if (step.variant == "sleep") {
         m_platform.workspace.willSleep();
         oracle().sleepAnnounced();
     } else {
@@ -119,34 +127,34 @@ void World::signal(const Step& step)
 
 void World::sleep(const Step& step)
 {
-    const int with = step.variant;
-    const Step adapter {Verb::Plug, desk(), 0, 0};
-    const double seconds = step.value * (with & ForHours ? 100 : 1);
-    if (with & DarkBefore)
+    const Step adapter {"plug", desk() == 1 ? "second" : "first", 0, 0};
+    const double seconds = step.value * (hasWord(step, "hours") ? 100 : 1);
+    if (hasWord(step, "dark"))
         darken(step);
-    if (with & Announced)
-        signal({Verb::Signal, 0, 0, 0});
+    if (hasWord(step, "announced"))
+        signal({"signal", "sleep", 0, 0});
     look();
     loop().sleepMachine(seconds);
     oracle().slept(seconds);
-    if (with & UnpluggedInSleep)
+    if (hasWord(step, "unplugged"))
         unplug(adapter);
-    if (with & ReplugBeforeWake)
+    if (hasWord(step, "replugged"))
         plug(adapter);
-    if (with & WakeTold)
-        signal({Verb::Signal, 1, 0, 0});
-    if (with & UnpluggedInSleep)
+    if (hasWord(step, "told"))
+        signal({"signal", "wake", 0, 0});
+    if (hasWord(step, "unplugged"))
         plug(adapter);
 }
 
 void World::freeze(const Step& step)
 {
-    // Whether a slow answer or a late look at the user comes first, nobody can know: none falls into it.
-    if (m_isSlow)
+    // Whether what is late on the cable or a late look at the user comes first, nobody can know: none falls
+    // into it.
+    if (!oracle().isQuick())
         pass(5.03 - std::fmod(loop().monotonicNow() - m_startedAt, 5));
-    if (step.variant == 1 && !m_held) {
-        openOrClose({Verb::Open, 0, 0, 0});
-        press({Verb::Press, 0, 0, 0});
+    if (step.variant == "held" && !m_held) {
+        openOrClose({"window", "main", 0, 0});
+        press({"press", "up", 0, 0});
         pass(0.5);
     }
     oracle().frozenUntil(loop().monotonicNow() + step.value);
@@ -167,15 +175,16 @@ void World::freeze(const Step& step)
 
 void World::setClock(const Step& step)
 {
-    const double by =
-        std::array {7., 3600., -3600., 86400., -604800., 1.5e9}[size_t(step.variant)] + step.value;
+    static const std::map<std::string, double> steps {{"a-bit", 7}, {"hour-on", 3600}, {"hour-back", -3600},
+        {"day-on", 86400}, {"week-back", -604800}, {"years-on", 1.5e9}};
+    const double by = steps.at(step.variant) + step.value;
     oracle().clockSet(by);
     loop().setWallClock(loop().now() + by);
 }
 
 void World::travel(const Step& step)
 {
-    qputenv("TZ", variantNames(Verb::Zone)[size_t(step.variant)]);
+    qputenv("TZ", step.variant.c_str());
     tzset();
 }
 
@@ -183,29 +192,31 @@ void World::travel(const Step& step)
 void World::set(const Step& step)
 {
     using Setter = void (*)(AppProperties&, double);
-    /// In the order of settingKeys().
-    constexpr Setter kSetters[] {
-        [](auto& properties, double value) { properties.setWeight(value); },
-        [](auto& properties, double value) { properties.setActivityMode(int(value)); },
-        [](auto& properties, double value) { properties.setActivityGoal(value); },
-        [](auto& properties, double value) { properties.setNumberOfStandUps(int(value)); },
-        [](auto& properties, double value) { properties.setDevicePosition1(int(value)); },
-        [](auto& properties, double value) { properties.setDevicePosition2(int(value)); },
-        [](auto& properties, double value) { properties.setDevicePosition3(int(value)); },
+    static const std::map<std::string, Setter> setters {
+        {"Weight", [](auto& properties, double value) { properties.setWeight(value); }},
+        {"ActivityMode", [](auto& properties, double value) { properties.setActivityMode(int(value)); }},
+        {"ActivityGoal", [](auto& properties, double value) { properties.setActivityGoal(value); }},
+        {"NumberOfStandUps",
+            [](auto& properties, double value) { properties.setNumberOfStandUps(int(value)); }},
+        {"DevicePosition1",
+            [](auto& properties, double value) { properties.setDevicePosition1(int(value)); }},
+        {"DevicePosition2",
+            [](auto& properties, double value) { properties.setDevicePosition2(int(value)); }},
+        {"DevicePosition3",
+            [](auto& properties, double value) { properties.setDevicePosition3(int(value)); }},
     };
-    const auto key = size_t(step.variant);
-    if (key == indexOfSetting("TablePositionOffset"))
+    if (step.variant == "TablePositionOffset")
         return; // A new one shows with the next refresh, and nobody waits for it.
-    oracle().set(key, step.value);
-    if (key < std::size(kSetters))
-        kSetters[key](AppProperties::instance(), step.value);
+    oracle().set(step.variant, step.value);
+    if (const auto setter = setters.find(step.variant); setter != setters.end())
+        setter->second(AppProperties::instance(), step.value);
     else
-        AppProperties::setDouble(step.value, QString::fromLatin1(settingKeys()[key]));
+        AppProperties::setDouble(step.value, QString::fromStdString(step.variant));
 }
 
 void World::openOrClose(const Step& step)
 {
-    if (step.variant == 1)
+    if (step.variant == "none")
         return void(m_main && m_main->close());
     oracle().opened();
     m_app->menuOpenClicked();
@@ -213,14 +224,15 @@ void World::openOrClose(const Step& step)
 
 void World::press(const Step& step)
 {
-    const HoldButton& button = kButtons[step.variant];
-    QWidget* const window = button.isOnReminder ? m_reminder.data() : m_main.data();
+    const HoldButton& button = kButtons.at(step.variant);
+    const bool isOnReminder = hasWord(step, "reminder");
+    QWidget* const window = isOnReminder ? m_reminder.data() : m_main.data();
     if (m_held || !isUsable(window))
         return;
     m_held = child(window, button.name);
-    const bool isToSit = button.isOnReminder && m_held->property("text") == QStringLiteral("Memory1");
+    const bool isToSit = isOnReminder && m_held->property("text") == QStringLiteral("Memory1");
     const char* const setting = button.setting && isToSit ? "DevicePosition1" : button.setting;
-    oracle().pressed(setting ? uint16_t(m_oracle.setting(setting)) : button.command, button.isOnReminder);
+    oracle().pressed(setting ? uint16_t(m_oracle.setting(setting)) : button.command, isOnReminder);
     QTest::mousePress(m_held.data(), Qt::LeftButton);
 }
 
@@ -232,15 +244,15 @@ void World::letGo(const Step& step)
     QWidget* const around = button->window();
     const bool hasFrame = !isReminder(around); // To hide or minimise it by.
     oracle().letGo(!hasFrame);
-    if (!hasFrame && step.variant == 3 && m_oracle.isReminderOpen())
+    if (!hasFrame && step.variant == "close" && m_oracle.isReminderOpen())
         m_oracle.answered("close");
-    if (step.variant == 1 && hasFrame)
+    if (step.variant == "hide" && hasFrame)
         around->hide();
-    else if (step.variant == 2 && hasFrame)
+    else if (step.variant == "minimise" && hasFrame)
         around->showMinimized();
-    else if (step.variant == 3)
+    else if (step.variant == "close")
         around->close();
-    else if (step.variant == 4)
+    else if (step.variant == "deactivate")
         QApplication::setActiveWindow(nullptr);
     if (button)
         QTest::mouseRelease(button.data(), Qt::LeftButton);
@@ -251,7 +263,7 @@ void World::answer(const Step& step)
 {
     if (m_held || !isUsable(m_reminder) || !oracle().isReminderOpen())
         return;
-    const std::string how = variantNames(Verb::Answer)[size_t(step.variant)];
+    const std::string& how = step.variant;
     m_oracle.answered(how);
     if (how == "skip") {
         QWidget* const view = child(m_reminder, "notificationView");
@@ -267,7 +279,7 @@ void World::answer(const Step& step)
 
 void World::setWire(const Step& step)
 {
-    const std::string how = variantNames(Verb::Wire)[size_t(step.variant)];
+    const std::string& how = step.variant;
     if (how == "one-failure") // Two on a slow wire can hit one report, which then has failed for good.
         return m_isSlow ? void() : desks().adapter(desk()).failNext(1, EPROTO);
     m_isSlow = how == "slow" && !(desks().isPlugged(0) && desks().isPlugged(1));
@@ -292,7 +304,7 @@ void World::setWire(const Step& step)
 void World::setError(const Step& step)
 {
     DeskModel& model = desks().desk(desk());
-    if (step.variant == 0)
+    if (step.variant == "code")
         (void)model.addErrorCode(17);
     else
         model.clearErrors();
@@ -302,5 +314,4 @@ void World::moveByHandset(const Step& step)
 {
     desks().desk(0).setHeight(int(step.value));
 }
-
 }
