@@ -1,14 +1,13 @@
 #pragma once
 
 #include "data/Date.h"
+#include "platform/RunLoop.h"
 
 /// A stretch of time that began when this was made. The awake (monotonic) clock says how long it is, the wall
 /// clock only where it lies: a wall clock that is set (by the user, by the network, on a machine without a
 /// clock battery) moves no end of it by more than two seconds, and time asleep is no part of it.
 class AwakeSpan {
 public:
-    AwakeSpan();
-
     [[nodiscard]] double seconds() const; ///< awake, since the start
     [[nodiscard]] bool hasSlept() const; ///< the machine slept since the start
     /// The wall clock went another way than the awake one, in a sleep or because it was set: what is called
@@ -19,7 +18,5 @@ public:
     [[nodiscard]] Date end(Date unbroken = Date::now()) const;
 
 private:
-    Date m_startDate;
-    double m_startedAt; ///< on the monotonic clock
-    double m_sleepBefore; ///< all sleep of the machine until the start
+    ClockReading m_start = RunLoop::main().readClocks();
 };

@@ -8,6 +8,17 @@
 
 namespace {
 constexpr double kShortestRepeatSeconds = 0.001;
+constexpr double kSameMomentSeconds = 0.1;
+}
+
+ClockReading RunLoop::readClocks() const
+{
+    // A program held up between two of the clocks would see a sleep, or a clock set, that never was.
+    for (;;) {
+        const ClockReading reading {now(), monotonicNow(), bootTimeNow()};
+        if (now() - reading.wall < kSameMomentSeconds)
+            return reading;
+    }
 }
 
 TimerRef RunLoop::scheduleTimer(

@@ -4,6 +4,16 @@
 
 #include <vector>
 
+/// What the clocks of a RunLoop said at one moment, in seconds.
+struct ClockReading {
+    double wall;
+    double monotonic;
+    double bootTime;
+
+    /// All sleep of the machine until then; only the difference of two readings means something.
+    [[nodiscard]] double sleep() const { return bootTime - monotonic; }
+};
+
 /// The main thread's run loop: the one source of time and of timers. Nothing else in the program asks a clock
 /// or starts a timer, so that a test can put a working day into milliseconds. Intervals and times are
 /// seconds.
@@ -22,8 +32,10 @@ public:
     [[nodiscard]] virtual double now() const = 0;
     /// Seconds since an arbitrary start, standing still while the machine sleeps.
     [[nodiscard]] virtual double monotonicNow() const = 0;
-    /// Like monotonicNow(), but counting the time asleep; their difference grows by each sleep.
+    /// Like monotonicNow(), but counting the time asleep.
     [[nodiscard]] virtual double bootTimeNow() const = 0;
+    /// All three clocks at one moment, to a tenth of a second.
+    [[nodiscard]] ClockReading readClocks() const;
 
     /// Calls back after `seconds`, once or again and again. A negative or undefined interval counts as 0, an
     /// endless one never fires; a repeating timer's interval is at least 1 ms.

@@ -6,21 +6,16 @@
 #include <utility>
 
 namespace {
-/// The two clocks are read one after the other, so they differ by a little without any sleep.
+/// The clocks are read one after the other, so they differ by a little without any sleep.
 constexpr double kShortestSleepSeconds = 1.0;
 /// Questions that follow one another so closely belong to one look at the user and get the same answer. Looks
 /// are ten seconds apart, and a machine that has just woken may be slow to answer each question.
 constexpr double kOneLookSeconds = 3.0;
-
-double totalSleep()
-{
-    return RunLoop::main().bootTimeNow() - RunLoop::main().monotonicNow();
-}
 }
 
 SleepAwareEventSource::SleepAwareEventSource(std::shared_ptr<EventSource> source)
     : m_source(std::move(source))
-    , m_sleepSoFar(totalSleep())
+    , m_sleepSoFar(RunLoop::main().readClocks().sleep())
 {
 }
 
@@ -47,7 +42,7 @@ void SleepAwareEventSource::didWake()
 
 void SleepAwareEventSource::noticeSleep()
 {
-    const double sleep = totalSleep();
+    const double sleep = RunLoop::main().readClocks().sleep();
     if (sleep - m_sleepSoFar < kShortestSleepSeconds)
         return;
     m_sleepSoFar = sleep;

@@ -8,18 +8,13 @@ constexpr double kMillisecondsPerSecond = 1000.0;
 constexpr double kShortestSleepSeconds = 1.0;
 /// The same input is told so exactly twice, over the bus.
 constexpr double kSameInputSeconds = 0.5;
-
-double totalSleep()
-{
-    return RunLoop::main().bootTimeNow() - RunLoop::main().monotonicNow();
-}
 }
 
 GnomeIdleBackend::GnomeIdleBackend(const QDBusConnection& bus)
     : DBusIdleBackend(bus,
         {QStringLiteral("org.gnome.Mutter.IdleMonitor"), QStringLiteral("/org/gnome/Mutter/IdleMonitor/Core"),
             QStringLiteral("org.gnome.Mutter.IdleMonitor"), QStringLiteral("GetIdletime")})
-    , m_sleepSoFar(totalSleep())
+    , m_sleepSoFar(RunLoop::main().readClocks().sleep())
     , m_lastInputAt(RunLoop::main().monotonicNow())
 {
 }
@@ -28,8 +23,9 @@ std::optional<double> GnomeIdleBackend::secondsFrom(double number)
 {
     const double now = RunLoop::main().monotonicNow();
     const double lastInputAt = now - number / kMillisecondsPerSecond;
-    if (totalSleep() > m_sleepSoFar + kShortestSleepSeconds) {
-        m_sleepSoFar = totalSleep();
+    const double sleep = RunLoop::main().readClocks().sleep();
+    if (sleep > m_sleepSoFar + kShortestSleepSeconds) {
+        m_sleepSoFar = sleep;
         m_wokeAt = lastInputAt;
     }
     if (m_wokeAt && lastInputAt <= *m_wokeAt + kSameInputSeconds)
