@@ -7,7 +7,7 @@ from waiting import holds_for, wait_until
 # 3 minutes of sitting an hour in 6 parts, 57 of standing.
 PLAN = {"ActivityGoal": 57, "NumberOfStandUps": 6, "TimeSnooze": 45, "TimeNotificationDismiss": 25, "TimeIdle": 80000}
 SITTING_TIME, SNOOZE, CYCLE = 30, 45, 600
-RATE, SIMULATED_RATE = 30, 100  # Faster, a busy machine looks as if it had slept.
+RATE, SIMULATED_RATE = 30, 200
 
 
 class Worker:
@@ -24,6 +24,8 @@ class Worker:
     reminder = property(lambda self: self.desktop.windows().get("Zelvo StandUp"))
 
     def is_reminded_after(self, seconds):
+        self.clock.reach(self.since + seconds / 2, self.rate)
+        self.desktop.move_pointer(9, 900)  # Ten minutes without input darken X's screens.
         self.clock.reach(self.since + seconds - 1, self.rate)
         assert not self.reminder, "too early"
         wait_until(lambda: self.reminder, "a reminder")
