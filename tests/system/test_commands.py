@@ -98,7 +98,7 @@ def test_without_a_session_bus_a_second_start_still_works(desktop, ask):
 
 
 def test_status_and_watch_follow_desk_minutes_and_absence(desktop, ask, status):
-    desktop.settings(ActivityGoal=57, TablePositionOffset=6200, **POSITIONS)  # 57 of 60 min standing.
+    desktop.settings(ActivityGoal=57, TimeIdle=100, TablePositionOffset=6200, **POSITIONS)  # 57 of 60 min standing.
     adapter = desktop.plug(height=500)
     program = desktop.start_recording()
     watched, changes = desktop.home / "watched", []
@@ -135,8 +135,9 @@ def test_status_and_watch_follow_desk_minutes_and_absence(desktop, ask, status):
     assert len(lines()) <= before + 2
     changed = (NAME, "org.zelvo.StandUp1", "Changed", None, None, Gio.DBusSignalFlags.NONE)
     desktop.session.signal_subscribe(*changed, lambda *_: changes.append(1))
-    with desktop.clock.running(20):
-        tells(goal_done=2)
+    desktop.move_pointer(5, 5)
+    with desktop.clock.running(8):
+        tells(goal_done=1)
         tells(paused=True)
         assert "minutes" not in status()
         while GLib.MainContext.default().iteration(False):
