@@ -216,6 +216,6 @@ void Oracle::judge()
     sqlite3_close(store);
     if (count + 1 != m_rows.size())
         fail(std::to_string(count) + " records in place of " + std::to_string(m_rows.size() - 1));
-    m_figures.records += int(count);
+    m_figures.records += count;
 }
 }

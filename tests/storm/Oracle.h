@@ -13,6 +13,14 @@ namespace storm {
 constexpr double kNever = std::numeric_limits<double>::infinity();
 enum Posture { None = 0, Standing = 1, Sitting = 2 };
 
+/// Of all histories.
+struct Figures {
+    int histories = 0, reminders = 0, holds = 0;
+    size_t steps = 0, records = 0;
+    double longestOverrun = 0; ///< of a hold, seconds
+    double largestError = 0; ///< longest stretch in which the record was not the truth, seconds
+};
+
 /// What the oracle knows of a process, and forgets with it.
 struct Process {
     struct Hold {
@@ -40,7 +48,7 @@ struct Process {
     // The cable: the program listens to the first adapter, and drives the one taken up last.
     std::vector<int> m_adapters;
     double m_drivenSince = -1, m_checkedAt = kNever, m_polledSince = kNever;
-    double m_writtenAt = -1, m_readAt = 0, m_errorAt = -1, m_errorOverAt = -1;
+    double m_writtenAt = -1, m_lateAt = -1, m_readAt = 0, m_errorAt = -1, m_errorOverAt = -1;
     int m_height = 0;
     Posture m_posture = None;
     bool m_hasError = false, m_hadTwo = false; ///< adapters at once
@@ -82,12 +90,6 @@ public:
         std::optional<std::string> height, status; ///< says the main window
         bool hasError; ///< so does the main window
         std::optional<std::string> memory; ///< offers the reminder
-    };
-    /// Of all histories.
-    struct Figures {
-        double longestOverrun = 0; ///< of a hold, seconds
-        double largestError = 0; ///< longest stretch in which the record was not the truth, seconds
-        int records = 0, reminders = 0, holds = 0;
     };
 
     Oracle(const Script& script, std::string storePath, Figures& figures);

@@ -72,6 +72,8 @@ void Oracle::transferred(const Transfer& transfer)
 {
     if (!m_running)
         return;
+    if (transfer.duration > kWait && isTakenUp(transfer.adapter))
+        m_lateAt = m_now; // And what has waited behind it is late as well.
     if (!transfer.isRead) {
         m_writtenAt = m_now;
         return transfer.bytes[0] == kMovementReport ? commanded(transfer) : void();
@@ -83,7 +85,7 @@ void Oracle::transferred(const Transfer& transfer)
     // Only the stop of a hold that another adapter ends is heard of through the one before.
     if (transfer.adapter != driven() && !isNear(m_now, m_drivenSince))
         return;
-    const bool isLate = transfer.duration > kWait;
+    const bool isLate = isNear(m_now, m_lateAt);
     m_readAt = m_now;
     if (!isLate && isNear(m_now, std::max(m_nextPoll, m_frozenUntil)))
         m_nextPoll = next(m_nextPoll, kPoll);

@@ -35,11 +35,9 @@ const std::vector<Verb> kVerbs {
     // Somebody moves the desk to that height without the program.
     {"handset", 5, {"-"}, {200, 6500}},
     {"user", 9, {"away", "back"}},
-    // The screens go dark or are locked.
-    {"dark", 2},
-    // The machine announces a sleep or a wake; that it sleeps is another matter. Hours are a hundred times as
-    // long.
-    {"signal", 1, {"sleep", "wake"}},
+    // The screens go dark or are locked; the machine announces a sleep or a wake, and that it sleeps is
+    // another matter. Hours are a hundred times as long.
+    {"signal", 3, {"dark", "dark", "sleep", "wake"}},
     {"sleep", 3,
         {"plain", "announced", "told", "announced-told", "dark-told", "dark-announced-told",
             "announced-told-hours", "dark-announced-hours", "dark-hours", "told-unplugged",

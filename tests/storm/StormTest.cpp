@@ -27,12 +27,6 @@ constexpr int kWarm = 40; ///< histories until nothing is made for the first tim
 constexpr size_t kNoise = 100'000; ///< bytes of heap by which two quiet moments differ
 constexpr size_t kMostGrowth = 100; ///< bytes of heap a history
 
-struct Totals {
-    int histories = 0;
-    size_t steps = 0;
-    Oracle::Figures figures;
-};
-
 std::string s_current; ///< the history that is played, for a crash
 
 void sayWhatCrashed(int signal)
@@ -43,16 +37,14 @@ void sayWhatCrashed(int signal)
 }
 
 /// What was wrong; empty for nothing.
-std::string playHistory(const Script& script, Totals& totals)
+std::string playHistory(const Script& script, Figures& figures)
 {
     std::ostringstream current;
     current << "\nwhile playing " << script << '\n';
     s_current = current.str();
-    World world(script, totals.figures);
-    world.play();
-    ++totals.histories;
-    totals.steps += script.steps.size();
-    return world.oracle().failure();
+    ++figures.histories;
+    figures.steps += script.steps.size();
+    return World(script, figures).play(script);
 }
 
 class Storm : public testing::Test {
@@ -73,13 +65,12 @@ protected:
     {
         const double seconds =
             std::chrono::duration<double>(std::chrono::steady_clock::now() - m_begin).count();
-        const Oracle::Figures& all = totals.figures;
-        std::printf("%s: %d histories of %zu steps in %.1f s; %d records, %d reminders, %d holds; longest "
+        std::printf("%s: %d histories of %zu steps in %.1f s; %zu records, %d reminders, %d holds; longest "
                     "overrun of a hold %.3f s, largest error of the record %.1f s\n",
-            what, totals.histories, totals.steps, seconds, all.records, all.reminders, all.holds,
-            all.longestOverrun, all.largestError);
+            what, figures.histories, figures.steps, seconds, figures.records, figures.reminders,
+            figures.holds, figures.longestOverrun, figures.largestError);
     }
-    Totals totals;
+    Figures figures;
 
 private:
     std::chrono::steady_clock::time_point m_begin = std::chrono::steady_clock::now();
@@ -89,7 +80,7 @@ private:
 TEST_F(Storm, anyHistoryLeavesATrueRecordAndAStillDesk)
 {
     if (qEnvironmentVariableIsSet("ZELVO_STORM_SCRIPT")) {
-        EXPECT_EQ(playHistory(parseScript(qgetenv("ZELVO_STORM_SCRIPT").toStdString()), totals), "");
+        EXPECT_EQ(playHistory(parseScript(qgetenv("ZELVO_STORM_SCRIPT").toStdString()), figures), "");
         print("replayed");
         return;
     }
@@ -102,17 +93,17 @@ TEST_F(Storm, anyHistoryLeavesATrueRecordAndAStillDesk)
     size_t heap = 0;
     const bool held = rc::check("any history leaves a true record and a still desk", [&] {
         const Script script = *anyScript(kMostSteps);
-        const std::string failure = playHistory(script, totals);
-        if (totals.histories == kWarm)
+        const std::string failure = playHistory(script, figures);
+        if (figures.histories == kWarm)
             heap = mallinfo2().uordblks;
         if (!failure.empty())
             RC_FAIL(failure);
     });
     print("storms");
     EXPECT_TRUE(held);
-    if (!held || totals.histories <= kWarm)
+    if (!held || figures.histories <= kWarm)
         return;
-    EXPECT_LT(mallinfo2().uordblks, heap + kNoise + kMostGrowth * size_t(totals.histories));
+    EXPECT_LT(mallinfo2().uordblks, heap + kNoise + kMostGrowth * size_t(figures.histories));
 }
 
 /// Working days with lunch, meetings, reminders heeded and ignored, nights and weekends asleep; nothing
@@ -140,6 +131,6 @@ TEST_F(Storm, decadesOfWorkKeepTheRecord)
         script << "; user away 0 1; sleep announced-told " << (day % 5 == 4 ? 62 : 14) * 3600
                << " 30; user back 0 60";
     }
-    EXPECT_EQ(playHistory(parseScript(script.str()), totals), "");
+    EXPECT_EQ(playHistory(parseScript(script.str()), figures), "");
     print("working days");
 }

@@ -1,42 +1,33 @@
 #include "storm/World.h"
 
 #include "resources/Resources.h"
-#include "shell/TestWindowController.h"
 
 #include <QApplication>
-#include <QLabel>
+#include <QTest>
 
+#include <ctime>
 #include <fcntl.h>
 #include <unistd.h>
 
 namespace storm {
-namespace {
-constexpr double kLook = 4.3; ///< at the windows
-
-int adapterOf(const Step& step)
-{
-    return step.variant == "second" ? 1 : 0;
-}
-}
-
 class World::Bus final : public HidManager {
 public:
     explicit Bus(World& world)
         : m_world(world)
     {
-        desks().registerDeviceMatchingCallback([this](const HidDeviceRef& device) {
+        m_world.desks().registerDeviceMatchingCallback([this](const HidDeviceRef& device) {
             if (!m_matched)
                 return;
             m_world.oracle().matched(m_numbers.at(device));
             m_matched(device);
         });
-        desks().registerDeviceRemovalCallback([this](const HidDeviceRef& device) {
+        m_world.desks().registerDeviceRemovalCallback([this](const HidDeviceRef& device) {
             if (!m_removed)
                 return;
             m_world.oracle().removed(m_numbers.at(device));
             m_removed(device);
         });
-        desks().registerLateReportCallback(
+        m_world.desks().registerLateReportCallback(
             [this](const HidDeviceRef& device, std::span<const uint8_t> report) {
                 if (m_lateReport)
                     m_lateReport(device, report);
@@ -44,54 +35,55 @@ public:
     }
     HidStatus open() override
     {
-        desks().setDeviceMatching(m_matching);
-        desks().setRestReport(m_restReport);
-        const HidStatus status = desks().open();
+        m_world.desks().setDeviceMatching(m_matching);
+        m_world.desks().setRestReport(m_restReport);
+        const HidStatus status = m_world.desks().open();
         m_numbers.clear();
         for (const int number : {0, 1}) {
-            if (desks().isPlugged(number))
+            if (m_world.desks().isPlugged(number))
                 m_numbers[copyDevices()[m_numbers.size()]] = number;
         }
         return status;
     }
-    [[nodiscard]] std::vector<HidDeviceRef> copyDevices() const override { return desks().copyDevices(); }
+    [[nodiscard]] std::vector<HidDeviceRef> copyDevices() const override
+    {
+        return m_world.desks().copyDevices();
+    }
     void plug(int number)
     {
-        desks().plug(number);
+        m_world.desks().plug(number);
         for (const HidDeviceRef& device : copyDevices())
             m_numbers.try_emplace(device, number);
     }
 
 private:
-    [[nodiscard]] SimulatedHidManager& desks() const { return m_world.desks(); }
-
     World& m_world;
     std::map<HidDeviceRef, int> m_numbers;
 };
 
-World::World(const Script& script, Oracle::Figures& figures)
-    : m_script(script)
-    , m_oracle(script,
-          m_platform.folder.filePath(QStringLiteral("org.zelvo.StandUp/StandUp.storedata")).toStdString(),
-          figures)
+World::World(const Script& script, Figures& figures)
+    : m_oracle(script,
+        platform.folder.filePath(QStringLiteral("org.zelvo.StandUp/StandUp.storedata")).toStdString(),
+        figures)
     , m_bus(std::make_unique<Bus>(*this))
 {
     for (const int number : {0, 1}) {
         // At its own zero a desk says what an adapter says that has not been heard yet.
         (void)desks().desk(number).setLimits(150, DeskModel::kDefaultUpperLimit);
         desks().adapter(number).onTransfer([this, number](const HidTransfer& transfer) {
-            if (m_app)
+            if (app)
                 oracle().transferred({number, transfer.direction == HidTransfer::Direction::Read,
                     transfer.status == 0, transfer.duration, transfer.bytes});
         });
     }
     initResources();
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
-    travel({"zone", "CET-1CEST,M3.5.0,M10.5.0/3", 0, 0});
+    qputenv("TZ", "CET-1CEST,M3.5.0,M10.5.0/3");
+    tzset();
     loop().setWallClock(script.start);
-    m_platform.defaults.values.insert(QStringLiteral("Version"), QStringLiteral("1.0.1"));
+    platform.defaults.values.insert(QStringLiteral("Version"), QStringLiteral("1.0.1"));
     for (const auto& [key, value] : script.settings)
-        m_platform.defaults.values.insert(QString::fromStdString(key), value);
+        platform.defaults.values.insert(QString::fromStdString(key), value);
     qApp->installEventFilter(this);
     m_oracle.plugged(0, true);
     start();
@@ -99,7 +91,7 @@ World::World(const Script& script, Oracle::Figures& figures)
 
 World::~World()
 {
-    if (m_app)
+    if (app)
         end(true);
     dup2(STDOUT_FILENO, STDERR_FILENO); // For what the test has to say.
 }
@@ -112,14 +104,14 @@ Oracle& World::oracle()
 
 void World::start()
 {
-    m_platform.restart();
-    m_events = std::make_unique<SleepAwareEventSource>(m_platform.user);
-    m_app = std::make_unique<AppDelegate>(AppDelegate::Dependencies {*m_bus, *m_events, m_platform.workspace,
-        m_platform.loginItems, m_platform.dialogs, m_platform.folder.path(),
-        QStringLiteral("/opt/zelvo/zelvo-standup"), [] {}, {}});
-    m_startedAt = loop().monotonicNow();
+    platform.restart();
+    m_events = std::make_unique<SleepAwareEventSource>(platform.user);
+    app = std::make_unique<AppDelegate>(
+        AppDelegate::Dependencies {*m_bus, *m_events, platform.workspace, platform.loginItems,
+            platform.dialogs, platform.folder.path(), QStringLiteral("/opt/zelvo/zelvo-standup"), [] {}, {}});
+    startedAt = loop().monotonicNow();
     oracle().started();
-    m_app->applicationDidFinishLaunching();
+    app->applicationDidFinishLaunching();
     const int silent = ::open("/dev/null", O_WRONLY | O_CLOEXEC); // The log of a decade is long.
     dup2(silent, STDERR_FILENO);
     ::close(silent);
@@ -128,50 +120,41 @@ void World::start()
 void World::end(bool killed)
 {
     if (!killed)
-        m_app->terminate();
+        app->terminate();
     oracle().ended(killed);
-    const auto ending = std::move(m_app); // What it still does on its way out, a killed process does not do.
-    m_held.clear();
+    const auto ending = std::move(app); // What it still does on its way out, a killed process does not do.
+    held.clear();
 }
 
-void World::restart(const Step& step)
+std::string World::play(const Script& script)
 {
-    end(step.variant == "kill");
-    passUntil(95);
-    start();
-}
-
-void World::play()
-{
-    for (const Step& step : m_script.steps) {
+    for (const Step& step : script.steps) {
         if (!m_oracle.failure().empty())
-            return;
+            return m_oracle.failure();
         play(step);
         m_hasNews = true;
         look();
         pass(step.seconds);
     }
-    for (const Step& step : std::initializer_list<Step> {{"let-go", "button", 0, 0}, {"wire", "well", 0, 0},
-             {"error", "none", 0, 0}, {"user", "back", 0, 0}, {"window", "none", 0, 0},
-             {"unplug", "second", 0, 0}, {"plug", "first", 0, 90}}) {
-        play(step);
-        pass(step.seconds);
-    }
+    for (const char* verb : {"let-go button", "wire well", "error none", "user back", "window none",
+             "unplug second", "plug first"})
+        play(parseScript(std::string("0;") + verb + " 0 0").steps.front());
+    pass(90);
     // Pulse, idle poll, height, schedule, a reminder; and clocks of errors, of which each of two windows
     // keeps one for every time that two adapters told of the same end.
     if (loop().pendingTimerCount() > 30)
         m_oracle.fail(std::to_string(loop().pendingTimerCount()) + " timers run when all is quiet");
     end(false);
     m_oracle.judge();
+    return m_oracle.failure();
 }
 
 void World::pass(double seconds)
 {
-    double left = seconds;
-    while (left > 1e-9) {
+    constexpr double kLook = 4.3; // At the windows.
+    for (double left = seconds; left > 1e-9; left -= kLook) {
         loop().advance(std::min(left, kLook));
         look();
-        left -= kLook;
     }
 }
 
@@ -185,42 +168,86 @@ void World::look()
 {
     if (std::exchange(m_hasNews, false))
         QApplication::processEvents();
-    if (m_held && !m_held->isActiveWindow())
-        letGo({"let-go", "button", 0, 0}); // Another window came up, and here it takes the keyboard.
-    if (!m_app)
+    if (held && !held->isActiveWindow())
+        letGo("button"); // Another window came up, and here it takes the keyboard.
+    if (!app)
         return;
-    Oracle::Shown shown {m_app->menuletController().isDeviceConnected(), {}, {}, false, {}};
-    if (m_main && m_main->isVisible()) {
+    Oracle::Shown shown {app->menuletController().isDeviceConnected(), {}, {}, false, {}};
+    if (main && main->isVisible()) {
         shown.height = m_height->text().toStdString();
         shown.status = m_status->text().toStdString();
         shown.hasError = !m_error->isHidden();
     }
-    if (m_reminder && m_reminder->isVisible())
+    if (reminder && reminder->isVisible())
         shown.memory = m_memory->text().toStdString();
     oracle().look(shown);
 }
 
-// The cables.
-
-void World::plug(const Step& step)
+bool World::eventFilter(QObject* receiver, QEvent* event)
 {
-    const int adapter = adapterOf(step);
+    const bool isShow = event->type() == QEvent::Show;
+    if (!isShow && event->type() != QEvent::Hide)
+        return false;
+    auto* window = qobject_cast<QWidget*>(receiver);
+    if (!window || !window->isWindow() || !app)
+        return false;
+    window->setUpdatesEnabled(false); // Nobody sees it.
+    m_hasNews = true;
+    const bool isReminder = window->objectName() == QLatin1String("NotificationWindow");
+    if (held && held->window() == window && !isShow) {
+        held.clear();
+        oracle().letGo(isReminder);
+    }
+    if (isReminder && isShow) {
+        reminder = window;
+        m_memory = window->findChild<QAbstractButton*>(QStringLiteral("buttonMemory"));
+        oracle().reminderAppeared();
+    } else if (isReminder) {
+        oracle().reminderLeft();
+    } else if (isShow && window->objectName() == QLatin1String("MainWindow")) {
+        main = window;
+        m_height = window->findChild<QLabel*>(QStringLiteral("labelTabelHeigt"));
+        m_status = window->findChild<QLabel*>(QStringLiteral("labelStatus"));
+        m_error = window->findChild<QLabel*>(QStringLiteral("labelErrorText"));
+    }
+    return false;
+}
+
+void World::plug(int number, bool in)
+{
     // Which of two slow adapters answers whom, and when, is a story of its own.
-    if (desks().isPlugged(adapter) || (m_isSlow && desks().isPlugged(1 - adapter)))
+    if (desks().isPlugged(number) == in || (in && isSlow && desks().isPlugged(1 - number)))
         return;
-    passUntil(97 + adapter);
-    oracle().plugged(adapter, true);
-    m_bus->plug(adapter);
+    if (in)
+        passUntil(97 + number);
+    oracle().plugged(number, in);
+    if (in)
+        m_bus->plug(number);
+    else
+        desks().unplug(number);
     loop().advance(0);
 }
 
-void World::unplug(const Step& step)
+void World::letGo(const std::string& how)
 {
-    const int adapter = adapterOf(step);
-    if (!desks().isPlugged(adapter))
+    if (!held)
         return;
-    oracle().plugged(adapter, false);
-    desks().unplug(adapter);
-    loop().advance(0);
+    const QPointer<QWidget> button = std::exchange(held, nullptr);
+    QWidget* const around = button->window();
+    const bool hasFrame = around != reminder; // To hide or minimise it by.
+    oracle().letGo(!hasFrame);
+    if (!hasFrame && how == "close" && m_oracle.isReminderOpen())
+        m_oracle.answered("close");
+    if (how == "hide" && hasFrame)
+        around->hide();
+    else if (how == "minimise" && hasFrame)
+        around->showMinimized();
+    else if (how == "close")
+        around->close();
+    else if (how == "deactivate")
+        QApplication::setActiveWindow(nullptr);
+    if (button)
+        QTest::mouseRelease(button.data(), Qt::LeftButton);
+    QApplication::processEvents();
 }
 }
