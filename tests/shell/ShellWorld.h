@@ -5,7 +5,6 @@
 #include "desk/ZelvoController.h"
 #include "fakes/FakeHid.h"
 #include "fakes/TestPlatform.h"
-#include "shell/TestWindowController.h"
 
 #include <memory>
 

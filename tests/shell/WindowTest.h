@@ -83,10 +83,6 @@ protected:
         return *window.findChild<Widget*>(QString::fromLatin1(name));
     }
     static QString text(const QWidget& window, const char* label) { return in<QLabel>(window, label).text(); }
-    static void click(QWidget& window, const char* button)
-    {
-        QTest::mouseClick(&in(window, button), Qt::LeftButton);
-    }
     /// The commands that the adapter has been sent since the last call.
     Commands commands()
     {

@@ -72,13 +72,16 @@ class Node:
 
 
 def listen(bus):
-    # Answers what has been spoken unasked: screen readers say each notification that appears, wherever the focus is.
+    # Answers what has been spoken unasked: screen readers say each notification that appears, wherever the focus is,
+    # and what is chosen.
     spoken = []
 
     def hear(_, owner, path, _interface, _signal, arguments):
-        node = Node(bus, owner, path)
-        if arguments.unpack()[:2] == ("showing", 1) and node.role == "notification":
+        node, news = Node(bus, owner, path), arguments.unpack()[:2]
+        if news == ("showing", 1) and node.role == "notification":
             spoken.append(f"{node.name} {node.description}".strip())
+        elif news == ("checked", 1):
+            spoken.append(f"{node.name} checked")
 
     call(bus, *EVENTS, "RegisterEvent", "(sass)", "object:state-changed", [], "")
     bus.signal_subscribe(None, "org.a11y.atspi.Event.Object", "StateChanged", None, None, Gio.DBusSignalFlags.NONE, hear)

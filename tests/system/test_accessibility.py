@@ -66,10 +66,18 @@ def test_what_a_screen_reader_is_told(desktop):
         assert (controls(window), window.role) == (told, "dialog" if name == "Snooze" else "frame")
     snooze = program.window_with("Snooze")
     wait_until(lambda: any(said in heard()[0] for said in snooze.says()), "the reminder")
+    setup.find("30 minutes").press()
+    wait_until(lambda: heard()[-1] == "30 minutes checked", "what is chosen now")
+    test.find("Stand up").press()
+    snooze.find("Stand")
     desktop.click(*snooze.find("Up").middle)
     wait_until(lambda: heard()[-1] == "Keep holding", "what the button is for")
-    test.find("Overload up").press()
-    wait_until(lambda: "E02: Overload while going up" in heard()[-1], "the error")
+    for fault, words in {"Overload up": "E02: Overload while going up", "Overload down": "E03", "Position lost": "E01"}.items():
+        test.find(fault).press()
+        wait_until(lambda: words in heard()[-1], fault)
+    test.find("Clear all errors").press()
+    with desktop.clock.running(10):
+        wait_until(lambda: not any("E0" in words for words in program.window_with("of today’s goal").says()), "no error")
     test.find("No answer").press()
     with desktop.clock.running(10):
         program.window_with("of today’s goal").hears("Please connect your desk")

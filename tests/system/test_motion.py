@@ -109,8 +109,9 @@ def test_each_button_does_what_it_says(desk):
         desk.stands(desk.release())
     desk.desktop.key("Escape")
     test = desk.program.window_with("Up once")
-    desk.hold("0", 0, test)
-    desk.stands(desk.release())
+    for height in (0, 1000, 2500, 4800, 6500):
+        desk.hold(str(height), height, test)
+        desk.stands(desk.release())
     for name, value in ends.items():
         test.find(f"{name} once").press()
         wait_until(lambda: desk.adapter.values()[-1] == value, name)
