@@ -100,27 +100,3 @@ TEST_F(MainWindowControllerTest, refreshesEveryFiveSecondsAndLeavesNoTimerBehind
     openMainWindow();
     EXPECT_EQ(text(window, "labelPercent"), QStringLiteral("75")) << "fresh when it opens";
 }
-
-TEST_F(MainWindowControllerTest, beforeTheSetUpAClickShowsNothingAndTheMenuOffersSettingsAndTheEnd)
-{
-    const auto offered = [this] {
-        QList<bool> enabled;
-        for (const QAction* entry : menulet().statusMenu()->actions())
-            enabled << entry->isEnabled();
-        return enabled;
-    };
-    properties().setWeight(0);
-    set("Weight", 0);
-    start();
-    EXPECT_EQ(offered(), (QList<bool> {false, false, true, true}));
-    EXPECT_FALSE(openMainWindow().isVisible());
-    EXPECT_TRUE(menulet().isActive());
-    menulet().menuletClicked();
-    world->app->showSomething();
-    EXPECT_FALSE(menulet().isActive());
-    world->completeSetup();
-    Q_EMIT menulet().statusMenu()->aboutToShow();
-    EXPECT_EQ(offered(), (QList<bool> {true, true, true, true}));
-    world->app->showSomething();
-    EXPECT_TRUE(menulet().isActive() && menulet().mainWindow().isWindowVisible());
-}
