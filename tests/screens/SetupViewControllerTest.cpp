@@ -1,10 +1,7 @@
 #include "screens/SetupViewController.h"
 
 #include "screens/SetupTest.h"
-#include "ui/Appearance.h"
 #include "ui/StepSlider.h"
-
-#include <QComboBox>
 
 namespace {
 class SetupViewControllerTest : public SetupTest {
@@ -70,20 +67,6 @@ TEST_F(SetupViewControllerTest, tabsCirclesSliderAndSentenceFollowEachOther)
         EXPECT_EQ(goal(), expected);
         EXPECT_EQ(text("labelGoal").simplified(),
             QString("That is %1 min on your feet each time you stand up.").arg(minutes));
-    }
-}
-
-TEST_F(SetupViewControllerTest, theLookIsChangedByDoneAndShownAgain)
-{
-    for (const int choice : {Appearance::Dark, Appearance::Light}) {
-        open();
-        find<QComboBox>("appearance").setCurrentIndex(choice);
-        click(find("buttonDone"));
-        EXPECT_EQ(Appearance::isDark(), choice == Appearance::Dark);
-        wizard.reset();
-        open();
-        EXPECT_EQ(find<QComboBox>("appearance").currentIndex(), choice);
-        wizard.reset();
     }
 }
 

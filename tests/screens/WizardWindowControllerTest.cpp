@@ -2,7 +2,10 @@
 
 #include "screens/DeskView.h"
 #include "screens/SetupTest.h"
+#include "ui/Appearance.h"
 #include "ui/Motion.h"
+
+#include <QComboBox>
 
 namespace {
 using WizardWindowControllerTest = SetupTest;
@@ -18,9 +21,11 @@ TEST_F(WizardWindowControllerTest, leavingTheFirstRunEitherWayCompletesTheSetupA
         open();
         ASSERT_FALSE(hub().activity());
         type(weight(), "0"); // Becomes the default.
+        find<QComboBox>("appearance").setCurrentIndex(1 - properties().appearance());
         click(find(control));
         EXPECT_FALSE(wizard->isWindowVisible());
         EXPECT_EQ(properties().weight(), 80);
+        EXPECT_TRUE(Appearance::isDark()); // By Done, and not by the other.
         EXPECT_EQ(bool(hub().activity()), QString(control) == "buttonDone");
         hid.unplug(adapter);
     }

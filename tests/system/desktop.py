@@ -115,20 +115,21 @@ class Desktop:
         self._adapters.callback(adapter.unplug)
         return adapter
 
-    def mock(self, bus, kind, template, name, path, interface):
+    def mock(self, bus, kind, name, path, interface, template=None):
         # A service of python-dbusmock.
-        process = self.spawn("/usr/bin/python3", "-m", "dbusmock", kind, "--template", template)
+        what = ["--template", template] if template else [name, path, interface]
+        process = self.spawn("/usr/bin/python3", "-m", "dbusmock", kind, *what)
         wait_until(lambda: self.has_owner(bus, name), name)
         return Mock(bus, name, path, interface, process)
 
     def add_tray(self):
         name = "org.kde.StatusNotifierWatcher"
         template = Path(__file__).with_name("tray_watcher.py")
-        self.tray = self.mock(self.session, "--session", template, name, "/StatusNotifierWatcher", name)
+        self.tray = self.mock(self.session, "--session", name, "/StatusNotifierWatcher", name, template)
 
     def add_logind(self):
         logind = ("org.freedesktop.login1", "/org/freedesktop/login1", "org.freedesktop.login1.Manager")
-        self.logind = self.mock(self.system, "--system", "logind", *logind)
+        self.logind = self.mock(self.system, "--system", *logind, "logind")
         self.logind.inhibitors = lambda: call(self.system, *logind, "ListInhibitors")[0]
         return self.logind
 

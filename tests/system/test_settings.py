@@ -1,8 +1,10 @@
 """Settings as the user enters them, in their units, and as somebody else has left them in the file."""
 
 import pytest
+from gi.repository import GLib
 from screenreader import FOCUSED
-from waiting import holds_for, wait_until
+from waiting import at_rest, holds_for, wait_until
+from Xlib import X
 
 WEIGHT, HEIGHT, STAND_UPS = "My weight", "Desk height now", "Stand-ups"
 UNITS = {
@@ -81,6 +83,7 @@ def test_settings_in_two_systems_of_units(desktop, language):
     setup.enter(WEIGHT, "50")
     setup.leaves_by("Close without saving")
     setup.open()
+    setup.panel.find("Dark", "combo box")
     assert setup.field(WEIGHT).text == typed[0]
     assert setup.stored("Weight") == pytest.approx(stored[:1])
 
@@ -121,3 +124,38 @@ def test_a_damaged_settings_file_keeps_what_can_be_read_and_is_upgraded(desktop)
     wait_until(lambda: desktop.setting("Version") == "1.0.1", "the upgrade")
     kept = ("TimeNotificationDismiss", "DevicePosition1", "Weight")
     assert [desktop.setting(key) for key in kept] == ["20", "1234", "70"]
+
+
+def test_who_follows_the_desktop_gets_its_look_and_its_motion(desktop):
+    desktop.settings(Appearance=2)
+    keys = {"color-scheme": "org.freedesktop.appearance"}
+    keys |= {"enable-animations": "org.gnome.desktop.interface", "AnimationDurationFactor": "org.kde.kdeglobals.KDE"}
+    name = "org.freedesktop.portal.Desktop"
+    portal = desktop.mock(desktop.session, "--session", name, "/org/freedesktop/portal/desktop", "org.freedesktop.portal.Settings")
+    wishes = {(keys[key], key): value for key, value in {"color-scheme": 1, "AnimationDurationFactor": 0.0}.items()}
+    portal.call("AddMethod", "(sssss)", portal.interface, "Read", "ss", "v", f"ret = {wishes}[tuple(args)]")
+    program = desktop.start("--test-window")
+    program.click_tray()
+    window, main, test = desktop.window("Zelvo StandUp"), program.window_with("History"), program.window_with("Unplug")
+    main.hears("Current session")
+    picture = lambda: window.get_image(0, 0, 200, 400, X.ZPixmap, 0xFFFFFFFF).data  # noqa: E731
+    wait_until(lambda: picture()[8040:8043] == b"\x24\x22\x1e", "the dark look")
+
+    def changes(key, kind, value):
+        portal.emit("SettingChanged", "ssv", keys[key], key, GLib.Variant(kind, value))
+        program.tray_icon()  # It answers after what it heard on the same bus.
+
+    later = [("enable-animations", "b", True), ("enable-animations", "b", False), ("AnimationDurationFactor", "d", 0.5)]
+    for is_moving, change in enumerate([None, *later]):
+        if change:
+            changes(*change)
+        desktop.clock.run(0.001)
+        test.find("Unplug").press()
+        main.hears("Please connect your desk")
+        at_once = at_rest(picture)
+        desktop.clock.run(1)
+        assert (at_rest(picture) != at_once) == is_moving % 2, change
+        test.find("Plug in").press()
+        main.hears("Current session")
+    changes("color-scheme", "u", 2)
+    wait_until(lambda: picture()[8040:8043] == b"\xec\xec\xec", "the light look")
