@@ -10,7 +10,6 @@
 
 namespace {
 constexpr QMargins kPictureMargins {6, 6, 6, 6};
-constexpr qreal kDisabledOpacity = 0.45;
 constexpr qreal kFocusRadius = 4;
 constexpr int kCaretWidth = 1;
 }
@@ -40,7 +39,6 @@ BackgroundTextField::BackgroundTextField(QWidget* parent)
     setStyle(cell);
     setFrame(false);
     setVerticalCentering(*this, true);
-    setTextColor(palette().color(QPalette::Text));
     connect(this, &QLineEdit::cursorPositionChanged, this, &BackgroundTextField::restartCaret);
     connect(this, &QLineEdit::textChanged, this, &BackgroundTextField::restartCaret);
 }
@@ -71,7 +69,6 @@ void BackgroundTextField::paintEvent(QPaintEvent* event)
 {
     {
         QPainter painter(this);
-        painter.setOpacity(isEnabled() ? 1 : kDisabledOpacity);
         m_backgroundImage.drawStretched(painter, rect(), kPictureMargins);
     }
     QLineEdit::paintEvent(event);
