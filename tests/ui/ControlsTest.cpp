@@ -1,8 +1,10 @@
 #include "fakes/ControlTest.h"
 #include "ui/BackgroundTextField.h"
 #include "ui/ClickableLabel.h"
+#include "ui/Dissolve.h"
 #include "ui/HoverLink.h"
 #include "ui/HoverUnderlineButton.h"
+#include "ui/Motion.h"
 #include "ui/MouseEventButton.h"
 #include "ui/StepSlider.h"
 
@@ -109,4 +111,22 @@ TEST_F(ControlsTest, aTabIsClickedByItsReleaseInsideAndAsLargeInBothStates)
     tab.toggleActive();
     EXPECT_EQ(tab.sizeHint(), size);
     EXPECT_LT(tab.minimumSizeHint().width(), size.width() * 2 / 3);
+}
+
+TEST_F(ControlsTest, aChangeDissolvesInItsTimeUnlessMotionIsReducedOrNothingIsSeen)
+{
+    QWidget window;
+    window.setAutoFillBackground(true);
+    QList<int> seen;
+    for (const auto& [isShown, isReduced, look] :
+        {std::tuple(false, false, Qt::black), {true, true, Qt::white}, {true, false, Qt::black}}) {
+        window.setVisible(isShown);
+        Motion::setReduced(isReduced);
+        dissolve(window, [&window, look] { window.setPalette(look); });
+        for (int frame = 0; frame < 4; ++frame, platform.runLoop.advance(0.04))
+            seen << grab(window).pixelColor(9, 9).lightness() / 10;
+    }
+    EXPECT_EQ(seen, (QList<int> {0, 0, 0, 0, 25, 25, 25, 25, 25, 16, 8, 0}));
+    EXPECT_EQ(platform.runLoop.pendingTimerCount(), 0U);
+    Motion::setReduced(false);
 }

@@ -1,6 +1,7 @@
 #include "ui/MouseEventButton.h"
 
 #include "fakes/ControlTest.h"
+#include "ui/HoldHint.h"
 
 #include <QMenu>
 #include <QShortcutEvent>
@@ -165,5 +166,24 @@ TEST_F(MouseEventButtonTest, theDelegateMayDeleteTheButton)
             stage.field->setFocus();
             EXPECT_EQ(stage.heard, "v^");
         }
+    }
+}
+
+TEST_F(MouseEventButtonTest, whoLetsGoTooSoonIsToldToHoldForTwoSecondsOrUntilTheNextHold)
+{
+    Stage stage;
+    const auto isTold = [&] {
+        const auto* const hint = stage.window.findChild<HoldHint*>();
+        return hint && hint->isVisible();
+    };
+    // How long it is held, how long ago that was, and whether that is told.
+    for (const auto& [held, ago, told] :
+        {std::tuple(0.41, 0.0, false), {0.39, 1.9, true}, {0.39, 1.9, true}, {0.39, 2.1, false}}) {
+        kSteps.at('L')(stage);
+        EXPECT_FALSE(isTold());
+        platform.runLoop.advance(held);
+        kSteps.at('l')(stage);
+        platform.runLoop.advance(ago);
+        EXPECT_EQ(isTold(), told) << held;
     }
 }

@@ -66,7 +66,7 @@ TEST_F(PaletteTest, theUserChoosesTheLookOfOpenWindowsOrLetsTheDesktop)
     Appearance::whenFollowing([&asked] { ++asked; });
     for (const auto& [choice, isDesktopDark, hasDarkWindows, isDark] : kTestCases) {
         AppProperties::instance().setAppearance(choice);
-        QApplication::setPalette(QPalette(hasDarkWindows ? Qt::black : Qt::white));
+        QApplication::setPalette(QPalette(QColor(hasDarkWindows ? 0x7F7F7F : 0x808080)));
         Appearance::setDesktopIsDark(isDesktopDark);
         EXPECT_EQ(window.palette().color(QPalette::Window).lightness() < 128, isDark) << choice;
         EXPECT_EQ(PanelWindow().palette(), window.palette());
