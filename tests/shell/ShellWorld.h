@@ -39,7 +39,6 @@ public:
 
     TestPlatform platform;
     FakeHidManager hid;
-    SimulatedWorkspace& workspace = platform.workspace;
     SimulatedDialogs& dialogs = platform.dialogs;
     int quits = 0;
     std::unique_ptr<AppDelegate> app =

@@ -2,6 +2,7 @@
 
 import pytest
 from adapter import DOWN, STOP, UP
+from screenreader import listen
 from waiting import holds_for, wait_until
 
 # 3 minutes of sitting an hour in 6 parts, 57 of standing.
@@ -93,6 +94,8 @@ def test_answered_by_moving_the_desk_and_by_no_key_for_another_program(desktop):
         desktop.button(False)
         wait_until(lambda: worker.adapter.values()[-1] == STOP, "stop")
     window.hears("cm")
+    for place in ((4, 900), window.find("Up").middle):  # It goes, and comes once more.
+        desktop.move_pointer(*place)
     with worker.clock.running(40):
         holds_for(1, lambda: worker.reminder, "it stays while the pointer rests on it")
     left_at = worker.clock.now()
@@ -115,8 +118,10 @@ def test_who_stands_is_asked_to_sit_and_nobody_without_a_desk(desktop):
     worker.changed_to(standing=True)
     desktop.button(False)
     worker.lets_it_go()
+    heard = listen(desktop.accessibility)
     window = worker.is_reminded_after(44 * 60 / 6)
     assert {"Sit", "Minutes", "2", "Sit for 2\xa0min, then stand again."} <= set(window.says())
+    wait_until(lambda: heard()[-1].endswith(" Sit for 2\xa0min, then stand again."), "headline and message")
     worker.program.click_tray()  # The main window takes its place.
     main = worker.program.window_with("History")
     wait_until(lambda: not main.all("Snooze") and len(desktop.windows()) == 2, "the reminder gone")

@@ -45,9 +45,9 @@ def test_the_icon_tells_whether_a_desk_is_there_and_a_silent_adapter_is_none(des
     desktop.settings(DevicePosition1=500, DevicePosition2=1000)
     adapter = desktop.plug(height=1500)
     adapter.silent = True
-    program = desktop.start()
+    program = desktop.start(XDG_CURRENT_DESKTOP="X-Generic:KDE")
     without, told = program.tray_icon()
-    assert told == "No desk connected"
+    assert told == "No desk connected" and b"\xff\x23\x26\x29" in bytes(without[0][2]), "dark, as the words in windows are"
     program.click_tray()
     main = program.window_with("Up")
     main.hears("Please connect your desk")
