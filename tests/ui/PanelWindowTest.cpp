@@ -92,22 +92,6 @@ TEST_F(PanelWindowTest, heedsNoEscapeThatTheDesktopGaveItUnaskedBeforeItsUserCom
     }
 }
 
-TEST_F(PanelWindowTest, isAsLargeAsItsFormWhereThereIsRoom)
-{
-    PanelWindow framed;
-    framed.resize(200, 120);
-    // A framed window leaves room for what the window manager adds.
-    const std::tuple<QSize, QSize, QSize> kTestCases[] = {{{800, 480}, {200, 120}, {200, 120}},
-        {{800, 90}, {200, 90}, {200, 42}}, {{150, 480}, {150, 120}, {134, 120}}};
-    for (const auto& [available, expected, expectedFramed] : kTestCases) {
-        window.fitInto(available);
-        framed.fitInto(available);
-        EXPECT_EQ(window.size(), expected);
-        EXPECT_EQ(window.minimumSize(), expected) << "of one size";
-        EXPECT_EQ(framed.size(), expectedFramed);
-    }
-}
-
 TEST_F(PanelWindowTest, aFadeTakesFourTenthsOfASecondAndTheLastOneHolds)
 {
     WindowFade fade(window);
