@@ -1,7 +1,6 @@
-"""What an accessibility client hears of a program: names, roles, states, texts and actions, over AT-SPI's own protocol.
+"""What an accessibility client hears of a program: names, roles, states, texts and actions, over AT-SPI's own protocol."""
 
-The client library keeps one bus for a process's life, so it could not follow one scenario's desktop after another.
-"""
+# The client library keeps one bus for a process's life, so it could not follow one scenario's desktop after another.
 
 from gi.repository import Gio, GLib
 
