@@ -251,6 +251,7 @@ bool ManagedObjectContext::hasChanges() const
 
 bool ManagedObjectContext::save(Error& error)
 {
+    ++m_saves;
     if (renewStore(error) && writePending(error))
         return true;
     report(error);
