@@ -53,6 +53,8 @@ protected:
     {
         for (const int signal : {SIGSEGV, SIGABRT, SIGFPE})
             std::signal(signal, &sayWhatCrashed);
+        mallopt(M_TRIM_THRESHOLD, 1 << 25); // The next history needs the same memory again.
+        mallopt(M_MMAP_THRESHOLD, 1 << 25);
         if (QDir(QStringLiteral("/dev/shm")).exists())
             qputenv("TMPDIR", "/dev/shm"); // Nothing of a history has to outlive the machine,
         sqlite3_vfs_register(sqlite3_vfs_find("unix-excl"), 1); // and nobody else locks its store.

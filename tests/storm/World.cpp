@@ -5,8 +5,8 @@
 #include <QApplication>
 #include <QTest>
 
+#include <cstdio>
 #include <ctime>
-#include <fcntl.h>
 #include <unistd.h>
 
 namespace storm {
@@ -112,9 +112,7 @@ void World::start()
     startedAt = loop().monotonicNow();
     oracle().started();
     app->applicationDidFinishLaunching();
-    const int silent = ::open("/dev/null", O_WRONLY | O_CLOEXEC); // The log of a decade is long.
-    dup2(silent, STDERR_FILENO);
-    ::close(silent);
+    (void)!std::freopen("/dev/null", "w", stderr); // The log of a decade is long.
 }
 
 void World::end(bool killed)
