@@ -90,7 +90,7 @@ struct World {
         properties.setActivityMode(kCalorieGoal);
         properties.setActivityGoal(150);
         properties.setNumberOfStandUps(2);
-        app = std::make_unique<AppDelegate>(simulatedApplication(desktop, desktop.hid));
+        app = std::make_unique<AppDelegate>(simulatedApplication(desktop));
         app->applicationDidFinishLaunching();
         fillStore();
     }

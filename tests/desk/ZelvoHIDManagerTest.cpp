@@ -1,16 +1,17 @@
 #include "desk/ZelvoHIDManager.h"
 
-#include "desk/ZelvoHIDDevice.h"
-#include "fakes/FakeHid.h"
+#include "desk/ScriptedAdapter.h"
+#include "fakes/Files.h"
 #include "fakes/TestPlatform.h"
 
-#include <QRegularExpression>
-
-#include <gtest/gtest.h>
-
 namespace {
-class ZelvoHIDManagerTest : public testing::Test, public ZelvoHIDManagerDelegate {
-protected:
+struct ForbiddenHidManager final : HidManager {
+    [[nodiscard]] HidStatus open() override { return EACCES; }
+    [[nodiscard]] std::vector<HidDeviceRef> copyDevices() const override { return {}; }
+};
+
+/// Beside the simulated adapter, which nobody hears of while no time passes.
+struct ZelvoHIDManagerTest : testing::Test, ZelvoHIDManagerDelegate {
     using Device = std::shared_ptr<ZelvoHIDDevice>;
 
     ZelvoHIDManagerTest() { manager.setDelegate(this); }
@@ -27,21 +28,13 @@ protected:
         EXPECT_TRUE(device->isConnected()) << "told first";
         EXPECT_EQ(manager.deviceByNode(device->ownNode()), device);
     }
-
-    /// What an action writes to the log, without the time stamps.
-    static QString logOf(const std::function<void()>& action)
-    {
-        testing::internal::CaptureStderr();
-        action();
-        return QString::fromStdString(testing::internal::GetCapturedStderr())
-            .remove(QRegularExpression(R"(20.* StandUp\[\d+\] )"));
-    }
+    void plug(const HidDeviceRef& adapter) { manager.handleMatchingDevice(adapter, platform.hid, 0); }
+    void unplug(const HidDeviceRef& adapter) { manager.handleRemovedDevice(adapter, platform.hid, 0); }
 
     TestPlatform platform;
-    FakeHidManager hid;
-    ZelvoHIDManager manager {hid};
-    std::shared_ptr<FakeHidDevice> first = std::make_shared<FakeHidDevice>();
-    std::shared_ptr<FakeHidDevice> second = std::make_shared<FakeHidDevice>();
+    ZelvoHIDManager manager {platform.hid};
+    std::shared_ptr<ScriptedAdapter> first = std::make_shared<ScriptedAdapter>();
+    std::shared_ptr<ScriptedAdapter> second = std::make_shared<ScriptedAdapter>();
     ZelvoHIDDevice::Report report {5};
     std::vector<Device> added, removed;
 };
@@ -49,28 +42,28 @@ protected:
 
 TEST_F(ZelvoHIDManagerTest, followsAnAdapterInAndOut)
 {
-    EXPECT_EQ(hid.matching(), (HidManager::Matching {{"Manufacturer", "Zelvo Ardenta A/S"}}));
-    first->strings.insert("Product", "høj 机\n%s%n\nDevice count: 99" + QString(20000, 'x'));
+    first->product = "høj 机\n%s%n\nDevice count: 99" + QString(20000, 'x');
     const QString shown = "høj 机 %s%n Device count: 99" + QString(53, 'x');
     const QString address = QString::number(quintptr(first.get()), 16);
-    EXPECT_EQ(logOf([&] { hid.plug(first); }),
+    EXPECT_EQ(logOf([&] { plug(first); }),
         "\nDevice added: 0x" + address + "\nModel: " + shown + "\nDevice count: 1\n");
     ASSERT_EQ(added.size(), 1u);
     EXPECT_TRUE(added[0]->isConnected());
     EXPECT_EQ(manager.devices(), added);
     EXPECT_TRUE(manager.isDeviceConneced());
     EXPECT_EQ(manager.connectedDevice()->ownNode(), added[0]->ownNode());
-    EXPECT_EQ(QString::fromStdString(added[0]->ownNode()->model), first->strings["Product"]);
+    EXPECT_EQ(QString::fromStdString(added[0]->ownNode()->model), first->product);
 
     first->written.clear();
     report.fill(0xAA);
     EXPECT_TRUE(ZelvoHIDManager::writeBuffer(report, *added[0]));
-    EXPECT_EQ(first->written, (std::vector<FakeHidDevice::Report> {FakeHidDevice::Report(8, 0xAA)}));
+    EXPECT_EQ(first->written, (std::vector<std::vector<uint8_t>> {std::vector<uint8_t>(8, 0xAA)}));
     first->status.fill(0x55);
     EXPECT_TRUE(ZelvoHIDManager::readBuffer(report, *added[0]));
     EXPECT_EQ(std::count(report.begin(), report.end(), 0x55), 63);
 
-    EXPECT_EQ(logOf([&] { hid.unplug(first); }), "\nDevice removed: 0x" + address + "\nDevice count: 0\n");
+    platform.hid.plug(1);
+    EXPECT_EQ(logOf([&] { unplug(first); }), "\nDevice removed: 0x" + address + "\nDevice count: 2\n");
     EXPECT_EQ(removed, added);
     EXPECT_FALSE(removed[0]->isConnected());
     EXPECT_TRUE(manager.devices().empty());
@@ -85,15 +78,15 @@ TEST_F(ZelvoHIDManagerTest, followsAnAdapterInAndOut)
 TEST_F(ZelvoHIDManagerTest, namesWhatFails)
 {
     first->openStatus = EBUSY;
-    EXPECT_EQ(logOf([&] { hid.plug(first); }), "Open failed\n");
+    EXPECT_EQ(logOf([&] { plug(first); }), "Open failed\n");
     EXPECT_EQ(manager.accessStatus(), EBUSY);
 
     second->writeStatus = EPIPE;
-    const QString log = logOf([&] { hid.plug(second); });
+    const QString log = logOf([&] { plug(second); });
     EXPECT_TRUE(log.startsWith("IOHIDDeviceSetReport return value: 00000020\n"));
     EXPECT_TRUE(log.endsWith("Could not init device\n"));
     EXPECT_EQ(manager.accessStatus(), 0) << "one is open";
-    hid.unplug(first);
+    unplug(first);
     EXPECT_TRUE(added.size() == 1 && removed.empty());
     const auto read = [&] { EXPECT_FALSE(ZelvoHIDManager::readBuffer(report, *added.at(0))); };
     second->readStatus = ETIMEDOUT;
@@ -101,8 +94,38 @@ TEST_F(ZelvoHIDManagerTest, namesWhatFails)
     second->readStatus = EINPROGRESS;
     EXPECT_EQ(logOf(read), "") << "the answer is only late";
 
-    FakeHidManager closed;
-    closed.openStatus = EACCES;
-    const auto begin = [&] { EXPECT_FALSE(ZelvoHIDManager(closed).isDeviceConneced()); };
+    ForbiddenHidManager forbidden;
+    const auto begin = [&] { EXPECT_FALSE(ZelvoHIDManager(forbidden).isDeviceConneced()); };
     EXPECT_EQ(logOf(begin), "IOHIDManagerOpen failed.\n") << "with a list of its own";
+}
+
+TEST_F(ZelvoHIDManagerTest, takesCommunicationFromBitZeroOfTheStatusWordAfterAWriteThatFailed)
+{
+    const std::tuple<uint16_t, HidStatus, bool> kCases[] = {{0x0001, 0, true}, {0xFFFF, 0, true},
+        {0x0000, 0, false}, {0xFFFE, 0, false}, {0x0001, EPIPE, false}, {0x4001, 0, true}};
+    plug(first);
+    first->writeStatus = EPIPE;
+    for (const auto& [status, readStatus, expected] : kCases) {
+        first->status[2] = uint8_t(status & 0xFF);
+        first->status[3] = uint8_t(status >> 8);
+        first->readStatus = readStatus;
+        EXPECT_FALSE(added[0]->moveUpSingle());
+        EXPECT_EQ(added[0]->isCommunicating(), expected) << status;
+        const TimerRef polling = added[0]->readPositionTimer();
+        EXPECT_EQ(polling && polling->isValid(), expected) << status;
+    }
+    EXPECT_EQ(ZelvoHIDDevice::statusToArray(0xE006),
+        (ZelvoHIDDevice::StatusBits {0, 1, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1}));
+}
+
+TEST(ZelvoHIDDevice, putsTheStandingPointBetweenTheFirstTwoMemories)
+{
+    const std::tuple<int, int, double> kCases[] = {{700, 1101, 900}, {4300, 700, 2500}, {0, 4300, 2540},
+        {700, 0, 2540}, {1, 1, 1}, {65535, 65533, 65534}};
+    TestPlatform platform;
+    for (const auto& [first, second, expected] : kCases) {
+        platform.restart();
+        platform.defaults.values = {{"DevicePosition1", first}, {"DevicePosition2", second}};
+        EXPECT_EQ(ZelvoHIDDevice::getStandingPoint(), expected) << first << " " << second;
+    }
 }

@@ -6,7 +6,7 @@
 #include <QMap>
 #include <QTranslator>
 
-#include <ostream>
+#include <gtest/gtest.h>
 
 /// A readable text in the message of a failing test.
 inline void PrintTo(const QString& text, std::ostream* stream)
@@ -36,6 +36,10 @@ public:
     explicit TestPlatform(const QJsonObject& information = defaultInformation())
         : SimulatedDesktop(kStart, information)
     {
+        hid.adapter().onTransfer([this](const HidTransfer& transfer) {
+            if (transfer.direction == HidTransfer::Direction::Write)
+                written.push_back(transfer.bytes);
+        });
     }
 
     /// What the next start of the program finds, which may have brought another bundle.
@@ -58,4 +62,5 @@ public:
     }
 
     TestTexts texts;
+    std::vector<std::vector<uint8_t>> written; ///< the reports that went to the first adapter
 };

@@ -1,7 +1,6 @@
 #include "desk/ErrorCodeHandler.h"
-#include "desk/ZelvoHIDDevice.h"
+#include "desk/ScriptedAdapter.h"
 #include "desk/ZelvoHIDManager.h"
-#include "fakes/FakeHid.h"
 #include "fakes/TestPlatform.h"
 #include "fuzz/Demand.h"
 
@@ -11,11 +10,10 @@
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
 {
     static TestPlatform platform;
-    static FakeHidManager hid;
-    static ZelvoHIDManager manager(hid);
-    static const auto adapter = std::make_shared<FakeHidDevice>();
+    static ZelvoHIDManager manager(platform.hid);
+    static const auto adapter = std::make_shared<ScriptedAdapter>();
     if (manager.devices().empty())
-        hid.plug(adapter);
+        manager.handleMatchingDevice(adapter, platform.hid, 0);
     const auto device = manager.devices().back();
 
     ZelvoHIDDevice::Report report {};

@@ -31,7 +31,7 @@ protected:
     int movement()
     {
         platform.runLoop.advance(0.5); // A hold begins with a stop.
-        return adapter->written.back()[1] | adapter->written.back()[2] << 8;
+        return platform.written.back()[1] | platform.written.back()[2] << 8;
     }
 };
 }
@@ -112,7 +112,7 @@ TEST_F(MemoryRowTest, withoutADeskThereIsANoticeAndNothingToSet)
     plug();
     expectDesk(true);
     const QWidget& editor = openEditor(1);
-    hid.unplug(adapter);
+    unplug();
     click(*editor.findChild<QWidget*>("buttonDone"));
     EXPECT_EQ(platform.defaults.writes.join(' '), "TablePositionOffset");
     expectDesk(false);
@@ -129,10 +129,10 @@ TEST_F(MemoryRowTest, theDeskStopsWhenTheScreenGoesWhileAButtonIsHeld)
         openEditor(1);
         QTest::mousePress(&find("buttonUp"), Qt::LeftButton);
         EXPECT_EQ(movement(), kUp);
-        const auto written = adapter->written.size();
+        const auto written = platform.written.size();
         end();
         EXPECT_EQ(movement(), kStop) << &end - kEndings;
-        EXPECT_EQ(adapter->written.size(), written + 1);
+        EXPECT_EQ(platform.written.size(), written + 1);
         wizard.reset();
     }
 }

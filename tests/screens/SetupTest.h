@@ -2,7 +2,6 @@
 
 #include "desk/ZelvoController.h"
 #include "fakes/ControlTest.h"
-#include "fakes/FakeHid.h"
 #include "fakes/TestStore.h"
 #include "screens/WizardWindowController.h"
 
@@ -22,7 +21,7 @@ protected:
         for (const auto& [key, value] :
             {std::pair("Weight", 71.9), {"NumberOfStandUps", 3}, {"ActivityMode", 1}, {"ActivityGoal", 200}})
             store(key, value);
-        adapter->setCommunicating(true);
+        hid.unplug();
         properties().setZelvoController(std::make_shared<ZelvoController>(ZelvoController::Dependencies {hid,
             platform.events, platform.workspace, [this] { return activities.context; }, [](int32_t) {}}));
     }
@@ -34,14 +33,19 @@ protected:
 
     void plug()
     {
-        adapter->setHeight(kHeight);
-        hid.plug(adapter);
+        hid.desk().setHeight(kHeight);
+        hid.plug();
         platform.runLoop.advance(1.5);
-        adapter->written.clear();
+        platform.written.clear();
+    }
+    void unplug()
+    {
+        hid.unplug();
+        platform.runLoop.advance(0);
     }
     void moveDeskTo(uint16_t height)
     {
-        adapter->setHeight(height);
+        hid.desk().setHeight(height);
         platform.runLoop.advance(1);
     }
     static AppProperties& properties() { return AppProperties::instance(); }
@@ -84,7 +88,6 @@ protected:
     }
 
     TestStore activities {platform};
-    FakeHidManager hid;
-    std::shared_ptr<FakeHidDevice> adapter = std::make_shared<FakeHidDevice>();
+    SimulatedHidManager& hid = platform.hid;
     std::optional<WizardWindowController> wizard;
 };

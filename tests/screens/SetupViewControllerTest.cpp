@@ -83,7 +83,7 @@ TEST_F(SetupViewControllerTest, leavingWithoutSavingWritesNothingAndBuildsTheScr
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_FALSE(dropped);
     moveDeskTo(4500); // News that arrives while there is no screen.
-    hid.unplug(adapter);
+    unplug();
     platform.user->setSeen(false);
     EXPECT_TRUE(platform.defaults.writes.isEmpty());
     plug();

@@ -27,7 +27,7 @@ TEST_F(WizardWindowControllerTest, leavingTheFirstRunCompletesTheSetupAndDoneBeg
         EXPECT_EQ(properties().weight(), 80);
         EXPECT_TRUE(Appearance::isDark()); // By Done, and not by the other.
         EXPECT_EQ(bool(hub().activity()), QString(control) == "buttonDone");
-        hid.unplug(adapter);
+        unplug();
     }
     plug();
     const ActivityRef activity = hub().activity();
@@ -54,7 +54,7 @@ TEST_F(WizardWindowControllerTest, theFirstRunShowsTheDeskAsItMovesAndListensNoL
     for (const bool isReduced : {false, true}) {
         Motion::setReduced(isReduced);
         const QString before = desk.accessibleName();
-        adapter->setHeight(isReduced ? kHeight : 6000);
+        hid.desk().setHeight(isReduced ? kHeight : 6000);
         while (desk.accessibleName() == before)
             platform.runLoop.advance(0.01);
         QList<QImage> seen;
@@ -68,7 +68,7 @@ TEST_F(WizardWindowControllerTest, theFirstRunShowsTheDeskAsItMovesAndListensNoL
     Motion::setReduced(false);
     EXPECT_EQ(asked, 1);
     const QImage seen = grab(desk);
-    hid.unplug(adapter);
+    unplug();
     EXPECT_NE(grab(desk), seen);
     click(find("buttonDone"));
     EXPECT_EQ(hub().delegates().size(), 1U);

@@ -62,7 +62,7 @@ TEST_F(MainWindowControllerTest, theSessionCircleFollowsTheSchedule)
     QWidget& window = openMainWindow();
     EXPECT_EQ(text(window, "labelStatus"), QStringLiteral("ConnectTable"));
     EXPECT_EQ(menulet().statusItem()->toolTip(), QStringLiteral("TrayTooltipDisconnected"));
-    desk = world->plugDesk(900);
+    world->plugDesk(900);
     EXPECT_EQ(menulet().statusItem()->toolTip(), QStringLiteral("TrayTooltipSitting, TrayTooltipChange"));
     EXPECT_EQ(text(window, "labelStatus"), QStringLiteral("CurrentSession")) << "at once";
     const double started = schedule().scheduleUpdatedDate()->secondsSince1970();
@@ -75,7 +75,7 @@ TEST_F(MainWindowControllerTest, theSessionCircleFollowsTheSchedule)
     pass(5);
     EXPECT_EQ(shown(window, "scheduleIndicator"), QStringLiteral("  0.0"));
     EXPECT_EQ(text(window, "labelStatus"), QString());
-    world->hid.unplug(desk);
+    world->unplugDesk();
     EXPECT_EQ(menulet().statusItem()->toolTip(), QStringLiteral("TrayTooltipDisconnected"));
     EXPECT_EQ(text(window, "labelStatus"), QStringLiteral("ConnectTable"));
 }

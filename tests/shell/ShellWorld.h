@@ -3,7 +3,6 @@
 #include "SimulatedApplication.h"
 #include "data/AppProperties.h"
 #include "desk/ZelvoController.h"
-#include "fakes/FakeHid.h"
 #include "fakes/TestPlatform.h"
 
 #include <memory>
@@ -11,6 +10,8 @@
 /// A whole application on fakes and virtual time, in a temporary folder. Nothing has started yet.
 class ShellWorld {
 public:
+    ShellWorld() { hid.unplug(); }
+
     /// Settings as a finished set-up leaves them: 71 kg, 18 standing minutes an hour in three stand-ups.
     void completeSetup()
     {
@@ -22,14 +23,16 @@ public:
     }
 
     /// A desk that communicates and stands at the height; adopted and polled once.
-    std::shared_ptr<FakeHidDevice> plugDesk(uint16_t height)
+    void plugDesk(int height)
     {
-        auto desk = std::make_shared<FakeHidDevice>();
-        desk->setCommunicating(true);
-        desk->setHeight(height);
-        hid.plug(desk);
+        hid.desk().setHeight(height);
+        hid.plug();
         platform.runLoop.advance(1.5);
-        return desk;
+    }
+    void unplugDesk()
+    {
+        hid.unplug();
+        platform.runLoop.advance(0);
     }
 
     [[nodiscard]] QString dataFolder() const
@@ -38,9 +41,9 @@ public:
     }
 
     TestPlatform platform;
-    FakeHidManager hid;
+    SimulatedHidManager& hid = platform.hid;
     SimulatedDialogs& dialogs = platform.dialogs;
     int quits = 0;
     std::unique_ptr<AppDelegate> app =
-        std::make_unique<AppDelegate>(simulatedApplication(platform, hid, [this] { ++quits; }));
+        std::make_unique<AppDelegate>(simulatedApplication(platform, [this] { ++quits; }));
 };

@@ -39,7 +39,6 @@ protected:
     /// Another program in another folder, with a finished set-up.
     void beginAnew()
     {
-        desk.reset();
         world.reset();
         world.emplace();
         world->completeSetup();
@@ -53,8 +52,8 @@ protected:
     void startWithDesk()
     {
         start();
-        desk = world->plugDesk(900);
-        desk->written.clear();
+        world->plugDesk(900);
+        world->platform.written.clear();
     }
     MenuletController& menulet() { return world->app->menuletController(); }
     static AppProperties& properties() { return AppProperties::instance(); }
@@ -87,12 +86,11 @@ protected:
     Commands commands()
     {
         Commands sent;
-        for (const auto& report : std::exchange(desk->written, {})) {
+        for (const auto& report : std::exchange(world->platform.written, {})) {
             if (report[0] == 5)
                 sent.push_back(uint16_t(report[1] | report[2] << 8));
         }
         return sent;
     }
     std::optional<ShellWorld> world {std::in_place};
-    std::shared_ptr<FakeHidDevice> desk;
 };

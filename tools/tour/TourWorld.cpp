@@ -12,7 +12,7 @@ TourWorld::TourWorld(const QLocale& locale, Wire printed)
     bundle.userLocale = locale;
     if (printed == Wire::Printed)
         hid.adapter().onTransfer([this](const HidTransfer& transfer) { wire.record(transfer); });
-    app = std::make_unique<AppDelegate>(simulatedApplication(*this, hid, [this] { hasQuit = true; }));
+    app = std::make_unique<AppDelegate>(simulatedApplication(*this, [this] { hasQuit = true; }));
 }
 
 void TourWorld::pass(double seconds)
