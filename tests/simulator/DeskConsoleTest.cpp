@@ -1,13 +1,25 @@
 #include "simulator/DeskConsole.h"
 
+#include <QString>
+
 #include <gtest/gtest.h>
 #include <sstream>
 
 namespace {
-/// The output, and after it what was not understood.
-std::string play(const std::string& script)
+/// A bar ends a line; words in capitals stand for reports and for what is often said.
+std::string lines(QString text)
 {
-    std::istringstream input(script);
+    return text.replace("INIT", "set 03 04 00 FB 00 00 00 00")
+        .replace("UP", "set 05 00 80 00 80 00 80 00")
+        .replace("WELL", "plugged yes, initialised yes, desk on yes, communicating yes")
+        .replace('|', '\n')
+        .toStdString();
+}
+
+/// The output, and after it what was not understood.
+std::string play(const QString& script)
+{
+    std::istringstream input(lines(script));
     std::ostringstream output;
     std::ostringstream errors;
     const bool understood = DeskConsole(output, errors).run(input);
@@ -20,86 +32,72 @@ TEST(DeskConsole, saysWhatTheDeskDoes)
 {
     const char* const kCases[][2] = {
         // A script after the init report, and the output after its "ok".
-        {"\n# up for a moment\nset 05 00 80 00 80 00 80 00\nadvance 0.25   # to top speed\nheight\nstatus\n"
-         "advance 10\nget 04\nquit\nnonsense after the end\n",
-            "ok\n948\nheight 948 of 0 to 6500, 380 a second, going to 6500\n"
-            "plugged yes, initialised yes, desk on yes, communicating yes\nerrors none\nfaults none\n"
-            "04 00 01 00 42 04 00 00\n"}, // 948 + 95 at speed + 47.5 on the ramp.
-        {"limits 0 65535\nlimits 1000 2000\nheight\nheight 2000\nerror E10\nerror E9\nerror unnamed "
-         "on\nstatus\n",
-            "1000\nheight 2000 of 1000 to 2000, 0 a second\n"
-            "plugged yes, initialised yes, desk on yes, communicating yes\n"
-            "errors unnamed E10 E09\nfaults none\n"},
-        {"error position-lost\nerror overload-down on\nerror overload-up\nerror overload-up off\nlimits 300 "
-         "2500\n"
-         "fault reads on\nget 04\nfault writes on\nset 05 00\nfault silence on\nget 04\nfault stall "
-         "on\nfault short "
-         "7\nstatus\n",
-            "failed\nfailed\nno answer\nheight 900 of 300 to 2500, 0 a second\n"
-            "plugged yes, initialised yes, desk on yes, communicating yes\n"
-            "errors position-lost overload-down\nfaults reads writes stall silence short 7\n"},
-        {"adapter 2\nset 05\nset 03 04 00 FB 00 00 00 00\nset 05 00 80 00 80 00 80 00\nadapter 1\nadvance "
-         "0.25\n"
-         "height\nadapter 2\nheight\n",
-            "refused\nok\nok\n900\n948\n"},
+        {"|# up for a moment|UP|advance 0.25   # to top speed|height|status|advance 10|get 04|quit|nonsense",
+            "ok|948|height 948 of 0 to 6500, 380 a second, going to 6500|WELL|errors none|faults none|"
+            "04 00 01 00 42 04 00 00|"}, // 948 + 95 at speed + 47.5 on the ramp.
+        {"limits 0 65535|limits 1000 2000|height|height 2000|error E10|error E9|error unnamed on|status",
+            "1000|height 2000 of 1000 to 2000, 0 a second|WELL|errors unnamed E10 E09|faults none|"},
+        {"error position-lost|error overload-down on|error overload-up|error overload-up off|limits 300 2500|"
+         "fault reads on|get 04|fault writes on|set 05 00|fault silence on|get 04|fault stall on|fault short "
+         "7|"
+         "status",
+            "failed|failed|no answer|height 900 of 300 to 2500, 0 a second|WELL|"
+            "errors position-lost overload-down|faults reads writes stall silence short 7|"},
+        {"adapter 2|set 05|INIT|UP|adapter 1|advance 0.25|height|adapter 2|height", "refused|ok|ok|900|948|"},
         // A wrong init; seven bytes, a copy that differs, the status written, another report read; and a
         // ninth byte.
-        {"set 03 04 00 FA 00 00 00 00\nset 05 00 80 00 80 00 80\nset 05 00 80 01 80 01 80 01\n"
-         "set 05 00 80 00 80 01 80 00\nset 05 00 80 00 80 00 80 01\nset 04 00 00 00 00 00 00 00\nget "
-         "05\nadvance 0.25\n"
-         "height\nset 05 00 80 00 80 00 80 00 80\nadvance 0.25\nheight\n",
-            "refused\nrefused\nrefused\nrefused\nrefused\nrefused\nrefused\n900\nok\n948\n"},
-        {"error E1\nerror clear\nfault short 2\nfault short off\nfault reads on\nfault reads off\nset 05\n"
-         "unplug\nget 04\nstatus\nplug\nneeds-init off\ndesk off\nstatus\n",
-            "refused\nunplugged\nheight 900 of 0 to 6500, 0 a second\n"
-            "plugged no, initialised no, desk on yes, communicating no\nerrors none\nfaults none\n"
-            "height 900 of 0 to 6500, 0 a second\n"
-            "plugged yes, initialised no, desk on no, communicating no\nerrors none\nfaults none\n"},
+        {"set 03 04 00 FA 00 00 00 00|set 05 00 80 00 80 00 80|set 05 00 80 01 80 01 80 01|"
+         "set 05 00 80 00 80 01 80 00|set 05 00 80 00 80 00 80 01|set 04 00 00 00 00 00 00 00|get 05|"
+         "advance 0.25|height|UP 80|advance 0.25|height",
+            "refused|refused|refused|refused|refused|refused|refused|900|ok|948|"},
+        {"error E1|error clear|fault short 2|fault short off|fault reads on|fault reads off|set 05|unplug|"
+         "get 04|status|plug|needs-init off|desk off|status",
+            "refused|unplugged|height 900 of 0 to 6500, 0 a second|"
+            "plugged no, initialised no, desk on yes, communicating no|errors none|faults none|"
+            "height 900 of 0 to 6500, 0 a second|"
+            "plugged yes, initialised no, desk on no, communicating no|errors none|faults none|"},
     };
     for (const auto& [script, output] : kCases)
-        EXPECT_EQ(play(std::string("set 03 04 00 FB 00 00 00 00\n") + script), std::string("ok\n") + output);
+        EXPECT_EQ(play(QString("INIT|") + script), lines(QString("ok|") + output));
 }
 
 TEST(DeskConsole, theDeskIsHeardAndObeysAsItsStateAllows)
 {
-    const std::string kErring = "04 00 01 02 34 12 0";
-    const std::string kNoKinds =
-        " 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 ";
-    const std::tuple<std::string, const char*, std::string, const char*, const char*> kCases[] = {
+    const QString kErring = "04 00 01 02 34 12 0";
+    const QString kNoKinds = QString(" 00").repeated(25) + ' ';
+    const std::tuple<const char*, int, QString, const char*, int> kCases[] = {
         // What happens at the end of a ramp downwards, the height 0.21 s later (2892 when it went on, 2939
-        // when it
-        // stopped), a read at the height 0x1234, a write, and the height after it (4668 when it has obeyed).
-        {"", "2892", "04 00 01 00 34 12 00 00", "ok", "4668"},
-        {"fault reads on", "2892", "failed", "ok", "4668"},
-        {"fault writes on", "2892", "04 00 01 00 34 12 00 00", "failed", "4660"},
-        {"fault stall on", "2892", "refused", "refused", "4660"},
-        {"fault silence on", "2892", "no answer", "no answer", "4660"},
-        {"fault short 5", "2892", "04 00 01 00 34 00 00 00", "ok", "4668"},
-        {"unplug", "2939", "unplugged", "unplugged", "4660"},
-        {"unplug\nplug", "2939", "04 00 00 00 00 00 00 00", "ok", "4660"}, // Its init report is forgotten.
-        {"desk off", "2939", "04 00 00 00 34 12 00 00", "ok", "4660"},
-        {"error position-lost", "2939", kErring + "1 00", "ok", "4660"},
-        {"error overload-up\nerror overload-down\nerror overload-up off", "2939", kErring + "8 00", "ok",
-            "4660"},
-        {"error E5\nerror E12\nerror E5\nerror E255", "2939", kErring + "0" + kNoKinds + "01 00 05 0C FF",
-            "ok", "4660"},
-        {"error unnamed", "2939", kErring + "0 00", "ok", "4660"},
+        // when it stopped), a read at the height 0x1234, a write, and the height after it (4668 when it has
+        // obeyed).
+        {"", 2892, "04 00 01 00 34 12 00 00", "ok", 4668},
+        {"fault reads on", 2892, "failed", "ok", 4668},
+        {"fault writes on", 2892, "04 00 01 00 34 12 00 00", "failed", 4660},
+        {"fault stall on", 2892, "refused", "refused", 4660},
+        {"fault silence on", 2892, "no answer", "no answer", 4660},
+        {"fault short 5", 2892, "04 00 01 00 34 00 00 00", "ok", 4668},
+        {"unplug", 2939, "unplugged", "unplugged", 4660},
+        {"unplug|plug", 2939, "04 00 00 00 00 00 00 00", "ok", 4660}, // Its init report is forgotten.
+        {"desk off", 2939, "04 00 00 00 34 12 00 00", "ok", 4660},
+        {"error position-lost", 2939, kErring + "1 00", "ok", 4660},
+        {"error overload-up|error overload-down|error overload-up off", 2939, kErring + "8 00", "ok", 4660},
+        {"error E5|error E12|error E5|error E255", 2939, kErring + "0" + kNoKinds + "01 00 05 0C FF", "ok",
+            4660},
+        {"error unnamed", 2939, kErring + "0 00", "ok", 4660},
     };
     for (const auto& [spoil, height, read, write, after] : kCases)
-        EXPECT_EQ(play("set 03 04 00 FB 00 00 00 00\nheight 3000\nset 05 FF 7F FF 7F FF 7F FF\nadvance 0.2\n"
-                      + spoil
-                      + "\nadvance 0.21\nheight\nheight 4660\nget 04\nset 05 00 80 00 80 00 80 00\n"
-                        "plug\nneeds-init off\ndesk on\nerror clear\nfault reads off\nfault writes off\n"
-                        "fault silence off\nfault stall off\nfault short off\nadvance 0.1\nheight\n"),
-            std::string("ok\nok\n") + height + '\n' + read + '\n' + write + '\n' + after + '\n')
+        EXPECT_EQ(play(QString("INIT|height 3000|set 05 FF 7F FF 7F FF 7F FF|advance 0.2|%1|advance 0.21|"
+                               "height|height 4660|get 04|UP|plug|needs-init off|desk on|error clear|"
+                               "fault reads off|fault writes off|fault silence off|fault stall off|"
+                               "fault short off|advance 0.1|height")
+                           .arg(spoil)),
+            lines(QString("ok|ok|%1|%2|%3|%4|").arg(height).arg(read, write).arg(after)))
             << spoil;
 }
 
 TEST(DeskConsole, theDeskSpeedsUpTurnsRoundAndComesToRestWhereItIsTold)
 {
-    using Text = std::string;
-    const Text kUp = "00 80 ", kDown = "FF 7F ", kStop = "01 80 ";
-    const std::tuple<int, std::vector<Text>, const char*, int> kCases[] = {
+    const QString kUp = "00 80 ", kDown = "FF 7F ", kStop = "01 80 ";
+    const std::tuple<int, QStringList, const char*, int> kCases[] = {
         // From where, the commands, each 0.2 s after the one before, how it goes after the last one, and
         // where the desk rests then.
         // With the acceleration a: v = at and a t^2 / 2, until the top speed is reached after 0.25 s.
@@ -114,37 +112,33 @@ TEST(DeskConsole, theDeskSpeedsUpTurnsRoundAndComesToRestWhereItIsTold)
         {420, {kDown}, "410 of 410 to 6400, 0 a second, going to 410", 410},
     };
     for (const auto& [from, commands, expected, rest] : kCases) {
-        Text script = "set 03 04 00 FB 00 00 00 00\nlimits 410 6400\nheight " + std::to_string(from) + '\n';
-        for (const Text& value : commands) {
-            script += "set 05 ";
-            for (int i = 0; i < 4; ++i)
-                script += value;
-            script += "\nadvance 0.02\n";
-            for (int i = 0; i < 20; ++i)
-                script += "advance 0.009\n"; // Added up as doubles, a hair less than 0.18.
-        }
-        const Text said = play(script + "status\nadvance 60\nstatus\n");
+        QString script = QString("INIT|limits 410 6400|height %1|").arg(from);
+        for (const QString& value : commands) // The time adds up, as doubles do, to a hair less than 0.2 s.
+            script +=
+                "set 05 " + value.repeated(4) + "|advance 0.02|" + QString("advance 0.009|").repeated(20);
+        const std::string said = play(script + "status|advance 60|status");
+        const auto moving = std::string("height ") + expected + '\n';
         const auto resting = "height " + std::to_string(rest) + " of 410 to 6400, 0 a second\n";
-        EXPECT_NE(said.find("height " + Text(expected) + '\n'), said.npos) << script << said;
-        EXPECT_NE(said.find(resting), said.npos) << script << said;
+        EXPECT_NE(said.find(moving), said.npos) << moving << said;
+        EXPECT_NE(said.find(resting), said.npos) << resting << said;
     }
 }
 
 TEST(DeskConsole, namesTheLineAndTheFaultOfBadInputAndGoesOn)
 {
-    const char* const kBad[] = {"set", "set 05 GG", "set 05 100", "get", "get xyz", "get 4 5", "advance",
-        "advance -1", "advance inf", "advance 1s", "advance 1 2", "height 6501", "height -1", "height 1 2",
-        "limits 100", "limits -1 100", "limits 100 100", "limits 1 65536", "limits 1 2 3", "limits a 3",
-        "error", "error E0", "error E256", "error E", "error E5 on", "error overload-up maybe",
-        "error unnamed on on", "error sideways", "fault", "fault reads maybe", "fault sideways on", "adapter",
-        "adapter 0", "adapter 3", "fault short -1", "fault short on", "plug in", "desk", "desk on off",
-        "needs-init perhaps", "fly"};
-    const std::string kUntouched =
-        "height 900 of 0 to 6500, 0 a second\nplugged yes, initialised no, desk on yes, "
-        "communicating no\nerrors none\nfaults none\nline 2: ";
-    for (const std::string line : kBad)
-        EXPECT_EQ(play("\n" + line + "\nstatus\n").substr(0, kUntouched.size()), kUntouched) << line;
-    EXPECT_EQ(play("error E1\nerror E2\nerror E3\nerror E4\nerror E5\nerror E6\nerror E7\n"),
+    const QString kBad =
+        "set|set 05 GG|set 05 100|get|get xyz|get 4 5|advance|advance -1|advance inf|advance 1s|"
+        "advance 1 2|height 6501|height -1|height 1 2|limits 100|limits -1 100|limits 100 100|"
+        "limits 1 65536|limits 1 2 3|limits a 3|error|error E0|error E256|error E|error E5 on|"
+        "error overload-up maybe|error unnamed on on|error sideways|fault|fault reads maybe|"
+        "fault sideways on|adapter|adapter 0|adapter 3|fault short -1|fault short on|plug in|"
+        "desk|desk on off|needs-init perhaps|fly";
+    const std::string kUntouched = lines(
+        "height 900 of 0 to 6500, 0 a second|plugged yes, initialised no, desk on yes, communicating no|"
+        "errors none|faults none|line 2: ");
+    for (const QString& line : kBad.split('|'))
+        EXPECT_EQ(play('|' + line + "|status").substr(0, kUntouched.size()), kUntouched) << qPrintable(line);
+    EXPECT_EQ(play("error E1|error E2|error E3|error E4|error E5|error E6|error E7"),
         "line 7: the report has room for six error codes only\n");
     EXPECT_NE(play("help").find("\n  fault short BYTES|off              answer reads"), std::string::npos);
 }
