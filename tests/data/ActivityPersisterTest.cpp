@@ -1,7 +1,8 @@
 #include "data/ActivityPersister.h"
 
 #include "data/AppProperties.h"
-#include "data/StoreFile.h"
+#include "fakes/Files.h"
+#include "fakes/TestStore.h"
 
 #include <algorithm>
 #include <cmath>
@@ -10,8 +11,7 @@ namespace {
 constexpr double kWeight = 67.5;
 constexpr double kCaloriesPerMinute = kWeight * 2.205 * 0.0054;
 
-class ActivityPersisterTest : public testing::Test {
-protected:
+struct ActivityPersisterTest : testing::Test {
     ActivityPersisterTest()
     {
         AppProperties::instance().setWeight(kWeight);
@@ -41,18 +41,16 @@ TEST_F(ActivityPersisterTest, withoutAContextOrTableEverythingIsNothing)
     const std::pair<const char*, int> kComplaints[] = {
         {"Failed to initialize the store", 1}, {"StoreUnreadable", 4}};
     for (const auto& [complaint, times] : kComplaints) {
-        testing::internal::CaptureStderr();
-        EXPECT_FALSE(asking.activitiesOnDay(today));
-        EXPECT_EQ(asking.minutesActiveOnDay(today), 0);
-        EXPECT_TRUE(std::isnan(asking.percentStandingOnDay(today)));
-        EXPECT_EQ(asking.count(), 0U);
-        EXPECT_FALSE(asking.createIsStanding(true));
-        const QString log = QString::fromStdString(testing::internal::GetCapturedStderr());
+        const QString log = logOf([&] {
+            EXPECT_FALSE(asking.activitiesOnDay(today) || asking.count() || asking.createIsStanding(true));
+            EXPECT_EQ(asking.minutesActiveOnDay(today), 0);
+            EXPECT_TRUE(std::isnan(asking.percentStandingOnDay(today)));
+        });
         EXPECT_EQ(log.count(QString("Couldn't save: ") + complaint), times) << qPrintable(log);
         context = store.context;
-        execute(store.coordinator->connection(), "DROP TABLE IF EXISTS Activity");
+        store.execute("DROP TABLE IF EXISTS Activity");
     }
-    execute(store.coordinator->connection(), "BEGIN; ROLLBACK"); // Nothing is left under way.
+    store.execute("BEGIN; ROLLBACK"); // Nothing is left under way.
     EXPECT_TRUE(asking.unsavedActivity()) << "the inserted record stays in the context";
 }
 

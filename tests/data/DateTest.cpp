@@ -5,12 +5,9 @@
 #include <QDateTime>
 #include <QTimeZone>
 
-#include <gtest/gtest.h>
-
 namespace {
 /// A date's calendar in a zone that the test chooses, as a user's session would, and in its locale.
-class DateTest : public testing::Test {
-protected:
+struct DateTest : testing::Test {
     DateTest() { useZone("UTC"); }
     ~DateTest() override { qputenv("TZ", m_zoneBefore); }
 

@@ -2,8 +2,6 @@
 
 #include "fakes/TestPlatform.h"
 
-#include <gtest/gtest.h>
-
 TEST(DecimalFormatter, keepsEntriesToDigitsAndARange)
 {
     const QString nines(400, '9');

@@ -1,6 +1,8 @@
 #include "data/ExportManager.h"
 
-#include "data/StoreFile.h"
+#include "data/Date.h"
+#include "fakes/Files.h"
+#include "fakes/TestPlatform.h"
 
 #include <QStandardPaths>
 

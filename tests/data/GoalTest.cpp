@@ -3,21 +3,17 @@
 #include "data/CalorieCalculator.h"
 #include "fakes/TestPlatform.h"
 
-#include <gtest/gtest.h>
-#include <vector>
-
 TEST(ActivityManager, translatesBetweenStepsAndGoals)
 {
-    const std::vector<double> kGoals[] = {{}, {50, 100, 150, 200, 250}, {10, 15, 20, 30, 40}, {}};
+    const QList<int> kGoals[] = {{}, {50, 100, 150, 200, 250}, {10, 15, 20, 30, 40}, {}};
     const ActivityManager manager;
     for (int32_t mode = 0; mode < 4; ++mode) {
         const auto& goals = kGoals[mode];
         EXPECT_EQ(manager.dictForActivityMode(mode) != nullptr, !goals.empty());
         for (int32_t step = -1; step < 6; ++step)
-            EXPECT_EQ(
-                manager.goalFromIndex(step, mode), size_t(step) < goals.size() ? goals[size_t(step)] : 0);
-        for (size_t step = 0; step < goals.size(); ++step)
-            EXPECT_EQ(manager.indexFromGoal(int32_t(goals[step]), mode), float(step));
+            EXPECT_EQ(manager.goalFromIndex(step, mode), goals.value(step));
+        for (const int goal : goals)
+            EXPECT_EQ(manager.indexFromGoal(goal, mode), float(goals.indexOf(goal)));
         EXPECT_EQ(manager.indexFromGoal(25, mode), 0);
     }
 }

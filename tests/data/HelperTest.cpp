@@ -3,8 +3,6 @@
 #include "data/AppProperties.h"
 #include "fakes/TestPlatform.h"
 
-#include <gtest/gtest.h>
-
 TEST(Helper, convertsByFactorsThatAreRoundedApart)
 {
     // The locale; 71.5 kg and 176.4 units of weight, 100 cm and 10 units of length; the unit; heights of the

@@ -1,6 +1,7 @@
 #include "data/ManagedObjectContext.h"
 
-#include "data/StoreFile.h"
+#include "fakes/Files.h"
+#include "fakes/TestStore.h"
 
 #include <QDir>
 
@@ -9,8 +10,7 @@
 #include <functional>
 
 namespace {
-class ManagedObjectContextTest : public testing::Test {
-protected:
+struct ManagedObjectContextTest : testing::Test {
     TestPlatform platform;
     TestStore store {platform};
     Error error;

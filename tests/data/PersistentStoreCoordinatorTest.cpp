@@ -1,14 +1,14 @@
 #include "data/PersistentStoreCoordinator.h"
 
 #include "data/SqlStatement.h"
-#include "data/StoreFile.h"
+#include "fakes/Files.h"
+#include "fakes/TestStore.h"
 
 #include <QDir>
 #include <QElapsedTimer>
 
 namespace {
-class PersistentStoreCoordinatorTest : public testing::Test {
-protected:
+struct PersistentStoreCoordinatorTest : testing::Test {
     /// What the user is told of a store that cannot be opened.
     QString refusal()
     {
@@ -50,7 +50,7 @@ TEST_F(PersistentStoreCoordinatorTest, refusesWhatIsNoGoodStoreAndLeavesItAsItIs
     const QByteArray sound = contents(path);
     const auto after = [&](const char* sql) {
         write(path, sound);
-        execute(TestStore(platform).coordinator->connection(), sql);
+        TestStore(platform).execute(sql);
         return contents(path);
     };
     const auto withZeros = [](QByteArray store) { return store.replace(8192, 4096, QByteArray(4096, '\0')); };
@@ -103,11 +103,11 @@ TEST_F(PersistentStoreCoordinatorTest, hardlyWaitsForAnotherProgramAndMakesDropp
     TestStore other(platform);
     other.insert(1000, 1200, true);
     ASSERT_TRUE(other.context->save(error));
-    execute(
-        other.coordinator->connection(), "DROP INDEX UsualActivity; DROP INDEX OddActivity; BEGIN IMMEDIATE");
+    other.execute("DROP INDEX UsualActivity; DROP INDEX OddActivity; BEGIN IMMEDIATE");
     QElapsedTimer clock;
     clock.start();
-    EXPECT_EQ(refusal(), "StoreInUse, StoreAdviceCloseOther");
+    const auto open = [this] { EXPECT_EQ(refusal(), "StoreInUse, StoreAdviceCloseOther"); };
+    EXPECT_TRUE(logOf(open).startsWith("SQLite answers 5: database is locked\n"));
     EXPECT_TRUE(clock.elapsed() >= 80 && clock.elapsed() < 1000) << clock.elapsed() << " ms";
     other.reopen();
     EXPECT_EQ(other.all().size(), 1U);

@@ -9,15 +9,10 @@
 #include <QRegularExpression>
 
 #include <map>
-#include <sqlite3.h>
 #include <utility>
 
 /// A delegate of the hub as the windows have one.
 struct HeightListener final : ZelvoControllerDelegate {
-    explicit HeightListener(std::function<void(int32_t)> callback)
-        : heard(std::move(callback))
-    {
-    }
     void positionUpdated(int32_t height) override { heard(height); }
 
     std::function<void(int32_t)> heard;
@@ -34,7 +29,7 @@ public:
     {
         platform.defaults.values = {{"Weight", 67.5}, {"ActivityMode", 2}, {"ActivityGoal", 20.0},
             {"NumberOfStandUps", 2}, {"TimeIdle", 170.0}};
-        execute("PRAGMA synchronous = OFF"); // A day of records waits for no disk.
+        activities.execute("PRAGMA synchronous = OFF"); // A day of records waits for no disk.
         for (const int number : {0, 1})
             hid.adapter(number).onTransfer(
                 [this, number](const HidTransfer& transfer) { log(transfer, number); });
@@ -96,11 +91,13 @@ private:
         hub.emplace(ZelvoController::Dependencies {hid, platform.events, platform.workspace,
             [this] { return context; },
             [this](int32_t newPosition) { note(QString("reminder %1").arg(newPosition)); }});
-        hub->addDelegate(std::make_shared<HeightListener>([this](int32_t height) {
+        const auto listener = std::make_shared<HeightListener>();
+        listener->heard = [this](int32_t height) {
             EXPECT_GT(height, 0) << "no height was made up";
             if (const auto meet = std::exchange(m_onHeight, {}))
                 meet();
-        }));
+        };
+        hub->addDelegate(listener);
         platform.runLoop.advance(1.2);
         wire.clear();
         diary.clear();
@@ -144,17 +141,10 @@ private:
             {"freeze", [&] { platform.runLoop.jump(value); }},
             {"set", [&] { platform.runLoop.setWallClock(platform.runLoop.now() + value); }},
             {"due", [&] { hub->scheduleManager()->startScheduledTimerWithInterval(value, kSitting); }},
-            {"full", [&] { execute("PRAGMA query_only = 1"); }},
-            {"room", [&] { execute("PRAGMA query_only = 0"); }},
+            {"full", [&] { activities.execute("PRAGMA query_only = 1"); }},
+            {"room", [&] { activities.execute("PRAGMA query_only = 0"); }},
         };
         kDeeds.at(what)();
-    }
-
-    /// To the hub's own connection to the store.
-    void execute(const char* statement)
-    {
-        sqlite3* store = activities.coordinator->connection();
-        EXPECT_EQ(sqlite3_exec(store, statement, nullptr, nullptr, nullptr), SQLITE_OK);
     }
 
     /// Seconds since the start, to a hundredth.

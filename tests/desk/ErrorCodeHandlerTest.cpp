@@ -3,7 +3,6 @@
 #include "fakes/TestPlatform.h"
 
 #include <array>
-#include <gtest/gtest.h>
 
 TEST(ErrorCodeHandler, readsTheCodesOutOfAReport)
 {

@@ -2,11 +2,8 @@
 
 #include "fakes/TestPlatform.h"
 
-#include <gtest/gtest.h>
-
 namespace {
-class IdleObserverTest : public testing::Test, public EventSource {
-protected:
+struct IdleObserverTest : testing::Test, EventSource {
     [[nodiscard]] double secondsSinceLastEventType(EventType eventType) override
     {
         asked.push_back(int(eventType));

@@ -1,34 +1,22 @@
 #include "desk/ScheduleManager.h"
 
-#include "data/AppProperties.h"
 #include "desk/Posture.h"
 #include "fakes/TestPlatform.h"
 #include "platform/NotificationCenter.h"
 
-#include <gtest/gtest.h>
-
 namespace {
-class ScheduleManagerTest : public testing::Test {
-protected:
-    static void setPlan(int mode, double goal, int standUps)
-    {
-        auto& properties = AppProperties::instance();
-        properties.setWeight(67.5);
-        properties.setActivityMode(mode);
-        properties.setActivityGoal(goal);
-        properties.setNumberOfStandUps(standUps);
-    }
-
-    TestPlatform platform;
-    int sessions = 0;
-    NotificationCenter::Observation newSession = NotificationCenter::defaultCenter().addObserver(
-        ScheduleManager::kNewSession, [this](const PostedNotification&) { ++sessions; });
-};
+/// Mode 1 counts calories, mode 2 minutes.
+void setPlan(TestPlatform& platform, int mode, double goal, int standUps)
+{
+    platform.restart();
+    platform.defaults.values = {
+        {"Weight", 67.5}, {"ActivityMode", mode}, {"ActivityGoal", goal}, {"NumberOfStandUps", standUps}};
+}
 }
 
-TEST_F(ScheduleManagerTest, splitsTheHourByGoalAndStandUps)
+TEST(ScheduleManager, splitsTheHourByGoalAndStandUps)
 {
-    // Mode (1: calories, 2: minutes), goal, stand-ups; seconds of standing and sitting, 0 for no plan.
+    // Mode, goal, stand-ups; seconds of standing and sitting, 0 for no plan.
     const std::tuple<int, double, int, double, double> kCases[] = {
         {2, 15, 2, 450, 1350}, {2, 7.31, 6, 73.1, 526.9}, // no whole second
         {2, 75, 1, 3600, 0}, // more than an hour is an hour
@@ -36,24 +24,28 @@ TEST_F(ScheduleManagerTest, splitsTheHourByGoalAndStandUps)
         {3, 15, 1, 0, 3600}, // an unknown mode
         {2, 15, 0, 900, 2700}, // no stand-ups count as the default of one
     };
+    TestPlatform platform;
     for (const auto& [mode, goal, standUps, standing, sitting] : kCases) {
-        setPlan(mode, goal, standUps);
+        setPlan(platform, mode, goal, standUps);
+        int sessions = 0;
+        const auto newSession = NotificationCenter::defaultCenter().addObserver(
+            ScheduleManager::kNewSession, [&](const PostedNotification&) { ++sessions; });
         const double seconds[] = {0, standing, sitting, 0}; // There is no posture 0 or 3.
         for (int32_t position = 0; position < 4; ++position) {
             SCOPED_TRACE(testing::Message() << mode << " " << goal << " " << standUps << " " << position);
             ScheduleManager schedule(mode);
-            sessions = 0;
             schedule.startScheduledTimerForPosition(position);
             EXPECT_EQ(schedule.isScheduled(), seconds[position] > 0);
-            EXPECT_EQ(sessions, int(schedule.isScheduled()));
+            EXPECT_EQ(std::exchange(sessions, 0), int(schedule.isScheduled()));
             EXPECT_NEAR(schedule.currentScheduleInterval(), seconds[position], 1e-5);
         }
     }
 }
 
-TEST_F(ScheduleManagerTest, timesAwakeSecondsAndStartsAgainForThePositionItTimedLast)
+TEST(ScheduleManager, timesAwakeSecondsAndStartsAgainForThePositionItTimedLast)
 {
-    setPlan(2, 20, 3);
+    TestPlatform platform;
+    setPlan(platform, 2, 20, 3);
     ScheduleManager schedule(2);
     schedule.restartScheduleTimer();
     EXPECT_FALSE(schedule.isScheduled()) << "there is no period to start again";

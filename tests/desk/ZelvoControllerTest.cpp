@@ -1,6 +1,7 @@
 #include "desk/ZelvoController.h"
 
 #include "desk/DeskStory.h"
+#include "fakes/Files.h"
 
 namespace {
 class ZelvoControllerTest : public testing::Test, protected DeskStory { };
@@ -8,9 +9,8 @@ class ZelvoControllerTest : public testing::Test, protected DeskStory { };
 
 TEST_F(ZelvoControllerTest, logsWhatHappensInFixedWords)
 {
-    testing::internal::CaptureStderr();
-    play("height=4000 full 40 room 1000 away 1400 back 1420 dark wake on=0 check");
-    const std::string log = testing::internal::GetCapturedStderr();
+    const QString log =
+        logOf([this] { play("height=4000 full 40 room 1000 away 1400 back 1420 dark wake on=0 check"); });
     const char* const kRecord = "Creating new activity. startDate: 2024-03-15T08:00:02.200Z, "
                                 "endDate: 2024-03-15T08:00:02.200Z, isStanding: 1, weight: 67.500000\n";
     for (const char* text : {"ReadPositionTimer started\n", "device status updated: isCommunicating: 1\n",
@@ -19,21 +19,23 @@ TEST_F(ZelvoControllerTest, logsWhatHappensInFixedWords)
              "IdleTime: 1.000000\n", "Schedule timer ticked. For new position: 1\n", "IdleObserver - Idle\n",
              "IdleObserver - Active\n", "receiveSleepNotification\n", "receiveWakeNotification\n",
              "ReadPositionTimer stopped\n", "device status updated: isCommunicating: 0\n"})
-        EXPECT_TRUE(log.find(text) != std::string::npos) << text;
+        EXPECT_TRUE(log.contains(text)) << text;
 }
 
 TEST_F(ZelvoControllerTest, tellsItsDelegatesInOrderAlsoWhileTheyChange)
 {
     play("2");
-    std::vector<std::shared_ptr<HeightListener>> listeners;
-    for (const char* name : {"first", "leaving", "newcomer"})
-        listeners.push_back(std::make_shared<HeightListener>([this, name](int32_t) { note(name); }));
-    const auto meddler = std::make_shared<HeightListener>([&](int32_t) {
-        hub->removeDelegate(listeners[1]);
-        hub->addDelegate(listeners[2]);
-    });
-    for (const auto& delegate : {listeners[0], meddler, listeners[1]})
-        hub->addDelegate(delegate);
+    std::map<QString, std::shared_ptr<HeightListener>> listeners;
+    for (const char* name : {"first", "meddler", "leaving", "newcomer"}) {
+        listeners[name] = std::make_shared<HeightListener>();
+        listeners[name]->heard = [this, name](int32_t) { note(name); };
+        if (listeners.size() < 4)
+            hub->addDelegate(listeners[name]);
+    }
+    listeners["meddler"]->heard = [&](int32_t) {
+        hub->removeDelegate(listeners["leaving"]);
+        hub->addDelegate(listeners["newcomer"]);
+    };
     hub->updatedPosition(1, nullptr);
     EXPECT_EQ(heard(), "2 first");
     hub->updatedPosition(2, nullptr);

@@ -4,7 +4,7 @@
 #include "data/PersistentStoreCoordinator.h"
 #include "fakes/TestPlatform.h"
 
-#include <gtest/gtest.h>
+#include <sqlite3.h>
 
 /// A store file in the test's folder, and the one context over it.
 class TestStore {
@@ -45,6 +45,11 @@ public:
         auto activities = context->fetch(Date(-1e15), Date(1e15), std::nullopt, error);
         EXPECT_TRUE(activities) << qPrintable(error.localizedDescription);
         return activities.value_or(std::vector<ActivityRef>());
+    }
+
+    void execute(const char* sql)
+    {
+        EXPECT_EQ(sqlite3_exec(coordinator->connection(), sql, nullptr, nullptr, nullptr), SQLITE_OK) << sql;
     }
 
     const QString path;

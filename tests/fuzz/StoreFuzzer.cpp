@@ -1,4 +1,5 @@
-#include "data/StoreFile.h"
+#include "fakes/Files.h"
+#include "fakes/TestStore.h"
 #include "fuzz/Demand.h"
 
 #include <algorithm>

@@ -1,56 +1,49 @@
 #include "platform/HidMailbox.h"
 
-#include <cctype>
+#include "fakes/TestPlatform.h"
+
 #include <cerrno>
-#include <gtest/gtest.h>
-#include <sstream>
-#include <string>
 
 namespace {
 /// Plays words to a mailbox whose report of rest is "stop", and answers what came of them.
 ///   a number: the time; up, down, stop, init: written; ask: read; take: the answer is taken
 ///   begin: the next transfer begins; 1 to 9 after a #: it ends with that answer; fail: it ends with an error
-std::string played(const std::string& script)
+QString played(const char* script)
 {
     HidMailbox mailbox;
     mailbox.setRestReport({5, 's'});
-    std::string said;
+    QStringList said;
     double now = 0;
-    const auto say = [&](const std::string& what) { said += (said.empty() ? "" : " ") + what; };
+    std::vector<uint8_t> report;
     const auto tell = [&](const HidMailbox::News& news) {
         static const char* const kWords[] = {"", "late", "lost", "found"};
         if (news.kind != HidMailbox::News::Kind::None)
-            say(kWords[size_t(news.kind)] + (news.answer.empty() ? "" : std::to_string(news.answer.at(1))));
+            said << kWords[size_t(news.kind)] + (news.answer.empty() ? "" : QString::number(news.answer[1]));
     };
-    std::istringstream words(script);
-    for (std::string word; words >> word;) {
-        std::vector<uint8_t> report {4, 0};
-        if (std::isdigit(word[0])) {
-            now = std::stod(word);
-        } else if (word == "ask") {
-            mailbox.read(report, now);
-        } else if (word == "take") {
-            say(mailbox.takeAnswer(report, now) == 0 ? "took" + std::to_string(report[1]) : "nothing");
-        } else if (word == "begin") {
-            const HidMailbox::Transfer* const next = mailbox.begin(now);
-            const std::string probe = next && next->isProbe ? "?" : "";
-            say(!next ? "-" : probe + (next->bytes[0] == 4 ? 'r' : char(next->bytes[1])));
-        } else if (word[0] == '#') {
-            tell(mailbox.end(0, {4, uint8_t(word[1] - '0')}));
-        } else if (word == "fail") {
-            tell(mailbox.end(EPIPE, {}));
-        } else if (word == "watch") {
-            tell(mailbox.giveUpOverdue(now));
-        } else if (word == "probe") {
-            mailbox.probe(now);
-        } else if (word == "close") {
-            mailbox.close();
-        } else {
-            report = {uint8_t(word == "init" ? 3 : 5), uint8_t(word[0])};
-            mailbox.write(report, now);
-        }
+    const auto begin = [&] {
+        const HidMailbox::Transfer* const next = mailbox.begin(now);
+        const QString probe = next && next->isProbe ? "?" : "";
+        said << (!next ? "-" : probe + QChar(next->bytes[0] == 4 ? 'r' : next->bytes[1]));
+    };
+    const auto take = [&] {
+        said << (mailbox.takeAnswer(report, now) == 0 ? QString("took%1").arg(report[1]) : "nothing");
+    };
+    const std::map<QString, std::function<void()>> kDeeds {{"ask", [&] { mailbox.read(report, now); }},
+        {"take", take}, {"begin", begin}, {"fail", [&] { tell(mailbox.end(EPIPE, {})); }},
+        {"watch", [&] { tell(mailbox.giveUpOverdue(now)); }}, {"probe", [&] { mailbox.probe(now); }},
+        {"close", [&] { mailbox.close(); }}};
+    for (const QString& word : QString(script).split(u' ')) {
+        report = {4, 0};
+        if (const auto deed = kDeeds.find(word); deed != kDeeds.end())
+            deed->second();
+        else if (word[0] == u'#')
+            tell(mailbox.end(0, {4, uint8_t(word.mid(1).toInt())}));
+        else if (word[0].isDigit())
+            now = word.toDouble();
+        else
+            mailbox.write(std::vector {uint8_t(word == "init" ? 3 : 5), uint8_t(word[0].toLatin1())}, now);
     }
-    return said;
+    return said.join(u' ');
 }
 }
 

@@ -1,11 +1,10 @@
 #include "platform/Log.h"
 
+#include "fakes/Files.h"
+
 #include <QDateTime>
-#include <QFile>
-#include <QRegularExpression>
 #include <QTemporaryDir>
 
-#include <gtest/gtest.h>
 #include <unistd.h>
 
 /// The log belongs to the process, so each start takes a process of its own, before other tests have logged:
@@ -35,9 +34,7 @@ TEST(LogDeathTest, earlyLinesAreRepeatedIntoTheFileAndLaterOnesAppended)
     };
     EXPECT_EXIT(startWithoutStandardError(), testing::ExitedWithCode(true), "");
 
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QString written = QString::fromUtf8(file.readAll());
+    const QString written = QString::fromUtf8(contents(path));
     const QRegularExpression head(R"(^(\d{4}-\d\d-\d\d \d\d:\d\d:\d\d\.\d{3}) StandUp\[[1-9]\d*\] )",
         QRegularExpression::MultilineOption);
     EXPECT_EQ(QString(written).remove(head),
@@ -45,5 +42,5 @@ TEST(LogDeathTest, earlyLinesAreRepeatedIntoTheFileAndLaterOnesAppended)
             + "The log file /proc/none cannot be opened: No such file or directory\n");
     const QDateTime moment = QDateTime::fromString(head.match(written).captured(1), Qt::ISODateWithMs);
     EXPECT_LT(std::abs(moment.msecsTo(QDateTime::currentDateTime())), 60000);
-    EXPECT_EQ(file.permissions() & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
+    EXPECT_EQ(QFile::permissions(path) & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
 }

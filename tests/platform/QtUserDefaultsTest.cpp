@@ -1,27 +1,11 @@
 #include "platform/qt/QtUserDefaults.h"
 
+#include "fakes/Files.h"
 #include "fakes/TestPlatform.h"
 
-#include <QDir>
-
-#include <gtest/gtest.h>
-
 namespace {
-class QtUserDefaultsTest : public testing::Test {
-protected:
+struct QtUserDefaultsTest : testing::Test {
     QtUserDefaultsTest() { m_texts.byKey = {{"SettingsDamaged", "%1"}, {"SettingsDamagedReason", "%1|%2"}}; }
-
-    void write(const QByteArray& bytes, const QString& suffix = {})
-    {
-        QDir(m_folder.path()).mkdir("org.zelvo.StandUp");
-        QFile file(m_path + suffix);
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
-    }
-    QByteArray read(const QString& suffix = {})
-    {
-        QFile file(m_path + suffix);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
 
     TestTexts m_texts; // Nothing but what is filled in.
     QTemporaryDir m_folder;
@@ -31,7 +15,7 @@ protected:
 TEST_F(QtUserDefaultsTest, onlyWhatChangedHereReplacesWhatAnEditorWroteMeanwhile)
 {
     for (const char* const name : {".lock", ".aB3xYz", ".damaged-7"})
-        write("x", name); // What killed processes leave, and a copy.
+        write(m_path + name, "x"); // What killed processes leave, and a copy.
     QtUserDefaults defaults(m_path);
     for (const char* const key : {"TimeIdle", "Weight", "Height"})
         defaults.setObject(key, 81.0);
@@ -40,14 +24,14 @@ TEST_F(QtUserDefaultsTest, onlyWhatChangedHereReplacesWhatAnEditorWroteMeanwhile
         QFileInfo(m_path).dir().entryList(QDir::Files).join(u' '), "StandUp.conf StandUp.conf.damaged-7");
     EXPECT_EQ(QFile::permissions(m_path) & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
 
-    write("[General]\nTimeIdle=42\nWeight=82\nHeight=8\n");
+    write(m_path, "[General]\nTimeIdle=42\nWeight=82\nHeight=8\n");
     ASSERT_TRUE(defaults.synchronize()) << "nothing is to be written";
     defaults.removeObject("Weight");
     defaults.setObject("Height", QVariant());
     defaults.setObject("TimeSnooze", 90.0);
     ASSERT_TRUE(defaults.synchronize());
     EXPECT_FALSE(defaults.object("Weight").isValid());
-    EXPECT_EQ(read(), "[General]\nTimeIdle=42\nTimeSnooze=90\n");
+    EXPECT_EQ(contents(m_path), "[General]\nTimeIdle=42\nTimeSnooze=90\n");
     const QString odd = " \"quoted\"; a=b, c\\d\n%1 @Variant é 猫 ";
     QtUserDefaults(m_path).setObject("Text", odd); // And the program ends.
     EXPECT_EQ(QtUserDefaults(m_path).object("Text"), odd);
@@ -79,18 +63,18 @@ TEST_F(QtUserDefaultsTest, whateverCanBeReadIsKeptAndTheRestIsNamed)
     int copies = 0;
     for (const auto& [bytes, unreadable, written] : kTestCases) {
         SCOPED_TRACE(bytes.constData());
-        write(bytes);
+        write(m_path, bytes);
         QtUserDefaults defaults(m_path);
         EXPECT_EQ(defaults.object("DevicePosition1").isValid(), written == kWritten);
         defaults.setObject("Weight", 70.5);
         EXPECT_TRUE(defaults.synchronize());
-        EXPECT_EQ(read(), written);
+        EXPECT_EQ(contents(m_path), written);
         EXPECT_FALSE(QtUserDefaults(m_path).damage());
         ASSERT_EQ(defaults.damage().has_value(), !unreadable.isNull());
         if (unreadable.isNull())
             continue;
         const QString suffix = QString(".damaged-%1").arg(++copies);
-        EXPECT_EQ(read(suffix), bytes);
+        EXPECT_EQ(contents(m_path + suffix), bytes);
         EXPECT_EQ(defaults.damage()->localizedDescription, m_path);
         EXPECT_EQ(defaults.damage()->failureReason, QString(unreadable) + '|' + m_path + suffix);
     }
@@ -98,27 +82,26 @@ TEST_F(QtUserDefaultsTest, whateverCanBeReadIsKeptAndTheRestIsNamed)
 
 TEST_F(QtUserDefaultsTest, aFailedWriteIsSaidOnceAndMadeUpForLater)
 {
-    // A file where the folder belongs fails for root too.
-    QFile inTheWay(QFileInfo(m_path).absolutePath());
-    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
+    const QString inTheWay = QFileInfo(m_path).path();
+    write(inTheWay, "x"); // A file where the folder belongs fails for root too.
     QtUserDefaults defaults(m_path);
-    testing::internal::CaptureStderr();
-    for (const double weight : {70.0, 71.0, 72.0}) {
-        defaults.setObject("Weight", weight);
-        EXPECT_FALSE(defaults.synchronize());
-        EXPECT_EQ(defaults.object("Weight").toDouble(), weight);
-    }
-    ASSERT_TRUE(inTheWay.remove());
-    EXPECT_TRUE(defaults.synchronize());
-    EXPECT_EQ(read(), "[General]\nWeight=72\n");
+    const QString log = logOf([&] {
+        for (const double weight : {70.0, 71.0, 72.0}) {
+            defaults.setObject("Weight", weight);
+            EXPECT_FALSE(defaults.synchronize());
+            EXPECT_EQ(defaults.object("Weight").toDouble(), weight);
+        }
+        ASSERT_TRUE(QFile::remove(inTheWay));
+        EXPECT_TRUE(defaults.synchronize());
+    });
+    EXPECT_EQ(contents(m_path), "[General]\nWeight=72\n");
+    EXPECT_TRUE(log.count("cannot be written to") == 1 && log.count("again.") == 1) << qPrintable(log);
 
     m_path = m_folder.filePath("org.zelvo.StandUp/" + QString(247, 'x')); // A copy's name is too long.
-    write("[Gen\n");
+    write(m_path, "[Gen\n");
     QtUserDefaults unkept(m_path);
     unkept.setObject("Weight", 70.5);
-    EXPECT_FALSE(unkept.synchronize());
-    EXPECT_EQ(read(), "[Gen\n");
-    const QString log = QString::fromStdString(testing::internal::GetCapturedStderr());
-    EXPECT_TRUE(log.count("cannot be written to") == 2 && log.count("again.") == 1) << qPrintable(log);
+    EXPECT_EQ(logOf([&] { EXPECT_FALSE(unkept.synchronize()); }).count("cannot be written to"), 1);
+    EXPECT_EQ(contents(m_path), "[Gen\n");
 }
 }

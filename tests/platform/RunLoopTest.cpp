@@ -14,34 +14,24 @@ using Repeat = RunLoop::Repeat;
 constexpr double kStart = 1'700'000'000.0;
 constexpr double kEndless = std::numeric_limits<double>::infinity();
 
-TEST(VirtualRunLoopTest, aCallbackMayScheduleAdvanceAndEndTheScopeOfItsTimer)
+TEST(VirtualRunLoopTest, aCallbackMayLetTimePassAndEndTheScopeOfItsTimer)
 {
     VirtualRunLoop loop {kStart};
-    VirtualRunLoop other;
     const ProcessServices services {{&loop}};
-    (void)ProcessServices({&other}); // The former ones come back.
-    std::string fired;
-    const auto note = [&](double seconds, char name) {
-        loop.scheduleTimer(seconds, Repeat::No, [&fired, name](const Timer& timer) {
-            EXPECT_FALSE(timer.isValid());
-            fired += name;
-        });
-    };
     auto scope = std::make_unique<TimerScope>();
     auto witness = std::make_shared<int>(0);
-    note(2, 'k');
-    note(kEndless, 'n');
+    int fired = 0;
+    loop.scheduleTimer(2, Repeat::No, [&](const Timer& timer) { fired += timer.isValid() ? 100 : 1; });
+    loop.scheduleTimer(kEndless, Repeat::No, [](Timer&) { ADD_FAILURE() << "it never ends"; });
     const TimerRef bound = scope->schedule(1.5, Repeat::Yes, [](Timer&) { ADD_FAILURE() << "it has ended"; });
     scope->schedule(1, Repeat::Yes, [&, witness](Timer&) {
         scope.reset();
         EXPECT_EQ(witness.use_count(), 2) << "what the callback captured lives on until it returns";
-        note(4, 'i');
         loop.advance(5); // A callback that shows a dialog lets time pass inside.
     });
     loop.advance(3);
-    EXPECT_EQ(fired, "ki");
+    EXPECT_TRUE(fired == 1 && !bound->isValid() && witness.use_count() == 1);
     EXPECT_EQ(loop.now(), kStart + 6) << "time never goes back";
-    EXPECT_TRUE(loop.pendingTimerCount() == 1 && !bound->isValid() && witness.use_count() == 1);
 }
 
 TEST(QtRunLoopTest, aWaitIsAsLongAsItsInterval)

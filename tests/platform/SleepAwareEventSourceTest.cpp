@@ -3,7 +3,6 @@
 #include "fakes/Story.h"
 
 #include <cmath>
-#include <gtest/gtest.h>
 
 namespace {
 /// What the source answers at each "?" of a story: seconds, or "away" for longer than any limit.

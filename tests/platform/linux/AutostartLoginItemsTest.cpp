@@ -1,14 +1,13 @@
 #include "platform/linux/AutostartLoginItems.h"
 
-#include <QFile>
-#include <QTemporaryDir>
+#include "fakes/Files.h"
 
-#include <gtest/gtest.h>
+#include <QTemporaryDir>
 
 TEST(AutostartLoginItemsTest, startThisExecutableUnlessTheUserWantsItOtherwise)
 {
     const QTemporaryDir folder;
-    QFile file(folder.filePath("autostart/org.zelvo.StandUp.desktop"));
+    const QString path = folder.filePath("autostart/org.zelvo.StandUp.desktop");
     AutostartLoginItems items(folder.path());
     ASSERT_TRUE(items.insertItem("/usr/bin/zelvo-standup"));
     const QByteArray fresh = AutostartLoginItems::entry("/usr/bin/zelvo-standup");
@@ -31,21 +30,18 @@ TEST(AutostartLoginItemsTest, startThisExecutableUnlessTheUserWantsItOtherwise)
     };
     for (const auto& [entry, isSwitchedOff, isKept] : kTestCases) {
         SCOPED_TRACE(entry.constData());
-        ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(entry) == entry.size());
-        file.close();
+        write(path, entry);
         EXPECT_EQ(items.isSwitchedOff(), isSwitchedOff);
         EXPECT_FALSE(items.isStartUnwanted()) << "it is not the session that starts this test";
         EXPECT_TRUE(items.insertItem("/usr/bin/zelvo-standup"));
-        EXPECT_TRUE(file.open(QIODevice::ReadOnly) && file.readAll() == (isKept ? entry : fresh));
-        file.close();
+        EXPECT_EQ(contents(path), isKept ? entry : fresh);
     }
     EXPECT_TRUE(
         AutostartLoginItems::isAutostartGroup("0::/app.slice/app-org.zelvo.StandUp@autostart.service\n"));
     EXPECT_FALSE(AutostartLoginItems::isAutostartGroup("0::/user.slice/user-1000.slice/session-2.scope\n"));
 
-    testing::internal::CaptureStderr();
-    EXPECT_FALSE(AutostartLoginItems("/dev/null").insertItem("/usr/bin/zelvo-standup"));
-    EXPECT_NE(testing::internal::GetCapturedStderr().find("cannot be started at login"), std::string::npos);
+    const auto insert = [] { EXPECT_FALSE(AutostartLoginItems("/dev/null").insertItem("/bin/a")); };
+    EXPECT_TRUE(logOf(insert).contains("cannot be started at login"));
 }
 
 TEST(AutostartEntry, quotesOddPaths)
@@ -59,11 +55,10 @@ TEST(AutostartEntry, quotesOddPaths)
         {"/opt/%1%2/é", R"("/opt/%%1%%2/é")", "/opt/%1%2/é"},
     };
     for (const auto& [path, exec, tryExec] : kTestCases) {
-        EXPECT_EQ(AutostartLoginItems::entry(path).toStdString(),
-            std::string(
-                "[Desktop Entry]\nType=Application\nName=Zelvo StandUp\nIcon=org.zelvo.StandUp\nExec=")
-                + exec + "\nTryExec=" + tryExec
-                + "\nTerminal=false\nX-GNOME-Autostart-Delay=2\nX-KDE-autostart-after=panel\nX-LXQt-Need-"
-                  "Tray=true\n");
+        const QByteArray head =
+            "[Desktop Entry]\nType=Application\nName=Zelvo StandUp\nIcon=org.zelvo.StandUp\n";
+        const QByteArray tail = "\nTerminal=false\nX-GNOME-Autostart-Delay=2\nX-KDE-autostart-after=panel\n"
+                                "X-LXQt-Need-Tray=true\n";
+        EXPECT_EQ(AutostartLoginItems::entry(path), head + "Exec=" + exec + "\nTryExec=" + tryExec + tail);
     }
 }

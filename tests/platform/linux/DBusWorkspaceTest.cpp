@@ -15,8 +15,7 @@ const QString kLogindPath = "/org/freedesktop/login1";
 const QString kSessionPath = "/org/freedesktop/login1/session/_32";
 const QString kDisplayPath = "/org/gnome/Mutter/DisplayConfig";
 
-class DBusWorkspaceTest : public testing::Test {
-protected:
+struct DBusWorkspaceTest : testing::Test {
     DBusWorkspaceTest()
     {
         m_workspace.onScreensDidSleep([this] { hear("dark"); });

@@ -1,6 +1,6 @@
 #include "platform/linux/DisplayServer.h"
 
-#include "TestServer.h"
+#include "TestBus.h"
 
 TEST(DisplayServer, isWhereAServerAnswersUnlessTheUserChose)
 {

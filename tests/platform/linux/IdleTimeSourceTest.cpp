@@ -1,9 +1,9 @@
 #include "platform/linux/IdleTimeSource.h"
 
+#include "fakes/Files.h"
 #include "fakes/Story.h"
 #include "platform/NotificationCenter.h"
 
-#include <gtest/gtest.h>
 #include <utility>
 
 namespace {
@@ -43,7 +43,6 @@ QString told(const char* words)
     int posts = 0;
     const auto observation = NotificationCenter::defaultCenter().addObserver(
         EventSource::kCanTellDidChange, [&](const PostedNotification&) { ++posts; });
-    testing::internal::CaptureStderr();
     story.deeds["start"] = [&] { source = std::make_unique<IdleTimeSource>(std::exchange(backends, {})); };
     story.deeds["?"] = [&] {
         bool isReady = false;
@@ -58,8 +57,7 @@ QString told(const char* words)
         backend.isSilent = word.endsWith(u'~');
         backend.lastInputAt = word.contains(u'=') ? std::optional(word.mid(2).toDouble()) : std::nullopt;
     };
-    story.play(words);
-    const QString log = QString::fromStdString(testing::internal::GetCapturedStderr());
+    const QString log = logOf([&] { story.play(words); });
     for (const QString& line : log.split(u'\n', Qt::SkipEmptyParts))
         answers.append(line.section("comes from: ", 1).section(u',', 0, 0));
     return answers.join(u' ') + QString(" %1").arg(posts);

@@ -1,6 +1,7 @@
 #include "platform/linux/LinuxHidManager.h"
 
 #include "HidTestbed.h"
+#include "fakes/Files.h"
 #include "platform/ProcessServices.h"
 #include "platform/qt/QtRunLoop.h"
 
@@ -10,7 +11,6 @@
 #include <array>
 #include <cstdarg>
 #include <future>
-#include <gtest/gtest.h>
 #include <sys/file.h>
 #include <sys/syscall.h>
 
@@ -23,8 +23,7 @@ const Report kUp {5, 0, 0x80, 0, 0x80, 0, 0x80, 0};
 const Report kStop {5, 1, 0x80, 1, 0x80, 1, 0x80, 1};
 
 /// Time runs fifteen times as fast, so that nobody waits for real seconds.
-class HurriedRunLoop final : public RunLoop {
-public:
+struct HurriedRunLoop final : RunLoop {
     static constexpr double kHurry = 15;
 
     [[nodiscard]] double now() const override { return m_loop.now() * kHurry; }
@@ -63,8 +62,7 @@ bool isHeld(const TestAdapter& adapter)
     return !isOurs;
 }
 
-class LinuxHid : public testing::Test {
-protected:
+struct LinuxHid : testing::Test {
     void start()
     {
         m_manager = std::make_unique<LinuxHidManager>();
@@ -181,18 +179,18 @@ TEST_F(LinuxHid, carriesReportsBothWaysWhenTheAdapterIsFreeLosesItAndFindsItAgai
     ASSERT_TRUE(QTest::qWaitFor([&] { return m_late > 0; }));
     EXPECT_EQ(adapter.wire().written, std::vector<Report> {kStop}) << "what was held up has timed out";
 
-    testing::internal::CaptureStderr();
-    adapter.setSilent(true);
-    write(kUp);
-    ASSERT_TRUE(reaches(m_removed, 1));
-    EXPECT_TRUE(m_manager->copyDevices().empty());
-    adapter.setSilent(false);
-    ASSERT_TRUE(reaches(m_added, 2));
-    EXPECT_EQ(m_manager->copyDevices(), Devices {m_added[0]});
-    adapter.change([](TestWire& wire) { wire.isShort = true; });
-    write(kStop);
-    ASSERT_TRUE(reaches(m_removed, 2));
-    const QString log = QString::fromStdString(testing::internal::GetCapturedStderr());
+    const QString log = logOf([&] {
+        adapter.setSilent(true);
+        write(kUp);
+        ASSERT_TRUE(reaches(m_removed, 1));
+        EXPECT_TRUE(m_manager->copyDevices().empty());
+        adapter.setSilent(false);
+        ASSERT_TRUE(reaches(m_added, 2));
+        EXPECT_EQ(m_manager->copyDevices(), Devices {m_added[0]});
+        adapter.change([](TestWire& wire) { wire.isShort = true; });
+        write(kStop);
+        ASSERT_TRUE(reaches(m_removed, 2));
+    });
     EXPECT_TRUE(log.count("does not answer.") == 2 && log.count("answers again.") == 1) << qPrintable(log);
     adapter.report("remove");
     QTest::qWait(kSettleMs);
@@ -224,11 +222,26 @@ TEST_F(LinuxHid, endsWithAStopButNotInsideASilentAdapter)
     }
 }
 
+TEST_F(LinuxHid, triesAgainByAndByWhatCannotBeOpened)
+{
+    const TestAdapter adapter;
+    unlink(adapter.file());
+    mkdir(adapter.file(), 0700);
+    start();
+    EXPECT_TRUE(
+        logOf([&] { ASSERT_TRUE(reaches(m_added, 1)); }).contains("cannot be opened: Is a directory"));
+    EXPECT_EQ(m_added[0]->openExclusively(), EISDIR);
+    rmdir(adapter.file());
+    close(open(adapter.file(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
+    ASSERT_TRUE(reaches(m_added, 2));
+    EXPECT_EQ(m_added[1]->openExclusively(), 0);
+}
+
 TEST(AccessRuleTest, isWrittenWhereTheDesktopHasNoneAndReadAnewWhereItHas)
 {
     const QTemporaryDir folder;
     EXPECT_TRUE(AccessRule::commands({folder.path()})[0].startsWith(QStringLiteral("echo '")));
-    EXPECT_TRUE(QFile(folder.filePath(QStringLiteral("70-zelvo-standup.rules"))).open(QIODevice::WriteOnly));
+    write(folder.filePath("70-zelvo-standup.rules"), {});
     EXPECT_EQ(AccessRule::commands({QStringLiteral("/none"), folder.path()})[0],
         QStringLiteral("sudo udevadm control --reload"));
 }

@@ -4,8 +4,6 @@
 
 #include <QtCore/qtestsupport_core.h>
 
-#include <gtest/gtest.h>
-
 TEST(PortalSettingTest, tellsWhatTheDesktopPrefersAndEachChangeOfIt)
 {
     const QString path = "/org/freedesktop/portal/desktop";

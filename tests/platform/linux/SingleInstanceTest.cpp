@@ -1,10 +1,11 @@
 #include "platform/linux/SingleInstance.h"
 
+#include "fakes/Files.h"
+
 #include <QCoreApplication>
 #include <QTemporaryDir>
 
 #include <future>
-#include <gtest/gtest.h>
 
 namespace {
 /// Starts a further instance as a process would: beside this one, which runs its loop meanwhile.
@@ -24,9 +25,7 @@ TEST(SingleInstanceTest, aSecondStartShowsTheFirstOnesWindow)
 {
     const QTemporaryDir folder;
     SingleInstance first(folder.path());
-    testing::internal::CaptureStderr();
-    ASSERT_TRUE(first.acquire());
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+    EXPECT_EQ(logOf([&] { ASSERT_TRUE(first.acquire()); }), "");
     EXPECT_TRUE(isAnsweredAgain(folder.path(), {"nobody listens to it yet", {}}));
     QByteArray shown;
     first.onActivated([&](const auto& request) { shown += request.action + '|' + request.activationToken; });
@@ -43,9 +42,8 @@ TEST(SingleInstanceTest, withoutAUsableFolderTheProgramStartsAnyway)
     SingleInstance unlocked("/proc/no such folder");
     EXPECT_TRUE(unlocked.acquire());
     SingleInstance unheard(tooLong);
-    testing::internal::CaptureStderr();
-    EXPECT_TRUE(unheard.acquire()) << "the lock holds, only the socket's path is too long";
-    EXPECT_NE(testing::internal::GetCapturedStderr().find("File name too long"), std::string::npos);
+    const auto acquire = [&] { EXPECT_TRUE(unheard.acquire()) << "the lock holds"; };
+    EXPECT_TRUE(logOf(acquire).contains("File name too long")) << "of the socket";
     SingleInstance second(tooLong);
     EXPECT_TRUE(!second.acquire() && !second.activateFirst({}));
 }

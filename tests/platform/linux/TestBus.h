@@ -1,13 +1,44 @@
 #pragma once
 
-#include "TestServer.h"
-
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
+#include <QProcess>
 
 #include <functional>
+#include <gtest/gtest.h>
 #include <utility>
+
+/// A server program of the test's own, which says on its first line where it is reached.
+struct TestServer {
+    TestServer(const QString& program, const QStringList& arguments)
+    {
+        process.start(program, arguments);
+        EXPECT_TRUE(process.waitForReadyRead(10'000)) << qPrintable(program) << " does not start";
+        address = process.readLine().trimmed();
+    }
+    ~TestServer() { stop(); }
+    Q_DISABLE_COPY_MOVE(TestServer)
+
+    /// The server dies, and every connection to it.
+    void stop()
+    {
+        process.kill();
+        process.waitForFinished();
+    }
+
+    QProcess process;
+    QByteArray address;
+};
+
+/// An X server without a screen of its own. DISPLAY names it.
+struct XvfbServer : TestServer {
+    XvfbServer()
+        : TestServer("Xvfb", {"-displayfd", "1", "-noreset"})
+    {
+        qputenv("DISPLAY", ':' + address);
+    }
+};
 
 /// A message bus of the test's own. Every connection is a private one, so that the test's services and the
 /// class under test are strangers on the bus, as in a real session.
@@ -41,8 +72,7 @@ private:
 };
 
 /// A service with one object, on the bus while it lives.
-class TestService final : public QDBusVirtualObject {
-public:
+struct TestService final : QDBusVirtualObject {
     using Answer = std::function<QVariant(const QDBusMessage& call)>;
 
     TestService(const QDBusConnection& bus, QString name, const QString& path, Answer answer)

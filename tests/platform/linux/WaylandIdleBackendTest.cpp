@@ -7,8 +7,7 @@
 #include <QtCore/qtestsupport_core.h>
 
 namespace {
-class WaylandIdleBackendTest : public testing::Test {
-protected:
+struct WaylandIdleBackendTest : testing::Test {
     WaylandIdleBackendTest()
     {
         qputenv("XDG_RUNTIME_DIR", story.platform.folder.path().toLocal8Bit());
