@@ -90,7 +90,7 @@ class World:
         assert set(self.written(since)) == {INIT, STOP}
 
 
-@pytest.fixture(scope="module")
+@pytest.fixture
 def world(request):
     with contextlib.ExitStack() as ends:
         world = World(RealDesktop(ends, tray=False))
@@ -99,66 +99,57 @@ def world(request):
             print(world.desktop.log()[-6000:], world.wire.read_text()[-3000:])
 
 
-def test_an_adapter_without_its_rule_is_taken_up_with_it(world):
+def test_a_day_of_the_program_on_a_real_kernel(world):
+    # An adapter without its rule is taken up when it has one.
+    desktop = world.desktop
     world.desk("height 1000")
     world.attach()
     wait_until(Path("/dev/hidraw0").exists, "hidraw")
-    world.program = world.desktop.start()
-    world.desktop.tells(desk="forbidden")
-    world.desktop.ask("Show")
-    world.panel = world.program.window_with("Up")
+    program = desktop.start()
+    desktop.tells(desk="forbidden")
+    desktop.ask("Show")
+    world.panel = program.window_with("Up")
     world.as_root(f"cp {RULE} /etc/udev/rules.d/ && udevadm trigger -s hidraw -c change")
     world.comes_back(0)
-    world.desktop.tells(posture="sitting", height_raw=1000, adapter="Simulated desk (USB/IP)")
+    desktop.tells(posture="sitting", height_raw=1000, adapter="Simulated desk (USB/IP)")
 
-
-def test_a_held_button_moves_the_desk_until_it_is_let_go(world):
+    # A held button moves the desk until it is let go, to a stored position as well.
     with world.held("Up", UP) as pressed:
-        world.desktop.answers_for(2, "Up held")
+        desktop.answers_for(2, "Up held")
     reports = world.written(pressed)
     assert reports == [STOP] + [UP] * (len(reports) - 2) + [STOP]
-
-
-def test_a_stored_position_is_reached_and_recorded(world):
     with world.held("Stand", STAND):
-        world.desktop.tells(height_raw=4100, posture="standing")
-    assert world.written()[-1] == STOP
-    wait_until(lambda: [standing for _, _, standing in world.desktop.records()] == [0, 1], "both periods")
+        desktop.tells(height_raw=4100, posture="standing")
+    wait_until(lambda: [standing for _, _, standing in desktop.records()] == [0, 1], "both periods")
 
-
-def test_an_adapter_that_refuses_is_taken_up_again(world):
+    # An adapter that refuses is taken up again, and windows live while one is silent.
     world.desk("fault stall on")
-    world.desktop.tells(desk="none")
+    desktop.tells(desk="none")
     world.comes_back(world.desk("fault stall off"))
-
-
-def test_windows_live_while_the_adapter_is_silent(world):
     world.desk("fault silence on")
-    world.desktop.answers_for(10, "No answer for 10 s")
-    world.desktop.tells(desk="none")
-    world.desktop.ask("ShowHistory")
-    world.desktop.window("History")
+    desktop.answers_for(10, "No answer for 10 s")
+    desktop.tells(desk="none")
+    desktop.ask("ShowHistory")
+    desktop.window("History")
     world.comes_back(world.desk("fault silence off"))
 
-
-def test_unplugged_while_it_moves(world):
-    world.desktop.ask("Show")
-    world.program.in_front("Zelvo StandUp")
+    # It is pulled out while it moves, and a second one stays where it is.
+    desktop.ask("Show")
+    program.in_front("Zelvo StandUp")
     with world.held("Up", UP):
         pulled = world.desk("unplug")
-        world.desktop.tells(desk="none")
+        desktop.tells(desk="none")
         world.desk("plug")
         world.attach()
         world.comes_back(pulled)
-
-
-def test_a_second_adapter_stays_where_it_is_and_nothing_moved_that_nobody_held(world):
     world.desk("adapter 2")
     world.attach(2)
     wait_until(lambda: world.written(adapter="2") == [INIT, STOP], "the second adapter")
-    world.program.quit()
-    records = world.desktop.records()
+
+    # Nothing moved that nobody held, and each period is recorded.
+    program.quit()
+    records = desktop.records()
     assert all(end <= begin for (_, end, _), (begin, _, _) in zip(records, records[1:]))
-    assert world.desktop.log().count("Device removed") == 3
+    assert desktop.log().count("Device removed") == 3
     moved = [float(at) for at, _, report in WRITTEN.findall(world.wire.read_text()) if report not in (INIT, STOP)]
     assert all(any(pressed <= at <= let_go + PAUSE for pressed, let_go in world.holds) for at in moved)
