@@ -1,6 +1,5 @@
+#include "data/CalorieCalculator.h"
 #include "data/Helper.h"
-
-#include "data/AppProperties.h"
 #include "fakes/TestPlatform.h"
 
 TEST(Helper, convertsByFactorsThatAreRoundedApart)
@@ -24,5 +23,22 @@ TEST(Helper, convertsByFactorsThatAreRoundedApart)
         for (const double millimetres : {726.0, 745.0, 735.0, 745.1, 745.001, 0.0, -10.0, 65535.0})
             heights.append(Helper::formattedTableHeight(millimetres));
         EXPECT_EQ(heights.join(' '), expected);
+    }
+}
+
+TEST(CalorieCalculator, spreadsADaysCaloriesOverItsHours)
+{
+    EXPECT_DOUBLE_EQ(CalorieCalculator::caloriesBurnedInMinutes(60, 80), 57.1536);
+    EXPECT_NEAR(CalorieCalculator::minutesToBurnCalories(100, 71.5), 117.46, 0.005);
+    // Calories, weight, hours of a working day; minutes an hour.
+    const std::tuple<double, double, QVariant, int32_t> kCases[] = {{100, 80, 8.0, 14}, {250, 50, 8.0, 53},
+        {250, 40, 8.0, 60}, // would be 66
+        {100, 80, 4.0, 27}, {100, 80, "4", 27}, {0, 80, 8.0, 0}, {100, 0, 8.0, 60}, // endless
+        {0, 0, 8.0, 0}, {100, -80, 8.0, 0}, {100, 80, 25.0, 14}}; // No day is that long: the default counts.
+    TestPlatform platform;
+    for (const auto& [calories, weight, hours, minutesPerHour] : kCases) {
+        platform.defaults.values.insert("AverageWorkDayHours", hours);
+        EXPECT_EQ(CalorieCalculator::standingPerHourForDailyCalories(calories, weight), minutesPerHour)
+            << calories << " kcal, " << weight << " kg, " << qPrintable(hours.toString()) << " h";
     }
 }
