@@ -38,9 +38,8 @@ TEST(DeskConsole, saysWhatTheDeskDoes)
         {"limits 0 65535|limits 1000 2000|height|height 2000|error E10|error E9|error unnamed on|status",
             "1000|height 2000 of 1000 to 2000, 0 a second|WELL|errors unnamed E10 E09|faults none|"},
         {"error position-lost|error overload-down on|error overload-up|error overload-up off|limits 300 2500|"
-         "fault reads on|get 04|fault writes on|set 05 00|fault silence on|get 04|fault stall on|fault short "
-         "7|"
-         "status",
+         "fault reads on|get 04|fault writes on|set 05 00|fault silence on|get 04|fault stall on|"
+         "fault short 7|status",
             "failed|failed|no answer|height 900 of 300 to 2500, 0 a second|WELL|"
             "errors position-lost overload-down|faults reads writes stall silence short 7|"},
         {"adapter 2|set 05|INIT|UP|adapter 1|advance 0.25|height|adapter 2|height", "refused|ok|ok|900|948|"},

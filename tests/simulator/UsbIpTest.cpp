@@ -1,4 +1,5 @@
 #include "simulator/DeskConsole.h"
+#include "simulator/ReportText.h"
 #include "simulator/UsbIpSession.h"
 
 #include <gtest/gtest.h>
@@ -56,7 +57,11 @@ TEST(UsbIp, eachQuestionHasItsAnswer)
     DeskConsole console(said, said);
     UsbIpSession::Desks all {console.desks(), {}};
     UsbIpSession other(all, {});
-    UsbIpSession session(all, [](auto&) {});
+    Text wire;
+    UsbIpSession session(all, [&](const UsbIpSession::Report& report) {
+        wire += std::to_string(report.adapter) + (report.isRead ? '<' : '>') + text(report.bytes) + ' '
+            + text(report.result) + '|';
+    });
     const std::tuple<const char*, Text, Text> kCases[] = {
         // What happens, a question after it, and its answer.
         {"adapter 2", "01 11 80 03 x4 '1-3' x29", "01 11 00 03 x3 04"},
@@ -101,6 +106,9 @@ TEST(UsbIp, eachQuestionHasItsAnswer)
         EXPECT_EQ(session.take(std::span(asked).last(1)), bytes(expected)) << question;
     }
     EXPECT_EQ(other.take(bytes(kImport)), bytes("01 11 00 03 x3 02")) << "it has a host already";
+    EXPECT_EQ(wire,
+        "1>03 04 00 FB 00 00 00 00 ok|1<05 refused|1<04 00 01 00 84 03 00 00 ok|"
+        "1<04 00 01 00 84 ok|1<04 failed|1<04 no answer|");
     EXPECT_FALSE(session.isUnplugged());
     ASSERT_TRUE(console.execute("unplug"));
     EXPECT_TRUE(session.isUnplugged());
