@@ -1,6 +1,4 @@
-#include "platform/ProcessServices.h"
 #include "platform/qt/QtRunLoop.h"
-#include "platform/simulated/VirtualRunLoop.h"
 
 #include <QCoreApplication>
 #include <QtCore/qtestsupport_core.h>
@@ -11,28 +9,7 @@
 
 namespace {
 using Repeat = RunLoop::Repeat;
-constexpr double kStart = 1'700'000'000.0;
 constexpr double kEndless = std::numeric_limits<double>::infinity();
-
-TEST(VirtualRunLoopTest, aCallbackMayLetTimePassAndEndTheScopeOfItsTimer)
-{
-    VirtualRunLoop loop {kStart};
-    const ProcessServices services {{&loop}};
-    auto scope = std::make_unique<TimerScope>();
-    auto witness = std::make_shared<int>(0);
-    int fired = 0;
-    loop.scheduleTimer(2, Repeat::No, [&](const Timer& timer) { fired += timer.isValid() ? 100 : 1; });
-    loop.scheduleTimer(kEndless, Repeat::No, [](Timer&) { ADD_FAILURE() << "it never ends"; });
-    const TimerRef bound = scope->schedule(1.5, Repeat::Yes, [](Timer&) { ADD_FAILURE() << "it has ended"; });
-    scope->schedule(1, Repeat::Yes, [&, witness](Timer&) {
-        scope.reset();
-        EXPECT_EQ(witness.use_count(), 2) << "what the callback captured lives on until it returns";
-        loop.advance(5); // A callback that shows a dialog lets time pass inside.
-    });
-    loop.advance(3);
-    EXPECT_TRUE(fired == 1 && !bound->isValid() && witness.use_count() == 1);
-    EXPECT_EQ(loop.now(), kStart + 6) << "time never goes back";
-}
 
 TEST(QtRunLoopTest, aWaitIsAsLongAsItsInterval)
 {

@@ -7,7 +7,7 @@
 #include <unordered_set>
 
 /// The run loop of a Qt application. No timer waits for more than 24 days.
-class QtRunLoop final : public RunLoop {
+class QtRunLoop : public RunLoop {
 public:
     QtRunLoop() = default;
     ~QtRunLoop() override;

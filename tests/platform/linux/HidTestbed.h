@@ -32,8 +32,7 @@ struct TestWire {
 /// An emulated USB adapter of a machine with a /sys, a /dev and a udev of its own: answers feature reports on
 /// its hidraw node as the test tells it to. The test program runs under umockdev-wrapper, and its own ioctl()
 /// stands for the kernel.
-class TestAdapter {
-public:
+struct TestAdapter {
     explicit TestAdapter(const char* manufacturer = "Zelvo Ardenta A/S", const char* product = "Desk adapter")
     {
         static int s_count = 0;
@@ -107,7 +106,6 @@ public:
         return int(std::copy_n(wire.answer.begin(), std::min(size, wire.answer.size()), bytes) - bytes);
     }
 
-private:
     static TestWire& wireOf(int file)
     {
         struct stat status { };

@@ -23,34 +23,28 @@ const Report kUp {5, 0, 0x80, 0, 0x80, 0, 0x80, 0};
 const Report kStop {5, 1, 0x80, 1, 0x80, 1, 0x80, 1};
 
 /// Time runs fifteen times as fast, so that nobody waits for real seconds.
-struct HurriedRunLoop final : RunLoop {
+struct HurriedRunLoop final : QtRunLoop {
     static constexpr double kHurry = 15;
 
-    [[nodiscard]] double now() const override { return m_loop.now() * kHurry; }
-    [[nodiscard]] double monotonicNow() const override { return m_loop.monotonicNow() * kHurry; }
-    [[nodiscard]] double bootTimeNow() const override { return m_loop.bootTimeNow() * kHurry; }
+    [[nodiscard]] double monotonicNow() const override { return QtRunLoop::monotonicNow() * kHurry; }
     /// What is handed over passes a lock here, because the thread sanitizer does not see those within Qt.
     void performSoon(std::function<void()> callable) override
     {
-        const std::scoped_lock lock(m_handOver);
-        m_loop.performSoon([this, callable = std::move(callable)] {
-            m_handOver.lock();
-            m_handOver.unlock();
+        const std::scoped_lock lock(handOver);
+        QtRunLoop::performSoon([this, callable = std::move(callable)] {
+            handOver.lock();
+            handOver.unlock();
             callable();
         });
     }
-
-protected:
     TimerRef platformScheduleTimer(
         double seconds, Repeat repeats, TimerCallback callback, QVariant userInfo, Precision) override
     {
-        return m_loop.scheduleTimer(
+        return QtRunLoop::platformScheduleTimer(
             seconds / kHurry, repeats, std::move(callback), std::move(userInfo), Precision::Precise);
     }
 
-private:
-    QtRunLoop m_loop;
-    std::mutex m_handOver;
+    std::mutex handOver;
 };
 
 /// Whether somebody has the adapter for itself.
@@ -94,11 +88,6 @@ struct LinuxHid : testing::Test {
         m_buffer.fill(0xEE);
         m_buffer[0] = 4;
         return m_added.at(device)->getFeatureReport(m_buffer);
-    }
-    /// A busy machine may answer later than a read waits.
-    bool readsSoon(size_t device = 0)
-    {
-        return QTest::qWaitFor([&] { return read(device) == 0; });
     }
     /// A write is never waited for to its end.
     void write(const Report& report) { EXPECT_EQ(m_added.at(0)->setFeatureReport(report), 0); }
@@ -148,7 +137,7 @@ TEST_F(LinuxHid, announcesEachMatchingAdapterOnceAndFollowsItOutAndInAgain)
     EXPECT_TRUE(QTest::qWaitFor([&] { return !isHeld(first); })) << "the node stays open";
     first.report("add");
     ASSERT_TRUE(reaches(m_added, 3));
-    EXPECT_TRUE(readsSoon(2));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return read(2) == 0; })) << "though a busy machine answers late";
     TestAdapter().report("remove");
     QTest::qWait(kSettleMs);
     EXPECT_EQ(m_added.size(), 3U) << "it left before it was opened";
@@ -244,4 +233,24 @@ TEST(AccessRuleTest, isWrittenWhereTheDesktopHasNoneAndReadAnewWhereItHas)
     write(folder.filePath("70-zelvo-standup.rules"), {});
     EXPECT_EQ(AccessRule::commands({QStringLiteral("/none"), folder.path()})[0],
         QStringLiteral("sudo udevadm control --reload"));
+}
+
+TEST(AccessWatcherTest, tellsOfEachChangeAndClosingOfWhatIsWatchedAlsoOnceMore)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath("node");
+    int told = 0;
+    AccessWatcher watcher([&](const QString& changed) { told += changed == path ? 1 : 100; });
+    write(path, {});
+    for (const bool isWatched : {true, false, true}) {
+        const auto hears = [&] {
+            return QTest::qWaitFor([&] { return std::exchange(told, 0) == 1; }, isWatched ? 5000 : kSettleMs);
+        };
+        EXPECT_TRUE(!isWatched || watcher.watch(path));
+        QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner);
+        EXPECT_EQ(hears(), isWatched);
+        (void)contents(path); // Opened and closed.
+        EXPECT_EQ(hears(), isWatched);
+        watcher.unwatch(path);
+    }
 }
