@@ -23,8 +23,7 @@ struct HeightListener final : ZelvoControllerDelegate {
 ///
 /// Seconds count from the start, without those asleep. The first poll, at 1.2 s, finds the desk at 900, where
 /// one sits; more follow each second. Pulses come every 15 s, looks at the user every 10 s.
-class DeskStory {
-public:
+struct DeskStory {
     DeskStory()
     {
         platform.defaults.values = {{"Weight", 67.5}, {"ActivityMode", 2}, {"ActivityGoal", 20.0},
@@ -85,7 +84,6 @@ public:
     QStringList wire;
     std::optional<ZelvoController> hub;
 
-private:
     void start()
     {
         hub.emplace(ZelvoController::Dependencies {hid, platform.events, platform.workspace,

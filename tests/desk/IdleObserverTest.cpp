@@ -7,13 +7,12 @@ struct IdleObserverTest : testing::Test, EventSource {
     [[nodiscard]] double secondsSinceLastEventType(EventType eventType) override
     {
         asked.push_back(int(eventType));
-        return asked.size() <= answers.size() ? answers[asked.size() - 1] : otherwise;
+        return asked.size() <= answers.size() ? answers[asked.size() - 1] : 1000;
     }
     void refresh(std::function<void()> ready) override { late = std::move(ready); }
 
     TestPlatform platform;
     std::vector<double> answers; ///< to the first questions
-    double otherwise = 1000;
     std::vector<int> asked; ///< types of event
     std::function<void()> late; ///< tells that the answers are fresh
 };

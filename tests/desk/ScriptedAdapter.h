@@ -20,7 +20,6 @@ struct ScriptedAdapter final : HidDevice {
         return name == QLatin1String("Product") ? std::optional(product) : std::nullopt;
     }
 
-protected:
     HidStatus platformSetFeatureReport(std::span<const uint8_t> report) override
     {
         written.emplace_back(report.begin(), report.end());

@@ -4,7 +4,7 @@
 #include "fakes/Files.h"
 
 namespace {
-class ZelvoControllerTest : public testing::Test, protected DeskStory { };
+struct ZelvoControllerTest : testing::Test, DeskStory { };
 }
 
 TEST_F(ZelvoControllerTest, logsWhatHappensInFixedWords)

@@ -9,10 +9,6 @@
 namespace {
 /// Answers what it is told to, or keeps silent.
 struct ToldBackend final : IdleBackend {
-    explicit ToldBackend(QChar its)
-        : itsName(its)
-    {
-    }
     [[nodiscard]] QString name() const override { return itsName; }
     void ask(Answer answer) override
     {
@@ -35,7 +31,8 @@ QString told(const char* words)
     IdleTimeSource::Backends backends;
     std::map<QChar, ToldBackend*> byName;
     for (const QChar name : {u'a', u'b'}) {
-        byName[name] = new ToldBackend(name);
+        byName[name] = new ToldBackend;
+        byName[name]->itsName = name;
         backends.emplace_back(byName[name]);
     }
     std::unique_ptr<IdleTimeSource> source;

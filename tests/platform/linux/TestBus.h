@@ -42,8 +42,7 @@ struct XvfbServer : TestServer {
 
 /// A message bus of the test's own. Every connection is a private one, so that the test's services and the
 /// class under test are strangers on the bus, as in a real session.
-class TestBus {
-public:
+struct TestBus {
     ~TestBus() { std::for_each(m_names.begin(), m_names.end(), QDBusConnection::disconnectFromBus); }
 
     QDBusConnection connect()
@@ -66,7 +65,6 @@ public:
             QDBusMessage::createMethodCall("org.freedesktop.DBus", "/", "org.freedesktop.DBus", "GetId"));
     }
 
-private:
     TestServer m_daemon {"dbus-daemon", {"--session", "--nofork", "--print-address"}};
     QStringList m_names;
 };
@@ -91,7 +89,6 @@ struct TestService final : QDBusVirtualObject {
         return bus.send(call.createReply(m_answer(call)));
     }
 
-private:
     QDBusConnection m_bus;
     QString m_name;
     Answer m_answer;

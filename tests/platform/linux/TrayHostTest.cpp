@@ -14,9 +14,9 @@ const QString kPath = "/StatusNotifierWatcher";
 /// An X11 panel's tray: owns the selection and announces it.
 XcbConnectionRef makeXTray()
 {
-    XcbConnectionRef panel(xcb_connect(nullptr, nullptr));
-    xcb_connection_t* const connection = panel.get();
-    const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;
+    XcbServer panel = connectToXServer();
+    xcb_connection_t* const connection = panel.connection.get();
+    const xcb_window_t root = panel.screen->root;
     const auto cookie = xcb_intern_atom(connection, 0, 19, "_NET_SYSTEM_TRAY_S0");
     const XcbReply<xcb_intern_atom_reply_t> selection(xcb_intern_atom_reply(connection, cookie, nullptr));
     xcb_set_selection_owner(connection, root, selection->atom, XCB_CURRENT_TIME);
@@ -26,7 +26,7 @@ XcbConnectionRef makeXTray()
     xcb_send_event(
         connection, 0, root, XCB_EVENT_MASK_STRUCTURE_NOTIFY, reinterpret_cast<const char*>(&event));
     xcb_flush(connection);
-    return panel;
+    return std::move(panel.connection);
 }
 
 /// How often a tray has been found at each "?" of a story; what is expected is waited for.
