@@ -52,10 +52,8 @@ void WizardWindowController::showSetupView()
 void WizardWindowController::removeSubviews()
 {
     const auto children = m_ui->view->findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
-    for (QWidget* child : children) {
-        m_ui->view->layout()->removeWidget(child);
-        child->setParent(nullptr);
-    }
+    for (QWidget* child : children)
+        child->setParent(nullptr); // The layout hears of it.
 }
 
 void WizardWindowController::addSubview(QWidget* view)

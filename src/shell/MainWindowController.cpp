@@ -267,7 +267,6 @@ void MainWindowController::changeDeskState(DeskState state)
 /// Under the circle that it names, or after the words that there is no desk.
 void MainWindowController::placeStatus(bool isUnderCircle)
 {
-    m_ui->circles->removeWidget(m_ui->labelStatus);
     if (isUnderCircle)
         m_ui->circles->addWidget(m_ui->labelStatus, 1, 1);
     else

@@ -46,13 +46,11 @@ BackgroundTextField::BackgroundTextField(QWidget* parent)
 void BackgroundTextField::setBackgroundImage(const Picture& image)
 {
     m_backgroundImage = image;
-    update();
 }
 
 void BackgroundTextField::setInsertionPointColor(const QColor& color)
 {
     m_insertionPointColor = color;
-    update();
 }
 
 QColor BackgroundTextField::textColor() const

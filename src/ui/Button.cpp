@@ -140,7 +140,6 @@ void Button::mouseReleaseEvent(QMouseEvent* event)
     // An X server that holds a click back for a slow window manager reports its release where the pointer is
     // by then.
     event->accept();
-    setDown(false);
     click();
 }
 

@@ -27,7 +27,6 @@ public:
         m_timers.schedule(
             kFrameSeconds, RunLoop::Repeat::Yes, [this](Timer& timer) { step(timer); }, {},
             RunLoop::Precision::Precise);
-        raise();
         show();
     }
 
@@ -50,7 +49,6 @@ private:
         if (done() < 1)
             return;
         timer.invalidate();
-        hide();
         deleteLater();
     }
 

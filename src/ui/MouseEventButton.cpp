@@ -118,8 +118,7 @@ void MouseEventButton::release()
     invalidate(m_keyReleaseTimer);
     setDown(false);
     setMouseTracking(false);
-    if (qApp)
-        qApp->removeEventFilter(this);
+    qApp->removeEventFilter(this);
     // The delegate may delete the button: nothing comes after this.
     if (m_delegate)
         m_delegate->mouseEventButtonMouseUp(*this);
