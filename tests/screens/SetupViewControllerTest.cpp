@@ -11,12 +11,15 @@ protected:
     {
         return find<GoalCircleView>(QString("goalIndicator%1").arg(step + 1));
     }
-    /// Which tabs are active, the steps of the active circles and of the slider, and what those say.
+    /// Which tabs are active, with a line before the one that has it, the steps of the active circles and of
+    /// the slider, and what those say.
     [[nodiscard]] QString goal() const
     {
         QString shown;
-        for (const auto& [name, word] : {std::pair("labelCalories", "calories "), {"labelTime", "time "}})
-            shown += find<ClickableLabel>(name).active() ? word : "";
+        for (const auto& [tab, line, word] : {std::tuple("labelCalories", "lineTabHorizontal4", "calories "),
+                 {"labelTime", "lineTabHorizontal1", "time "}})
+            shown +=
+                QString(find(line).isVisible() ? "|" : "") + (find<ClickableLabel>(tab).active() ? word : "");
         QString circles;
         for (int step = 0; step < 5; ++step) {
             shown += circle(step).active() ? QString("circle %1, ").arg(step) : "";
@@ -27,8 +30,8 @@ protected:
     }
 };
 
-const QString kCalories = "calories circle %1, slider %1: 50 100 150 200 250 | %2 Calories";
-const QString kTime = "time circle %1, slider %1: 10 15 20 30 40 | %2 minutes";
+const QString kCalories = "|calories circle %1, slider %1: 50 100 150 200 250 | %2 Calories";
+const QString kTime = "|time circle %1, slider %1: 10 15 20 30 40 | %2 minutes";
 }
 
 TEST_F(SetupViewControllerTest, theStoredGoalChoosesTabCirclesAndStep)
@@ -37,7 +40,7 @@ TEST_F(SetupViewControllerTest, theStoredGoalChoosesTabCirclesAndStep)
         {2, 40, kTime.arg(4).arg(40)}, {2, 15.9, kTime.arg(1).arg(15)},
         {1, 0, kCalories.arg(2).arg(150)}, // The middle.
         {2, 25, kTime.arg(0).arg(10)}, // Not among the goals.
-        {7, 30, "circle 0, slider 0: 0 0 0 0 0 | 0 minutes"}}; // An unknown mode.
+        {7, 30, "|circle 0, slider 0: 0 0 0 0 0 | 0 minutes"}}; // An unknown mode.
     for (const auto& [mode, storedGoal, shown] : kCases) {
         properties().setActivityMode(mode);
         properties().setActivityGoal(storedGoal);

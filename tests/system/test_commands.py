@@ -233,4 +233,3 @@ def test_the_bus_starts_the_program_and_cannot_move_the_desk(desktop, ask):
     assert try_all() == application | own | {"Status", "Quit"}
     assert set(adapter.values()) == {"init", STOP} and adapter.height == 900
     ask("--quit")
-    assert not desktop.has_owner(desktop.session, NAME)

@@ -37,8 +37,8 @@ def test_a_window_that_is_asked_for_comes_back(desktop, program):
 
 
 def test_one_click_on_the_tray_shows_the_window_and_the_next_hides_it(desktop, program):
-    for minimise in (False, True):
-        program.click_tray()
+    for ask, minimise in ((program.show, False), (program.click_tray, True)):
+        ask()
         window = program.in_front("Zelvo StandUp")
         assert len(desktop.property(window, "_NET_WM_ICON")) == sum(2 + n * n for n in (16, 24, 32, 48, 64, 128))
         if minimise:

@@ -33,7 +33,6 @@ TEST_F(BackgroundTextFieldTest, theCaretBlinksBehindTheTextWhileTheFieldIsEdited
     platform.runLoop.advance(half);
     EXPECT_NEAR(
         caret().left() - start.left(), field.fontMetrics().horizontalAdvance(QStringLiteral("123")), 2);
-    EXPECT_EQ(platform.runLoop.pendingTimerCount(), 1U);
     field.clearFocus();
     EXPECT_TRUE(caret().isEmpty());
     EXPECT_EQ(platform.runLoop.pendingTimerCount(), 0U);

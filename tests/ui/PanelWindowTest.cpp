@@ -1,7 +1,7 @@
 #include "ui/PanelWindow.h"
 
 #include "fakes/ControlTest.h"
-#include "ui/HoverButton.h"
+#include "ui/MouseEventButton.h"
 #include "ui/WindowFade.h"
 
 #include <QTest>
@@ -17,7 +17,7 @@ protected:
     }
 
     PanelWindow window {Qt::Window | Qt::FramelessWindowHint};
-    HoverButton button {&window};
+    MouseEventButton button {&window};
 };
 }
 
