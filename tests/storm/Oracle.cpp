@@ -10,6 +10,8 @@ Oracle::Oracle(const Script& script, std::string storePath, Figures& figures)
     , m_settings(script.settings)
     , m_wallOffset(script.start)
 {
+    ++figures.histories;
+    figures.steps += script.steps.size();
 }
 
 void Oracle::fail(const std::string& what)
@@ -117,20 +119,14 @@ double Oracle::idleSeconds()
 {
     const double seconds = m_awaySince ? m_now - *m_awaySince : 1.0;
     if (std::exchange(m_sleepSeen, m_slept) < m_slept)
-        beginAbsence();
+        m_absentSince = m_now;
     if (m_absentSince == kNever)
         return seconds;
-    if (m_absenceSeenAt == kNever || m_now <= m_absenceSeenAt + 3)
+    if (m_absenceSeenAt < m_absentSince || m_now <= m_absenceSeenAt + 3)
         m_absenceSeenAt = m_now;
     else if (m_now - seconds > m_absentSince)
         m_absentSince = kNever;
     return m_absentSince == kNever ? seconds : kNever;
-}
-
-void Oracle::beginAbsence()
-{
-    m_absentSince = m_now;
-    m_absenceSeenAt = kNever;
 }
 
 // The process and the machine.
@@ -173,7 +169,7 @@ void Oracle::wakeTold()
     m_isGiven = true;
     m_wokeAt = m_now;
     if (std::exchange(m_sleepSeen, m_slept) < m_slept || m_absentSince == kNever)
-        beginAbsence();
+        m_absentSince = m_now;
 }
 
 void Oracle::slept(double seconds)
@@ -181,7 +177,7 @@ void Oracle::slept(double seconds)
     m_slept += seconds;
     m_wokeAt = m_now;
     m_wrong = 0; // Each wake is an absence of its own.
-    blurHold();
+    m_isHoldExact = false;
 }
 
 void Oracle::frozenUntil(double time)
@@ -189,7 +185,7 @@ void Oracle::frozenUntil(double time)
     m_frozenFrom = m_now;
     m_frozenUntil = time;
     m_readAt = std::max(m_readAt, time);
-    blurHold();
+    m_isHoldExact = false;
 }
 
 void Oracle::judge()

@@ -27,7 +27,6 @@ struct Process {
         double from, to;
         int adapter;
         uint16_t command;
-        bool isExact;
         int moves = 0;
         bool stopped = false;
     };
@@ -43,7 +42,7 @@ struct Process {
     bool m_isIdle = false;
     double m_idleAfter = 0; ///< read when the program starts
     double m_sleepSeen = 0, m_wokeAt = -1e9;
-    double m_absentSince = kNever, m_absenceSeenAt = kNever; ///< since a wake
+    double m_absentSince = kNever, m_absenceSeenAt = -1; ///< since a wake
 
     // The cable: the program listens to the first adapter, and drives the one taken up last.
     std::vector<int> m_adapters;
@@ -55,6 +54,7 @@ struct Process {
     std::map<int, uint16_t> m_lastCommand;
     std::map<int, Answer> m_answers; ///< the last ones
     std::vector<Hold> m_holds;
+    bool m_isHoldExact = false; ///< how many reports it gives is known
 
     // Record and schedule.
     bool m_isOpen = false;
@@ -63,7 +63,7 @@ struct Process {
     Posture m_scheduled = None;
 
     // Windows.
-    bool m_isReminderOnShow = false, m_isReminderHeld = false, m_isActionDone = false, m_isPointed = false;
+    bool m_isReminderOnShow = false, m_isReminderHeld = false, m_isActionDone = false;
     double m_dismissAt = kNever, m_dismissBegunAt = 0, m_fadedAt = kNever, m_owedSince = kNever;
     double m_openedAt = kNever;
     Posture m_target = None; ///< of the reminder
@@ -184,7 +184,6 @@ private:
     void pulse();
     void lookAtUser();
     [[nodiscard]] double idleSeconds();
-    void beginAbsence();
     void periodEnds();
     void dismissTicks();
     void dismissAfter(double seconds);
@@ -193,8 +192,6 @@ private:
     void hear(const std::vector<uint8_t>& report);
     [[nodiscard]] bool isItsTurn() const;
     void hearAgain();
-    void errorIs(bool isThere);
-    void takeHeight(int height);
     void commanded(const Transfer& transfer);
 
     void open();
@@ -202,14 +199,14 @@ private:
     void endRow();
     void close();
     [[nodiscard]] bool hasSlept() const { return m_slept - m_span.slept > 2; }
-    [[nodiscard]] bool isBroken() const;
+    /// The wall clock was set, or went on in sleep.
+    [[nodiscard]] bool isBroken() const { return std::abs(wall() - m_span.wall - m_now + m_span.from) > 2; }
     [[nodiscard]] double spanEnd() const;
     void schedule(double seconds);
     void snooze();
-    void fade();
+    void fade() { m_fadedAt = isReminderOpen() ? m_now + kFade : m_fadedAt; }
 
     void endHold();
-    void blurHold();
     void judgePresence();
 
     const std::string m_storePath;

@@ -19,7 +19,7 @@ void Oracle::wire(bool isHeard, bool isGood, double seconds)
         m_quickSince = m_now + kPoll + std::max(4 * kSlowest, m_latency);
     if (!m_isGood)
         m_goodSince = m_now + 2 * kPatience;
-    blurHold();
+    m_isHoldExact = false;
     m_deafSince = isHeard ? kNever : std::min(m_deafSince, m_now);
     m_isHeard = isHeard;
     m_isGood = isGood;
@@ -110,24 +110,25 @@ bool Oracle::isItsTurn() const
     return isNewCable || (m_checkedAt > from && m_checkedAt < m_now + kRounding);
 }
 
+/// The standing point lies in the middle between the first two memory positions; the height is judged when it
+/// changes, and not when they do.
 void Oracle::hear(const std::vector<uint8_t>& report)
 {
-    if (isAsking()) {
-        errorIs(report[3] & 2);
-        takeHeight(report[4] | report[5] << 8);
-    } else if (m_now >= m_checkedAt - kRounding && report[2] & 1) {
-        m_polledSince = m_now;
-        m_nextPoll = m_now + kPoll;
+    if (!isAsking()) {
+        if (m_now >= m_checkedAt - kRounding && report[2] & 1)
+            m_nextPoll = kPoll + (m_polledSince = m_now);
+        return;
     }
-}
-
-void Oracle::errorIs(bool isThere)
-{
-    if (isThere)
-        m_errorAt = m_now;
-    else if (m_hasError)
-        m_errorOverAt = m_now;
-    m_hasError = isThere;
+    const bool hadError = std::exchange(m_hasError, report[3] & 2);
+    if (m_hasError || hadError)
+        (m_hasError ? m_errorAt : m_errorOverAt) = m_now;
+    const int height = report[4] | report[5] << 8;
+    if (std::exchange(m_height, height) == height)
+        return;
+    const int middle = (int(setting("DevicePosition1")) + int(setting("DevicePosition2"))) / 2;
+    const Posture posture = height >= middle ? Standing : Sitting;
+    if (std::exchange(m_posture, posture) != posture)
+        open();
 }
 
 /// Whoever asks while the answer is on its way gets the one before, unless nobody would believe it any more.
@@ -138,18 +139,6 @@ void Oracle::hearAgain()
     if (isSlow && answer != m_answers.end() && m_now - answer->second.askedAt <= kBelieved
         && (isAsking() || isNear(m_now, m_checkedAt)))
         hear(answer->second.bytes);
-}
-
-/// The standing point lies in the middle between the first two memory positions; the height is judged when it
-/// changes, and not when they do.
-void Oracle::takeHeight(int height)
-{
-    if (std::exchange(m_height, height) == height)
-        return;
-    const int middle = (int(setting("DevicePosition1")) + int(setting("DevicePosition2"))) / 2;
-    const Posture posture = height >= middle ? Standing : Sitting;
-    if (std::exchange(m_posture, posture) != posture)
-        open();
 }
 
 void Oracle::commanded(const Transfer& transfer)
@@ -211,7 +200,8 @@ void Oracle::pressed(uint16_t command, bool onReminder)
     if (driven() < 0)
         return;
     m_nextResend = m_now + kResend;
-    m_holds.push_back({m_now, kNever, driven(), command, isQuick()});
+    m_holds.push_back({m_now, kNever, driven(), command});
+    m_isHoldExact = isQuick();
 }
 
 void Oracle::letGo(bool onReminder)
@@ -232,15 +222,9 @@ void Oracle::endHold()
     m_nextResend = kNever;
     hearAgain();
     ++m_figures.holds;
-    if (hold.isExact && hold.moves != int((hold.to - hold.from) / kResend + kRounding))
+    if (m_isHoldExact && hold.moves != int((hold.to - hold.from) / kResend + kRounding))
         fail("a hold of " + std::to_string(hold.to - hold.from) + " s gave " + std::to_string(hold.moves)
             + " movement reports");
 }
 
-/// How many reports the hold gives is not known any more.
-void Oracle::blurHold()
-{
-    if (!m_holds.empty())
-        m_holds.back().isExact = false;
-}
 }

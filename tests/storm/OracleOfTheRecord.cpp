@@ -46,12 +46,6 @@ void Oracle::close()
     m_span = {wall(), m_now, m_slept};
 }
 
-/// The wall clock was set, or went on in sleep.
-bool Oracle::isBroken() const
-{
-    return std::abs(wall() - m_span.wall - (m_now - m_span.from)) > 2;
-}
-
 double Oracle::spanEnd() const
 {
     return std::max(m_span.wall, isBroken() ? m_span.wall + m_now - m_span.from : wall());
@@ -100,7 +94,7 @@ void Oracle::reminderAppeared()
 {
     if (std::exchange(m_owedSince, kNever) == kNever)
         fail("a reminder out of its time");
-    blurHold(); // It takes the keyboard where a window that comes up becomes the active one.
+    m_isHoldExact = false; // It takes the keyboard where a window that comes up becomes the active one.
 }
 
 void Oracle::reminderLeft()
@@ -108,14 +102,8 @@ void Oracle::reminderLeft()
     const auto isFaded = [this](double at) { return std::abs(m_now - at) < 0.03; };
     if (!isFaded(std::max(m_fadedAt, m_frozenUntil)) && !isFaded(m_fadedAt))
         fail("the reminder left at a time of its own");
-    m_isReminderOnShow = m_isPointed = false;
+    m_isReminderOnShow = false;
     m_fadedAt = kNever;
-}
-
-void Oracle::fade()
-{
-    if (isReminderOpen())
-        m_fadedAt = m_now + kFade;
 }
 
 void Oracle::snooze()
@@ -130,10 +118,7 @@ void Oracle::answered(const std::string& how)
 {
     if (how == "snooze" || how == "close")
         return snooze();
-    // A pointer that has entered the window stops its clock.
-    if (how == "skip" && !std::exchange(m_isPointed, true))
-        m_dismissAt = kNever;
-    if (isActive())
+    if (isActive()) // The reminder's own clock goes on.
         schedule(3600 / int(setting("NumberOfStandUps")));
     fade();
 }
@@ -145,7 +130,7 @@ void Oracle::opened()
     m_openedAt = std::min(m_openedAt, m_now);
     m_dismissAt = kNever;
     fade();
-    blurHold(); // Another window that comes to the front takes a hold away.
+    m_isHoldExact = false; // Another window that comes to the front takes a hold away.
 }
 
 void Oracle::look(const Shown& shown)

@@ -50,11 +50,11 @@ const std::vector<Verb> kVerbs {
         {"CET-1CEST,M3.5.0,M10.5.0/3", "NST3:30NDT,M3.2.0,M11.1.0", "IST-5:30",
             "<+1245>-12:45<+1345>,M9.5.0/2:45,M4.1.0/3:45", "UTC0"}},
     {"set", 4},
-    {"answer", 9, {"snooze", "skip", "skip-unpointed", "close"}},
+    {"answer", 9, {"snooze", "skip", "close"}},
     // The process ends, and starts again.
     {"end", 1, {"kill", "quit"}},
     // It stands still for that long; a held button is let go half way.
-    {"freeze", 2, {"idle", "held"}, {1, 25, 0.13}},
+    {"freeze", 3, {"-"}, {1, 25, 0.13}},
 };
 
 /// No value equals its default, and no two settings are likely to be equal.

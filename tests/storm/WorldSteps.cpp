@@ -2,7 +2,6 @@
 #include "storm/World.h"
 
 #include <QApplication>
-#include <QEnterEvent>
 #include <QMouseEvent>
 #include <QTest>
 
@@ -26,6 +25,14 @@ bool hasWord(const Step& step, const char* word)
     return step.variant.find(word) != std::string::npos;
 }
 
+void openOrClose(World& world, const Step& step)
+{
+    if (step.variant == "none")
+        return void(world.main && world.main->close());
+    world.oracle().opened();
+    world.app->menuOpenClicked();
+}
+
 void press(World& world, const Step& step)
 {
     struct Button {
@@ -45,6 +52,8 @@ void press(World& world, const Step& step)
     };
     const Button& button = buttons.at(step.variant);
     const bool isOnReminder = hasWord(step, "reminder");
+    if (!world.held && !isOnReminder && !isUsable(world.main))
+        openOrClose(world, {"window", "main", 0, 0});
     QWidget* const window = isOnReminder ? world.reminder.data() : world.main.data();
     if (world.held || !isUsable(window))
         return;
@@ -54,14 +63,6 @@ void press(World& world, const Step& step)
     Oracle& oracle = world.oracle();
     oracle.pressed(setting ? uint16_t(oracle.setting(setting)) : button.command, isOnReminder);
     QTest::mousePress(world.held.data(), Qt::LeftButton);
-}
-
-void openOrClose(World& world, const Step& step)
-{
-    if (step.variant == "none")
-        return void(world.main && world.main->close());
-    world.oracle().opened();
-    world.app->menuOpenClicked();
 }
 
 void setWire(World& world, const Step& step)
@@ -176,11 +177,6 @@ void answer(World& world, const Step& step)
         return;
     const std::string& how = step.variant;
     world.oracle().answered(how);
-    if (how == "skip") {
-        QWidget* const view = child(world.reminder, "notificationView");
-        QEnterEvent enter(QPointF(5, 5), QPointF(5, 5), view->mapToGlobal(QPointF(5, 5)));
-        QCoreApplication::sendEvent(view, &enter);
-    }
     if (how == "close")
         world.reminder->close();
     else
@@ -195,11 +191,6 @@ void freeze(World& world, const Step& step)
     VirtualRunLoop& loop = world.loop();
     if (!world.oracle().isQuick())
         world.pass(5.03 - std::fmod(loop.monotonicNow() - world.startedAt, 5));
-    if (step.variant == "held" && !world.held) {
-        openOrClose(world, {"window", "main", 0, 0});
-        press(world, {"press", "up", 0, 0});
-        world.pass(0.5);
-    }
     world.oracle().frozenUntil(loop.monotonicNow() + step.value);
     loop.jump(step.value / 2);
     const QPointer<QWidget> button = std::exchange(world.held, nullptr);
