@@ -41,6 +41,8 @@ void Oracle::goTo(double time)
     m_wrong = isRight || isUnclear ? 0 : m_wrong + std::max(0.0, time - m_now);
     m_figures.largestError = std::max(m_figures.largestError, m_wrong);
     m_now = std::max(m_now, time);
+    if (m_isOpen)
+        m_rows.back().end = std::max(m_span.wall, isBroken() ? m_span.wall + m_now - m_span.from : wall());
     if (m_wrong > kLongestError)
         fail("the record is not the truth for " + std::to_string(m_wrong) + " s");
 }
@@ -102,7 +104,7 @@ void Oracle::pulse()
     if (m_isOpen && isBroken())
         return beginRow();
     if (m_isOpen)
-        m_rows.back().end = m_storedEnd = spanEnd();
+        m_storedEnd = m_rows.back().end;
 }
 
 void Oracle::lookAtUser()

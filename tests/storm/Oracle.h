@@ -196,12 +196,10 @@ private:
 
     void open();
     void beginRow();
-    void endRow();
     void close();
     [[nodiscard]] bool hasSlept() const { return m_slept - m_span.slept > 2; }
     /// The wall clock was set, or went on in sleep.
     [[nodiscard]] bool isBroken() const { return std::abs(wall() - m_span.wall - m_now + m_span.from) > 2; }
-    [[nodiscard]] double spanEnd() const;
     void schedule(double seconds);
     void snooze();
     void fade() { m_fadedAt = isReminderOpen() ? m_now + kFade : m_fadedAt; }

@@ -43,8 +43,7 @@ void Oracle::adopt(int adapter)
     m_readAt = m_now + kCheck;
     if (m_adapters.size() == 1)
         m_nextPoll = m_checkedAt = m_now + kCheck;
-    else
-        m_hadTwo = true;
+    m_hadTwo = m_hadTwo || m_adapters.size() > 1;
 }
 
 void Oracle::removed(int adapter)

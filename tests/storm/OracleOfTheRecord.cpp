@@ -25,30 +25,17 @@ void Oracle::open()
 
 void Oracle::beginRow()
 {
-    endRow();
     m_isOpen = true;
     m_span = {wall(), m_now, m_slept};
     m_storedEnd = wall();
     m_rows.push_back({wall(), wall(), m_posture, setting("Weight")});
 }
 
-void Oracle::endRow()
-{
-    if (m_isOpen)
-        m_rows.back().end = spanEnd();
-    m_isOpen = false;
-}
-
 void Oracle::close()
 {
-    endRow();
+    m_isOpen = false;
     m_due = kNever;
     m_span = {wall(), m_now, m_slept};
-}
-
-double Oracle::spanEnd() const
-{
-    return std::max(m_span.wall, isBroken() ? m_span.wall + m_now - m_span.from : wall());
 }
 
 void Oracle::schedule(double seconds)

@@ -15,6 +15,7 @@ struct Verb {
     size_t share; ///< of all steps
     std::vector<std::string> variants {"-"};
     Range value {};
+    std::vector<int> longest {5, 30, 30, 100, 200, 400, 900, 1500}; ///< pause after it, in tenths of a second
 };
 
 const std::vector<Verb> kVerbs {
@@ -22,7 +23,8 @@ const std::vector<Verb> kVerbs {
     // A button of the main window or the reminder, held from here on; and let go, in one of the ways a hold
     // can end.
     {"press", 16,
-        {"up", "down", "memory1", "memory2", "memory3", "reminder-memory", "reminder-up", "reminder-down"}},
+        {"up", "down", "memory1", "memory2", "memory3", "reminder-memory", "reminder-up", "reminder-down"},
+        {}, {10, 30, 60, 120}},
     {"let-go", 14, {"button", "hide", "minimise", "close", "deactivate"}},
     {"window", 7, {"main", "none"}},
     {"plug", 5, {"first", "second"}},
@@ -79,14 +81,6 @@ double anyOf(Range range)
     return *rc::gen::inRange(range.least, range.most + 1) * range.unit;
 }
 
-/// Mostly moments, now and then the time a reminder takes.
-double anySeconds(bool isHeld)
-{
-    static const std::vector<int> held {10, 30, 60, 120};
-    static const std::vector<int> other {5, 30, 30, 100, 200, 400, 900, 1500};
-    return anyOf({0, *rc::gen::elementOf(isHeld ? held : other), 0.1});
-}
-
 Step anyStep()
 {
     static const auto verbs = [] { // As often as its share.
@@ -96,12 +90,12 @@ Step anyStep()
         return all;
     }();
     const Verb& verb = **rc::gen::elementOf(verbs);
+    const auto seconds = [&] { return anyOf({0, *rc::gen::elementOf(verb.longest), 0.1}); };
     if (verb.name == "set") {
         const auto [key, range] = *rc::gen::elementOf(kSettings);
-        return {verb.name, key, anyOf(range), anySeconds(false)};
+        return {verb.name, key, anyOf(range), seconds()};
     }
-    return {
-        verb.name, *rc::gen::elementOf(verb.variants), anyOf(verb.value), anySeconds(verb.name == "press")};
+    return {verb.name, *rc::gen::elementOf(verb.variants), anyOf(verb.value), seconds()};
 }
 }
 

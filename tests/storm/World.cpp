@@ -10,62 +10,39 @@
 #include <unistd.h>
 
 namespace storm {
-class World::Bus final : public HidManager {
+namespace {
+/// Tells the oracle first which adapters are taken up and given up.
+class Cables final : public SimulatedHidManager {
 public:
-    explicit Bus(World& world)
+    explicit Cables(World& world)
         : m_world(world)
     {
-        m_world.desks().registerDeviceMatchingCallback([this](const HidDeviceRef& device) {
-            if (!m_matched)
-                return;
-            m_world.oracle().matched(m_numbers.at(device));
-            m_matched(device);
-        });
-        m_world.desks().registerDeviceRemovalCallback([this](const HidDeviceRef& device) {
-            if (!m_removed)
-                return;
-            m_world.oracle().removed(m_numbers.at(device));
-            m_removed(device);
-        });
-        m_world.desks().registerLateReportCallback(
-            [this](const HidDeviceRef& device, std::span<const uint8_t> report) {
-                if (m_lateReport)
-                    m_lateReport(device, report);
-            });
     }
     HidStatus open() override
     {
-        m_world.desks().setDeviceMatching(m_matching);
-        m_world.desks().setRestReport(m_restReport);
-        const HidStatus status = m_world.desks().open();
-        m_numbers.clear();
-        for (const int number : {0, 1}) {
-            if (m_world.desks().isPlugged(number))
-                m_numbers[copyDevices()[m_numbers.size()]] = number;
-        }
-        return status;
-    }
-    [[nodiscard]] std::vector<HidDeviceRef> copyDevices() const override
-    {
-        return m_world.desks().copyDevices();
-    }
-    void plug(int number)
-    {
-        m_world.desks().plug(number);
-        for (const HidDeviceRef& device : copyDevices())
-            m_numbers.try_emplace(device, number);
+        m_matched = telling(&Oracle::matched, m_matched);
+        m_removed = telling(&Oracle::removed, m_removed);
+        return SimulatedHidManager::open();
     }
 
 private:
+    DeviceCallback telling(void (Oracle::*told)(int adapter), const DeviceCallback& program)
+    {
+        return [this, told, program](const HidDeviceRef& device) {
+            (m_world.oracle().*told)(m_world.numbers.at(device));
+            program(device);
+        };
+    }
+
     World& m_world;
-    std::map<HidDeviceRef, int> m_numbers;
 };
+}
 
 World::World(const Script& script, Figures& figures)
     : m_oracle(script,
         platform.folder.filePath(QStringLiteral("org.zelvo.StandUp/StandUp.storedata")).toStdString(),
         figures)
-    , m_bus(std::make_unique<Bus>(*this))
+    , m_desks(std::make_unique<Cables>(*this))
 {
     for (const int number : {0, 1}) {
         // At its own zero a desk says what an adapter says that has not been heard yet.
@@ -107,11 +84,16 @@ void World::start()
     platform.restart();
     m_events = std::make_unique<SleepAwareEventSource>(platform.user);
     app = std::make_unique<AppDelegate>(
-        AppDelegate::Dependencies {*m_bus, *m_events, platform.workspace, platform.loginItems,
+        AppDelegate::Dependencies {desks(), *m_events, platform.workspace, platform.loginItems,
             platform.dialogs, platform.folder.path(), QStringLiteral("/opt/zelvo/zelvo-standup"), [] {}, {}});
     startedAt = loop().monotonicNow();
     oracle().started();
     app->applicationDidFinishLaunching();
+    numbers.clear();
+    for (const int number : {0, 1}) {
+        if (desks().isPlugged(number))
+            numbers[desks().copyDevices()[numbers.size()]] = number;
+    }
     (void)!std::freopen("/dev/null", "w", stderr); // The log of a decade is long.
 }
 
@@ -220,9 +202,11 @@ void World::plug(int number, bool in)
         passUntil(97 + number);
     oracle().plugged(number, in);
     if (in)
-        m_bus->plug(number);
+        desks().plug(number);
     else
         desks().unplug(number);
+    for (const HidDeviceRef& device : desks().copyDevices())
+        numbers.try_emplace(device, number);
     loop().advance(0);
 }
 

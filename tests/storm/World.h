@@ -35,25 +35,23 @@ public:
     /// As things stand now.
     [[nodiscard]] Oracle& oracle();
     [[nodiscard]] VirtualRunLoop& loop() { return platform.runLoop; }
-    [[nodiscard]] SimulatedHidManager& desks() { return platform.hid; }
+    [[nodiscard]] SimulatedHidManager& desks() { return *m_desks; }
     /// The desk that is driven, or would be.
     [[nodiscard]] int desk() { return std::max(oracle().driven(), 0); }
 
     TestPlatform platform;
     std::unique_ptr<AppDelegate> app; ///< while it runs
     QPointer<QWidget> held, main, reminder;
+    std::map<HidDeviceRef, int> numbers; ///< of the adapters
     double startedAt = 0;
     bool isSlow = false; ///< on the cables
 
 private:
-    /// The cables: tells the oracle which adapters are taken up and given up.
-    class Bus;
-
     void play(const Step& step);
     bool eventFilter(QObject* receiver, QEvent* event) override;
 
     Oracle m_oracle;
-    std::unique_ptr<Bus> m_bus;
+    std::unique_ptr<SimulatedHidManager> m_desks;
     std::unique_ptr<SleepAwareEventSource> m_events;
     const QAbstractButton* m_memory = nullptr;
     const QLabel *m_height = nullptr, *m_status = nullptr, *m_error = nullptr;

@@ -14,7 +14,7 @@ class SimulatedHidDevice;
 ///
 /// Transfers take no time until they are told to. Failures: ENODEV unplugged, EBADF not opened; what goes
 /// wrong on the wire is dealt with as by every backend.
-class SimulatedHidManager final : public HidManager {
+class SimulatedHidManager : public HidManager {
 public:
     SimulatedHidManager();
     ~SimulatedHidManager() override;
