@@ -69,7 +69,7 @@ void Oracle::runTimers(double until, bool isAllHeard)
         double interval, begun;
         void (Oracle::*tick)();
     };
-    const bool isInOrder = isAllHeard || until > m_frozenUntil + kRounding || !isAnsweredAtOnce();
+    const bool isInOrder = isAllHeard || until > m_frozenUntil + kRounding;
     while (true) {
         const Timer timers[] {{m_due, kNever, m_scheduledAt, &Oracle::periodEnds},
             {m_dismissAt, kNever, m_dismissBegunAt, &Oracle::dismissTicks},

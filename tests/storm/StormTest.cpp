@@ -88,7 +88,7 @@ TEST_F(Storm, decadesOfWorkKeepTheRecord)
     script
         << "1704697200 Weight 71.5 ActivityMode 2 ActivityGoal 17 NumberOfStandUps 3 DevicePosition1 1130 "
            "DevicePosition2 4210 DevicePosition3 2870 TablePositionOffset 6300 TimeIdle 290 TimeSnooze 777 "
-           "TimeNotificationDismiss 13 TimeNotificationDismissOnAction 4 AverageWorkDayHours 7";
+           "TimeNotificationDismiss 613 TimeNotificationDismissOnAction 4 AverageWorkDayHours 7";
     const int days = number("ZELVO_DAYS", 30);
     for (int day = 0; day < days; ++day) {
         for (int hour = 0; hour < 9; ++hour) {

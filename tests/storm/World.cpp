@@ -86,7 +86,6 @@ void World::start()
     app = std::make_unique<AppDelegate>(
         AppDelegate::Dependencies {desks(), *m_events, platform.workspace, platform.loginItems,
             platform.dialogs, platform.folder.path(), QStringLiteral("/opt/zelvo/zelvo-standup"), [] {}, {}});
-    startedAt = loop().monotonicNow();
     oracle().started();
     app->applicationDidFinishLaunching();
     numbers.clear();

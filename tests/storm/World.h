@@ -43,7 +43,6 @@ public:
     std::unique_ptr<AppDelegate> app; ///< while it runs
     QPointer<QWidget> held, main, reminder;
     std::map<HidDeviceRef, int> numbers; ///< of the adapters
-    double startedAt = 0;
     bool isSlow = false; ///< on the cables
 
 private:
