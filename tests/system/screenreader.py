@@ -2,6 +2,8 @@
 
 # The client library keeps one bus for a process's life, so it could not follow one scenario's desktop after another.
 
+import contextlib
+
 from gi.repository import Gio, GLib
 
 from bus import ask_bus, call, get
@@ -35,6 +37,12 @@ class Node:
     def has(self, state):
         words = self._call("Accessible", "GetState")[0]
         return bool(words[state // 32] >> state % 32 & 1)
+
+    def is_gone(self):
+        # What has been closed is there for a moment yet, and does nothing any more.
+        with contextlib.suppress(GLib.Error):
+            return not self.has(SHOWING)
+        return True
 
     @property
     def middle(self):
