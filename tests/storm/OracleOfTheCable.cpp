@@ -206,8 +206,6 @@ void Oracle::pressed(uint16_t command, bool onReminder)
 void Oracle::letGo(bool onReminder)
 {
     endHold();
-    if (isNear(m_now, m_frozenUntil) && !m_holds.empty() && m_holds.back().to > m_frozenFrom)
-        hearAgain(); // The stop of a hold that ended in a standstill asks the height only now.
     m_isReminderHeld = m_isReminderHeld && !onReminder;
     m_isActionDone = m_isActionDone || onReminder;
 }

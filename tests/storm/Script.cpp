@@ -60,21 +60,12 @@ const std::vector<Verb> kVerbs {
 };
 
 /// No value equals its default, and no two settings are likely to be equal.
-const std::map<std::string, Range> kSettings {
-    {"Weight", {81, 260, 0.5}},
-    {"ActivityMode", {1, 2}},
-    {"ActivityGoal", {4, 57}},
-    {"NumberOfStandUps", {2, 6}},
-    {"DevicePosition1", {60, 210, 10}},
-    {"DevicePosition2", {330, 460, 10}},
-    {"DevicePosition3", {230, 320, 10}},
-    {"TablePositionOffset", {30, 90, 100}},
-    {"TimeIdle", {41, 171, 1.0037}},
-    {"TimeSnooze", {3, 12, 1.9037}},
-    {"TimeNotificationDismiss", {7, 19}},
-    {"TimeNotificationDismissOnAction", {2, 6}},
-    {"AverageWorkDayHours", {3, 7}},
-};
+const std::map<std::string, Range> kSettings {{"Weight", {81, 260, 0.5}}, {"ActivityMode", {1, 2}},
+    {"ActivityGoal", {4, 57}}, {"NumberOfStandUps", {2, 6}}, {"DevicePosition1", {60, 210, 10}},
+    {"DevicePosition2", {330, 460, 10}}, {"DevicePosition3", {230, 320, 10}},
+    {"TablePositionOffset", {30, 90, 100}}, {"TimeIdle", {41, 171, 1.0037}}, {"TimeSnooze", {3, 12, 1.9037}},
+    {"TimeNotificationDismiss", {7, 19}}, {"TimeNotificationDismissOnAction", {2, 6}},
+    {"AverageWorkDayHours", {3, 7}}};
 
 double anyOf(Range range)
 {

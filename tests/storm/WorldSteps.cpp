@@ -40,16 +40,11 @@ void press(World& world, const Step& step)
         const char* setting; ///< of the height it drives to; none for up and down
         uint16_t command = 0;
     };
-    static const std::map<std::string, Button> buttons {
-        {"up", {"buttonUp", nullptr, 0x8000}},
-        {"down", {"buttonDown", nullptr, 0x7FFF}},
-        {"memory1", {"buttonMemory1", "DevicePosition1"}},
-        {"memory2", {"buttonMemory2", "DevicePosition2"}},
-        {"memory3", {"buttonMemory3", "DevicePosition3"}},
+    static const std::map<std::string, Button> buttons {{"up", {"buttonUp", nullptr, 0x8000}},
+        {"down", {"buttonDown", nullptr, 0x7FFF}}, {"memory1", {"buttonMemory1", "DevicePosition1"}},
+        {"memory2", {"buttonMemory2", "DevicePosition2"}}, {"memory3", {"buttonMemory3", "DevicePosition3"}},
         {"reminder-memory", {"buttonMemory", "DevicePosition2"}},
-        {"reminder-up", {"buttonUp", nullptr, 0x8000}},
-        {"reminder-down", {"buttonDown", nullptr, 0x7FFF}},
-    };
+        {"reminder-up", {"buttonUp", nullptr, 0x8000}}, {"reminder-down", {"buttonDown", nullptr, 0x7FFF}}};
     const Button& button = buttons.at(step.variant);
     const bool isOnReminder = hasWord(step, "reminder");
     if (!world.held && !isOnReminder && !isUsable(world.main))
