@@ -3,9 +3,8 @@
 import itertools
 
 import pytest
-from gi.repository import GLib
 from waiting import at_rest, holds_for, wait_until
-from Xlib import X, Xatom
+from Xlib import Xatom
 
 WINDOWS = {"Open Zelvo StandUp": "Zelvo StandUp", "History": "History", "Settings…": "Settings"}
 # Screens of that many pixels, at that scale.
@@ -53,17 +52,6 @@ def test_one_click_on_the_tray_shows_the_window_and_the_next_hides_it(desktop, p
     for button, window in {"History": "Year", "Settings": "Done"}.items():
         main.find(button).press()
         program.window_with(window)
-
-
-def test_a_window_takes_the_look_that_the_desktop_prefers(desktop):
-    desktop.settings(Appearance=2)
-    window = desktop.start_recording().show()
-    portal = "/org/freedesktop/portal/desktop", "org.freedesktop.portal.Settings", "SettingChanged"
-    for scheme, is_dark in ((1, True), (2, False)):
-        wish = ("org.freedesktop.appearance", "color-scheme", GLib.Variant("u", scheme))
-        desktop.session.emit_signal(None, *portal, GLib.Variant("(ssv)", wish))
-        light = lambda: max(window.get_image(2, 2, 1, 1, X.ZPixmap, 0xFFFFFF).data[:3])  # noqa: E731
-        wait_until(lambda is_dark=is_dark: (light() < 128) == is_dark, "the look")
 
 
 def test_a_window_is_dragged_by_its_background_and_not_by_its_buttons(desktop, program):
