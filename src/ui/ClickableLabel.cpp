@@ -114,14 +114,8 @@ void ClickableLabel::keyPressEvent(QKeyEvent* event)
     const int key = event->key();
     if (key != Qt::Key_Space && key != Qt::Key_Return && key != Qt::Key_Enter)
         QLabel::keyPressEvent(event);
-    else if (!m_keyRepeat.isRepetition(*event))
-        click();
-}
-
-void ClickableLabel::keyReleaseEvent(QKeyEvent* event)
-{
-    m_keyRepeat.released(*event);
-    QLabel::keyReleaseEvent(event);
+    else
+        click(); // At each repetition too, which chooses what is chosen.
 }
 
 void ClickableLabel::setUnderlined(bool underlined)

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "ui/FocusMark.h"
-#include "ui/KeyRepeat.h"
 
 #include <QLabel>
 
@@ -49,7 +48,6 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    void keyReleaseEvent(QKeyEvent* event) override;
 
 private:
     void setUnderlined(bool underlined);
@@ -57,6 +55,5 @@ private:
     ClickableLabelDelegate* m_delegateClick = nullptr;
     QString m_originalAttribuedString;
     FocusMark m_focusMark {*this};
-    KeyRepeat m_keyRepeat;
     bool m_active = false;
 };
