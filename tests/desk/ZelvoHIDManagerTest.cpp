@@ -94,6 +94,8 @@ TEST_F(ZelvoHIDManagerTest, namesWhatFails)
     second->readStatus = EINPROGRESS;
     EXPECT_EQ(logOf(read), "") << "the answer is only late";
 
+    EXPECT_TRUE(manager.killDeviceReference(second) && !manager.killDeviceReference(second)) << "once";
+
     ForbiddenHidManager forbidden;
     const auto begin = [&] { EXPECT_FALSE(ZelvoHIDManager(forbidden).isDeviceConneced()); };
     EXPECT_EQ(logOf(begin), "IOHIDManagerOpen failed.\n") << "with a list of its own";
