@@ -21,17 +21,15 @@ HidrawNode::~HidrawNode()
 
 HidStatus HidrawNode::open()
 {
-    if (m_isOurs)
-        return 0;
     if (m_file < 0)
         m_file = ::open(m_path.c_str(), O_RDWR | O_CLOEXEC);
     if (m_file < 0)
         return errno;
     // The kernel lets everybody open a node. The lock is the mark by which programs tell that it is taken. A
-    // refused node stays open: closing it would look as if its holder had let go.
+    // refused node stays open: closing it would look as if its holder had let go. Who has the lock gets it
+    // again.
     if (flock(m_file, LOCK_EX | LOCK_NB) != 0)
         return errno == EWOULDBLOCK ? EBUSY : errno;
-    m_isOurs = true;
     return 0;
 }
 

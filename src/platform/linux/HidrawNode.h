@@ -27,5 +27,4 @@ public:
 private:
     std::string m_path;
     int m_file = -1;
-    bool m_isOurs = false;
 };
