@@ -63,7 +63,7 @@ struct Process {
     Posture m_scheduled = None;
 
     // Windows.
-    bool m_isReminderOnShow = false, m_isReminderHeld = false, m_isActionDone = false;
+    bool m_isReminderOnShow = false, m_isReminderHeld = false, m_isActionDone = false, m_isPointed = false;
     double m_dismissAt = kNever, m_dismissBegunAt = 0, m_fadedAt = kNever, m_owedSince = kNever;
     double m_openedAt = kNever;
     Posture m_target = None; ///< of the reminder

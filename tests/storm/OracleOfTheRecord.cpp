@@ -89,7 +89,7 @@ void Oracle::reminderLeft()
     const auto isFaded = [this](double at) { return std::abs(m_now - at) < 0.03; };
     if (!isFaded(std::max(m_fadedAt, m_frozenUntil)) && !isFaded(m_fadedAt))
         fail("the reminder left at a time of its own");
-    m_isReminderOnShow = false;
+    m_isReminderOnShow = m_isPointed = false;
     m_fadedAt = kNever;
 }
 
@@ -105,7 +105,9 @@ void Oracle::answered(const std::string& how)
 {
     if (how == "snooze" || how == "close")
         return snooze();
-    if (isActive()) // The reminder's own clock goes on.
+    if (!std::exchange(m_isPointed, true)) // A pointer that has entered the window stops its clock.
+        m_dismissAt = kNever;
+    if (isActive())
         schedule(3600 / int(setting("NumberOfStandUps")));
     fade();
 }

@@ -96,7 +96,7 @@ TEST_F(Storm, decadesOfWorkKeepTheRecord)
                    << "; window main 0 1; press memory" << pick(1, 2) << " 0 " << pick(5, 14)
                    << "; let-go button 0 1; window none 0 " << pick(0, 900) << "; user away 0 "
                    << (hour == 4 ? 2700 : pick(20, 900)) << "; user back 0 " << pick(60, 1200) << "; answer "
-                   << (pick(0, 1) ? "snooze" : "skip") << " 0 " << pick(0, 120);
+                   << (pick(0, 1) ? "snooze" : "skip") << " 0 " << pick(0, 1600);
         }
         script << "; user away 0 1; sleep announced-told " << (day % 5 == 4 ? 62 : 14) * 3600
                << " 30; user back 0 60";
