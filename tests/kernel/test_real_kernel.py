@@ -122,6 +122,12 @@ def test_a_day_of_the_program_on_a_real_kernel(world):
         desktop.tells(height_raw=4100, posture="standing")
     wait_until(lambda: [standing for _, _, standing in desktop.records()] == [0, 1], "both periods")
 
+    # An error of the desk is shown until it is over.
+    world.desk("error overload-up")
+    world.panel.hears("E02: Overload while going up")
+    world.desk("error clear")
+    wait_until(lambda: not any("E02" in said for said in world.panel.says()), "no error")
+
     # An adapter that refuses is taken up again, and windows live while one is silent.
     world.desk("fault stall on")
     desktop.tells(desk="none")
