@@ -8,6 +8,8 @@
 #include <QResource>
 #include <QStringList>
 
+#include <algorithm>
+
 namespace {
 /// In pixels, as src/resources draws them: what panels ask for, and twice the usual size for fine screens.
 /// Over D-Bus all of them go out.
@@ -26,12 +28,18 @@ QColor inkOn(PanelGround ground)
     return {0x0E, 0x93, 0xA6}; // 3.6 : 1 on white, 3.4 : 1 on the dark grey of panels.
 }
 
+/// By hand: a painter would bring Qt's rasterizer into the memory of a program that rests.
 QImage drawn(const QString& name, const QColor& ink, int size)
 {
     const QResource coverage(QStringLiteral(":/status/%1-%2").arg(name).arg(size));
-    QImage image(size, size, QImage::Format_ARGB32);
-    image.fill(ink);
-    image.setAlphaChannel(QImage(coverage.data(), size, size, size, QImage::Format_Alpha8));
+    const uchar* opacity = coverage.data();
+    QImage image(size, size, QImage::Format_ARGB32_Premultiplied);
+    for (int y = 0; y < size; ++y) {
+        auto* const line = reinterpret_cast<QRgb*>(image.scanLine(y));
+        std::transform(opacity, opacity + size, line,
+            [&ink](uchar alpha) { return qPremultiply(qRgba(ink.red(), ink.green(), ink.blue(), alpha)); });
+        opacity += size;
+    }
     return image;
 }
 }
