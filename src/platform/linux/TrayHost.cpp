@@ -30,8 +30,6 @@ TrayHost::~TrayHost() = default;
 void TrayHost::whenAvailable(Callback callback)
 {
     m_callback = std::move(callback);
-    if (m_x11Tray == X11Tray::Accepted)
-        m_xTray = std::make_unique<XTrayWatch>([this] { considerX11Tray(); });
     watchBus();
 }
 
@@ -89,9 +87,14 @@ void TrayHost::watcherIsMissing()
     considerX11Tray();
 }
 
+/// Where a watcher is there, nothing is asked of the X server.
 void TrayHost::considerX11Tray()
 {
-    if (m_xTray && m_xTray->isTrayThere() && m_hasWatcher == false)
+    if (m_x11Tray == X11Tray::Ignored || m_hasWatcher != false)
+        return;
+    if (!m_xTray)
+        m_xTray = std::make_unique<XTrayWatch>([this] { considerX11Tray(); });
+    if (m_xTray->isTrayThere())
         found();
 }
 
