@@ -47,6 +47,8 @@ QString help(const QCommandLineParser& parser)
 
 CommandLine CommandLine::parse(QStringList arguments)
 {
+    if (arguments.size() == 1)
+        return {}; // Every login's start, which need not wait for a parser.
     if (const qsizetype session = arguments.indexOf(QStringLiteral("-session")); session > 0)
         arguments.remove(session, std::min(arguments.size() - session, qsizetype(2)));
     const QCommandLineOption simulate(QStringLiteral("simulate"),
