@@ -1,10 +1,12 @@
 // The program's work at rest, done in the barest way: the tray icon of the floor program, the idle time asked
-// of the X server every 10 s, the end of a period saved every 15 s, a line written about each, and the desk
-// asked once a second:
+// of the X server every 10 s, the end of a period saved every 15 s, a line written about each, the desk asked
+// once a second, and a new tool tip each minute:
 //   equal-work STORE [NODE]
-// A thread reads the status of the adapter at the node; without one the timer does nothing.
+// A thread reads the status of the adapter at the node. Without one the desk is simulated, as the program's
+// is.
 
 #include "data/ManagedObjectModel.h"
+#include "simulator/DeskModel.h"
 
 #include <QApplication>
 #include <QPixmap>
@@ -12,6 +14,7 @@
 #include <QSystemTrayIcon>
 #include <QTimer>
 
+#include <array>
 #include <atomic>
 #include <condition_variable>
 #include <cstdio>
@@ -157,6 +160,21 @@ private:
     std::thread m_thread;
 };
 
+class SimulatedDesk {
+public:
+    void read()
+    {
+        m_desk.advance(1);
+        std::array<uint8_t, DeskModel::kStatusReportLength> status {4};
+        if (m_desk.getFeatureReport(status) == TransferResult::Ok)
+            m_height = status[4] | status[5] << 8;
+    }
+
+private:
+    DeskModel m_desk;
+    int m_height = 0;
+};
+
 void every(int milliseconds, std::function<void()> work)
 {
     auto* const timer = new QTimer(qApp);
@@ -183,11 +201,16 @@ int main(int argc, char** argv)
     IdleQuestion idle;
     Record record(argv[1]);
     const auto reader = argc > 2 ? std::make_unique<Reader>(argv[2]) : nullptr;
-    every(1000, [&reader] {
+    SimulatedDesk desk;
+    every(1000, [&] {
         if (reader)
             reader->wake();
+        else
+            desk.read();
     });
     every(10'000, [&idle] { idle.ask(); });
     every(15'000, [&record] { record.save(); });
+    int minutes = 60;
+    every(60'000, [&] { icon.setToolTip(QStringLiteral("Sitting, 72 cm, %1 minutes").arg(--minutes)); });
     return QApplication::exec();
 }
