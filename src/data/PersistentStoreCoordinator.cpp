@@ -179,10 +179,12 @@ int PersistentStoreCoordinator::connect()
         return result;
     // Closing a store that turned out to be no good must not write its log into it.
     sqlite3_db_config(m_connection, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+    // Statements are prepared once and few, so that a pool of 120 kB for their small parts gains nothing.
+    sqlite3_db_config(m_connection, SQLITE_DBCONFIG_LOOKASIDE, nullptr, 0, 0);
     sqlite3_busy_timeout(m_connection, kBusyTimeoutMilliseconds);
     return execute(
         "PRAGMA synchronous = FULL; PRAGMA cell_size_check = ON; PRAGMA temp_store = MEMORY; "
-        "PRAGMA cache_size = 64"); // Pages; a save needs ten, and the system keeps the file at hand.
+        "PRAGMA cache_size = 16"); // Pages; a save needs ten, and the system keeps the file at hand.
 }
 
 int PersistentStoreCoordinator::identify()
