@@ -83,8 +83,8 @@ void Oracle::runTimers(double until, bool isAllHeard)
             // the earlier question comes first.
             const double limit =
                 until + (timer.tick == &Oracle::hearAgain && !isAllHeard ? -kRounding : kRounding / 10);
-            const bool isDue =
-                std::max(timer.due, m_frozenUntil) <= limit && (isInOrder || timer.due <= m_nextPoll);
+            const bool isDue = std::max(timer.due, m_frozenUntil) <= limit
+                && (isInOrder || timer.due <= m_nextPoll + kRounding);
             const double later = first ? timer.due - first->due : -1;
             if (isDue && (later < -kRounding || (later < kRounding && timer.begun < first->begun)))
                 first = &timer;
