@@ -1,6 +1,6 @@
 #include "simulator/DeskConsole.h"
 
-#include <QString>
+#include <QStringList>
 
 #include <gtest/gtest.h>
 #include <sstream>
