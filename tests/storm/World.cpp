@@ -131,9 +131,10 @@ std::string World::play(const Script& script)
 void World::pass(double seconds)
 {
     constexpr double kLook = 4.3; // At the windows.
-    for (double left = seconds; left > 1e-9; left -= kLook) {
-        loop().advance(std::min(left, kLook));
+    while (seconds > 1e-9) {
+        loop().advance(std::min(seconds, kLook));
         look();
+        seconds -= kLook;
     }
 }
 

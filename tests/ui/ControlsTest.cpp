@@ -122,7 +122,7 @@ TEST_F(ControlsTest, aChangeDissolvesInItsTimeUnlessMotionIsReducedOrNothingIsSe
         {std::tuple(false, false, Qt::black), {true, true, Qt::white}, {true, false, Qt::black}}) {
         window.setVisible(isShown);
         Motion::setReduced(isReduced);
-        dissolve(window, [&window, look] { window.setPalette(look); });
+        dissolve(window, [&window, look = look] { window.setPalette(look); });
         for (int frame = 0; frame < 4; ++frame, platform.runLoop.advance(0.04))
             seen << grab(window).pixelColor(600, 400).lightness() / 10;
     }
