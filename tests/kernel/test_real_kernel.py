@@ -64,7 +64,7 @@ class World:
 
     @staticmethod
     def as_root(command):
-        Path("/run/root").write_text(command + "\n")
+        Path("/run/as-root").write_text(command + "\n")
 
     def attach(self, number=1):
         self.as_root(f"usbip attach -r 127.0.0.1 -b 1-{number}")
