@@ -34,6 +34,9 @@ PortalSetting::PortalSetting(QDBusConnection sessionBus, QString group, QString 
     , m_key(std::move(key))
     , m_callback(std::move(callback))
 {
+    // A signal is connected only where its types are known by their names. QtDBus makes its own known with
+    // the first message of a process, which may be the question that follows the connecting.
+    qRegisterMetaType<QDBusVariant>();
 }
 
 void PortalSetting::ask()
