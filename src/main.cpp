@@ -45,6 +45,10 @@ namespace {
 const QString kIdentifier = QStringLiteral("org.zelvo.StandUp");
 const QString kUsualCommand = QStringLiteral("show");
 constexpr double kTrayPatienceSeconds = 10.0;
+/// What the icon does not need begins so much later, for a panel to read the icon first.
+constexpr double kIconsLeadSeconds = 0.1;
+/// So long it waits for an icon.
+constexpr double kPatienceForIconSeconds = 1.0;
 
 /// As the desktop's base directory rules say. The record would otherwise lie wherever the program was
 /// started.
@@ -106,7 +110,7 @@ void reduceMotionIfZero(const QVariant& value)
         Motion::setReduced(factor == 0);
 }
 
-/// Everything that outlives the application delegate, in the order in which it is built.
+/// The parts of the program, in the order in which they are built.
 struct Program {
     explicit Program(const CommandLine& commandLine)
         : hidManager(makeHidManager(commandLine.simulate))
@@ -121,16 +125,41 @@ struct Program {
     {
     }
 
+    /// Begins to listen, to record and to take commands, the first time it is called.
+    void launch()
+    {
+        if (commands)
+            return;
+        workspace.watch(QDBusConnection::systemBus(), QDBusConnection::sessionBus());
+        if (!isWaylandSession())
+            xScreens =
+                std::make_unique<XScreenWatch>([this](bool isDark) { workspace.xScreensChanged(isDark); });
+        eventSource->refresh([] {});
+        app.applicationDidFinishLaunching();
+        commands.emplace(app, QDBusConnection::sessionBus());
+        if (const auto damage = defaults.damage())
+            dialogs.presentError(*damage);
+    }
+
+    void launchAfter(double seconds)
+    {
+        timers.schedule(seconds, RunLoop::Repeat::No, [this](Timer&) { launch(); });
+    }
+
+    void perform(const QString& command)
+    {
+        launch();
+        commands->perform(command);
+    }
+
     QtRunLoop runLoop;
     Bundle bundle {Bundle::compiledInformation()};
     QtUserDefaults defaults {settingsPath()};
     ProcessServices services {{&runLoop, &bundle, &defaults}};
     std::unique_ptr<HidManager> hidManager;
     std::unique_ptr<EventSource> eventSource;
-    DBusWorkspace workspace {QDBusConnection::systemBus(), QDBusConnection::sessionBus()};
-    std::unique_ptr<XScreenWatch> xScreens = isWaylandSession()
-        ? nullptr
-        : std::make_unique<XScreenWatch>([this](bool isDark) { workspace.xScreensChanged(isDark); });
+    DBusWorkspace workspace;
+    std::unique_ptr<XScreenWatch> xScreens;
     PortalSetting colorScheme {QDBusConnection::sessionBus(), QStringLiteral("org.freedesktop.appearance"),
         QStringLiteral("color-scheme"),
         [](const QVariant& value) { Appearance::setDesktopIsDark(isDarkScheme(value)); }};
@@ -143,13 +172,19 @@ struct Program {
     QtDialogs dialogs;
     TrayHost tray;
     AppDelegate app;
+    std::optional<CommandService> commands;
+    TimerScope timers;
 };
 
 /// The icon appears as soon as a tray is there. A user without one finds the program's window instead.
-void appearInTray(Program& program, TimerScope& timers)
+void appearInTray(Program& program)
 {
-    program.tray.whenAvailable([&program] { program.app.statusItem().appear(); });
-    timers.schedule(kTrayPatienceSeconds, RunLoop::Repeat::No, [&program](Timer&) {
+    program.tray.whenAvailable([&program] {
+        program.app.statusItem().appear();
+        program.launchAfter(kIconsLeadSeconds);
+    });
+    program.launchAfter(kPatienceForIconSeconds);
+    program.timers.schedule(kTrayPatienceSeconds, RunLoop::Repeat::No, [&program](Timer&) {
         if (program.tray.isAvailable())
             return;
         Log::line(
@@ -161,7 +196,6 @@ void appearInTray(Program& program, TimerScope& timers)
 int run(const CommandLine& commandLine, Application& application, SingleInstance& instance)
 {
     Program program(commandLine);
-    TimerScope timers;
     AppDelegate& app = program.app;
     const auto terminate = [&app] { app.terminate(); };
     const UnixSignals signals([terminate](int) { terminate(); });
@@ -182,20 +216,19 @@ int run(const CommandLine& commandLine, Application& application, SingleInstance
     onSession(&QGuiApplication::saveStateRequest, [](QSessionManager& session) {
         session.setRestartHint(QSessionManager::RestartNever); // The autostart entry starts it.
     });
-
-    app.applicationDidFinishLaunching();
-    CommandService commands(app, QDBusConnection::sessionBus());
-    instance.onActivated([&commands](const SingleInstance::Request& request) {
+    instance.onActivated([&program](const SingleInstance::Request& request) {
         qputenv("XDG_ACTIVATION_TOKEN", request.activationToken);
-        commands.perform(request.action.isEmpty() ? kUsualCommand : QString::fromUtf8(request.action));
+        program.perform(request.action.isEmpty() ? kUsualCommand : QString::fromUtf8(request.action));
     });
-    if (const auto damage = program.defaults.damage())
-        program.dialogs.presentError(*damage);
-    appearInTray(program, timers);
-    if (commandLine.testWindow)
+
+    app.applicationWillFinishLaunching();
+    appearInTray(program);
+    if (commandLine.testWindow) {
+        program.launch();
         app.showTestWindow();
+    }
     if (!commandLine.command.isEmpty())
-        commands.perform(commandLine.command);
+        program.perform(commandLine.command);
     return QCoreApplication::exec();
 }
 

@@ -41,12 +41,18 @@ AppDelegate::~AppDelegate()
     AppProperties::instance().setZelvoController(nullptr);
 }
 
-void AppDelegate::applicationDidFinishLaunching()
+void AppDelegate::applicationWillFinishLaunching()
 {
     versionUpgrade();
     redirectConsoleLogToDocumentFolder();
     setupStatusBar();
     provideZelvoController();
+}
+
+void AppDelegate::applicationDidFinishLaunching()
+{
+    if (!m_menuletController)
+        applicationWillFinishLaunching();
     AppProperties::instance().startZelvoController();
     if (!AppProperties::instance().isUserSetupCompleted())
         showWizard();
@@ -278,6 +284,7 @@ void AppDelegate::commitData()
 
 WizardWindowController& AppDelegate::wizardWindowController()
 {
+    AppProperties::instance().startZelvoController();
     if (!m_wizardWindowController)
         m_wizardWindowController =
             std::make_unique<WizardWindowController>(m_dependencies.workspace, [this] { terminate(); });
@@ -304,6 +311,7 @@ MenuletController::Windows AppDelegate::makeWindows()
 {
     return {
         [this](MenuletController& controller) {
+            AppProperties::instance().startZelvoController(); // A click may come before the launch is over.
             return std::make_unique<MainWindowController>(
                 MainWindowController::Dependencies {contextProvider(), &controller, m_dependencies.workspace,
                     [this] { showHistory(); }, [this] { menuSettingsClicked(); }});

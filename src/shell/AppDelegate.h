@@ -50,7 +50,10 @@ public:
     AppDelegate(const AppDelegate&) = delete;
     AppDelegate& operator=(const AppDelegate&) = delete;
 
-    /// The start-up sequence, in its fixed order.
+    /// The first half of the start-up sequence, up to the status item. A window that somebody opens before
+    /// the second half starts the hub ahead of it.
+    void applicationWillFinishLaunching();
+    /// The start-up sequence in its fixed order, or what remains of it.
     void applicationDidFinishLaunching();
     void versionUpgrade();
     void redirectConsoleLogToDocumentFolder();

@@ -58,13 +58,17 @@ TEST_F(MainWindowControllerTest, theSessionCircleFollowsTheSchedule)
 {
     properties().setActivityGoal(15); // Three quarters of an hour sitting.
     properties().setNumberOfStandUps(1);
+    world->app->applicationWillFinishLaunching();
+    QWidget& window = openMainWindow(); // Whoever clicks early misses nothing.
     start();
-    QWidget& window = openMainWindow();
     EXPECT_EQ(text(window, "labelStatus"), QStringLiteral("ConnectTable"));
     EXPECT_EQ(menulet().statusItem()->toolTip(), QStringLiteral("TrayTooltipDisconnected"));
     world->plugDesk(900);
     EXPECT_EQ(menulet().statusItem()->toolTip(), QStringLiteral("TrayTooltipSitting, TrayTooltipChange"));
     EXPECT_EQ(text(window, "labelStatus"), QStringLiteral("CurrentSession")) << "at once";
+    world->hid.desk().setHeight(1100);
+    pass(1);
+    EXPECT_EQ(text(window, "labelTabelHeigt"), QStringLiteral("TableHeightLabel\n 73 Centimeter"));
     const double started = schedule().scheduleUpdatedDate()->secondsSince1970();
     pass(started + 1200 - world->platform.runLoop.now() + 4.9); // The last refresh is at most 5 s old.
     EXPECT_EQ(shown(window, "scheduleIndicator"), QStringLiteral("20 Min 44.6"));

@@ -37,32 +37,33 @@ const struct ScreenSaver {
 };
 }
 
-DBusWorkspace::DBusWorkspace(QDBusConnection systemBus, QDBusConnection sessionBus)
-    : m_systemBus(std::move(systemBus))
-    , m_sessionBus(std::move(sessionBus))
+DBusWorkspace::DBusWorkspace() = default;
+
+DBusWorkspace::~DBusWorkspace() = default;
+
+void DBusWorkspace::watch(const QDBusConnection& systemBus, const QDBusConnection& sessionBus)
 {
-    if (m_sessionBus.isConnected())
-        watchScreens();
+    m_systemBus = systemBus;
+    if (sessionBus.isConnected())
+        watchScreens(sessionBus);
     if (m_systemBus.isConnected())
         watchLogind();
 }
-
-DBusWorkspace::~DBusWorkspace() = default;
 
 bool DBusWorkspace::openUrl(const QUrl& url)
 {
     return QDesktopServices::openUrl(url);
 }
 
-void DBusWorkspace::watchScreens()
+void DBusWorkspace::watchScreens(QDBusConnection sessionBus)
 {
     // On the user's own bus any sender is the user's; naming one would make QtDBus wait for the bus's answer.
     for (const ScreenSaver& saver : kScreenSavers) {
-        m_sessionBus.connect(QString(), QLatin1String(saver.path), QLatin1String(saver.interface),
+        sessionBus.connect(QString(), QLatin1String(saver.path), QLatin1String(saver.interface),
             QStringLiteral("ActiveChanged"), this, SLOT(screenSaverActiveChanged(bool, QDBusMessage)));
     }
-    m_sessionBus.connect(QString(), kDisplayConfigPath, kProperties, QStringLiteral("PropertiesChanged"),
-        this, SLOT(propertiesChanged(QString, QVariantMap, QStringList)));
+    sessionBus.connect(QString(), kDisplayConfigPath, kProperties, QStringLiteral("PropertiesChanged"), this,
+        SLOT(propertiesChanged(QString, QVariantMap, QStringList)));
 }
 
 void DBusWorkspace::watchLogind()

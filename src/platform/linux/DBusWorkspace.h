@@ -22,8 +22,11 @@ class DBusWorkspace final : public QObject, public Workspace {
     Q_OBJECT
 
 public:
-    DBusWorkspace(QDBusConnection systemBus, QDBusConnection sessionBus);
+    DBusWorkspace();
     ~DBusWorkspace() override;
+
+    /// Begins to listen. Call it once. Either bus may be without connection.
+    void watch(const QDBusConnection& systemBus, const QDBusConnection& sessionBus);
 
     bool openUrl(const QUrl& url) override;
     /// What the X server says of its screens. It counts as long as no service says anything of them: lockers
@@ -40,7 +43,7 @@ private Q_SLOTS:
 private:
     using ReplyHandler = std::function<void(const QDBusPendingCallWatcher&)>;
 
-    void watchScreens();
+    void watchScreens(QDBusConnection sessionBus);
     void watchLogind();
     void watchLockOfSession();
     void call(const QDBusConnection& bus, const QDBusMessage& message, ReplyHandler handler);
@@ -50,8 +53,7 @@ private:
     void serviceSays(const QString& service, bool isDark);
     void setDark(const QString& source, bool isDark);
 
-    QDBusConnection m_systemBus;
-    QDBusConnection m_sessionBus;
+    QDBusConnection m_systemBus {QString()}; ///< without connection until it is watched
     QDBusServiceWatcher m_logindWatcher;
     QDBusUnixFileDescriptor m_delayLock; ///< logind waits with sleep and shutdown while it is open
     bool m_isTakingLock = false;

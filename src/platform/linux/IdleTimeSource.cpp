@@ -21,10 +21,9 @@ constexpr double kRestartSeconds = 25.0;
 constexpr int kLooksInVain = 2;
 }
 
-IdleTimeSource::IdleTimeSource(Backends backends)
-    : m_backends(std::move(backends))
+IdleTimeSource::IdleTimeSource(std::function<Backends()> makeBackends)
+    : m_makeBackends(std::move(makeBackends))
 {
-    refresh([] {});
 }
 
 double IdleTimeSource::secondsSinceLastEventType(EventType)
@@ -34,7 +33,8 @@ double IdleTimeSource::secondsSinceLastEventType(EventType)
 
 void IdleTimeSource::refresh(std::function<void()> ready)
 {
-    ++m_looks;
+    if (m_looks++ == 0)
+        m_backends = m_makeBackends();
     askFrom(0, ready);
 }
 
@@ -92,7 +92,8 @@ QString IdleTimeSource::name() const
     return canTell() ? m_backends[*m_chosen]->name() : QStringLiteral("none, absences go unnoticed");
 }
 
-std::unique_ptr<EventSource> makeIdleTimeSource(const QDBusConnection& sessionBus)
+namespace {
+IdleTimeSource::Backends makeBackends(const QDBusConnection& sessionBus)
 {
     IdleTimeSource::Backends backends;
     if (isWaylandSession()) {
@@ -103,5 +104,12 @@ std::unique_ptr<EventSource> makeIdleTimeSource(const QDBusConnection& sessionBu
     if (!isWaylandSession())
         backends.push_back(std::make_unique<X11IdleBackend>());
     backends.push_back(std::make_unique<ScreenSaverIdleBackend>(sessionBus));
-    return std::make_unique<SleepAwareEventSource>(std::make_unique<IdleTimeSource>(std::move(backends)));
+    return backends;
+}
+}
+
+std::unique_ptr<EventSource> makeIdleTimeSource(const QDBusConnection& sessionBus)
+{
+    return std::make_unique<SleepAwareEventSource>(
+        std::make_unique<IdleTimeSource>([sessionBus] { return makeBackends(sessionBus); }));
 }

@@ -4,6 +4,7 @@
 #include "platform/linux/IdleBackend.h"
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -21,8 +22,8 @@ class IdleTimeSource final : public EventSource {
 public:
     using Backends = std::vector<std::unique_ptr<IdleBackend>>;
 
-    /// @param backends best first. Asks them for the first time.
-    explicit IdleTimeSource(Backends backends);
+    /// @param makeBackends makes them, best first, when they are asked for the first time.
+    explicit IdleTimeSource(std::function<Backends()> makeBackends);
 
     [[nodiscard]] double secondsSinceLastEventType(EventType eventType) override;
     void refresh(std::function<void()> ready) override;
@@ -35,7 +36,8 @@ private:
     void nobodyAnswered();
     void choose(std::size_t rank);
 
-    Backends m_backends;
+    std::function<Backends()> m_makeBackends;
+    Backends m_backends; ///< none until the first question
     std::optional<std::size_t> m_chosen; ///< one past the last for none
     unsigned m_looks = 0; ///< so many times the backends were asked
     // Instants on the monotonic clock.

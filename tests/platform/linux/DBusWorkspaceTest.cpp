@@ -18,6 +18,7 @@ const QString kDisplayPath = "/org/gnome/Mutter/DisplayConfig";
 struct DBusWorkspaceTest : testing::Test {
     DBusWorkspaceTest()
     {
+        m_workspace.watch(m_watched, m_watched);
         m_workspace.onScreensDidSleep([this] { hear("dark"); });
         m_workspace.onWillSleep([this] { hear("sleep"); });
         m_workspace.onWillShutDown([this] { hear("shutdown"); });
@@ -94,7 +95,7 @@ struct DBusWorkspaceTest : testing::Test {
     QStringList m_asked;
     int m_lock = -1;
     std::optional<TestService> m_logind;
-    DBusWorkspace m_workspace {m_watched, m_watched};
+    DBusWorkspace m_workspace;
     QStringList m_heard;
 };
 

@@ -35,12 +35,12 @@ QString told(const char* words)
         byName[name]->itsName = name;
         backends.emplace_back(byName[name]);
     }
-    std::unique_ptr<IdleTimeSource> source;
+    std::optional<IdleTimeSource> source;
     QStringList answers;
     int posts = 0;
     const auto observation = NotificationCenter::defaultCenter().addObserver(
         EventSource::kCanTellDidChange, [&](const PostedNotification&) { ++posts; });
-    story.deeds["start"] = [&] { source = std::make_unique<IdleTimeSource>(std::exchange(backends, {})); };
+    story.deeds["start"] = [&] { source.emplace([&] { return std::move(backends); }).refresh([] {}); };
     story.deeds["?"] = [&] {
         bool isReady = false;
         source->refresh([&] { isReady = true; });

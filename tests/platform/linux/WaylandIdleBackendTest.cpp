@@ -104,6 +104,7 @@ TEST_F(WaylandIdleBackendTest, knowsTheLastInputByWhatTheCompositorSays)
     }
     compositor.emplace().offer();
     const auto source = makeIdleTimeSource(QDBusConnection("none"));
+    source->refresh([] {});
     story.settle();
     EXPECT_EQ(source->name(), ExtIdleBackend().name());
 }
