@@ -17,6 +17,7 @@ TEST_F(QtUserDefaultsTest, onlyWhatChangedHereReplacesWhatAnEditorWroteMeanwhile
     for (const char* const name : {".lock", ".aB3xYz", ".damaged-7"})
         write(m_path + name, "x"); // What killed processes leave, and a copy.
     QtUserDefaults defaults(m_path);
+    const auto descriptors = QDir("/proc/self/fd").count();
     for (const char* const key : {"TimeIdle", "Weight", "Height"})
         defaults.setObject(key, 81.0);
     ASSERT_TRUE(defaults.synchronize());
@@ -32,6 +33,7 @@ TEST_F(QtUserDefaultsTest, onlyWhatChangedHereReplacesWhatAnEditorWroteMeanwhile
     ASSERT_TRUE(defaults.synchronize());
     EXPECT_FALSE(defaults.object("Weight").isValid());
     EXPECT_EQ(contents(m_path), "[General]\nTimeIdle=42\nTimeSnooze=90\n");
+    EXPECT_EQ(QDir("/proc/self/fd").count(), descriptors) << "one more per write runs out some day";
     const QString odd = " \"quoted\"; a=b, c\\d\n%1 @Variant é 猫 ";
     QtUserDefaults(m_path).setObject("Text", odd); // And the program ends.
     EXPECT_EQ(QtUserDefaults(m_path).object("Text"), odd);
