@@ -1,5 +1,7 @@
 #include "platform/qt/QtDialogs.h"
 
+#include "fakes/Files.h"
+
 #include <QApplication>
 #include <QPushButton>
 #include <QTest>
@@ -25,9 +27,10 @@ TEST(QtDialogsTest, anErrorIsShownOnceUntilItIsOverAndOneAfterTheOther)
     const Error cause {"DOMAIN", 101, "Expected a folder, found a file (/tmp/<b>a&b</b>).", "Why."};
     const Error consequence {"DOMAIN", 101, cause.localizedDescription, "Another reason."};
     const Error again {"DOMAIN", 102, cause.localizedDescription, cause.failureReason};
+    QString log;
     for (int round = 1; round <= 2; ++round) {
         for (const Error& error : {cause, consequence, again}) {
-            EXPECT_FALSE(dialogs.presentError(error));
+            log += logOf([&] { EXPECT_FALSE(dialogs.presentError(error)); });
             dialogs.forgetErrors(); // Too early: the user has not read it yet.
         }
         for (const Error& error : {cause, consequence}) {
@@ -36,11 +39,13 @@ TEST(QtDialogsTest, anErrorIsShownOnceUntilItIsOverAndOneAfterTheOther)
             EXPECT_EQ(panel.text(), error.localizedDescription);
             EXPECT_EQ(panel.informativeText(), error.failureReason);
             EXPECT_EQ(panel.textFormat(), Qt::PlainText);
+            EXPECT_EQ(panel.icon(), QMessageBox::Critical);
             panel.button(QMessageBox::Ok)->click();
         }
         EXPECT_TRUE(QTest::qWaitFor([] { return QApplication::topLevelWidgets().empty(); }));
         dialogs.forgetErrors();
     }
+    EXPECT_EQ(log.count("DOMAIN 101: Expected a folder, found a file (/tmp/<b>a&b</b>). Why.\n"), 2);
 }
 
 TEST(QtDialogsTest, anAlertAnswersTheButton)
@@ -56,6 +61,7 @@ TEST(QtDialogsTest, anAlertAnswersTheButton)
             EXPECT_EQ(box.text() + box.informativeText(), "<b>More");
             EXPECT_EQ(box.buttons().at(1)->text(), "Save && wait");
             EXPECT_EQ(box.textFormat(), Qt::PlainText);
+            EXPECT_EQ(box.icon(), QMessageBox::Warning);
             way(box);
         });
         EXPECT_EQ(QtDialogs().runAlert("<b>", "More", {"Quit & lose", "Save & wait", "Cancel"}),

@@ -1,6 +1,7 @@
 #include "shell/AppDelegate.h"
 
 #include "data/ManagedObjectContext.h"
+#include "fakes/Files.h"
 #include "shell/ShellWorld.h"
 
 #include <QDir>
@@ -72,7 +73,8 @@ TEST(AppDelegate, anUnsavableChangeAsksAndEitherAnswerQuits)
         world.dialogs.alertAnswer = Dialogs::kFirstButton;
         world.dialogs.errorsAreDealtWith = false;
         world.dialogs.whileAlertRuns = [&] { world.app->terminate(); };
-        world.app->terminate();
+        const QString log = logOf([&] { world.app->terminate(); });
+        EXPECT_EQ(log.count("Told to end again"), 1 - quits);
         EXPECT_EQ(world.quits, 1) << "a refused end leaves the next one free, and asking twice is an answer";
         sqlite3_close(other);
     }
