@@ -196,7 +196,6 @@ int PersistentStoreCoordinator::identify()
         return result;
     const int64_t version = question.integer(0);
     m_isNew = version == 0 && question.integer(1) == 0;
-    // Not seen by tests that root runs, who may write everything.
     if (sqlite3_db_readonly(m_connection, "main") == 1)
         return SQLITE_READONLY;
     if (m_isNew)

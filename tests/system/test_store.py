@@ -97,6 +97,13 @@ def test_a_damaged_store_is_left_alone_and_named(desktop):
     wait_until(desktop.records, "a record in a new store")
 
 
+def test_a_store_that_may_not_be_written_is_named(desktop):
+    desktop.settings()
+    desktop.start_recording().quit()
+    desktop.store.chmod(0o400)
+    assert "in order. Nothing is recorded" in panel(desktop.start(), "write-protected")
+
+
 def test_two_programs_do_not_share_a_store(desktop):
     desktop.settings()
     first = desktop.start_recording()
