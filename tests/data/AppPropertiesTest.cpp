@@ -173,6 +173,11 @@ TEST_F(AppPropertiesTest, givesACountThatMayDivideAndReadsAddresses)
     }
     stored("Other") = -1e300;
     EXPECT_EQ(P::getIntegerForkey("Other"), INT64_MIN);
+    {
+        const ProcessServices withoutSettings({&platform.runLoop, &platform.bundle});
+        P::instance().setWeight(71);
+        EXPECT_TRUE(std::isnan(P::getDoubleForKey("Weight")));
+    }
     for (const QString url : {"https://zelvo.example/a?b=c", "", "http://[::1", "a b"}) {
         const TestPlatform other(with("InfoUrl", url));
         EXPECT_EQ(P::instance().infoUrl().toString(), url.startsWith("https") ? url : QString());

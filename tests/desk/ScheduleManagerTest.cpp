@@ -53,8 +53,10 @@ TEST(ScheduleManager, timesAwakeSecondsAndStartsAgainForThePositionItTimedLast)
     platform.runLoop.advance(50);
     platform.runLoop.sleepMachine(5000);
     EXPECT_DOUBLE_EQ(schedule.timeToSchedule(), 550);
+    EXPECT_EQ(schedule.scheduledDate()->secondsSince1970(), TestPlatform::kStart + 5600);
     schedule.stopScheduleTimer();
     EXPECT_EQ(schedule.timeToSchedule(), 0);
+    EXPECT_FALSE(schedule.scheduledDate());
     schedule.restartScheduleTimer();
     EXPECT_EQ(schedule.currentScheduleInterval(), 800) << "a stopped timer still knows its position";
 }

@@ -40,6 +40,8 @@ TEST_F(ZelvoControllerTest, tellsItsDelegatesInOrderAlsoWhileTheyChange)
     EXPECT_EQ(heard(), "2 first");
     hub->updatedPosition(2, nullptr);
     EXPECT_EQ(heard(), "2 first, 2 newcomer");
+    hub->updatedPositionState(kSitting, nullptr);
+    EXPECT_EQ(heard(), "") << "no news, no new session";
 }
 
 TEST_F(ZelvoControllerTest, runsWithoutAStore)
