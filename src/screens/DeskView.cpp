@@ -37,7 +37,6 @@ void DeskView::hideEvent(QHideEvent* event)
     QWidget::hideEvent(event);
     m_heights.reset();
     m_states = {};
-    invalidate(m_glide);
 }
 
 void DeskView::follow()
