@@ -19,8 +19,15 @@ struct ManagedObjectContextTest : testing::Test {
 
 TEST_F(ManagedObjectContextTest, aRecordIsOneObjectAndAChangeIsSavedThoughNobodyHoldsIt)
 {
-    ActivityRef record = store.insert(1000.25, 1100.125, true, 71.5);
+    ActivityRef record = store.insert(900, 1100.125, false, 99);
     ASSERT_TRUE(store.context->save(error));
+    const std::function<void()> kChanges[] = {[&] { record->setStartDate(Date(1000.25)); },
+        [&] { record->setIsStanding(true); }, [&] { record->setWeight(71.5); }};
+    for (const auto& change : kChanges) {
+        change();
+        EXPECT_TRUE(store.context->hasChanges());
+        ASSERT_TRUE(store.context->save(error));
+    }
     record->setEndDate(record->endDate());
     EXPECT_TRUE(store.context->commitEditing() && !store.context->hasChanges());
     record->setEndDate(Date(1150.5));
