@@ -70,6 +70,7 @@ TEST_F(PaletteTest, theUserChoosesTheLookOfOpenWindowsOrLetsTheDesktop)
         Appearance::setDesktopIsDark(isDesktopDark);
         EXPECT_EQ(window.palette().color(QPalette::Window).lightness() < 128, isDark) << choice;
         EXPECT_EQ(PanelWindow().palette(), window.palette());
+        EXPECT_EQ(window.palette().color(QPalette::LinkVisited), zelvoLinkHover()) << "under the mouse";
         EXPECT_TRUE(link.text().contains(zelvoHoverColor().name())) << choice;
         EXPECT_TRUE(body.verticalScrollBar()->styleSheet().contains(zelvoMarkColor().name())) << choice;
         EXPECT_EQ(asked, choice == Appearance::AsDesktop);
