@@ -47,8 +47,12 @@ void DeskModel::advance(double seconds)
     m_unspentSeconds += std::min(seconds, kLongestAdvanceSeconds);
     auto steps = int64_t(std::floor(m_unspentSeconds * double(kStepsPerSecond) + kStepTolerance));
     m_unspentSeconds -= double(steps) * kStepSeconds;
-    for (; steps > 0 && !isAtRest(); --steps)
-        step();
+    for (; steps > 0; --steps) {
+        const std::optional<int> wanted = goal();
+        if (isAtRest(wanted))
+            break;
+        step(wanted);
+    }
     m_now += steps; // A desk at rest needs no reckoning, however long it rests.
 }
 
@@ -251,9 +255,8 @@ void DeskModel::stopOnError()
         stop();
 }
 
-bool DeskModel::isAtRest() const
+bool DeskModel::isAtRest(std::optional<int> wanted) const
 {
-    const std::optional<int> wanted = goal();
     return m_velocity == 0 && (!wanted || m_position == *wanted);
 }
 
@@ -271,9 +274,8 @@ double DeskModel::velocityTowards(double goal) const
     return direction * std::min(speed, kTopSpeed);
 }
 
-void DeskModel::step()
+void DeskModel::step(std::optional<int> wanted)
 {
-    const std::optional<int> wanted = goal();
     constexpr double kMostChange = kAcceleration * kStepSeconds;
     const double change = (wanted ? velocityTowards(*wanted) : 0) - m_velocity;
     const double velocity = m_velocity + std::clamp(change, -kMostChange, kMostChange);

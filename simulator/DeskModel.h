@@ -105,9 +105,9 @@ private:
     [[nodiscard]] bool isReady() const;
     void stop();
     void stopOnError();
-    [[nodiscard]] bool isAtRest() const;
+    [[nodiscard]] bool isAtRest(std::optional<int> wanted) const;
     [[nodiscard]] double velocityTowards(double goal) const;
-    void step();
+    void step(std::optional<int> wanted);
     void keepWithinLimits();
 
     double m_position = kDefaultHeight;

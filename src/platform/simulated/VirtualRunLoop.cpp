@@ -139,11 +139,12 @@ void VirtualRunLoop::fireNext()
     if (!timer->repeats()) {
         timer->invalidate();
     } else {
-        m_timers.erase(m_timers.begin());
+        auto place = m_timers.extract(m_timers.begin());
         // After a stall the missed ticks are not made up for: the next one keeps the rhythm.
         const int64_t missed = (m_monotonic - timer->due().first) / timer->interval();
         timer->setDue({timer->due().first + (missed + 1) * timer->interval(), m_nextOrder++});
-        m_timers.emplace(timer->due(), timer);
+        place.key() = timer->due();
+        m_timers.insert(std::move(place));
     }
     timer->fire();
 }
