@@ -4,10 +4,8 @@
 #include "ui/Appearance.h"
 #include "ui/HyperLinkTextField.h"
 #include "ui/PanelWindow.h"
-#include "ui/ScrollingBody.h"
 #include "ui/TextUtilities.h"
 
-#include <QScrollBar>
 
 namespace {
 using PaletteTest = ControlTest;
@@ -61,7 +59,6 @@ TEST_F(PaletteTest, theUserChoosesTheLookOfOpenWindowsOrLetsTheDesktop)
     PanelWindow window;
     HyperLinkTextField link(&window);
     link.setText(hyperlinkFromString("E02", QUrl("https://example.org")));
-    const ScrollingBody body(&window);
     int asked = 0;
     Appearance::whenFollowing([&asked] { ++asked; });
     for (const auto& [choice, isDesktopDark, hasDarkWindows, isDark] : kTestCases) {
@@ -72,7 +69,6 @@ TEST_F(PaletteTest, theUserChoosesTheLookOfOpenWindowsOrLetsTheDesktop)
         EXPECT_EQ(PanelWindow().palette(), window.palette());
         EXPECT_EQ(window.palette().color(QPalette::LinkVisited), zelvoLinkHover()) << "under the mouse";
         EXPECT_TRUE(link.text().contains(zelvoHoverColor().name())) << choice;
-        EXPECT_TRUE(body.verticalScrollBar()->styleSheet().contains(zelvoMarkColor().name())) << choice;
         EXPECT_EQ(asked, choice == Appearance::AsDesktop);
     }
 }
