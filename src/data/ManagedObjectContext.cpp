@@ -251,7 +251,6 @@ bool ManagedObjectContext::hasChanges() const
 
 bool ManagedObjectContext::save(Error& error)
 {
-    ++m_saves;
     if (renewStore(error) && writePending(error))
         return true;
     report(error);
@@ -266,6 +265,7 @@ bool ManagedObjectContext::renewStore(Error& error)
     // Said once, however often it has to be tried.
     if (coordinator.connection())
         report(coordinator.goneError());
+    ++m_saves;
     m_store->statements.reset();
     const bool isOpen = coordinator.reopen(error);
     m_store->statements.emplace(coordinator.connection());
@@ -278,6 +278,7 @@ bool ManagedObjectContext::writePending(Error& error)
 {
     if (!hasChanges())
         return true;
+    ++m_saves;
     std::vector<int64_t> insertedIds;
     const int result = m_store->writeAll(insertedIds);
     if (result != SQLITE_OK) {

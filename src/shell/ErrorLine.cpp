@@ -60,6 +60,8 @@ void ErrorLine::startErrorTimer()
 
 void ErrorLine::onErrorTimerTick()
 {
+    if (m_label.isHidden())
+        return;
     hide();
     m_label.setText({});
 }

@@ -79,6 +79,7 @@ void MainWindowController::awakeFromNib()
         button->setDelegate(this);
     m_ui->caloriesBurnedIndicator->setTransparent(true);
     m_ui->scheduleIndicator->setTransparent(true);
+    setTabelHeight(deskPosition()); // The window counts on its lines before they are shown.
     updateData();
 }
 
@@ -194,11 +195,12 @@ QWidget& MainWindowController::window() const
 void MainWindowController::updateData()
 {
     showGoalProgress();
-    setTabelHeight(deskPosition());
     const ZelvoHIDDevice* const desk = device();
     for (MouseEventButton* button : m_holdButtons)
         button->setEnabled(desk); // One that does not answer yet is told to move all the same.
     const bool isActive = isDeskActive();
+    if (isActive) // Nobody knows it otherwise, and it is not shown.
+        setTabelHeight(deskPosition());
     showDeskState(isActive         ? DeskState::Active
             : isAdapterForbidden() ? DeskState::Forbidden
                                    : DeskState::Missing);
@@ -252,8 +254,7 @@ void MainWindowController::changeDeskState(DeskState state)
     m_deskState = state;
     const bool isActive = state == DeskState::Active;
     const bool isForbidden = state == DeskState::Forbidden;
-    m_ui->labelTabelHeigt->setVisible(
-        isActive); // Nobody knows it otherwise, and what is to be done stands there.
+    m_ui->labelTabelHeigt->setVisible(isActive); // What is to be done stands there otherwise.
     m_ui->labelNoDesk->setVisible(state == DeskState::Missing);
     m_ui->labelStatus->setHidden(isForbidden);
     placeStatus(isActive);

@@ -22,6 +22,8 @@ void applyFormStyle(QWidget& form)
     const QString typeface = AppProperties::instance().zelvoFontName();
     for (QWidget* widget : form.findChildren<QWidget*>()) {
         applyTypeface(*widget, typeface);
+        if (widget->dynamicPropertyNames().isEmpty())
+            continue;
         if (const QVariant font = widget->property("textStyle"); font.isValid())
             widget->setFont(FontAndTextHandler::named(font.toByteArray()));
         if (const QVariant role = widget->property("foregroundRole"); role.isValid())
