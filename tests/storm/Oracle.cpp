@@ -69,6 +69,8 @@ void Oracle::runTimers(double until, bool isAllHeard)
         double interval, begun;
         void (Oracle::*tick)();
     };
+    if (std::min({m_due, m_dismissAt, m_nextPulse, m_nextLook, m_nextPoll, m_nextResend}) > until + kRounding)
+        return;
     const bool isInOrder = isAllHeard || until > m_frozenUntil + kRounding;
     while (true) {
         const Timer timers[] {{m_due, kNever, m_scheduledAt, &Oracle::periodEnds},

@@ -133,8 +133,10 @@ void Oracle::look(const Shown& shown)
         return;
     if ((*shown.status == "ConnectTable") == isActive())
         fail("the status says " + *shown.status);
-    const double height = std::stod(shown.height->substr(shown.height->find_first_of("0123456789")));
-    if (std::abs(height - (int(setting("TablePositionOffset")) + m_height) / 10 / 10.0) > 0.5)
+    const auto height = [&] {
+        return std::stod(shown.height->substr(shown.height->find_first_of("0123456789")));
+    };
+    if (isActive() && std::abs(height() - (int(setting("TablePositionOffset")) + m_height) / 10 / 10.0) > 0.5)
         fail("the height is shown as " + *shown.height);
     // Where two adapters told of the end of one error, a clock is left over that wipes out the next one for a
     // moment, again and again.

@@ -1,5 +1,6 @@
 #include "storm/Script.h"
 
+#include <random>
 #include <sstream>
 
 namespace storm {
@@ -15,7 +16,7 @@ struct Verb {
     size_t share; ///< of all steps
     std::vector<std::string> variants {"-"};
     Range value {};
-    std::vector<int> longest {5, 30, 30, 100, 200, 400, 900, 1500}; ///< pause after it, in tenths of a second
+    std::vector<int> longest {5, 20, 30, 60, 100, 200, 400, 800}; ///< pause after it, in tenths of a second
 };
 
 const std::vector<Verb> kVerbs {
@@ -61,18 +62,25 @@ const std::vector<Verb> kVerbs {
 
 /// No value equals its default, and no two settings are likely to be equal.
 const std::map<std::string, Range> kSettings {{"Weight", {81, 260, 0.5}}, {"ActivityMode", {1, 2}},
-    {"ActivityGoal", {4, 57}}, {"NumberOfStandUps", {2, 6}}, {"DevicePosition1", {60, 210, 10}},
+    {"ActivityGoal", {3, 25}}, {"NumberOfStandUps", {4, 6}}, {"DevicePosition1", {60, 210, 10}},
     {"DevicePosition2", {330, 460, 10}}, {"DevicePosition3", {230, 320, 10}},
-    {"TablePositionOffset", {30, 90, 100}}, {"TimeIdle", {41, 171, 1.0037}}, {"TimeSnooze", {3, 12, 1.9037}},
-    {"TimeNotificationDismiss", {7, 19}}, {"TimeNotificationDismissOnAction", {2, 6}},
+    {"TablePositionOffset", {30, 90, 100}}, {"TimeIdle", {21, 86, 1.0037}}, {"TimeSnooze", {3, 12, 1.0037}},
+    {"TimeNotificationDismiss", {6, 12}}, {"TimeNotificationDismissOnAction", {2, 4}},
     {"AverageWorkDayHours", {3, 7}}};
 
-double anyOf(Range range)
+using Random = std::minstd_rand;
+
+size_t anyOf(size_t count, Random& random)
 {
-    return *rc::gen::inRange(range.least, range.most + 1) * range.unit;
+    return std::uniform_int_distribution<size_t>(0, count - 1)(random);
 }
 
-Step anyStep()
+double anyOf(Range range, Random& random)
+{
+    return std::uniform_int_distribution<>(range.least, range.most)(random) * range.unit;
+}
+
+Step anyStep(uint32_t seed)
 {
     static const auto verbs = [] { // As often as its share.
         std::vector<const Verb*> all;
@@ -80,13 +88,15 @@ Step anyStep()
             all.insert(all.end(), verb.share, &verb);
         return all;
     }();
-    const Verb& verb = **rc::gen::elementOf(verbs);
-    const auto seconds = [&] { return anyOf({0, *rc::gen::elementOf(verb.longest), 0.1}); };
+    Random random(seed);
+    const Verb& verb = *verbs[anyOf(verbs.size(), random)];
+    const double seconds = anyOf({0, verb.longest[anyOf(verb.longest.size(), random)], 0.1}, random);
     if (verb.name == "set") {
-        const auto [key, range] = *rc::gen::elementOf(kSettings);
-        return {verb.name, key, anyOf(range), seconds()};
+        const auto& [key, range] = *std::next(kSettings.begin(), long(anyOf(kSettings.size(), random)));
+        return {verb.name, key, anyOf(range, random), seconds};
     }
-    return {verb.name, *rc::gen::elementOf(verb.variants), anyOf(verb.value), seconds()};
+    return {
+        verb.name, verb.variants[anyOf(verb.variants.size(), random)], anyOf(verb.value, random), seconds};
 }
 }
 
@@ -97,15 +107,16 @@ rc::Gen<Script> anyScript(int mostSteps)
     constexpr int kFullSize = 100;
     // An ordinary Friday, the nights in which summer time begins and ends in Europe, the last day of a year.
     const auto start = rc::gen::element(1710489600., 1711843200., 1729987200., 1735671600.);
-    const auto settings = rc::gen::exec([] {
+    const auto seed = rc::gen::noShrink(rc::gen::resize(kFullSize, rc::gen::arbitrary<uint32_t>()));
+    const auto settings = rc::gen::map(seed, [](uint32_t drawn) {
+        Random random(drawn);
         std::map<std::string, double> values;
         for (const auto& [key, range] : kSettings)
-            values[key] = anyOf(range);
+            values[key] = anyOf(range, random);
         return values;
     });
-    const auto step = rc::gen::noShrink(rc::gen::resize(kFullSize, rc::gen::exec(&anyStep)));
-    return rc::gen::construct<Script>(rc::gen::noShrink(start),
-        rc::gen::noShrink(rc::gen::resize(kFullSize, settings)),
+    const auto step = rc::gen::map(seed, &anyStep);
+    return rc::gen::construct<Script>(rc::gen::noShrink(start), settings,
         rc::gen::resize(mostSteps, rc::gen::container<std::vector<Step>>(step)));
 }
 

@@ -5,7 +5,9 @@
 //   ZELVO_DAYS=3650         a decade of working days
 
 #include "storm/World.h"
+#include "ui/Motion.h"
 
+#include <QApplication>
 #include <QDir>
 
 #include <cstdio>
@@ -32,6 +34,15 @@ protected:
         if (QDir(QStringLiteral("/dev/shm")).exists())
             qputenv("TMPDIR", "/dev/shm"); // Nothing of a history has to outlive the machine,
         sqlite3_vfs_register(sqlite3_vfs_find("unix-excl"), 1); // and nobody else locks its store.
+        using Entry = void (*)();
+        constexpr auto kSmallPages = [](sqlite3* store, char**, const void*) {
+            return sqlite3_exec(store, "PRAGMA page_size = 512", nullptr, nullptr, nullptr);
+        };
+        sqlite3_auto_extension(reinterpret_cast<Entry>(+kSmallPages)); // There is little to keep in them.
+        QFont font = QApplication::font();
+        font.setStyleStrategy(QFont::PreferNoShaping); // Nobody reads what stands in the windows.
+        QApplication::setFont(font);
+        Motion::setReduced(true);
     }
     ~Storm() override
     {

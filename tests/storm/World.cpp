@@ -3,6 +3,8 @@
 #include "resources/Resources.h"
 
 #include <QApplication>
+#include <QLayout>
+#include <QScrollArea>
 #include <QTest>
 
 #include <cstdio>
@@ -118,7 +120,7 @@ std::string World::play(const Script& script)
     for (const char* verb : {"let-go button", "wire well", "error none", "user back", "window none",
              "unplug second", "plug first"})
         play(parseScript(std::string("0;") + verb + " 0 0").steps.front());
-    pass(90);
+    pass(45);
     // Pulse, idle poll, height, schedule, a reminder; and clocks of errors, of which each of two windows
     // keeps one for every time that two adapters told of the same end.
     if (loop().pendingTimerCount() > 30)
@@ -166,12 +168,19 @@ void World::look()
 bool World::eventFilter(QObject* receiver, QEvent* event)
 {
     const bool isShow = event->type() == QEvent::Show;
-    if (!isShow && event->type() != QEvent::Hide)
+    if (!isShow && event->type() != QEvent::Hide && event->type() != QEvent::Polish)
         return false;
     auto* window = qobject_cast<QWidget*>(receiver);
     if (!window || !window->isWindow() || !app)
         return false;
-    window->setUpdatesEnabled(false); // Nobody sees it.
+    if (event->type() == QEvent::Polish) {
+        window->setUpdatesEnabled(false); // Nobody sees it, nor where things stand in it.
+        for (QLayout* layout : window->findChildren<QLayout*>())
+            layout->setEnabled(false);
+        for (QScrollArea* area : window->findChildren<QScrollArea*>())
+            area->setWidgetResizable(false);
+        return false;
+    }
     m_hasNews = true;
     const bool isReminder = window->objectName() == QLatin1String("NotificationWindow");
     if (held && held->window() == window && !isShow) {
