@@ -108,9 +108,6 @@ ActivityPersister::Sums ActivityPersister::sums(Interval interval, std::optional
 {
     if (!context())
         return {};
-    const Question question {interval, isStanding, m_context->saves()};
-    if (m_known && m_known->first == question)
-        return m_known->second;
     Sums result;
     Error error;
     const auto add = [&](const ActivityPeriod& period) {
@@ -123,7 +120,7 @@ ActivityPersister::Sums ActivityPersister::sums(Interval interval, std::optional
         }
     };
     if (m_context->forEachPeriod(interval.from, interval.to, isStanding, add, error))
-        return m_known.emplace(question, result).second;
+        return result;
     logStoreError(error);
     return {};
 }

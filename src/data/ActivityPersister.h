@@ -6,7 +6,6 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
-#include <utility>
 #include <vector>
 
 /// Makes and queries the records of sitting and standing, and sums them up. The day operations take any
@@ -90,7 +89,6 @@ private:
         Date to;
 
         static Interval ofDay(Date day);
-        friend bool operator==(const Interval&, const Interval&) = default;
     };
 
     /// What the totals are made of, over the records that a fetch gives. Nothing is rounded.
@@ -104,20 +102,10 @@ private:
         [[nodiscard]] double percentStanding() const { return standingSeconds / seconds * 100; }
     };
 
-    struct Question {
-        Interval interval;
-        std::optional<bool> isStanding;
-        uint64_t saves; ///< of the context
-
-        friend bool operator==(const Question&, const Question&) = default;
-    };
-
     Activities fetch(Interval interval, std::optional<bool> isStanding);
     Sums sums(Interval interval, std::optional<bool> isStanding = std::nullopt);
 
     std::shared_ptr<ManagedObjectContext> m_context;
     ManagedObjectContextProvider m_provider;
     ActivityRef m_unsavedActivity;
-    /// The last sums: a window that is open asks for the same every few seconds.
-    std::optional<std::pair<Question, Sums>> m_known;
 };

@@ -265,7 +265,6 @@ bool ManagedObjectContext::renewStore(Error& error)
     // Said once, however often it has to be tried.
     if (coordinator.connection())
         report(coordinator.goneError());
-    ++m_saves;
     m_store->statements.reset();
     const bool isOpen = coordinator.reopen(error);
     m_store->statements.emplace(coordinator.connection());
@@ -278,7 +277,6 @@ bool ManagedObjectContext::writePending(Error& error)
 {
     if (!hasChanges())
         return true;
-    ++m_saves;
     std::vector<int64_t> insertedIds;
     const int result = m_store->writeAll(insertedIds);
     if (result != SQLITE_OK) {

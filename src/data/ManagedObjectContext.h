@@ -50,8 +50,6 @@ public:
         const PeriodVisitor& visitor, Error& error);
     /// Number of records, pending ones included; 0 on failure.
     [[nodiscard]] uint64_t count();
-    /// How often a save was tried; nothing else changes what the store holds, nor which file it is.
-    [[nodiscard]] uint64_t saves() const { return m_saves; }
 
 private:
     friend class Activity;
@@ -64,5 +62,4 @@ private:
     struct Store;
     std::unique_ptr<Store> m_store;
     TroubleObserver m_troubleObserver;
-    uint64_t m_saves = 0;
 };

@@ -75,6 +75,11 @@ TEST_F(ActivityPersisterTest, sumsDaysUpAndCountsThoseOnWhichTheGoalWasMet)
             << first << " to " << last;
     AppProperties::instance().setWeight(67.6);
     EXPECT_EQ(persister.goalsMetFromDay(today, today.dateByAddingDays(2)), 3) << "the weight of today counts";
+    AppProperties::instance().setActivityGoal(persister.caloriesBurnedOnDay(today));
+    EXPECT_TRUE(persister.goalMetOnDay(today)) << "to the calorie";
+    record(14, 7, true);
+    EXPECT_FALSE(persister.goalMetOnDay(today.dateByAddingDays(1)));
+    EXPECT_NEAR(persister.minutesActiveOnDay(today), 311.43, 1e-6) << "what is new counts before it is saved";
 }
 
 TEST_F(ActivityPersisterTest, findsAndClipsStoredChangedAndUnsavedRecords)
