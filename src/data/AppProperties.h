@@ -17,9 +17,9 @@ class ZelvoController;
 
 /// The one place where the program keeps its settings, over UserDefaults::standard() and Bundle::main().
 /// Missing settings get their defaults when the instance is made; every write is flushed to disk at once.
-/// A number that its setting cannot hold (no number at all, a negative time, seven stand-ups) is never handed
-/// out: the default counts instead, and the log names it once. Sums of raw heights belong in 64 bits, and
-/// "data/Saturation.h" turns any number into an integer.
+/// A number that its setting cannot hold (no number at all, a negative time, a hundred stand-ups) is never
+/// handed out: the default counts instead, and the log names it once. Sums of raw heights belong in 64 bits,
+/// and "data/Saturation.h" turns any number into an integer.
 class AppProperties {
 public:
     /// The one of the ProcessServices.

@@ -14,7 +14,7 @@ using enum Setting::Type;
 using enum Setting::Start;
 
 constexpr double kAny = std::numeric_limits<double>::max();
-constexpr double kDay = 86400;
+constexpr double kLongest = 24 * 86400; // Seconds; a timer cannot wait for longer.
 constexpr double kHighest = 65535; // A raw height.
 constexpr double kFarthest = 2500 * 254.0; // The height field takes 2500, and inches are the larger unit.
 constexpr auto kBundle = std::nullopt;
@@ -22,20 +22,20 @@ constexpr auto kBundle = std::nullopt;
 /// "NumberOfStandupsdefault" is spelled as in the files that users already have.
 const Setting kSettings[] = {
     {QStringLiteral("AverageWorkDayHours"), Double, 0.01, 24, 8, Written, 1},
-    {QStringLiteral("TimeIdle"), Double, 1, kDay, 300, Written, 2},
-    {QStringLiteral("TimeSnooze"), Double, 1, kDay, 600, Written, 3},
-    {QStringLiteral("TimeNotificationDismiss"), Double, 1, kDay, 20, Written, 4},
-    {QStringLiteral("TimeNotificationDismissOnAction"), Double, 1, kDay, 5, Written, 5},
+    {QStringLiteral("TimeIdle"), Double, 0.1, kLongest, 300, Written, 2},
+    {QStringLiteral("TimeSnooze"), Double, 0.1, kLongest, 600, Written, 3},
+    {QStringLiteral("TimeNotificationDismiss"), Double, 0.1, kLongest, 20, Written, 4},
+    {QStringLiteral("TimeNotificationDismissOnAction"), Double, 0.1, kLongest, 5, Written, 5},
     {QStringLiteral("ActivityGoal"), Double, 0, 10000, 50, Written, 16},
     {QStringLiteral("WeightDefault"), Double, 0, 999, 80, Written, 6},
     {QStringLiteral("DevicePosition1"), Integer, 0, kHighest, kBundle, Written, 11},
     {QStringLiteral("DevicePosition2"), Integer, 0, kHighest, kBundle, Written, 12},
     {QStringLiteral("DevicePosition3"), Integer, 0, kHighest, kBundle, Written, 13},
     {QStringLiteral("TablePositionOffset"), Integer, -kFarthest, kFarthest, kBundle, Written, 7},
-    {QStringLiteral("NumberOfStandupsdefault"), Integer, 1, 6, 1, Written, 10},
+    {QStringLiteral("NumberOfStandupsdefault"), Integer, 1, 60, 1, Written, 10},
     {QStringLiteral("Weight"), Double, 0, 999, 80, NotWritten, 14},
     {QStringLiteral("ActivityMode"), Integer, -kAny, kAny, 0, NotWritten, 15},
-    {QStringLiteral("NumberOfStandUps"), Integer, 0, 6, 0, NotWritten, 9},
+    {QStringLiteral("NumberOfStandUps"), Integer, 0, 60, 0, NotWritten, 9},
     {QStringLiteral("ActivityGoalDefault"), Double, -kAny, kAny, 0, NotWritten, 0},
     {QStringLiteral("TablePositionOffsetDefault"), Double, -kAny, kAny, 0, NotWritten, 8},
     {QStringLiteral("DevicePositionOffset"), Double, -kAny, kAny, 0, NotWritten, 0},

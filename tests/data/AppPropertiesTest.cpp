@@ -55,8 +55,9 @@ TEST_F(AppPropertiesTest, readsWritesAndClearsEachSettingUnderItsKey)
     P& p = P::instance();
     EXPECT_EQ((Numbers {p.averageWorkDayHours(), p.timeIdle(), p.timeSnooze(), p.timeNotificationDismiss(),
                   p.timeNotificationDismissOnAction(), p.activitGoalDefault(), p.weightDefault(),
-                  p.numberOfStandUpsDefault(), p.tablePositionDefault(), double(p.devicePositionOffset())}),
-        (Numbers {7.5, 301, 602, 23, 4, 75, 77, 2, 12.5, -12}));
+                  p.numberOfStandUpsDefault(), p.tablePositionDefault(), double(p.devicePositionOffset()),
+                  p.tablePositionOffsetDefault()}),
+        (Numbers {7.5, 301, 602, 23, 4, 75, 77, 2, 12.5, -12, 0}));
     const auto changeable = [&p] {
         return Numbers {p.weight(), double(p.activityMode()), p.activityGoal(), double(p.devicePosition1()),
             double(p.devicePosition2()), double(p.devicePosition3()), double(p.tablePositionOffset()),
@@ -119,12 +120,14 @@ TEST(AppProperties, crossesTheNumbersOfTheActivityModesAndCompletesAHalfDoneSetU
 TEST_F(AppPropertiesTest, neverGoesByANumberThatASettingCannotHold)
 {
     // Key, least, most, and what counts otherwise.
-    const QString kSettings = "AverageWorkDayHours 0.01 24 8,TimeIdle 1 86400 300,TimeSnooze 1 86400 600,"
-                              "TimeNotificationDismiss 1 86400 20,TimeNotificationDismissOnAction 1 86400 5,"
-                              "ActivityGoal 0 10000 50,WeightDefault 0 999 80,Weight 0 999 80,"
-                              "DevicePosition1 0 65535 700,DevicePosition2 0 65535 4300,"
-                              "DevicePosition3 0 65535 4700,TablePositionOffset -635000 635000 6200,"
-                              "NumberOfStandUps 0 6 0,NumberOfStandupsdefault 1 6 1,Appearance 0 2 0";
+    const QString kSettings =
+        "AverageWorkDayHours 0.01 24 8,TimeIdle 0.1 2073600 300,TimeSnooze 0.1 2073600 600,"
+        "TimeNotificationDismiss 0.1 2073600 20,"
+        "TimeNotificationDismissOnAction 0.1 2073600 5,"
+        "ActivityGoal 0 10000 50,WeightDefault 0 999 80,Weight 0 999 80,"
+        "DevicePosition1 0 65535 700,DevicePosition2 0 65535 4300,"
+        "DevicePosition3 0 65535 4700,TablePositionOffset -635000 635000 6200,"
+        "NumberOfStandUps 0 60 0,NumberOfStandupsdefault 1 60 1,Appearance 0 2 0";
     P::instance(); // Writes the defaults.
     // The default locale has no say: a decimal comma would turn 0.5 into something else.
     QLocale::setDefault(QLocale("de_DE"));
@@ -183,4 +186,29 @@ TEST_F(AppPropertiesTest, givesACountThatMayDivideAndReadsAddresses)
         EXPECT_EQ(P::instance().infoUrl().toString(), url.startsWith("https") ? url : QString());
     }
     EXPECT_EQ(P::instance().errorUrl().path() + P::instance().videoUrl().path(), "/errors/video");
+}
+
+TEST_F(AppPropertiesTest, keepsValuesOfEveryKindAndDoesWithoutAStore)
+{
+    P::setDict({{"a", 1}}, "Dict");
+    P::setArray({"b", 2}, "Array");
+    P::setBool(true, "Bool");
+    EXPECT_EQ(P::getDictForKey("Dict"), (QVariantMap {{"a", 1}}));
+    EXPECT_EQ(P::getArrayForKey("Array"), (QVariantList {"b", 2}));
+    EXPECT_TRUE(P::getBoolForKey("Bool") && !P::getBoolForKey("Other"));
+    int hubs = 0;
+    P::instance().setZelvoControllerFactory([&] {
+        ++hubs;
+        return std::shared_ptr<ZelvoController>(
+            std::shared_ptr<void>(), reinterpret_cast<ZelvoController*>(this));
+    });
+    P::instance().startZelvoController();
+    P::instance().startZelvoController();
+    EXPECT_EQ(hubs, 1);
+    ProcessServices::Backends backends = platform.services->backends();
+    backends.defaults = nullptr;
+    platform.services.reset();
+    platform.services.emplace(backends);
+    P::setDouble(3, "Weight");
+    EXPECT_TRUE(std::isnan(P::getDoubleForKey("Weight")) && P::getStringForKey("Version").isNull());
 }

@@ -1,3 +1,4 @@
+#include "data/AppProperties.h"
 #include "data/CalorieCalculator.h"
 #include "data/Helper.h"
 #include "fakes/TestPlatform.h"
@@ -12,6 +13,7 @@ TEST(Helper, convertsByFactorsThatAreRoundedApart)
             "28.6 29.3 28.9 29.3 29.3 0.0 0.0 2580.1"},
     };
     TestPlatform platform;
+    AppProperties::instance().setIsMetric(true); // What is said there counts for nothing: the locale does.
     for (const auto& [locale, values, unit, expected] : kCases) {
         platform.bundle.userLocale = QLocale(locale);
         EXPECT_EQ((QList<double> {Helper::kiloToSystemUnit(71.5), Helper::systemUnitToKilo(176.4),
