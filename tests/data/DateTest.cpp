@@ -106,13 +106,14 @@ TEST_F(DateTest, comparesWithNow)
     const std::pair<QString, QString> kTestCases[] = {
         // Time, and the questions that the date answers with yes.
         {"2024-03-15T00:00", "today thisWeek thisMonth thisYear past"},
+        {"2024-03-15T23:30", "today thisWeek thisMonth thisYear"},
         {"2024-03-15T23:59", "today thisWeek thisMonth thisYear future"},
         {"2024-03-16T00:00", "tomorrow thisWeek thisMonth thisYear future"},
         {"2024-03-14T23:59", "yesterday thisWeek thisMonth thisYear past"},
         {"2024-03-11T00:00", "thisWeek thisMonth thisYear past"},
         {"2024-03-10T23:59", "lastWeek thisMonth thisYear past"},
         {"2024-03-18T00:00", "nextWeek thisMonth thisYear future"},
-        {"2024-02-29T12:00", "thisYear past"},
+        {"2024-02-15T12:00", "thisYear past"},
         {"2025-03-15T12:00", "nextYear future"}, // March again, and another year's week 11
         {"2023-03-15T12:00", "lastYear past"},
         {"2026-01-01T12:00", "future"},

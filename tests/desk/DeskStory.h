@@ -92,6 +92,7 @@ struct DeskStory {
         const auto listener = std::make_shared<HeightListener>();
         listener->heard = [this](int32_t height) {
             EXPECT_GT(height, 0) << "no height was made up";
+            note(QString("height %1").arg(height));
             if (const auto meet = std::exchange(m_onHeight, {}))
                 meet();
         };

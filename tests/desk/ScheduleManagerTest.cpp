@@ -34,6 +34,7 @@ TEST(ScheduleManager, splitsTheHourByGoalAndStandUps)
         for (int32_t position = 0; position < 4; ++position) {
             SCOPED_TRACE(testing::Message() << mode << " " << goal << " " << standUps << " " << position);
             ScheduleManager schedule(mode);
+            EXPECT_EQ(schedule.activityMode(), mode);
             schedule.startScheduledTimerForPosition(position);
             EXPECT_EQ(schedule.isScheduled(), seconds[position] > 0);
             EXPECT_EQ(std::exchange(sessions, 0), int(schedule.isScheduled()));
@@ -54,9 +55,13 @@ TEST(ScheduleManager, timesAwakeSecondsAndStartsAgainForThePositionItTimedLast)
     platform.runLoop.sleepMachine(5000);
     EXPECT_DOUBLE_EQ(schedule.timeToSchedule(), 550);
     EXPECT_EQ(schedule.scheduledDate()->secondsSince1970(), TestPlatform::kStart + 5600);
+    EXPECT_EQ(schedule.scheduleUpdatedDate().value().timeIntervalSinceDate(Date::now()), -50);
     schedule.stopScheduleTimer();
     EXPECT_EQ(schedule.timeToSchedule(), 0);
     EXPECT_FALSE(schedule.scheduledDate());
     schedule.restartScheduleTimer();
     EXPECT_EQ(schedule.currentScheduleInterval(), 800) << "a stopped timer still knows its position";
+    setPlan(platform, 2, 20, 7);
+    schedule.cancelPeriodForPosition(kStanding);
+    EXPECT_EQ(schedule.currentScheduleInterval(), 514) << "a skipped period is timed in whole seconds";
 }

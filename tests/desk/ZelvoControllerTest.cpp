@@ -9,8 +9,10 @@ struct ZelvoControllerTest : testing::Test, DeskStory { };
 
 TEST_F(ZelvoControllerTest, logsWhatHappensInFixedWords)
 {
-    const QString log =
-        logOf([this] { play("height=4000 full 40 room 1000 away 1400 back 1420 dark wake on=0 check"); });
+    const QString log = logOf([this] {
+        play("height=3990 1.9 height=4000 full 40 room 1000 away 1400 back 1420 dark wake fail=1 1423 on=0 "
+             "check");
+    });
     const char* const kRecord = "Creating new activity. startDate: 2024-03-15T08:00:02.200Z, "
                                 "endDate: 2024-03-15T08:00:02.200Z, isStanding: 1, weight: 67.500000\n";
     for (const char* text : {"ReadPositionTimer started\n", "device status updated: isCommunicating: 1\n",
@@ -18,8 +20,20 @@ TEST_F(ZelvoControllerTest, logsWhatHappensInFixedWords)
              "Couldn't save pulse: StoreNotWritable", "Couldn't save: StoreNotWritable",
              "IdleTime: 1.000000\n", "Schedule timer ticked. For new position: 1\n", "IdleObserver - Idle\n",
              "IdleObserver - Active\n", "receiveSleepNotification\n", "receiveWakeNotification\n",
-             "ReadPositionTimer stopped\n", "device status updated: isCommunicating: 0\n"})
+             "IOHIDDeviceGetReport return value: 00000020\n", "ReadPositionTimer stopped\n",
+             "device status updated: isCommunicating: 0\n"})
         EXPECT_TRUE(log.contains(text)) << text;
+    EXPECT_EQ(log.count("device position state updated"), 2);
+}
+
+TEST_F(ZelvoControllerTest, tellsOfAHeightThenOfItsPeriodThenOfTheDesk)
+{
+    play("height=4000 2.2");
+    EXPECT_EQ(heard(), "2.2 height 4000, 2.2 session, 2.2 desk 1 1");
+    hub->updatedPositionState(hub->position(), nullptr);
+    EXPECT_EQ(heard(), "") << "no second period in the same posture";
+    play("on=0 check on=1 check pull 2.4");
+    EXPECT_EQ(heard(), "2.2 desk 0 1, 2.2 session, 2.2 desk 1 1, 2.2 desk");
 }
 
 TEST_F(ZelvoControllerTest, tellsItsDelegatesInOrderAlsoWhileTheyChange)
@@ -37,11 +51,9 @@ TEST_F(ZelvoControllerTest, tellsItsDelegatesInOrderAlsoWhileTheyChange)
         hub->addDelegate(listeners["newcomer"]);
     };
     hub->updatedPosition(1, nullptr);
-    EXPECT_EQ(heard(), "2 first");
+    EXPECT_EQ(heard(), "2 height 1, 2 first");
     hub->updatedPosition(2, nullptr);
-    EXPECT_EQ(heard(), "2 first, 2 newcomer");
-    hub->updatedPositionState(kSitting, nullptr);
-    EXPECT_EQ(heard(), "") << "no news, no new session";
+    EXPECT_EQ(heard(), "2 height 2, 2 first, 2 newcomer");
 }
 
 TEST_F(ZelvoControllerTest, runsWithoutAStore)

@@ -19,6 +19,7 @@ struct ZelvoHIDManagerTest : testing::Test, ZelvoHIDManagerDelegate {
     void deviceAdded(const Device& device) override
     {
         added.push_back(device);
+        EXPECT_TRUE(device->isConnected());
         EXPECT_EQ(manager.deviceByNode(device->ownNode()), nullptr) << "told first";
         EXPECT_TRUE(added.size() > 1 || first->written.empty()) << "and before the first report";
     }
@@ -26,6 +27,7 @@ struct ZelvoHIDManagerTest : testing::Test, ZelvoHIDManagerDelegate {
     {
         removed.push_back(device);
         EXPECT_TRUE(device->isConnected()) << "told first";
+        EXPECT_EQ(manager.isDeviceConneced(), device == added[0]) << "which is listed until then";
         EXPECT_EQ(manager.deviceByNode(device->ownNode()), device);
     }
     void plug(const HidDeviceRef& adapter) { manager.handleMatchingDevice(adapter, platform.hid, 0); }
@@ -61,6 +63,9 @@ TEST_F(ZelvoHIDManagerTest, followsAnAdapterInAndOut)
     first->status.fill(0x55);
     EXPECT_TRUE(ZelvoHIDManager::readBuffer(report, *added[0]));
     EXPECT_EQ(std::count(report.begin(), report.end(), 0x55), 63);
+    added[0]->updateCommunicating();
+    added[0]->readPosition();
+    EXPECT_EQ(added[0]->position(), 0x5555);
 
     platform.hid.plug(1);
     EXPECT_EQ(logOf([&] { unplug(first); }), "\nDevice removed: 0x" + address + "\nDevice count: 2\n");
@@ -73,6 +78,21 @@ TEST_F(ZelvoHIDManagerTest, followsAnAdapterInAndOut)
         EXPECT_FALSE(ZelvoHIDManager::readBuffer(report, *removed[0]));
     };
     EXPECT_EQ(logOf(transfer), "") << "not even tried";
+    EXPECT_TRUE(removed[0]->isCommunicating() && !removed[0]->isActive());
+    removed[0]->readPosition();
+    EXPECT_EQ(std::pair(removed[0]->position(), removed[0]->positionState()), std::pair(0, 2));
+}
+
+TEST_F(ZelvoHIDManagerTest, drivesTheNewestAtOnceAndBringsInTheEldestThatWaits)
+{
+    platform.hid.unplug(0);
+    const auto third = std::make_shared<ScriptedAdapter>();
+    for (const auto& adapter : {first, second, third})
+        plug(adapter);
+    unplug(first);
+    EXPECT_EQ(ZelvoHIDDevice::node()->deviceRef, third);
+    platform.runLoop.advance(0.1);
+    EXPECT_EQ(added.back()->ownNode()->deviceRef, second);
 }
 
 TEST_F(ZelvoHIDManagerTest, namesWhatFails)
@@ -107,15 +127,20 @@ TEST_F(ZelvoHIDManagerTest, takesCommunicationFromBitZeroOfTheStatusWordAfterAWr
         {0x0000, 0, false}, {0xFFFE, 0, false}, {0x0001, EPIPE, false}, {0x4001, 0, true}};
     plug(first);
     first->writeStatus = EPIPE;
-    for (const auto& [status, readStatus, expected] : kCases) {
-        first->status[2] = uint8_t(status & 0xFF);
-        first->status[3] = uint8_t(status >> 8);
-        first->readStatus = readStatus;
-        EXPECT_FALSE(added[0]->moveUpSingle());
-        EXPECT_EQ(added[0]->isCommunicating(), expected) << status;
-        const TimerRef polling = added[0]->readPositionTimer();
-        EXPECT_EQ(polling && polling->isValid(), expected) << status;
-    }
+    const QString log = logOf([&] {
+        for (const auto& [status, readStatus, expected] : kCases) {
+            first->status[2] = uint8_t(status & 0xFF);
+            first->status[3] = uint8_t(status >> 8);
+            first->readStatus = readStatus;
+            EXPECT_FALSE(added[0]->moveUpSingle());
+            EXPECT_EQ(added[0]->isCommunicating(), expected) << status;
+            const TimerRef polling = added[0]->readPositionTimer();
+            EXPECT_EQ(polling && polling->isValid(), expected) << status;
+        }
+    });
+    EXPECT_EQ(log.count("device status updated"), 3) << "what is the same is not told again";
+    EXPECT_TRUE(log.contains("ReadPositionTimer started\nReadPositionTimer stopped\n"));
+    EXPECT_EQ(log.count("ReadPositionTimer stopped"), 5) << "an ended timer is stopped again";
     EXPECT_EQ(ZelvoHIDDevice::statusToArray(0xE006),
         (ZelvoHIDDevice::StatusBits {0, 1, 1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1}));
 }
