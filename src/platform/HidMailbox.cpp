@@ -1,5 +1,7 @@
 #include "platform/HidMailbox.h"
 
+#include "platform/Log.h"
+
 #include <algorithm>
 #include <cerrno>
 
@@ -81,7 +83,7 @@ HidMailbox::News HidMailbox::end(HidStatus status, std::vector<uint8_t> bytes)
     if (m_isLost)
         return transfer.isProbe ? endProbe(status) : News {};
     if (status != 0)
-        return failed(std::move(transfer));
+        return failed(std::move(transfer), status);
     m_failedOnce.erase(keyOf(transfer));
     if (transfer.direction == Direction::Write)
         return {};
@@ -105,8 +107,10 @@ HidMailbox::News HidMailbox::endProbe(HidStatus status)
     return {};
 }
 
-HidMailbox::News HidMailbox::failed(Transfer transfer)
+HidMailbox::News HidMailbox::failed(Transfer transfer, HidStatus status)
 {
+    const char* const call = transfer.direction == Direction::Write ? "Set" : "Get";
+    Log::line(QString::asprintf("IOHIDDevice%sReport return value: %08x", call, unsigned(status)));
     if (!m_failedOnce.insert(keyOf(transfer)).second)
         return lose();
     // A newer report of its kind is the second try.

@@ -87,7 +87,7 @@ private:
     [[nodiscard]] bool isMovement(const Transfer& transfer) const;
     void put(Transfer transfer);
     [[nodiscard]] News endProbe(HidStatus status);
-    [[nodiscard]] News failed(Transfer transfer);
+    [[nodiscard]] News failed(Transfer transfer, HidStatus status);
     [[nodiscard]] News lose();
     void putRest(double now, bool isProbe);
 
