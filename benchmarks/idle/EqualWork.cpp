@@ -1,6 +1,6 @@
-// The program's work at rest, done in the barest way: the tray icon of the floor program, the idle time asked
-// of the X server every 10 s, the end of a period saved every 15 s, a line written about each, the desk asked
-// once a second, and a new tool tip each minute:
+// The program's work at rest, done in the barest way: a tray icon in as many sizes, the idle time asked of
+// the X server every 10 s, the end of a period saved every 15 s, a line with the time written about each into
+// a log file beside the store, the desk asked once a second, and a new tool tip each minute:
 //   equal-work STORE [NODE]
 // A thread reads the status of the adapter at the node. Without one the desk is simulated, as the program's
 // is.
@@ -35,8 +35,25 @@
 namespace {
 void log(const char* text, double value)
 {
-    fprintf(stderr, "%s %f\n", text, value);
+    timespec now {};
+    clock_gettime(CLOCK_REALTIME, &now);
+    tm local {};
+    localtime_r(&now.tv_sec, &local);
+    char moment[64];
+    strftime(moment, sizeof moment, "%Y-%m-%d %H:%M:%S", &local);
+    fprintf(stderr, "%s.%03ld EqualWork[%d] %s %f\n", moment, now.tv_nsec / 1000000, getpid(), text, value);
     fflush(stderr);
+}
+
+QIcon makeIcon()
+{
+    QIcon icon;
+    for (const int size : {16, 22, 24, 32, 44}) {
+        QPixmap pixmap(size, size);
+        pixmap.fill(Qt::darkCyan);
+        icon.addPixmap(pixmap);
+    }
+    return icon;
 }
 
 class IdleQuestion {
@@ -193,10 +210,12 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
 
-    QPixmap pixmap(22, 22);
-    pixmap.fill(Qt::darkCyan);
-    QSystemTrayIcon icon {QIcon(pixmap)};
+    QSystemTrayIcon icon(makeIcon());
     icon.show();
+
+    const QByteArray logFile = QByteArray(argv[1]) + ".log";
+    if (!freopen(logFile.constData(), "a", stderr))
+        return 1;
 
     IdleQuestion idle;
     Record record(argv[1]);
@@ -210,6 +229,11 @@ int main(int argc, char** argv)
     });
     every(10'000, [&idle] { idle.ask(); });
     every(15'000, [&record] { record.save(); });
+    // As the program begins; the first of each costs more and belongs to no minute.
+    QTimer::singleShot(1000, [&] {
+        idle.ask();
+        record.save();
+    });
     int minutes = 60;
     every(60'000, [&] { icon.setToolTip(QStringLiteral("Sitting, 72 cm, %1 minutes").arg(--minutes)); });
     return QApplication::exec();
