@@ -44,8 +44,10 @@ bool Activity::pulse(Date endDate)
 {
     Log::line(QStringLiteral("Activity pulse"));
     setEndDate(endDate);
-    Error error = ManagedObjectContext::missingError();
-    if (m_context && m_context->save(error))
+    Error error;
+    if (!m_context)
+        error = ManagedObjectContext::missingError();
+    else if (m_context->save(error))
         return true;
     Log::line(QStringLiteral("Couldn't save pulse: %1").arg(error.localizedDescription));
     return false;
