@@ -8,7 +8,7 @@ set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
 
 add_compile_definitions(QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII QT_STRICT_ITERATORS)
 
-# Small code rather than quick code: the program waits for people, and what it costs them is its memory.
+# The one exception is small code rather than quick code: the program waits for people, and costs them its memory.
 set(ZELVO_SMALL_CODE $<$<NOT:$<CONFIG:Debug>>:-Os>)
 
 # zelvo_library(NAME sources...): one static library for one source folder.
