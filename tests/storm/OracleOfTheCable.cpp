@@ -152,8 +152,10 @@ void Oracle::commanded(const Transfer& transfer)
         m_lastCommand[adapter] = command;
     // A stalled report is told of late: it belongs to the hold in which it began.
     const double begun = m_now - transfer.duration;
-    const auto hold = std::find_if(
-        m_holds.rbegin(), m_holds.rend(), [=](const Hold& one) { return one.from <= begun + kRounding; });
+    // A movement that goes out in the moment of a press is the last one of the hold before.
+    const double since = begun + (command == kStopCommand ? kRounding : -kRounding);
+    const auto hold =
+        std::find_if(m_holds.rbegin(), m_holds.rend(), [=](const Hold& one) { return one.from <= since; });
     const bool isKnown = hold != m_holds.rend() && hold->adapter == adapter;
     if (command == kStopCommand) {
         if (isKnown && hold->to <= begun)

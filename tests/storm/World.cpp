@@ -227,7 +227,7 @@ void World::letGo(const std::string& how)
     QWidget* const around = button->window();
     const bool hasFrame = around != reminder; // To hide or minimise it by.
     oracle().letGo(!hasFrame);
-    if (!hasFrame && how == "close" && m_oracle.isReminderOpen())
+    if (!hasFrame && how == "close") // One that fades out already is closed like any other.
         m_oracle.answered("close");
     if (how == "hide" && hasFrame)
         around->hide();
