@@ -34,9 +34,11 @@ TEST_F(QtUserDefaultsTest, onlyWhatChangedHereReplacesWhatAnEditorWroteMeanwhile
     EXPECT_FALSE(defaults.object("Weight").isValid());
     EXPECT_EQ(contents(m_path), "[General]\nTimeIdle=42\nTimeSnooze=90\n");
     EXPECT_EQ(QDir("/proc/self/fd").count(), descriptors) << "one more per write runs out some day";
+    write(m_path + ".backup", "x");
     const QString odd = " \"quoted\"; a=b, c\\d\n%1 @Variant é 猫 ";
     QtUserDefaults(m_path).setObject("Text", odd); // And the program ends.
     EXPECT_EQ(QtUserDefaults(m_path).object("Text"), odd);
+    EXPECT_TRUE(QFile::exists(m_path + ".backup")) << "the user's own";
 }
 
 /// What can be read of a file stays, also after the next write; where some cannot, the whole is kept aside.

@@ -116,10 +116,12 @@ QtUserDefaults::~QtUserDefaults()
 }
 
 /// A process that was killed while writing leaves QSettings' lock behind, which would hold up the first write
-/// for half a minute, and its unfinished file. Only one instance runs, so they are nobody's.
+/// for half a minute, and its unfinished file. Only one instance runs, so they are nobody's. Without a lock
+/// such a name is the user's own: a .backup, say.
 void QtUserDefaults::removeLeftovers() const
 {
-    QFile::remove(m_path + QStringLiteral(".lock"));
+    if (!QFile::remove(m_path + QStringLiteral(".lock")))
+        return;
     const QFileInfo file(m_path);
     const QString unfinished = file.fileName() + u'.'; // Six letters follow.
     for (const QString& name : file.dir().entryList(QDir::Files)) {
