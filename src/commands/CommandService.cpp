@@ -20,8 +20,6 @@
 namespace {
 constexpr uint32_t kDoNotQueue = 4;
 constexpr uint32_t kPrimaryOwner = 1;
-/// A moving desk tells a new height each second at least.
-constexpr double kStandsStillSeconds = 1.5;
 }
 
 CommandService::CommandService(AppDelegate& app, QDBusConnection bus)
@@ -44,9 +42,9 @@ void CommandService::observe()
              ScheduleManager::kNewSession, ZelvoHIDManager::kAccessDidChange,
              EventSource::kCanTellDidChange}) {
         m_observations.push_back(NotificationCenter::defaultCenter().addObserver(
-            news, [this](const PostedNotification&) { announceSoon(0); }));
+            news, [this](const PostedNotification&) { announceSoon(); }));
     }
-    m_heights = observeDeskPosition([this](int32_t) { announceSoon(kStandsStillSeconds); });
+    m_heights = observeDeskAtRest([this] { announceSoon(); });
 }
 
 /// QDBusConnection::registerService() would wait for the bus.
@@ -66,11 +64,11 @@ void CommandService::takeName()
     });
 }
 
-/// One signal for all that happens until then. News of another kind do not wait for the desk to stand still.
-void CommandService::announceSoon(double seconds)
+/// One signal for all that happens until then.
+void CommandService::announceSoon()
 {
     invalidate(m_announcement);
-    m_announcement = m_timers.schedule(seconds, RunLoop::Repeat::No, [this](Timer&) { Q_EMIT changed(); });
+    m_announcement = m_timers.schedule(0, RunLoop::Repeat::No, [this](Timer&) { Q_EMIT changed(); });
 }
 
 void CommandService::perform(const QString& action)

@@ -46,7 +46,7 @@ Q_SIGNALS:
 private:
     void observe();
     void takeName();
-    void announceSoon(double seconds);
+    void announceSoon();
     void refuse(const QString& why);
 
     AppDelegate& m_app;

@@ -12,11 +12,20 @@
 namespace {
 constexpr int64_t kTenthsPerMillimetre = 10;
 constexpr double kSecondsPerMinute = 60;
+/// A moving desk tells a new height each second at least.
+constexpr double kStandsStillSeconds = 1.5;
 
 struct PositionListener final : ZelvoControllerDelegate {
     void positionUpdated(int32_t height) override { callback(height); }
 
     std::function<void(int32_t height)> callback;
+};
+
+struct Rest {
+    std::function<void()> callback;
+    TimerRef timer;
+    TimerScope timers;
+    PositionObservation heights;
 };
 }
 
@@ -82,4 +91,16 @@ PositionObservation observeDeskPosition(std::function<void(int32_t height)> call
                 if (hub())
                     hub()->removeDelegate(listener);
             }};
+}
+
+PositionObservation observeDeskAtRest(std::function<void()> callback)
+{
+    const auto rest = std::make_shared<Rest>();
+    rest->callback = std::move(callback);
+    rest->heights = observeDeskPosition([rest = rest.get()](int32_t) {
+        invalidate(rest->timer);
+        rest->timer = rest->timers.schedule(
+            kStandsStillSeconds, RunLoop::Repeat::No, [rest](Timer&) { rest->callback(); });
+    });
+    return rest;
 }

@@ -36,3 +36,5 @@
 using PositionObservation = std::shared_ptr<void>;
 /// Hears each new height (raw) of the hub that exists now.
 [[nodiscard]] PositionObservation observeDeskPosition(std::function<void(int32_t height)> callback);
+/// Is told once the desk stands still after a movement.
+[[nodiscard]] PositionObservation observeDeskAtRest(std::function<void()> callback);

@@ -8,8 +8,6 @@
 
 namespace {
 constexpr double kMinute = 60;
-/// A moving desk tells a new height each second at least.
-constexpr double kStandsStillSeconds = 1.5;
 }
 
 MenuletView::MenuletView(StatusItem& statusItem)
@@ -66,14 +64,14 @@ void MenuletView::observe()
     m_observations.clear();
     NotificationCenter& center = NotificationCenter::defaultCenter();
     // Told in the middle of the change.
-    const auto redrawAfterwards = [this](const PostedNotification&) { redrawSoon(0); };
+    const auto redrawAfterwards = [this](const PostedNotification&) { redrawSoon(); };
     for (const QString& news :
         {ZelvoController::kIdleDidChange, ScheduleManager::kNewSession, ZelvoHIDDevice::kErrorCodeRemoved})
         m_observations.push_back(center.addObserver(news, redrawAfterwards));
     m_observations.push_back(
         center.addObserver(ZelvoHIDDevice::kErrorCode, [this](const PostedNotification&) {
             if (m_shown.picture != StatusItemContent::kErrorPicture) // Each report repeats it.
-                redrawSoon(0);
+                redrawSoon();
         }));
 }
 
@@ -89,15 +87,20 @@ void MenuletView::redraw()
     m_shown = content;
     m_ground = ground;
     if (isConnected && !m_heights) // The hub was not there at the start.
-        m_heights = observeDeskPosition([this](int32_t) { redrawSoon(kStandsStillSeconds); });
-    if (isConnected)
-        redrawSoon(kMinute);
-    else
+        m_heights = observeDeskAtRest([this] { redraw(); });
+    if (!isConnected)
         invalidate(m_redrawing);
+    else if (!m_redrawing || !m_redrawing->isValid()) // What is to follow a change still does.
+        redrawAfter(kMinute);
 }
 
-void MenuletView::redrawSoon(double seconds)
+void MenuletView::redrawSoon()
 {
     invalidate(m_redrawing);
+    redrawAfter(0);
+}
+
+void MenuletView::redrawAfter(double seconds)
+{
     m_redrawing = m_timers.schedule(seconds, RunLoop::Repeat::No, [this](Timer&) { redraw(); });
 }

@@ -35,7 +35,8 @@ public:
 
 private:
     void redraw();
-    void redrawSoon(double seconds);
+    void redrawSoon();
+    void redrawAfter(double seconds);
     void observe();
 
     StatusItem& m_statusItem;
@@ -43,7 +44,7 @@ private:
     StatusItemContent m_shown;
     PanelGround m_ground = PanelGround::Unknown;
     std::vector<NotificationCenter::Observation> m_observations;
-    std::shared_ptr<void> m_heights; ///< hears of each new height
+    std::shared_ptr<void> m_heights; ///< hears when the desk stands still
     TimerRef m_redrawing;
     TimerScope m_timers;
 };

@@ -79,6 +79,10 @@ TEST_F(MainWindowControllerTest, theSessionCircleFollowsTheSchedule)
     pass(5);
     EXPECT_EQ(shown(window, "scheduleIndicator"), QStringLiteral("  0.0"));
     EXPECT_EQ(text(window, "labelStatus"), QString());
+    world->hid.desk().setHeight(1000);
+    world->hid.desk().setUnnamedError(true);
+    pass(1); // The next poll.
+    EXPECT_EQ(menulet().statusItem()->toolTip(), QStringLiteral("TrayTooltipError")) << "though it moved";
     world->unplugDesk();
     EXPECT_EQ(menulet().statusItem()->toolTip(), QStringLiteral("TrayTooltipDisconnected"));
     EXPECT_EQ(text(window, "labelStatus"), QStringLiteral("ConnectTable"));
