@@ -100,6 +100,9 @@ TEST_F(QtUserDefaultsTest, aFailedWriteIsSaidOnceAndMadeUpForLater)
     });
     EXPECT_EQ(contents(m_path), "[General]\nWeight=72\n");
     EXPECT_TRUE(log.count("cannot be written to") == 1 && log.count("again.") == 1) << qPrintable(log);
+    write(m_path, "[Gen\n");
+    defaults.setObject("Weight", 73.0);
+    EXPECT_EQ(logOf([&] { EXPECT_TRUE(defaults.synchronize()); }).count(m_path + ".damaged-1"), 1);
 
     m_path = m_folder.filePath("org.zelvo.StandUp/" + QString(247, 'x')); // A copy's name is too long.
     write(m_path, "[Gen\n");

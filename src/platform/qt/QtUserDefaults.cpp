@@ -201,8 +201,12 @@ bool QtUserDefaults::mend()
     QSaveFile mended(m_path);
     if (!mended.open(QIODevice::WriteOnly) || mended.write(lines.readable) < 0 || !mended.commit())
         return false;
-    if (!lines.unreadable.isEmpty())
-        m_damage = {lines.unreadable, copyName()};
+    if (lines.unreadable.isEmpty())
+        return true;
+    m_damage = {lines.unreadable, copyName()};
+    // Who asks for the damage asks at the start; an editor may do it at any time.
+    Log::line(QStringLiteral("Parts of the settings file could not be read; a copy of it as it was is %1.")
+                  .arg(copyName()));
     return true;
 }
 
