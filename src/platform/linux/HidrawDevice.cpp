@@ -20,7 +20,7 @@ void HidrawDevice::beginOpening(OpeningEnded ended)
     const auto weak = [this] {
         return std::weak_ptr(std::static_pointer_cast<HidrawDevice>(shared_from_this()));
     };
-    if (!m_worker) {
+    if (!m_worker || !m_worker->isRunning()) {
         m_worker = std::make_unique<HidrawWorker>(QFile::encodeName(m_adapter.node).toStdString(),
             m_restReport, [device = weak()](const HidMailbox::News& news) {
                 if (const auto self = device.lock())

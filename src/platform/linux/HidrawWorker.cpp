@@ -47,7 +47,7 @@ HidrawWorker::~HidrawWorker()
 
 void HidrawWorker::open(OpeningEnded ended)
 {
-    if (m_startStatus != 0) {
+    if (!isRunning()) {
         m_state->runLoop.performSoon([ended = std::move(ended), status = m_startStatus] { ended(status); });
         return;
     }

@@ -28,6 +28,8 @@ public:
     HidrawWorker(const HidrawWorker&) = delete;
     HidrawWorker& operator=(const HidrawWorker&) = delete;
 
+    /// False where the system had no thread to give; each opening then fails.
+    [[nodiscard]] bool isRunning() const { return m_startStatus == 0; }
     void open(OpeningEnded ended);
     /// Runs the request with the mailbox locked and begins what then waits in it.
     void post(const std::function<void(HidMailbox&)>& request);
