@@ -34,11 +34,12 @@ public:
 
     Dialog* operator->() const { return m_dialog.data(); }
     /// False when the dialog has gone with its window.
+    explicit operator bool() const { return !m_dialog.isNull(); }
     bool run(int& result)
     {
         m_dialog->setWindowModality(Qt::ApplicationModal);
         result = m_dialog->exec();
-        return !m_dialog.isNull();
+        return bool(*this);
     }
 
 private:
@@ -154,6 +155,8 @@ std::optional<QString> QtDialogs::runSavePanel(const QString& proposedFileName)
         const QString withSuffix = path + QLatin1Char('.') + suffix;
         if (mayReplace(withSuffix))
             return withSuffix;
+        if (!dialog)
+            break;
         dialog->selectFile(withSuffix);
     }
     return std::nullopt;
