@@ -16,10 +16,8 @@ constexpr double kPatienceAtExitSeconds = 0.5;
 void logRefusal(const QString& node, HidStatus status)
 {
     if (status == EACCES) {
-        Log::line(QStringLiteral("No permission to use the desk adapter %1: put the rule file "
-                                 "70-zelvo-standup.rules into /etc/udev/rules.d and run \"sudo udevadm "
-                                 "trigger --subsystem-match=hidraw --action=change\".")
-                      .arg(node));
+        Log::line(QStringLiteral("No permission to use the desk adapter %1. To allow it, run: %2")
+                      .arg(node, AccessRule::commands().join(QStringLiteral(" && "))));
     } else if (status == EBUSY) {
         Log::line(QStringLiteral("The desk adapter %1 is in use by another program.").arg(node));
     } else {
