@@ -37,8 +37,8 @@ public:
     /// All three clocks at one moment, to a tenth of a second.
     [[nodiscard]] ClockReading readClocks() const;
 
-    /// Calls back after `seconds`, once or again and again. A negative or undefined interval counts as 0, an
-    /// endless one never fires; a repeating timer's interval is at least 1 ms.
+    /// Calls back after `seconds`, once or again and again. A negative or undefined interval counts as 0, and
+    /// one of more than 24 days may end after those; a repeating timer's interval is at least 1 ms.
     TimerRef scheduleTimer(double seconds, Repeat repeats, TimerCallback callback, QVariant userInfo = {},
         Precision precision = Precision::Coarse);
 
