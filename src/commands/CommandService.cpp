@@ -44,7 +44,7 @@ void CommandService::observe()
         m_observations.push_back(NotificationCenter::defaultCenter().addObserver(
             news, [this](const PostedNotification&) { announceSoon(); }));
     }
-    m_heights = observeDeskAtRest([this] { announceSoon(); });
+    m_heights = AdoptedDesk::observeRest([this] { announceSoon(); });
 }
 
 /// QDBusConnection::registerService() would wait for the bus.

@@ -52,7 +52,7 @@ private:
     AppDelegate& m_app;
     QDBusConnection m_bus;
     std::vector<NotificationCenter::Observation> m_observations;
-    PositionObservation m_heights;
+    AdoptedDesk::Observation m_heights;
     TimerRef m_announcement;
     TimerScope m_timers;
 };

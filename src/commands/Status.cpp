@@ -15,11 +15,11 @@ constexpr qsizetype kLongestName = 80;
 
 Status::Desk deskState()
 {
-    const std::optional<HidStatus> access = hub()->deviceManager().accessStatus();
+    const std::optional<HidStatus> access = AdoptedDesk::hub()->deviceManager().accessStatus();
     if (!access)
         return Status::Desk::None;
     if (*access == 0)
-        return isDeskActive() ? Status::Desk::Connected : Status::Desk::Silent;
+        return AdoptedDesk::isActive() ? Status::Desk::Connected : Status::Desk::Silent;
     if (*access == EACCES)
         return Status::Desk::Forbidden;
     return *access == EBUSY ? Status::Desk::Busy : Status::Desk::Unusable;
@@ -28,15 +28,16 @@ Status::Desk deskState()
 /// The name comes from the cable, and a terminal obeys control characters.
 QString adapterName()
 {
-    if (!device() || !device()->ownNode())
+    if (!AdoptedDesk::device() || !AdoptedDesk::device()->ownNode())
         return {};
-    QString name = QString::fromStdString(device()->ownNode()->model).simplified().left(kLongestName);
+    QString name =
+        QString::fromStdString(AdoptedDesk::device()->ownNode()->model).simplified().left(kLongestName);
     return name.removeIf([](QChar letter) { return !letter.isPrint(); });
 }
 
 std::optional<Status::Period> openPeriod()
 {
-    const ActivityRef activity = hub()->activity();
+    const ActivityRef activity = AdoptedDesk::hub()->activity();
     if (!activity)
         return std::nullopt;
     // From the whole second that is told, so that whoever counts from there comes to the same minutes.
@@ -47,7 +48,7 @@ std::optional<Status::Period> openPeriod()
 
 std::optional<Status::Goal> todaysGoal()
 {
-    ActivityPersister* const persister = hub()->activityPersister();
+    ActivityPersister* const persister = AdoptedDesk::hub()->activityPersister();
     if (!persister || !AppProperties::instance().isUserSetupCompleted())
         return std::nullopt;
     const GoalProgress progress = GoalProgress::onDay(Date::now(), *persister);
@@ -60,22 +61,22 @@ std::optional<Status::Goal> todaysGoal()
 Status Status::now()
 {
     Status status;
-    if (!hub())
+    if (!AdoptedDesk::hub())
         return status;
     status.desk = deskState();
     status.adapter = adapterName();
     if (status.desk == Desk::Forbidden)
-        status.cure = permissionCommands();
+        status.cure = AdoptedDesk::permissionCommands();
     if (status.desk == Desk::Connected) {
-        status.height = {
-            deskPosition(), deskHeightMillimetres(deskPosition()), deskHeightText(deskPosition())};
-        status.posture =
-            hub()->position() == kStanding ? QStringLiteral("standing") : QStringLiteral("sitting");
+        status.height = {AdoptedDesk::position(), AdoptedDesk::heightMillimetres(AdoptedDesk::position()),
+            AdoptedDesk::heightText(AdoptedDesk::position())};
+        status.posture = AdoptedDesk::hub()->position() == kStanding ? QStringLiteral("standing")
+                                                                     : QStringLiteral("sitting");
     }
-    status.isPaused = hub()->idleObserver().isIdle();
+    status.isPaused = AdoptedDesk::hub()->idleObserver().isIdle();
     status.period = openPeriod();
-    status.minutesToChange = ::minutesToChange();
+    status.minutesToChange = AdoptedDesk::minutesToChange();
     status.goal = todaysGoal();
-    status.idleSource = hub()->idleObserver().sourceName();
+    status.idleSource = AdoptedDesk::hub()->idleObserver().sourceName();
     return status;
 }

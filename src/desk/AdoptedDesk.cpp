@@ -25,55 +25,55 @@ struct Rest {
     std::function<void()> callback;
     TimerRef timer;
     TimerScope timers;
-    PositionObservation heights;
+    AdoptedDesk::Observation heights;
 };
 }
 
-ZelvoController* hub()
+ZelvoController* AdoptedDesk::hub()
 {
     return AppProperties::instance().zelvoController().get();
 }
 
-ZelvoHIDDevice* device()
+ZelvoHIDDevice* AdoptedDesk::device()
 {
     const ZelvoController* const adopting = hub();
     return adopting ? adopting->device().get() : nullptr;
 }
 
-bool isDeskActive()
+bool AdoptedDesk::isActive()
 {
     const ZelvoHIDDevice* const desk = device();
     return desk && desk->isActive();
 }
 
-bool isAdapterForbidden()
+bool AdoptedDesk::isAdapterForbidden()
 {
     return hub() && hub()->deviceManager().accessStatus() == EACCES;
 }
 
-QStringList permissionCommands()
+QStringList AdoptedDesk::permissionCommands()
 {
     return hub() ? hub()->deviceManager().commandsGivingAccess() : QStringList();
 }
 
-int32_t deskPosition()
+int32_t AdoptedDesk::position()
 {
     const ZelvoHIDDevice* const desk = device();
     return desk ? desk->position() : 0;
 }
 
-int64_t deskHeightMillimetres(int32_t position)
+int64_t AdoptedDesk::heightMillimetres(int32_t position)
 {
     return (int64_t(position) + AppProperties::instance().tablePositionOffset()) / kTenthsPerMillimetre;
 }
 
-QString deskHeightText(int32_t position)
+QString AdoptedDesk::heightText(int32_t position)
 {
-    return Helper::formattedTableHeight(double(deskHeightMillimetres(position))) + QLatin1Char(' ')
+    return Helper::formattedTableHeight(double(heightMillimetres(position))) + QLatin1Char(' ')
         + Helper::TableHeightUnit();
 }
 
-std::optional<int32_t> minutesToChange()
+std::optional<int32_t> AdoptedDesk::minutesToChange()
 {
     const ScheduleManager* const schedule = hub() ? hub()->scheduleManager() : nullptr;
     if (!schedule || !schedule->isScheduled())
@@ -81,7 +81,7 @@ std::optional<int32_t> minutesToChange()
     return saturated<int32_t>(std::ceil(std::max(schedule->timeToSchedule(), 0.0) / kSecondsPerMinute));
 }
 
-PositionObservation observeDeskPosition(std::function<void(int32_t height)> callback)
+AdoptedDesk::Observation AdoptedDesk::observePosition(std::function<void(int32_t height)> callback)
 {
     const auto listener = std::make_shared<PositionListener>();
     listener->callback = std::move(callback);
@@ -93,11 +93,11 @@ PositionObservation observeDeskPosition(std::function<void(int32_t height)> call
             }};
 }
 
-PositionObservation observeDeskAtRest(std::function<void()> callback)
+AdoptedDesk::Observation AdoptedDesk::observeRest(std::function<void()> callback)
 {
     const auto rest = std::make_shared<Rest>();
     rest->callback = std::move(callback);
-    rest->heights = observeDeskPosition([rest = rest.get()](int32_t) {
+    rest->heights = observePosition([rest = rest.get()](int32_t) {
         invalidate(rest->timer);
         rest->timer = rest->timers.schedule(
             kStandsStillSeconds, RunLoop::Repeat::No, [rest](Timer&) { rest->callback(); });

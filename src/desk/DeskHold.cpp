@@ -4,14 +4,14 @@
 
 ZelvoHIDDevice* DeskHold::begin()
 {
-    m_desk = hub() ? hub()->device() : nullptr;
-    return device();
+    m_desk = AdoptedDesk::hub() ? AdoptedDesk::hub()->device() : nullptr;
+    return AdoptedDesk::device();
 }
 
 void DeskHold::end()
 {
     const auto desk = m_desk.lock();
     m_desk.reset();
-    if (desk && desk.get() == device())
+    if (desk && desk.get() == AdoptedDesk::device())
         desk->stop();
 }

@@ -26,7 +26,7 @@ void DeskView::showEvent(QShowEvent* event)
     QWidget::showEvent(event);
     Motion::need();
     m_isActive = false; // What it shows may be from another day: no gliding from there.
-    m_heights = observeDeskPosition([this](int32_t) { follow(); });
+    m_heights = AdoptedDesk::observePosition([this](int32_t) { follow(); });
     m_states = NotificationCenter::defaultCenter().addObserver(
         ZelvoController::kDeviceStateDidChange, [this](const PostedNotification&) { follow(); });
     follow();
@@ -41,12 +41,12 @@ void DeskView::hideEvent(QHideEvent* event)
 
 void DeskView::follow()
 {
-    const bool glides = m_isActive && isDeskActive() && !Motion::isReduced();
-    m_isActive = isDeskActive();
-    m_to = double(deskHeightMillimetres(deskPosition()));
+    const bool glides = m_isActive && AdoptedDesk::isActive() && !Motion::isReduced();
+    m_isActive = AdoptedDesk::isActive();
+    m_to = double(AdoptedDesk::heightMillimetres(AdoptedDesk::position()));
     m_from = glides ? m_shown : m_to;
     m_startedAt = RunLoop::main().monotonicNow();
-    setAccessibleName(m_isActive ? deskHeightText(deskPosition()) : QString());
+    setAccessibleName(m_isActive ? AdoptedDesk::heightText(AdoptedDesk::position()) : QString());
     invalidate(m_glide);
     if (glides)
         m_glide = m_timers.schedule(
@@ -75,5 +75,5 @@ void DeskView::paintEvent(QPaintEvent*)
     painter.setPen(zelvoTextColor());
     painter.setFont(FontAndTextHandler::Roman30());
     painter.drawText(room.adjusted(0, 0, 0, -deskDrawingHeight(room, m_shown) - kAboveDesk),
-        Qt::AlignHCenter | Qt::AlignBottom, deskHeightText(deskPosition()));
+        Qt::AlignHCenter | Qt::AlignBottom, AdoptedDesk::heightText(AdoptedDesk::position()));
 }

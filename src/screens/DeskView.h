@@ -32,5 +32,5 @@ private:
     TimerScope m_timers;
     TimerRef m_glide;
     NotificationCenter::Observation m_states;
-    PositionObservation m_heights;
+    AdoptedDesk::Observation m_heights;
 };

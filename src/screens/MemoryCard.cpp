@@ -15,7 +15,7 @@ constexpr double kBelowDesk = 8;
 
 QString heightText(std::optional<int32_t> position)
 {
-    return position ? deskHeightText(*position) : qtTrId("MemoryNotSet");
+    return position ? AdoptedDesk::heightText(*position) : qtTrId("MemoryNotSet");
 }
 
 /// Draws a line of text at the top of the room and takes it away from there.
@@ -58,7 +58,7 @@ void MemoryCard::paintEvent(QPaintEvent*)
         painter.setOpacity(kDisabledOpacity);
     if (m_position)
         paintDesk(painter, QRectF(room.topLeft(), QSizeF(room.width(), kDeskHeight)),
-            double(deskHeightMillimetres(*m_position)), color);
+            double(AdoptedDesk::heightMillimetres(*m_position)), color);
     room.setTop(room.top() + kDeskHeight + kBelowDesk);
     painter.setPen(color);
     paintLine(painter, room, heightFont, height);

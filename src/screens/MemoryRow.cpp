@@ -45,7 +45,7 @@ void MemoryRow::awakeFromNib(MemoryViewControllerDelegate& delegate)
 
 void MemoryRow::updateConnectionLabel()
 {
-    const bool active = isDeskActive();
+    const bool active = AdoptedDesk::isActive();
     m_ui.labelConnection->setHidden(active);
     for (MemoryCard* card : cards())
         card->setEnabled(active);
@@ -64,7 +64,8 @@ void MemoryRow::showStoredHeights()
 
 void MemoryRow::showLiveHeight()
 {
-    m_editor->labelHeight()->setText(isDeskActive() ? deskHeightText(deskPosition()) : QString());
+    m_editor->labelHeight()->setText(
+        AdoptedDesk::isActive() ? AdoptedDesk::heightText(AdoptedDesk::position()) : QString());
 }
 
 std::array<MemoryCard*, 3> MemoryRow::cards() const
@@ -74,7 +75,7 @@ std::array<MemoryCard*, 3> MemoryRow::cards() const
 
 void MemoryRow::edit(MemoryCard& card)
 {
-    if (!isDeskActive())
+    if (!AdoptedDesk::isActive())
         return;
     const Qt::FocusReason reason = focusReason();
     removeMemoryView();
@@ -119,8 +120,8 @@ void MemoryRow::storePosition()
     const int32_t index = m_editor->index();
     if (index < 1 || index > 3)
         return;
-    if (device()) // Without a desk there is no height; what was stored before stays.
-        (AppProperties::instance().*kMemories[index - 1].setPosition)(device()->position());
+    if (AdoptedDesk::device()) // Without a desk there is no height; what was stored before stays.
+        (AppProperties::instance().*kMemories[index - 1].setPosition)(AdoptedDesk::device()->position());
     showStoredHeights();
 }
 

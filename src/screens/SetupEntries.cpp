@@ -88,7 +88,8 @@ void SetupEntries::setDefaultWeight()
 
 void SetupEntries::setDefaultTableHeight(int32_t position)
 {
-    fill(*m_ui.textFieldTableHeight, Helper::formattedTableHeight(double(deskHeightMillimetres(position))));
+    fill(*m_ui.textFieldTableHeight,
+        Helper::formattedTableHeight(double(AdoptedDesk::heightMillimetres(position))));
 }
 
 void SetupEntries::setDefaultNumberOfStandUps()
@@ -103,7 +104,7 @@ void SetupEntries::refill(const QLineEdit& field)
     if (&field == m_ui.textFieldWeight)
         setDefaultWeight();
     else if (&field == m_ui.textFieldTableHeight)
-        setDefaultTableHeight(deskPosition());
+        setDefaultTableHeight(AdoptedDesk::position());
     else
         setDefaultNumberOfStandUps();
 }
@@ -142,7 +143,7 @@ double SetupEntries::kilograms() const
 int32_t SetupEntries::tablePositionOffset() const
 {
     const double centimetres = Helper::systemUnitToCm(decimalValue(m_ui.textFieldTableHeight->text()));
-    return saturated<int32_t>(centimetres * kUnitsPerCentimetre - deskPosition());
+    return saturated<int32_t>(centimetres * kUnitsPerCentimetre - AdoptedDesk::position());
 }
 
 int32_t SetupEntries::numberOfStandUps() const

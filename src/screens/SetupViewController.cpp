@@ -74,7 +74,7 @@ void SetupViewController::observe()
             [this](const PostedNotification&) { observerDeviceStateDidChange(); }));
     m_observations.push_back(NotificationCenter::defaultCenter().addObserver(
         EventSource::kCanTellDidChange, [this](const PostedNotification&) { showAbsenceLine(); }));
-    m_heights.push_back(observeDeskPosition([this](int32_t height) { positionUpdated(height); }));
+    m_heights.push_back(AdoptedDesk::observePosition([this](int32_t height) { positionUpdated(height); }));
 }
 
 void SetupViewController::setLocalizationText()
@@ -206,14 +206,14 @@ void SetupViewController::observerDeviceStateDidChange()
         return;
     m_memories.updateConnectionLabel();
     // The height of a desk that has left must not stay: saved against no desk it would shift the offset.
-    if (!device())
-        m_entries.setDefaultTableHeight(deskPosition());
+    if (!AdoptedDesk::device())
+        m_entries.setDefaultTableHeight(AdoptedDesk::position());
 }
 
 void SetupViewController::showAbsenceLine()
 {
     if (m_view)
-        m_ui->labelAbsence->setHidden(!hub() || hub()->idleObserver().canTell());
+        m_ui->labelAbsence->setHidden(!AdoptedDesk::hub() || AdoptedDesk::hub()->idleObserver().canTell());
 }
 
 void SetupViewController::showStoredGoal()

@@ -111,6 +111,6 @@ private:
     SetupEntries m_entries;
     MemoryRow m_memories;
     std::vector<NotificationCenter::Observation> m_observations;
-    std::vector<PositionObservation> m_heights;
+    std::vector<AdoptedDesk::Observation> m_heights;
     QPointer<QWidget> m_view;
 };

@@ -79,7 +79,7 @@ void MainWindowController::awakeFromNib()
         button->setDelegate(this);
     m_ui->caloriesBurnedIndicator->setTransparent(true);
     m_ui->scheduleIndicator->setTransparent(true);
-    setTabelHeight(deskPosition()); // The window counts on its lines before they are shown.
+    setTabelHeight(AdoptedDesk::position()); // The window counts on its lines before they are shown.
     updateData();
 }
 
@@ -106,7 +106,7 @@ void MainWindowController::observe()
         ZelvoHIDManager::kAccessDidChange, [this](const PostedNotification&) { updateData(); }));
     m_errorLine = std::make_unique<ErrorLine>(
         *m_ui->labelErrorText, *m_ui->errorArea, ErrorLine::WithoutUrl::PlainText);
-    m_heights = observeDeskPosition([this](int32_t height) { setTabelHeight(height); });
+    m_heights = AdoptedDesk::observePosition([this](int32_t height) { setTabelHeight(height); });
 }
 
 void MainWindowController::connectButtons()
@@ -195,16 +195,16 @@ QWidget& MainWindowController::window() const
 void MainWindowController::updateData()
 {
     showGoalProgress();
-    const ZelvoHIDDevice* const desk = device();
+    const ZelvoHIDDevice* const desk = AdoptedDesk::device();
     for (MouseEventButton* button : m_holdButtons)
         button->setEnabled(desk); // One that does not answer yet is told to move all the same.
-    const bool isActive = isDeskActive();
+    const bool isActive = AdoptedDesk::isActive();
     if (isActive) // Nobody knows it otherwise, and it is not shown.
-        setTabelHeight(deskPosition());
-    showDeskState(isActive         ? DeskState::Active
-            : isAdapterForbidden() ? DeskState::Forbidden
-                                   : DeskState::Missing);
-    ScheduleManager* const schedule = isActive ? hub()->scheduleManager() : nullptr;
+        setTabelHeight(AdoptedDesk::position());
+    showDeskState(isActive                      ? DeskState::Active
+            : AdoptedDesk::isAdapterForbidden() ? DeskState::Forbidden
+                                                : DeskState::Missing);
+    ScheduleManager* const schedule = isActive ? AdoptedDesk::hub()->scheduleManager() : nullptr;
     if (schedule && schedule->isScheduled())
         showSchedule();
     else
@@ -222,8 +222,8 @@ void MainWindowController::showGoalProgress()
 
 void MainWindowController::showSchedule()
 {
-    const ScheduleManager& schedule = *hub()->scheduleManager();
-    const ActivityRef& activity = hub()->activity();
+    const ScheduleManager& schedule = *AdoptedDesk::hub()->scheduleManager();
+    const ActivityRef& activity = AdoptedDesk::hub()->activity();
     // A record that could not be stored leaves no start to count from.
     const double session =
         activity ? Date::now().timeIntervalSinceDate(activity->startDate()) / kSecondsPerMinute : 0;
@@ -277,7 +277,7 @@ void MainWindowController::placeStatus(bool isUnderCircle)
 void MainWindowController::tellPermission()
 {
     m_ui->labelPermission->setText(qtTrId("AdapterForbidden"));
-    m_ui->labelCommands->setText(permissionCommands().join(u'\n'));
+    m_ui->labelCommands->setText(AdoptedDesk::permissionCommands().join(u'\n'));
     m_ui->buttonCopy->setText(qtTrId("CopyCommands"));
     const int width = m_window->width() - 2 * m_ui->rows->contentsMargins().left();
     m_ui->permission->setFixedHeight(m_ui->permissionRows->heightForWidth(width));
@@ -288,7 +288,7 @@ void MainWindowController::setTabelHeight(int32_t position)
     m_ui->labelTabelHeigt->setText(
         QStringLiteral("%1\n %2 %3")
             .arg(qtTrId("TableHeightLabel"),
-                Helper::formattedTableHeight(double(deskHeightMillimetres(position))),
+                Helper::formattedTableHeight(double(AdoptedDesk::heightMillimetres(position))),
                 Helper::TableHeightUnit()));
 }
 

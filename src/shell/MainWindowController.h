@@ -90,7 +90,7 @@ private:
     std::unique_ptr<Ui::MainWindow> m_ui;
     QList<MouseEventButton*> m_holdButtons; ///< belong to the window
     std::unique_ptr<ErrorLine> m_errorLine;
-    PositionObservation m_heights;
+    AdoptedDesk::Observation m_heights;
     std::vector<NotificationCenter::Observation> m_observations;
     std::optional<DeskState> m_deskState; ///< on show
     bool m_errorRecievedUnderCountdown = false;

@@ -87,7 +87,7 @@ void MenuletView::redraw()
     m_shown = content;
     m_ground = ground;
     if (isConnected && !m_heights) // The hub was not there at the start.
-        m_heights = observeDeskAtRest([this] { redraw(); });
+        m_heights = AdoptedDesk::observeRest([this] { redraw(); });
     if (!isConnected)
         invalidate(m_redrawing);
     else if (!m_redrawing || !m_redrawing->isValid()) // What is to follow a change still does.

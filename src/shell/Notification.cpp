@@ -33,7 +33,7 @@ QStringList messages(const QString& keyPrefix)
 
 ScheduleManager* schedule()
 {
-    return hub() ? hub()->scheduleManager() : nullptr;
+    return AdoptedDesk::hub() ? AdoptedDesk::hub()->scheduleManager() : nullptr;
 }
 
 /// The minutes of one stand-up, out of the minutes of an hour.

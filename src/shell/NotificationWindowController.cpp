@@ -35,7 +35,7 @@ NotificationWindowController::~NotificationWindowController() = default;
 void NotificationWindowController::awakeFromNib()
 {
     m_ui->notificationView->setDelegate(this);
-    m_heights = observeDeskPosition([this](int32_t height) { setTabelHeight(height); });
+    m_heights = AdoptedDesk::observePosition([this](int32_t height) { setTabelHeight(height); });
     for (MouseEventButton* button : {m_ui->buttonMemory, m_ui->buttonUp, m_ui->buttonDown})
         button->setDelegate(this);
     m_errorLine = std::make_unique<ErrorLine>(
@@ -97,13 +97,14 @@ void NotificationWindowController::updateControls()
         m_ui->calRadialTitle->setText(m_notification->indicatorValue().value_or(QString()));
         m_ui->calRadialSubTitle->setText(m_notification->indicatorTitle().value_or(QString()));
     }
-    setTabelHeight(deskPosition());
+    setTabelHeight(AdoptedDesk::position());
 }
 
 void NotificationWindowController::setTabelHeight(int32_t position)
 {
     m_ui->labelTabelHeight->setText(QStringLiteral(" %1 %2").arg(
-        Helper::formattedTableHeight(double(deskHeightMillimetres(position))), Helper::TableHeightUnit()));
+        Helper::formattedTableHeight(double(AdoptedDesk::heightMillimetres(position))),
+        Helper::TableHeightUnit()));
 }
 
 void NotificationWindowController::fadeIn()
@@ -121,8 +122,8 @@ void NotificationWindowController::buttonSnoozeClicked()
 void NotificationWindowController::snooze()
 {
     stopDismissTimer();
-    if (isDeskActive() && hub()->scheduleManager())
-        hub()->scheduleManager()->snoozeForPosition(device()->positionState());
+    if (AdoptedDesk::isActive() && AdoptedDesk::hub()->scheduleManager())
+        AdoptedDesk::hub()->scheduleManager()->snoozeForPosition(AdoptedDesk::device()->positionState());
     m_fade->fadeOut();
 }
 
@@ -136,8 +137,9 @@ void NotificationWindowController::cancelPeriod()
 {
     // The dismiss timer is left alone: the pointer that pressed the button has stopped it already, and where
     // it still runs its own rule applies.
-    if (isDeskActive() && hub()->scheduleManager())
-        hub()->scheduleManager()->cancelPeriodForPosition(device()->positionState());
+    if (AdoptedDesk::isActive() && AdoptedDesk::hub()->scheduleManager())
+        AdoptedDesk::hub()->scheduleManager()->cancelPeriodForPosition(
+            AdoptedDesk::device()->positionState());
 }
 
 void NotificationWindowController::dismiss()

@@ -75,7 +75,7 @@ private:
     std::unique_ptr<Ui::NotificationWindow> m_ui;
     std::unique_ptr<WindowFade> m_fade;
     std::unique_ptr<ErrorLine> m_errorLine;
-    PositionObservation m_heights;
+    AdoptedDesk::Observation m_heights;
     Picture m_buttonMemoryIconSitImage;
     Picture m_buttonMemoryIconSitAlternateImage;
     Picture m_buttonMemoryIconStandImage;

@@ -74,7 +74,7 @@ QWidget& TestWindowController::window() const
 
 void TestWindowController::updateValues()
 {
-    const ZelvoHIDDevice* const desk = device();
+    const ZelvoHIDDevice* const desk = AdoptedDesk::device();
     const QString none = QStringLiteral("no desk");
     const auto status = desk ? desk->lastStatusReport() : std::array<uint8_t, 64> {};
     const int statusWord = status[2] | status[3] << 8;
@@ -94,12 +94,12 @@ void TestWindowController::connectMovement()
         button->setBackgroundRole(QPalette::Base); // Apart from those that are clicked.
     }
     onClicked(m_ui->buttonUpOnce, [] {
-        if (hub())
-            hub()->moveDeviceUp();
+        if (AdoptedDesk::hub())
+            AdoptedDesk::hub()->moveDeviceUp();
     });
     onClicked(m_ui->buttonDownOnce, [] {
-        if (hub())
-            hub()->moveDeviceDown();
+        if (AdoptedDesk::hub())
+            AdoptedDesk::hub()->moveDeviceDown();
     });
 }
 

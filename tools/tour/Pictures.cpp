@@ -262,7 +262,8 @@ void takeMainWindowWithoutDesk(Photographer& photographer)
     world.app->menuletController().menuletClicked();
     world.pass(2);
     photographer.take("MainWindow", "main-window-no-desk");
-    hub()->deviceManager().handleMatchingDevice(std::make_shared<ForbiddenAdapter>(), world.hid, 0);
+    AdoptedDesk::hub()->deviceManager().handleMatchingDevice(
+        std::make_shared<ForbiddenAdapter>(), world.hid, 0);
     world.pass(0);
     photographer.take("MainWindow", "main-window-no-permission");
 }
