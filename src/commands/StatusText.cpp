@@ -4,24 +4,25 @@
 #include <QJsonObject>
 
 #include <algorithm>
-#include <array>
+#include <iterator>
 
 namespace {
 struct DeskWords {
+    Status::Desk desk;
     const char* name;
     const char* permission; ///< to use the adapter; none where it is not known
     const char* sentence;
 };
 
-/// By Status::Desk.
-constexpr std::array<DeskWords, 6> kDesks {{
-    {"none", nullptr, "no adapter is plugged in"},
-    {"forbidden", "denied", "the adapter may not be opened; these commands allow it:"},
-    {"busy", "granted", "another program uses the adapter"},
-    {"unusable", nullptr, "the adapter cannot be opened"},
-    {"silent", "granted", "the adapter is there, no desk answers"},
-    {"connected", "granted", "connected"},
-}};
+constexpr DeskWords kDesks[] = {
+    {Status::Desk::None, "none", nullptr, "no adapter is plugged in"},
+    {Status::Desk::Forbidden, "forbidden", "denied",
+        "the adapter may not be opened; these commands allow it:"},
+    {Status::Desk::Busy, "busy", "granted", "another program uses the adapter"},
+    {Status::Desk::Unusable, "unusable", nullptr, "the adapter cannot be opened"},
+    {Status::Desk::Silent, "silent", "granted", "the adapter is there, no desk answers"},
+    {Status::Desk::Connected, "connected", "granted", "connected"},
+};
 
 QString line(const char* title, const QString& text)
 {
@@ -31,9 +32,9 @@ QString line(const char* title, const QString& text)
 QString deskLines(const QVariantMap& facts)
 {
     const QString name = facts[QStringLiteral("desk")].toString();
-    const auto* const words = std::find_if(kDesks.begin(), kDesks.end(),
-        [&name](const DeskWords& desk) { return name == QLatin1String(desk.name); });
-    QString text = words == kDesks.end() ? name : QString::fromLatin1(words->sentence);
+    const auto* const words = std::find_if(std::begin(kDesks), std::end(kDesks),
+        [&name](const DeskWords& known) { return name == QLatin1String(known.name); });
+    QString text = words == std::end(kDesks) ? name : QString::fromLatin1(words->sentence);
     if (const QString adapter = facts[QStringLiteral("adapter")].toString(); !adapter.isEmpty())
         text += QStringLiteral(" (%1)").arg(adapter);
     QString lines = line("Desk:", text);
@@ -57,7 +58,8 @@ QString posture(const QVariantMap& facts)
 
 QVariantMap facts(const Status& status)
 {
-    const DeskWords& desk = kDesks.at(size_t(status.desk));
+    const DeskWords& desk = *std::find_if(std::begin(kDesks), std::end(kDesks),
+        [&status](const DeskWords& known) { return known.desk == status.desk; });
     QVariantMap facts {
         {QStringLiteral("desk"), QLatin1String(desk.name)}, {QStringLiteral("paused"), status.isPaused}};
     const auto add = [&facts](const char* name, const auto& value) {

@@ -1,25 +1,25 @@
 #include "data/CalorieCalculator.h"
 
 #include "data/AppProperties.h"
+#include "data/Helper.h"
 #include "data/Saturation.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace {
-constexpr double kPoundsPerKilogram = 2.205;
 constexpr double kCaloriesPerPoundAndMinute = 0.0054;
 constexpr int32_t kMinutesPerHour = 60;
 }
 
 double CalorieCalculator::caloriesBurnedInMinutes(double minutes, double withWeight)
 {
-    return minutes * (withWeight * kPoundsPerKilogram) * kCaloriesPerPoundAndMinute;
+    return minutes * (withWeight * Helper::kPoundsPerKilogram) * kCaloriesPerPoundAndMinute;
 }
 
 double CalorieCalculator::minutesToBurnCalories(double calories, double withWeight)
 {
-    return calories / (withWeight * kPoundsPerKilogram * kCaloriesPerPoundAndMinute);
+    return calories / (withWeight * Helper::kPoundsPerKilogram * kCaloriesPerPoundAndMinute);
 }
 
 int32_t CalorieCalculator::standingPerHourForDailyCalories(double calories, double withWeight)

@@ -2,12 +2,10 @@
 
 #include "data/AppProperties.h"
 #include "data/FixedPoint.h"
-#include "platform/Bundle.h"
 
 #include <cmath>
 
 namespace {
-constexpr double kPoundsPerKilogram = 2.205;
 constexpr double kKilogramsPerPound = 0.454;
 constexpr double kInchesPerCentimetre = 0.393701;
 constexpr double kCentimetresPerInch = 2.54;

@@ -7,6 +7,8 @@
 /// back is not exactly restored: what users have stored rests on these very factors.
 class Helper {
 public:
+    static constexpr double kPoundsPerKilogram = 2.205;
+
     static double kiloToSystemUnit(double kilograms);
     static double systemUnitToKilo(double value);
     static double cmToSystemUnit(double centimetres);
