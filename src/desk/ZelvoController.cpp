@@ -205,6 +205,11 @@ void ZelvoController::startPulseTimer()
 
 void ZelvoController::onPulseTimerTick(const Timer&)
 {
+    pulse();
+}
+
+void ZelvoController::pulse()
+{
     if (m_attended.hasSlept() || (m_attended.isBroken() && m_idleObserver->isIdle()))
         stopCurrentActivity();
     else if (m_activity && m_attended.isBroken())

@@ -80,9 +80,10 @@ public:
     /// The machine is about to sleep: a held movement stops, the open period and the schedule end.
     void receiveWillSleepNotification();
     void startPulseTimer();
+    void onPulseTimerTick(const Timer& timer);
     /// Saves the open period up to now. Where the clock was set meanwhile, another one of the same posture
     /// goes on from the new time; where the machine slept or the user is idle, period and schedule end.
-    void onPulseTimerTick(const Timer& timer);
+    void pulse();
     void broadcastDeviceDeviceStateDidChange();
 
     [[nodiscard]] ZelvoHIDManager& deviceManager() { return *m_deviceManager; }

@@ -279,7 +279,7 @@ void AppDelegate::applicationWillTerminate()
 void AppDelegate::commitData()
 {
     if (const auto& controller = AppProperties::instance().zelvoController())
-        controller->onPulseTimerTick(*controller->pulseTimer());
+        controller->pulse();
 }
 
 WizardWindowController& AppDelegate::wizardWindowController()
