@@ -2,7 +2,6 @@
 
 #include "simulator/DeskModel.h"
 
-#include <array>
 #include <cstdint>
 #include <span>
 #include <vector>

@@ -5,7 +5,6 @@
 #include <arpa/inet.h>
 #include <array>
 #include <cerrno>
-#include <cstring>
 #include <ctime>
 #include <iomanip>
 #include <netinet/in.h>

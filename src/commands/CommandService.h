@@ -9,7 +9,6 @@
 #include <QObject>
 #include <QVariantMap>
 
-#include <functional>
 #include <vector>
 
 class AppDelegate;

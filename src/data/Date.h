@@ -3,7 +3,6 @@
 #include <QString>
 
 #include <cstdint>
-#include <optional>
 
 /// Calendar fields of a date in the user's calendar and time zone. Weekdays: 1 = Sunday ... 7 = Saturday.
 struct DateComponents {

@@ -3,7 +3,6 @@
 #include "platform/Log.h"
 #include "platform/ProcessServices.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QJsonDocument>
 

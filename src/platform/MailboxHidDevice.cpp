@@ -1,7 +1,6 @@
 #include "platform/MailboxHidDevice.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace {
 using Direction = HidMailbox::Direction;

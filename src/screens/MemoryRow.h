@@ -4,7 +4,6 @@
 #include "screens/MemoryViewController.h"
 
 #include <array>
-#include <cstdint>
 #include <memory>
 
 class MemoryCard;

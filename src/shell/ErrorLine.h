@@ -3,8 +3,6 @@
 #include "platform/NotificationCenter.h"
 #include "platform/RunLoop.h"
 
-#include <functional>
-
 class HyperLinkTextField;
 class ScrollingBody;
 

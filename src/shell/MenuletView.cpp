@@ -4,8 +4,6 @@
 #include "shell/MenuletController.h"
 #include "shell/StatusItem.h"
 
-#include <utility>
-
 namespace {
 constexpr double kMinute = 60;
 }

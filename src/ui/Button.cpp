@@ -2,7 +2,6 @@
 
 #include "ui/Accessibility.h"
 
-#include <QFontMetrics>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>

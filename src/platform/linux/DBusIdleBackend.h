@@ -6,8 +6,6 @@
 #include <QDBusServiceWatcher>
 #include <QObject>
 
-#include <memory>
-
 class QDBusMessage;
 
 /// Idle time from a service on the user's bus that answers a number. A service that has no owner is not

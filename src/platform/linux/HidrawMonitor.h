@@ -7,7 +7,6 @@
 
 #include <functional>
 #include <memory>
-#include <vector>
 
 class QSocketNotifier;
 struct udev_device;

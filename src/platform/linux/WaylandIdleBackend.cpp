@@ -6,7 +6,6 @@
 #include <QFile>
 #include <QSocketNotifier>
 
-#include <algorithm>
 #include <cstring>
 #include <sys/socket.h>
 #include <sys/un.h>
