@@ -121,10 +121,11 @@ void CommandService::snooze()
 
 void CommandService::skip()
 {
-    if (NotificationWindowController* const reminder = m_app.menuletController().openNotification())
-        reminder->buttonCancelClicked();
-    else
-        refuse(QStringLiteral("There is no reminder to skip."));
+    NotificationWindowController* const reminder = m_app.menuletController().openNotification();
+    if (!reminder)
+        return refuse(QStringLiteral("There is no reminder to skip."));
+    reminder->stopDismissTimer(); // As a pointer does on its way to the button.
+    reminder->buttonCancelClicked();
 }
 
 void CommandService::refuse(const QString& why)

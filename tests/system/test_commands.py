@@ -159,17 +159,20 @@ def test_status_and_watch_follow_desk_minutes_and_absence(desktop, ask, status):
 
 def test_a_reminder_is_answered_by_a_command(desktop, ask, status):
     # 1 min of sitting.
-    desktop.settings(ActivityGoal=57, NumberOfStandUps=3, TimeNotificationDismiss=86400, TimeIdle=86400)
+    desktop.settings(ActivityGoal=57, NumberOfStandUps=3, TimeSnooze=60, TimeNotificationDismiss=500, TimeIdle=86400)
     program = desktop.start_recording()
     for command in ("snooze", "skip"):
         assert ask(f"--{command}", code=1) == f"zelvo-standup: There is no reminder to {command}.\n"
-    for command, minutes in {"snooze": 10, "skip": 20}.items():
-        with desktop.clock.running(100):
+    for command, minutes in {"snooze": 1, "skip": 20}.items():
+        with desktop.clock.running(50):
             program.window_with("Snooze")
         ask(f"--{command}")
         assert status()["minutes_to_change"] == minutes
         assert "no reminder" in ask(f"--{command}", code=1)  # Also while it fades.
         wait_until(lambda: not desktop.windows(), "the reminder gone")
+    desktop.move_pointer(9, 9)  # Ten minutes without input darken X's screens.
+    desktop.clock.reach(desktop.clock.now() + 520, 200)
+    assert status()["minutes_to_change"] > 9, "none is left that snoozes by itself"
 
 
 def test_an_adapter_without_permission_is_explained_until_it_has_one(desktop, ask, status):
