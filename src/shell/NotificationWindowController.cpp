@@ -54,10 +54,6 @@ void NotificationWindowController::awakeFromNib()
 
 void NotificationWindowController::setupGUI()
 {
-    m_buttonMemoryIconStandImage = Picture(QStringLiteral("NotificationButtonStandMemory"));
-    m_buttonMemoryIconStandAlternateImage = Picture(QStringLiteral("NotificationButtonStandMemory_hoover"));
-    m_buttonMemoryIconSitImage = Picture(QStringLiteral("NotificationButtonSitMemory"));
-    m_buttonMemoryIconSitAlternateImage = Picture(QStringLiteral("NotificationButtonSitMemory_hoover"));
     // The blank before the number is on its left wherever the caption is.
     QLabel& height = *m_ui->labelTabelHeight;
     if (height.layoutDirection() == Qt::RightToLeft)
@@ -88,12 +84,13 @@ void NotificationWindowController::updateControls()
     m_ui->labelTitle->setAccessibleDescription(m_notification ? m_notification->message() : QString());
     m_ui->labelTitle->setText(m_notification ? m_notification->title() : QString());
     m_ui->labelMessage->setText(m_notification ? m_notification->message() : QString());
+    m_ui->calRadialTitle->clear();
+    m_ui->calRadialSubTitle->clear();
     if (m_notification) {
         const bool isSit = m_notification->position() == kSitting;
         m_ui->buttonMemory->setText(isSit ? qtTrId("Memory1") : qtTrId("Memory2"));
-        m_ui->buttonMemory->setImage(isSit ? m_buttonMemoryIconSitImage : m_buttonMemoryIconStandImage);
-        m_ui->buttonMemory->setAlternateImage(
-            isSit ? m_buttonMemoryIconSitAlternateImage : m_buttonMemoryIconStandAlternateImage);
+        m_ui->buttonMemory->setImageNamed(isSit ? QStringLiteral("NotificationButtonSitMemory")
+                                                : QStringLiteral("NotificationButtonStandMemory"));
         m_ui->calRadialTitle->setText(m_notification->indicatorValue().value_or(QString()));
         m_ui->calRadialSubTitle->setText(m_notification->indicatorTitle().value_or(QString()));
     }

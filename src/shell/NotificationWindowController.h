@@ -5,7 +5,6 @@
 #include "platform/RunLoop.h"
 #include "shell/NotificationView.h"
 #include "ui/MouseEventButton.h"
-#include "ui/Picture.h"
 
 #include <memory>
 
@@ -20,9 +19,9 @@ class NotificationWindow;
 }
 
 /// The reminder: offers to move the desk, to snooze or to skip. It snoozes by itself when ignored and leaves
-/// shortly after the desk was moved, but never while pointer or keyboard rest on it. It comes without the
-/// keyboard, so that a key meant for another program never answers it; Alt+Tab, a click and a further start
-/// give it that.
+/// shortly after the desk was moved, but not while the pointer rests on it, nor while the keyboard alone does.
+/// It comes without the keyboard, so that a key meant for another program never answers it; Alt+Tab, a click
+/// and a further start give it that.
 class NotificationWindowController final : public MouseEventButtonDelegate, public NotificationViewDelegate {
 public:
     explicit NotificationWindowController(Workspace& workspace);
@@ -76,10 +75,6 @@ private:
     std::unique_ptr<WindowFade> m_fade;
     std::unique_ptr<ErrorLine> m_errorLine;
     AdoptedDesk::Observation m_heights;
-    Picture m_buttonMemoryIconSitImage;
-    Picture m_buttonMemoryIconSitAlternateImage;
-    Picture m_buttonMemoryIconStandImage;
-    Picture m_buttonMemoryIconStandAlternateImage;
     TimerRef m_dismissTimer;
     TimerScope m_timers;
 };

@@ -46,7 +46,10 @@ TEST_F(NotificationWindowControllerTest, anAnsweredReminderWaitsForNothing)
     for (const auto& [place, interval] : {std::pair("buttonCancel", 1200), {"labelTitle", 430}}) {
         QWidget& window = remind(kStanding);
         auto& view = in<NotificationView>(window, "notificationView");
+        view.mouseEntered({-9, 9}); // Not in it.
+        EXPECT_FALSE(view.isMouseInside());
         view.mouseEntered({9, 9});
+        view.mouseExited({9, 9}); // Onto a control.
         pass(50);
         EXPECT_TRUE(view.isVisible());
         const QWidget& clicked = in(window, place);
@@ -61,6 +64,21 @@ TEST_F(NotificationWindowControllerTest, anAnsweredReminderWaitsForNothing)
         openMainWindow(); // The reminder goes under the pointer; the next one waits for its own.
         pass(1);
     }
+}
+
+TEST_F(NotificationWindowControllerTest, theSameContentIsNotBegunAnewAndNoneEmptiesIt)
+{
+    start();
+    const QWidget& window = remind(kSitting);
+    NotificationWindowController& reminder = menulet().notificationWindow();
+    const TimerRef timer = reminder.dismissTimer();
+    reminder.setNotification(reminder.notification());
+    EXPECT_EQ(reminder.dismissTimer(), timer);
+    reminder.setNotification(nullptr);
+    for (const char* label : {"labelTitle", "labelMessage", "calRadialTitle", "calRadialSubTitle"})
+        EXPECT_EQ(text(window, label), QString()) << label;
+    Q_EMIT in<QLabel>(window, "labelErrorText").linkActivated(QStringLiteral("https://zelvo.example"));
+    EXPECT_EQ(world->platform.workspace.opened.size(), 1U);
 }
 
 TEST_F(NotificationWindowControllerTest, everyMessageFitsInEveryLanguageAndDirection)
