@@ -4,18 +4,9 @@
 
 #include <QMenu>
 
-namespace {
-constexpr double kThickness = 22; // The size that every tray host asks for.
-}
-
 StatusItem::StatusItem() = default;
 
 StatusItem::~StatusItem() = default;
-
-double StatusItem::thickness()
-{
-    return kThickness;
-}
 
 void StatusItem::setIcon(const QIcon& icon)
 {

@@ -19,9 +19,6 @@ public:
     StatusItem();
     ~StatusItem() override;
 
-    /// Height of the status bar in logical pixels; the item is as wide as it is high.
-    [[nodiscard]] static double thickness();
-
     void setIcon(const QIcon& icon);
     [[nodiscard]] const QString& toolTip() const { return m_toolTip; }
     void setToolTip(const QString& toolTip);
