@@ -50,7 +50,8 @@ public:
     [[nodiscard]] HistoryWindowControllerDelegate* delegate() const { return m_delegate; }
     void setDelegate(HistoryWindowControllerDelegate* delegate) { m_delegate = delegate; }
     [[nodiscard]] ActivityPersister& persister() { return m_persister; }
-    /// End of every period: the moment the window was first opened.
+    /// End of every period: the moment the window was first opened, so that what is read, chosen again and
+    /// exported in one run of the program agrees.
     [[nodiscard]] Date currentDate() const { return m_currentDate; }
     [[nodiscard]] Date startDate() const { return m_startDate; }
     [[nodiscard]] QWidget& window() const;

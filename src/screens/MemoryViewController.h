@@ -38,6 +38,7 @@ public:
     MemoryViewController(const MemoryViewController&) = delete;
     MemoryViewController& operator=(const MemoryViewController&) = delete;
 
+    /// "Store", in the brand colour: it is what the editor was opened for.
     void buttonDoneClicked();
     /// Escape does the same.
     void buttonCancelClicked();

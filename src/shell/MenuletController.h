@@ -44,7 +44,9 @@ public:
     void setStatusItem(StatusItem* statusItem) { m_statusItem = statusItem; }
     [[nodiscard]] QMenu* statusMenu() const { return m_statusMenu; }
     void setStatusMenu(QMenu* statusMenu) { m_statusMenu = statusMenu; }
-    /// Whether the main window is meant to be shown; flips with each left click.
+    /// Whether the main window is meant to be shown: flips with each left click, and closing the window ends
+    /// it. "Open" in the menu does not set it, so that the next click brings that window to the front instead
+    /// of taking away what was just asked for.
     [[nodiscard]] bool isActive() const { return m_active; }
     void setActive(bool active);
     [[nodiscard]] bool isDeviceConnected() const { return m_deviceConnected; }

@@ -79,6 +79,7 @@ void Notification::describeStandingUp()
     const int32_t minutes = minutesPerStandUp(schedule() ? schedule()->standingPerHour() : 0);
     if (properties.activityMode() == kTimeGoal) {
         m_indicatorValue = QString::number(minutes);
+        // Not "Mins": here they are what is to be done, and a language may name them otherwise.
         m_indicatorTitle = capitalized(qtTrId("Minutes", minutes));
         return;
     }
@@ -95,6 +96,7 @@ void Notification::describeSittingDown()
     const int32_t minutes = minutesPerStandUp(schedule() ? schedule()->sittingPerHour() : 0);
     m_indicatorValue = QString::number(minutes);
     m_indicatorTitle = capitalized(qtTrId("Mins", minutes));
+    // The key's small "m" is how the string tables have it.
     if (AppProperties::instance().activityMode() != kTimeGoal)
         m_message = qtTrId("NotificationSittingmemory").arg(minutes);
 }

@@ -105,6 +105,7 @@ void ClickableLabel::mousePressEvent(QMouseEvent* event)
 
 void ClickableLabel::mouseReleaseEvent(QMouseEvent* event)
 {
+    // Who lets go outside has thought better of it.
     if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()))
         click();
 }

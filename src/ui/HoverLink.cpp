@@ -4,7 +4,7 @@ HoverLink::HoverLink(QWidget* parent)
     : Button(parent)
 {
     setFlat(true);
-    setUnderLineText();
+    setUnderLineText(); // Colour alone tells not everyone that it is a link.
     setTextRole(QPalette::Link);
     setCursor(Qt::PointingHandCursor);
 }

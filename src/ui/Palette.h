@@ -6,9 +6,9 @@
 
 class QWidget;
 
-// The colours of every screen, in the look that the program wears. Nothing else in the program names a colour
-// value; pictures are drawn in the light look's. In either look text stands out 4.5 : 1 from every ground
-// that it has, and what is not text 3 : 1; rules are decoration.
+// The colours of every window, in the look that the program wears. Nothing else in a window names a colour
+// value, and the tray icon keeps its own; pictures are drawn in the light look's. In either look text
+// stands out 4.5 : 1 from every ground that it has, and what is not text 3 : 1; rules are decoration.
 
 /// The brand colour, information key "ZelvoColor1"; black when the bundle names none. It is the same in both.
 [[nodiscard]] QColor zelvoColor1();
