@@ -34,19 +34,24 @@ TEST(AppDelegate, aFolderThatCannotBeMadeIsToldWithItsCauseAndTriedAgain)
 {
     ShellWorld world;
     const QString folder = world.dataFolder();
-    const std::tuple<QString, int, QString> kCases[] = {
-        {folder, 101,
-            QStringLiteral("Expected a folder to store application data, found a file (%1).").arg(folder)},
-        {world.platform.folder.path(), ENOTDIR, QStringLiteral("DataFolderError")}};
-    for (const auto& [path, code, text] : kCases) {
+    const std::tuple<QString, QString, QString> kCases[] = {
+        {folder, "YOUR_ERROR_DOMAIN|101|Expected a folder to store application data, found a file (%1).", ""},
+        {world.platform.folder.path(), QStringLiteral("generic|%1|DataFolderError").arg(ENOTDIR),
+            "Not a directory\n"}};
+    for (const auto& [path, text, logged] : kCases) {
         QDir(path).removeRecursively();
         QFile inTheWay(path);
         ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
-        EXPECT_EQ(world.app->managedObjectContext(), nullptr);
-        ASSERT_EQ(world.dialogs.presented.size(), 2U);
-        EXPECT_EQ(world.dialogs.presented[0].code, code);
-        EXPECT_EQ(world.dialogs.presented[0].localizedDescription, text);
-        EXPECT_EQ(world.dialogs.presented[1].code, 9999);
+        const QString log = logOf([&] { EXPECT_EQ(world.app->managedObjectContext(), nullptr); });
+        EXPECT_TRUE(log.endsWith(logged));
+        QStringList told;
+        for (const Error& error : world.dialogs.presented)
+            told << error.domain << QString::number(error.code) << error.localizedDescription
+                 << error.failureReason;
+        EXPECT_EQ(told.join('|').replace(folder, "%1"),
+            text
+                + "|DataFolderAdvice|YOUR_ERROR_DOMAIN|9999|Failed to initialize the store|"
+                  "There was an error building up the data file.");
         world.dialogs.presented.clear();
         inTheWay.remove();
     }
@@ -69,7 +74,11 @@ TEST(AppDelegate, anUnsavableChangeAsksAndEitherAnswerQuits)
         world.dialogs.alertAnswer = answer;
         world.app->terminate();
         EXPECT_EQ(world.quits, quits);
-        EXPECT_EQ(world.dialogs.alerts.size(), asks);
+        EXPECT_EQ(world.dialogs.alerts,
+            QStringList(asks,
+                "Could not save changes while quitting. Quit anyway?|"
+                "Quitting now will lose any changes you have made since the last successful save|"
+                "Quit anyway|Cancel"));
         world.dialogs.alertAnswer = Dialogs::kFirstButton;
         world.dialogs.errorsAreDealtWith = false;
         world.dialogs.whileAlertRuns = [&] { world.app->terminate(); };

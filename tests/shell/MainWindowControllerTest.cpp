@@ -6,6 +6,8 @@
 #include "shell/WindowTest.h"
 #include "ui/Button.h"
 
+#include <QClipboard>
+
 namespace {
 class MainWindowControllerTest : public WindowTest {
 protected:
@@ -72,6 +74,8 @@ TEST_F(MainWindowControllerTest, theSessionCircleFollowsTheSchedule)
     const double started = schedule().scheduleUpdatedDate()->secondsSince1970();
     pass(started + 1200 - world->platform.runLoop.now() + 4.9); // The last refresh is at most 5 s old.
     EXPECT_EQ(shown(window, "scheduleIndicator"), QStringLiteral("20 Min 44.6"));
+    pass(1510); // The reminder has not been answered yet.
+    EXPECT_EQ(shown(window, "scheduleIndicator"), QStringLiteral("45 Min 100.0"));
     properties().zelvoController()->startNewActivity();
     EXPECT_EQ(shown(window, "scheduleIndicator"), QStringLiteral("0 Min 0.0")) << "a new session, at once";
 
@@ -93,6 +97,7 @@ TEST_F(MainWindowControllerTest, refreshesEveryFiveSecondsAndLeavesNoTimerBehind
     startWithDesk();
     const size_t timersBefore = world->platform.runLoop.pendingTimerCount();
     QWidget& window = openMainWindow();
+    EXPECT_EQ(world->platform.runLoop.pendingTimerCount(), timersBefore + 2) << "at its making, its opening";
     EXPECT_FALSE(qobject_cast<Button*>(window.focusWidget())) << "a stray key must move nothing";
     stood(36);
     pass(4.9);
@@ -102,9 +107,30 @@ TEST_F(MainWindowControllerTest, refreshesEveryFiveSecondsAndLeavesNoTimerBehind
     menulet().showMainWindow(); // Each opening adds a timer.
     QTest::keyClick(&window, Qt::Key_Escape); // As its close button does.
     EXPECT_FALSE(menulet().isActive() || window.isVisible());
+    EXPECT_EQ(world->platform.runLoop.pendingTimerCount(), timersBefore + 2) << "the last one at once";
     pass(6);
     EXPECT_EQ(world->platform.runLoop.pendingTimerCount(), timersBefore);
     stood(72);
     openMainWindow();
     EXPECT_EQ(text(window, "labelPercent"), QStringLiteral("75")) << "fresh when it opens";
+    for (const QWidget* each : QApplication::topLevelWidgets())
+        EXPECT_NE(each->objectName(), QStringLiteral("NotificationWindow")) << "none was to be shown yet";
+}
+
+TEST_F(MainWindowControllerTest, aMemoryThatIsNotStoredMovesNothingAndTheCommandsAreCopied)
+{
+    startWithDesk();
+    QWidget& window = openMainWindow();
+    for (const QString number : {"1", "2", "3"}) {
+        world->platform.defaults.values.remove("DevicePosition" + number);
+        QWidget& button = in(window, qPrintable("buttonMemory" + number));
+        QTest::mousePress(&button, Qt::LeftButton);
+        pass(0.5);
+        EXPECT_EQ(commands(), Commands {}) << qPrintable(number);
+        QTest::mouseRelease(&button, Qt::LeftButton);
+        EXPECT_EQ(commands(), Commands {kStop});
+    }
+    in<QLabel>(window, "labelCommands").setText(QStringLiteral("sudo udevadm"));
+    in<Button>(window, "buttonCopy").click();
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("sudo udevadm"));
 }

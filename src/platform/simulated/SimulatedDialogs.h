@@ -15,7 +15,7 @@ public:
 
     std::vector<Error> presented;
     int timesForgotten = 0;
-    QStringList alerts;
+    QStringList alerts; ///< message, explanation and buttons, with lines between them
     QStringList proposedFileNames;
 
     bool presentError(const Error& error) override
@@ -24,9 +24,10 @@ public:
         return errorsAreDealtWith;
     }
     void forgetErrors() override { ++timesForgotten; }
-    int runAlert(const QString& messageText, const QString&, const QStringList&) override
+    int runAlert(
+        const QString& messageText, const QString& informativeText, const QStringList& buttons) override
     {
-        alerts.append(messageText);
+        alerts.append((QStringList {messageText, informativeText} + buttons).join(u'|'));
         if (whileAlertRuns)
             whileAlertRuns();
         return alertAnswer;
