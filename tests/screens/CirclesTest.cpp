@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
+#include <QScreen>
 #include <QTest>
 
 #include <cmath>
@@ -15,6 +16,12 @@
 
 namespace {
 using CirclesTest = ControlTest;
+
+QImage onScreen(const QWidget& window)
+{
+    QApplication::processEvents();
+    return window.screen()->grabWindow(window.winId()).toImage();
+}
 
 QImage pie(const QSize& size, double percent)
 {
@@ -55,13 +62,20 @@ TEST_F(CirclesTest, aRingTellsItsShareToScreenReaders)
     EXPECT_EQ(told->text(QAccessible::Value), "66 %");
     EXPECT_EQ(told->valueInterface()->currentValue().toDouble(), 66.7);
     EXPECT_TRUE(told->state().readOnly && told->childCount() == 0);
-    for (const auto& [size, fontSize, title] : {std::tuple(QSize(105, 105), 30, "CALORIES"),
-             {{106, 106}, 42, "CALORIES"}, {{300, 100}, 30, "CALORIES"}, {{46, 40}, 30, "CAL…"}}) {
+    view.setValue("66");
+    for (const auto& [size, fontSize, top, title] :
+        {std::tuple(QSize(105, 105), 30, 30, "CALORIES"), {{106, 106}, 42, 21, "CALORIES"},
+            {{300, 100}, 30, 27, "CALORIES"}, {{46, 40}, 30, -3, "CAL…"}}) {
         view.resize(size);
         show(view);
+        view.setMarginBetweenValueAndTitle(4);
         EXPECT_EQ(view.textFieldValue()->font().pixelSize(), fontSize);
         EXPECT_EQ(view.textFieldTitle()->text(), title);
+        EXPECT_EQ(view.textFieldValue()->y(), top);
+        EXPECT_EQ(view.textFieldTitle()->y(), view.textFieldValue()->geometry().bottom() + 5);
     }
+    view.setTitle(std::nullopt);
+    EXPECT_EQ(view.textFieldTitle()->text(), "CAL…") << "it stays as it was";
 
     view.setTransparent(true);
     view.resize(180, 180);
@@ -71,6 +85,11 @@ TEST_F(CirclesTest, aRingTellsItsShareToScreenReaders)
     };
     EXPECT_EQ(ring(0.99), ring(0));
     EXPECT_NE(ring(1), ring(0));
+    const QImage seen = onScreen(view);
+    view.setPercent(50);
+    EXPECT_NE(onScreen(view), seen);
+    view.setTransparent(false);
+    EXPECT_EQ(ring(50), ring(0)) << "the ring alone";
 }
 
 TEST_F(CirclesTest, aClickOnAGoalEndsTextEditingAndTheChosenOneLooksSoUnderTheMouseToo)
@@ -101,7 +120,9 @@ TEST_F(CirclesTest, aClickOnAGoalEndsTextEditingAndTheChosenOneLooksSoUnderTheMo
     const QImage plain = grab(circle);
     enter(circle);
     EXPECT_NE(grab(circle), plain);
+    const QImage seen = onScreen(window);
     circle.setActive(true);
+    EXPECT_NE(onScreen(window), seen);
     const QImage active = grab(circle);
     leave(circle);
     EXPECT_EQ(grab(circle), active);

@@ -89,8 +89,18 @@ TEST_F(HistoryWindowControllerTest, eachPeriodSumsUpFromItsOwnStartToTheFirstOpe
         EXPECT_EQ(find("historyHeadTitle1").accessibleDescription(), hours);
     }
     EXPECT_EQ(text("historySubTitle4") + find("column4").toolTip().right(4), "goal met 15.");
-    click("buttonClose");
-    EXPECT_FALSE(controller->window().isVisible());
+    struct Delegate final : HistoryWindowControllerDelegate {
+        int closings = 0;
+        void historyWindowButtonCloseClicked() override { ++closings; }
+    } delegate;
+    controller->setDelegate(&delegate);
+    EXPECT_EQ(find("buttonClose").property("text"), "   Close");
+    for (const char* button : {"buttonClose", "closeMark"}) {
+        controller->showWindow();
+        click(button);
+        EXPECT_FALSE(controller->window().isVisible());
+    }
+    EXPECT_EQ(delegate.closings, 2);
 }
 
 TEST_F(HistoryWindowControllerTest, sumsBelowZeroWithoutAStoreAndBeforeSetUpAreZero)

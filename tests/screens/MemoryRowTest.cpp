@@ -2,6 +2,7 @@
 
 #include "screens/MemoryCard.h"
 #include "screens/SetupTest.h"
+#include "ui/Palette.h"
 
 namespace {
 constexpr int kUp = 0x8000;
@@ -47,7 +48,9 @@ TEST_F(MemoryRowTest, theEditorTakesTheButtonsPlaceAndStoresTheDesksHeight)
         SCOPED_TRACE(index);
         const QRect place = memoryButton(index).geometry();
         openEditor(index == 2 ? 1 : 2);
+        const auto ground = [&] { return grab(memoryButton(index)).pixelColor(9, 9); };
         enter(memoryButton(index));
+        EXPECT_EQ(ground(), zelvoBrandSurfaceColor());
         QWidget& editor = openEditor(index);
         EXPECT_EQ(editor.geometry(), place);
         EXPECT_TRUE(find("buttonUp").hasFocus());
@@ -61,6 +64,7 @@ TEST_F(MemoryRowTest, theEditorTakesTheButtonsPlaceAndStoresTheDesksHeight)
         EXPECT_EQ(
             platform.defaults.values.value(platform.defaults.writes.join(' ')), 5000 + 10 * index); // Raw.
         EXPECT_TRUE(memoryButton(index).isVisible() && memoryButton(index).hasFocus());
+        EXPECT_EQ(ground(), zelvoCardColor());
         moveDeskTo(kHeight);
     }
     EXPECT_EQ(heights(), "Sit, 117 cm; Stand, 117 cm; Position 3, 117 cm");

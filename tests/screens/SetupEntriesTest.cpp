@@ -1,6 +1,7 @@
 #include "screens/SetupEntries.h"
 
 #include "screens/SetupTest.h"
+#include "ui/BackgroundTextField.h"
 
 namespace {
 using SetupEntriesTest = SetupTest;
@@ -20,6 +21,7 @@ TEST_F(SetupEntriesTest, showWhatIsStoredInTheUsersUnitsAndTakeAsMuchAsTheyHaveR
         store("TablePositionOffset", offset);
         store("NumberOfStandUps", storedStandUps);
         open();
+        EXPECT_EQ(find<BackgroundTextField>("textFieldWeight").insertionPointColor(), QColor(Qt::white));
         EXPECT_EQ(entries() + ' ' + text("labelSystemOfUnits") + ' ' + text("labelCm"), shown);
         type(weight(), "1000");
         type(height(), "2501.5");

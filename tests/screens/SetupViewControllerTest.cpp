@@ -73,6 +73,19 @@ TEST_F(SetupViewControllerTest, tabsCirclesSliderAndSentenceFollowEachOther)
     }
 }
 
+TEST_F(SetupViewControllerTest, aPageThatTheBundleDoesNotNameHasNoLink)
+{
+    for (const QString key : {"VideoUrl", "InfoUrl"}) {
+        SimulatedBundle bundle({{key, "https://zelvo.example"}});
+        const ProcessServices process({&platform.runLoop, &bundle, &platform.defaults});
+        open();
+        EXPECT_EQ(find("labelVideoLinkInfo").isVisible(), key == "VideoUrl");
+        EXPECT_EQ(find("labelMoreInfo").isVisible(), key == "InfoUrl");
+        EXPECT_EQ(find("buttonDone").property("text"), "   Done");
+        wizard.reset();
+    }
+}
+
 TEST_F(SetupViewControllerTest, leavingWithoutSavingWritesNothingAndBuildsTheScreenAnew)
 {
     plug();

@@ -35,5 +35,8 @@ TEST_F(BackgroundTextFieldTest, theCaretBlinksBehindTheTextWhileTheFieldIsEdited
         caret().left() - start.left(), field.fontMetrics().horizontalAdvance(QStringLiteral("123")), 2);
     field.clearFocus();
     EXPECT_TRUE(caret().isEmpty());
+    const QImage plain = grab(field);
+    field.selectAll();
+    EXPECT_EQ(grab(field), plain) << "a selection has no ground of its own";
     EXPECT_EQ(platform.runLoop.pendingTimerCount(), 0U);
 }

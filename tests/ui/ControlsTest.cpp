@@ -53,6 +53,8 @@ TEST_F(ControlsTest, aPressThatIsAskedForClicksUnlessDisabledAndNeverHoldsADesks
         }
     }
     EXPECT_EQ(told, QStringLiteral("1press 0 1press linked 0 linked 1press 0 0 0 "));
+    enter(link);
+    EXPECT_EQ(link.textColor(), link.palette().color(QPalette::LinkVisited));
     button.setDown(true);
     EXPECT_TRUE(QAccessible::queryAccessibleInterface(&button)->state().pressed);
 

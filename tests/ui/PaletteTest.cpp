@@ -2,10 +2,10 @@
 
 #include "fakes/ControlTest.h"
 #include "ui/Appearance.h"
+#include "ui/FormStyle.h"
 #include "ui/HyperLinkTextField.h"
 #include "ui/PanelWindow.h"
 #include "ui/TextUtilities.h"
-
 
 namespace {
 using PaletteTest = ControlTest;
@@ -25,6 +25,7 @@ TEST_F(PaletteTest, hexadecimalTextsAreScannedFromTheirBeginning)
     EXPECT_EQ(hexadecimalValue(QColor::fromRgbF(0.998F, 0.995F, 0.003F)), QStringLiteral("#fffe00"));
     EXPECT_EQ(hexadecimalValue(QColor::fromHsv(120, 255, 0xA7)), QStringLiteral("#00a700"));
     EXPECT_TRUE(hexadecimalValue(QColor()).isNull());
+    EXPECT_EQ(reversed(QStringLiteral("#616")), QStringLiteral("616#"));
     EXPECT_EQ(zelvoLinkHover().name() + zelvoLineColor().name(), QStringLiteral("#6f6f6f#b2b2b2"));
 }
 
@@ -59,6 +60,8 @@ TEST_F(PaletteTest, theUserChoosesTheLookOfOpenWindowsOrLetsTheDesktop)
     PanelWindow window;
     HyperLinkTextField link(&window);
     link.setText(hyperlinkFromString("E02", QUrl("https://example.org")));
+    applyFormStyle(window);
+    EXPECT_EQ(link.font().family(), QStringLiteral("Open Sans")) << "as all text in several lines";
     int asked = 0;
     Appearance::whenFollowing([&asked] { ++asked; });
     for (const auto& [choice, isDesktopDark, hasDarkWindows, isDark] : kTestCases) {
