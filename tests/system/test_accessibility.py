@@ -50,10 +50,9 @@ def test_what_a_screen_reader_is_told(desktop):
     program.choose("Settings…")
     program.in_front("Settings")
     setup = program.window_with("My weight")
-    for name in ("Watch the video", "More about standing at work"):
+    for name, page in {"Watch the video": "video", "More about standing at work": "info"}.items():
         desktop.click(*setup.find(name).middle)
-    pages = [f"https://standup.zelvo.example/{page}" for page in ("info", "video")]
-    wait_until(lambda: sorted(links()) == pages, "the pages")
+        wait_until(lambda: links()[-1:] == [f"https://standup.zelvo.example/{page}"], page)
     program.choose("History")
     program.choose("Open Zelvo StandUp")
     program.window_with("of today’s goal").hears("Current session")

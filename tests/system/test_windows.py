@@ -54,10 +54,11 @@ def test_one_click_on_the_tray_shows_the_window_and_the_next_hides_it(desktop, p
         program.window_with(window)
 
 
-def test_a_window_is_dragged_by_its_background_and_not_by_its_buttons(desktop, program):
-    program.click_tray()
-    window, main = desktop.window("Zelvo StandUp"), program.window_with("Up")
-    (x, y), corner, steps = main.find("of today’s goal").middle, desktop.frame(window), itertools.count(1)
+@pytest.mark.parametrize("entry,text,button", zip(WINDOWS, ("of today’s goal", "Your week so far", "kg"), ("History", "Year", "Done")))
+def test_a_window_is_dragged_by_its_background_and_not_by_its_buttons(desktop, program, entry, text, button):
+    program.choose(entry)
+    window, shown = desktop.window(WINDOWS[entry]), program.window_with(button)
+    (x, y), corner, steps = shown.find(text).middle, desktop.frame(window), itertools.count(1)
     desktop.hold(x, y)
 
     def follows():
@@ -69,7 +70,7 @@ def test_a_window_is_dragged_by_its_background_and_not_by_its_buttons(desktop, p
     desktop.button(False)
     moved = at_rest(lambda: desktop.frame(window))
     assert (moved[1] - corner[1], moved[2:]) == ((corner[0] - moved[0]) // 2, corner[2:])
-    desktop.hold(*main.find("History").middle)
+    desktop.hold(*shown.find(button).middle)
     desktop.move_pointer(5, 5)
     holds_for(0.3, lambda: desktop.frame(window) == moved, "a button holds it")
     desktop.button(False)
