@@ -62,7 +62,7 @@ const std::vector<Verb> kVerbs {
 
 /// No value equals its default, and no two settings are likely to be equal.
 const std::map<std::string, Range> kSettings {{"Weight", {81, 260, 0.5}}, {"ActivityMode", {1, 2}},
-    {"ActivityGoal", {3, 25}}, {"NumberOfStandUps", {4, 6}}, {"DevicePosition1", {60, 210, 10}},
+    {"ActivityGoal", {4, 57}}, {"NumberOfStandUps", {5, 23}}, {"DevicePosition1", {60, 210, 10}},
     {"DevicePosition2", {330, 460, 10}}, {"DevicePosition3", {230, 320, 10}},
     {"TablePositionOffset", {30, 90, 100}}, {"TimeIdle", {21, 86, 1.0037}}, {"TimeSnooze", {3, 12, 1.0037}},
     {"TimeNotificationDismiss", {6, 12}}, {"TimeNotificationDismissOnAction", {2, 4}},
