@@ -7,6 +7,7 @@
 #include "ui/Button.h"
 
 #include <QClipboard>
+#include <QLabel>
 
 namespace {
 class MainWindowControllerTest : public WindowTest {
@@ -24,7 +25,7 @@ protected:
     {
         const auto& view = in<CircleIndicatorView>(window, circle);
         return QStringLiteral("%1 %2 %3")
-            .arg(view.value().value_or(QString()), view.title().value_or(QString()),
+            .arg(view.textFieldValue()->text(), view.title().value_or(QString()),
                 QString::number(view.percent(), 'f', 1));
     }
 };
