@@ -86,6 +86,7 @@ TEST(TrayHost, findsATrayOnceWheneverAndHoweverItComes)
         {"xtray watcher lookX ? +4.9 ? +0.2 ?", "0 0 1"},
         {"watcher lookX ? xtray ? +4.9 +0.2 ?", "0 0 1"},
         {"xtray watcher lookX ? gone ?", "0 1"},
+        {"lookX ? watcher ? xtray ? +5.1 ?", "0 0 0 1"},
     };
     for (const auto& [story, expected] : kTestCases)
         EXPECT_EQ(found(story, expected), expected) << story;
