@@ -4,7 +4,6 @@
 #include <QFileInfo>
 #include <QSocketNotifier>
 
-#include <algorithm>
 #include <climits>
 #include <cstring>
 #include <sys/inotify.h>
@@ -45,12 +44,6 @@ void AccessWatcher::unwatch(const QString& path)
     m_paths.erase(path);
     if (m_paths.empty())
         stopListening();
-    const auto file =
-        std::find_if(m_files.begin(), m_files.end(), [&](const auto& entry) { return entry.second == path; });
-    if (file == m_files.end())
-        return;
-    inotify_rm_watch(m_inotify, file->first);
-    m_files.erase(file);
 }
 
 bool AccessWatcher::listen()
