@@ -119,6 +119,9 @@ def test_status_and_watch_follow_desk_minutes_and_absence(desktop, ask, status):
     }
     assert "Posture:   sitting for 0 min, to change in 2 min\n" in ask("--status")
 
+    desktop.clock.reach(desktop.records()[0][0] + 40, 10)
+    adapter.put(508)
+    tells(height_raw=508)  # Within a minute, which ends at its time all the same.
     desktop.clock.run(10)
     tells(minutes=1, minutes_to_change=1)
     desktop.clock.run(1)
