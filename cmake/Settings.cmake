@@ -1,5 +1,5 @@
 # Language level and layout that every target of the project shares. Warnings, compiler cache, linker and sanitizers are
-# the developers' choice and stand in CMakePresets.json, so that a packager's own flags are the only ones.
+# the developers' choice and stand in cmake/Developer.cmake, so that a packager's own flags are the only ones.
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
