@@ -13,7 +13,7 @@ class Bundle;
 class RunLoop;
 class UserDefaults;
 
-/// The one owner of what is reached from everywhere. RunLoop::main(), Bundle::main(),
+/// Leads to what is reached from everywhere. RunLoop::main(), Bundle::main(),
 /// UserDefaults::standard() and NotificationCenter::defaultCenter() answer for the newest one that lives, so
 /// it is made before whatever uses them and goes last. Nothing of a process outlives it: another one over the
 /// same backends is what the next start of the program finds.

@@ -28,7 +28,7 @@ public:
 
     [[nodiscard]] const Picture& backgroundImage() const { return m_backgroundImage; }
     void setBackgroundImage(const Picture& image);
-    /// The caret's colour; black at first.
+    /// The caret's colour; that of strong text at first.
     [[nodiscard]] QColor insertionPointColor() const { return m_insertionPointColor; }
     void setInsertionPointColor(const QColor& color);
     [[nodiscard]] QColor textColor() const;

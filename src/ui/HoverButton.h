@@ -24,7 +24,7 @@ public:
     /// The picture of that name, and beside it its form for the mouse inside, whose name ends in "_hoover".
     void setImageNamed(const QString& name);
     [[nodiscard]] QString imageName() const { return image().name(); }
-    /// The background while the mouse is inside; invalid: the ordinary one stays.
+    /// The background while the mouse is inside; NoRole: the ordinary one stays.
     void setAlternateBackgroundRole(QPalette::ColorRole role);
 
 protected:
