@@ -45,15 +45,15 @@ constexpr Option kOptions[] = {
     {"status", "Print what the program knows.", Kind::Command},
     {"watch", "Print the status as JSON, a line at each change.", Kind::Command},
     {"json", "Print the status as JSON."},
-    {"version", "Print the version and end."},
-    {"h help", "Print this and end."},
+    {"version", "Print the version and exit."},
+    {"h help", "Show this help and exit."},
 };
 
 void describe(QCommandLineParser& parser)
 {
     parser.setApplicationDescription(
         QStringLiteral("Moves your sit/stand desk and reminds you to change position.\n"
-                       "A second start shows the window of the program that runs already."));
+                       "A second start shows the window of the program that is already running."));
     for (const Option& option : kOptions)
         parser.addOption({QString::fromLatin1(option.name).split(u' '),
             QString::fromLatin1(option.description), QString::fromLatin1(option.value)});
@@ -81,7 +81,7 @@ CommandLine read(const QCommandLineParser& parser)
         line.command = name;
     }
     if (line.asJson && line.command != QLatin1String("status") && line.command != QLatin1String("watch"))
-        return refused(QStringLiteral("--json goes with --status."));
+        return refused(QStringLiteral("--json requires --status or --watch."));
     return line;
 }
 }
@@ -114,5 +114,5 @@ bool CommandLine::opensWindow() const
 
 CommandLine CommandLine::refusedLanguage() const
 {
-    return refused(QStringLiteral("There are no texts in the language '%1'.").arg(language));
+    return refused(QStringLiteral("Unknown language '%1'.").arg(language));
 }

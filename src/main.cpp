@@ -58,7 +58,7 @@ void ignoreRelativeFolders()
         const QString folder = qEnvironmentVariable(variable);
         if (folder.isEmpty() || QDir::isAbsolutePath(folder))
             continue;
-        Log::line(QStringLiteral("%1 is no absolute path and is ignored: %2")
+        Log::line(QStringLiteral("%1 is not an absolute path and is ignored: %2")
                       .arg(QString::fromLatin1(variable), folder));
         qunsetenv(variable);
     }
@@ -256,7 +256,7 @@ int showFirstInstance(const SingleInstance& instance, const QString& command)
 {
     if (instance.activateFirst({qgetenv("XDG_ACTIVATION_TOKEN"), command.toUtf8()}))
         return 0;
-    Log::line(QStringLiteral("The program runs already, but does not answer."));
+    Log::line(QStringLiteral("The program is already running but does not respond."));
     return 1;
 }
 

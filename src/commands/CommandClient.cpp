@@ -101,7 +101,7 @@ CommandClient::Answer CommandClient::perform(const QString& action, const QStrin
     loop.exec();
     if (hasLeft)
         return Answer::Done;
-    tell(QStringLiteral("The program has been told to end and has not ended yet."));
+    tell(QStringLiteral("The program was asked to quit but is still running."));
     return Answer::Failed;
 }
 

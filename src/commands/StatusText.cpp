@@ -16,11 +16,10 @@ struct DeskWords {
 
 constexpr DeskWords kDesks[] = {
     {Status::Desk::None, "none", nullptr, "no adapter is plugged in"},
-    {Status::Desk::Forbidden, "forbidden", "denied",
-        "the adapter may not be opened; these commands allow it:"},
+    {Status::Desk::Forbidden, "forbidden", "denied", "no permission to open the adapter; to allow it, run:"},
     {Status::Desk::Busy, "busy", "granted", "another program uses the adapter"},
     {Status::Desk::Unusable, "unusable", nullptr, "the adapter cannot be opened"},
-    {Status::Desk::Silent, "silent", "granted", "the adapter is there, no desk answers"},
+    {Status::Desk::Silent, "silent", "granted", "adapter found, but no desk responds"},
     {Status::Desk::Connected, "connected", "granted", "connected"},
 };
 
@@ -106,7 +105,7 @@ QString factsAsText(const QVariantMap& facts)
         text += line("Posture:", posture(facts));
     if (facts.contains(QStringLiteral("goal_percent"))) {
         text += line("Today:",
-            QStringLiteral("%1 % of the goal, %2 of %3 %4")
+            QStringLiteral("%1% of the goal, %2 of %3 %4")
                 .arg(word("goal_percent"), word("goal_done"), word("goal_target"), word("goal_unit")));
     }
     if (facts.contains(QStringLiteral("idle_source")))

@@ -21,7 +21,7 @@ TEST(StatusTextTest, saysWhatThereIsAndLeavesOutTheRest)
             "Desk:      connected (Desk 0)\n"
             "Height:    41.3 in (1049 mm)\n"
             "Posture:   standing for 8 min, to change in 17 min\n"
-            "Today:     25 % of the goal, 31 of 126 kcal\n"
+            "Today:     25% of the goal, 31 of 126 kcal\n"
             "Idle time: X11\n"},
         {{Desk::Connected, {}, {}, {}, "sitting", true, {}, {}, {}, {}},
             R"({"desk":"connected","paused":true,"permission":"granted","posture":"sitting"})",
@@ -32,7 +32,7 @@ TEST(StatusTextTest, saysWhatThereIsAndLeavesOutTheRest)
             "Desk:      connected\nPosture:   sitting for 0 min, to change in 0 min\n"},
         {{Desk::Forbidden, {}, {"one", "two"}, {}, {}, false, {}, {}, {}, {}},
             R"({"cure":["one","two"],"desk":"forbidden","paused":false,"permission":"denied"})",
-            "Desk:      the adapter may not be opened; these commands allow it:\n"
+            "Desk:      no permission to open the adapter; to allow it, run:\n"
             "           one\n           two\n"},
         {{Desk::None, {}, {}, {}, {}, false, {}, {}, {}, {}}, R"({"desk":"none","paused":false})",
             "Desk:      no adapter is plugged in\n"},
@@ -43,7 +43,7 @@ TEST(StatusTextTest, saysWhatThereIsAndLeavesOutTheRest)
             "Desk:      the adapter cannot be opened\n"},
         {{Desk::Silent, {}, {}, {}, {}, false, {}, {}, {}, {}},
             R"({"desk":"silent","paused":false,"permission":"granted"})",
-            "Desk:      the adapter is there, no desk answers\n"},
+            "Desk:      adapter found, but no desk responds\n"},
     };
     for (const auto& row : kTestCases) {
         const QVariantMap told = facts(row.status);

@@ -46,7 +46,7 @@ def test_a_command_without_a_program_says_so_or_starts_it(desktop, ask):
     for command in ("--quit", "--snooze", "--skip", "--status", "--watch"):
         assert ask(command, code=1) == NOT_RUNNING
     assert ask("--status", "--quit", code=2).startswith("zelvo-standup: --quit and --status do not go together.")
-    assert ask("--json", "--show", code=2).startswith("zelvo-standup: --json goes with --status.")
+    assert ask("--json", "--show", code=2).startswith("zelvo-standup: --json requires --status or --watch.")
     for arguments in ([], ["--show"], ["--settings"], ["--history"]):
         assert "There is no display" in ask(*arguments, code=1)
     program = desktop.start("--history")
@@ -60,7 +60,7 @@ def test_a_command_without_a_program_says_so_or_starts_it(desktop, ask):
         program.in_front(title)
     program.signal(signal.SIGSTOP)
     assert ask("--status", code=1) == "zelvo-standup: The program runs, but does not answer.\n"
-    assert "The program runs already, but does not answer." in ask(code=1, DISPLAY=desktop.env["DISPLAY"])
+    assert "The program is already running but does not respond." in ask(code=1, DISPLAY=desktop.env["DISPLAY"])
     program.signal(signal.SIGCONT)
     ask("--quit")
     assert not desktop.has_owner(desktop.session, NAME)
@@ -73,7 +73,7 @@ def test_starts_that_end_at_once(desktop, ask):
         assert words in ask("--help")
     assert ask("--faster", code=2).endswith("'faster'. Try --help.\n")
     assert ask("desk", code=2) == "zelvo-standup: 'desk' is not an option. Try --help.\n"
-    assert "There are no texts in the language 'xx'." in ask("--language", "xx", code=2)
+    assert "Unknown language 'xx'." in ask("--language", "xx", code=2)
     assert "The display :47110 does not answer." in ask(code=1, DISPLAY=":47110")
     program = desktop.start("--language=de", XDG_CONFIG_HOME="config", XDG_DATA_HOME="data")
     assert "Einstellungen…" in program.menu()
@@ -185,7 +185,7 @@ def test_an_adapter_without_permission_is_explained_until_it_has_one(desktop, as
     program = desktop.start()
     program.click_tray()
     main = program.window_with("Up")
-    main.hears("The adapter is there, but may not be opened.")
+    main.hears("You have no permission to use the adapter.")
     os.chmod(adapter.file, 0o040)  # Still not enough.
     desktop.clock.reach(desktop.clock.now() + 9, 10)
     assert "\n".join(CURE) in main.says()

@@ -42,7 +42,7 @@ def test_a_disk_that_is_full_at_the_start(desktop, ballast, lives):
     fill(ballast)
     program = desktop.start()
     began = desktop.clock.now()
-    assert "room on the disk. Nothing is recorded" in panel(program, "no space left")
+    assert "disk space. Nothing is recorded" in panel(program, "no space left")
     panel(program, "data file")  # The consequence follows its cause.
     wait_until(lambda: not desktop.windows(), "the panels closed")
     program.choose("History")
@@ -61,7 +61,7 @@ def test_a_disk_that_fills_while_recording(desktop, ballast):
     for _ in range(2):
         fill(ballast)
         with desktop.clock.running(RATE):
-            assert "room on the disk. What could not be saved is kept" in panel(program, "no space left")
+            assert "disk space. Unsaved changes are kept" in panel(program, "no space left")
         saved = desktop.records()[0][1]
         desktop.clock.reach(desktop.clock.now() + 3 * PULSE, RATE)
         assert not desktop.windows(), "said once"
@@ -101,7 +101,7 @@ def test_a_store_that_may_not_be_written_is_named(desktop):
     desktop.settings()
     desktop.start_recording().quit()
     desktop.store.chmod(0o400)
-    assert "in order. Nothing is recorded" in panel(desktop.start(), "write-protected")
+    assert "healthy. Nothing is recorded" in panel(desktop.start(), "write-protected")
 
 
 def test_two_programs_do_not_share_a_store(desktop):

@@ -35,7 +35,7 @@
         <translation>Stehen bei %1</translation>
     </message>
     <message id="TrayTooltipPaused">
-        <source>Paused at %1, nothing is recorded</source>
+        <source>Paused at %1; nothing is being recorded</source>
         <extracomment>Tooltip and spoken state of the icon in the system tray; %1: height with its unit</extracomment>
         <translation>Pause bei %1, nichts wird aufgezeichnet</translation>
     </message>
@@ -113,7 +113,7 @@
         <translation>Die Aufzeichnung der Aktivitäten kann nicht gelesen oder geschrieben werden (%1).</translation>
     </message>
     <message id="StoreNotAFile">
-        <source>Expected the record of your activities, found something that is not a file (%1).</source>
+        <source>Found something other than a file where your activity record should be (%1).</source>
         <extracomment>%1: path</extracomment>
         <translation>Statt der Aufzeichnung der Aktivitäten wurde etwas gefunden, das keine Datei ist (%1).</translation>
     </message>
@@ -128,7 +128,7 @@
         <translation>Die Aufzeichnung der Aktivitäten stammt von einer neueren Version dieses Programms (%1).</translation>
     </message>
     <message id="StoreForeign">
-        <source>The file in the place of the record of your activities holds something else (%1).</source>
+        <source>The file where your activity record should be holds something else (%1).</source>
         <extracomment>%1: path</extracomment>
         <translation>Die Datei an der Stelle der Aufzeichnung der Aktivitäten enthält etwas anderes (%1).</translation>
     </message>
@@ -138,15 +138,15 @@
         <translation>Die Aufzeichnung der Aktivitäten wurde entfernt oder ersetzt, während das Programm lief (%1).</translation>
     </message>
     <message id="StoreGoneReason">
-        <source>The program goes on with the file that is there now, or with a new one. The present period is in it.</source>
-        <translation>Das Programm fährt mit der Datei fort, die jetzt dort ist, oder mit einer neuen. Der laufende Zeitraum ist darin enthalten.</translation>
+        <source>The program continues with the file that is there now, or a new one. It contains the current session.</source>
+        <translation>Das Programm fährt mit der Datei fort, die jetzt dort ist, oder mit einer neuen. Die laufende Phase ist darin enthalten.</translation>
     </message>
     <message id="StoreAdviceReplace">
         <source>Put a copy from your backup in its place, or move the file away to begin with an empty record.</source>
         <translation>Eine Sicherungskopie an diese Stelle legen, oder die Datei verschieben, um mit einer leeren Aufzeichnung zu beginnen.</translation>
     </message>
     <message id="StoreAdviceMakeRoom">
-        <source>Make room on the disk.</source>
+        <source>Free up some disk space.</source>
         <translation>Speicherplatz freigeben.</translation>
     </message>
     <message id="StoreAdviceCloseOther">
@@ -154,7 +154,7 @@
         <translation>Das andere Programm schließen.</translation>
     </message>
     <message id="StoreAdvicePermissions">
-        <source>Check the permissions of the file and of its folder, and whether the disk is in order.</source>
+        <source>Check the permissions of the file and of its folder, and that the disk is healthy.</source>
         <translation>Die Zugriffsrechte der Datei und des Ordners prüfen, und ob der Datenträger in Ordnung ist.</translation>
     </message>
     <message id="StoreAdviceNewerProgram">
@@ -162,12 +162,12 @@
         <translation>Die neuere Version wieder installieren.</translation>
     </message>
     <message id="StoreNothingRecorded">
-        <source>Nothing is recorded until then; the program tries again by itself.</source>
+        <source>Nothing is recorded until then; the program keeps trying.</source>
         <extracomment>Stands behind one of the advices above, where the record cannot be opened</extracomment>
         <translation>Bis dahin wird nichts aufgezeichnet; das Programm versucht es von selbst wieder.</translation>
     </message>
     <message id="StoreKept">
-        <source>What could not be saved is kept while the program runs, and saved as soon as this is possible.</source>
+        <source>Unsaved changes are kept while the program runs and saved as soon as possible.</source>
         <extracomment>Stands behind one of the advices above, where the record cannot be saved</extracomment>
         <translation>Was nicht gespeichert werden konnte, bleibt erhalten, solange das Programm läuft, und wird gespeichert, sobald es geht.</translation>
     </message>
@@ -177,7 +177,7 @@
         <translation>Der Ordner für die Programmdaten ist nicht benutzbar: %1</translation>
     </message>
     <message id="DataFolderAdvice">
-        <source>Nothing is recorded until it can be used. Move what is in its place away, or allow the program to write there; it tries again by itself.</source>
+        <source>Nothing is recorded until it can be used. Move whatever is in the way, or allow the program to write there; it keeps trying.</source>
         <translation>Solange das so ist, wird nichts aufgezeichnet. Was an der Stelle des Ordners liegt, verschieben oder das Schreiben dort erlauben; das Programm versucht es von selbst wieder.</translation>
     </message>
     <message id="SettingsDamaged">
@@ -342,7 +342,7 @@
         <translation>Bitte den Tisch anschließen</translation>
     </message>
     <message id="AdapterForbidden">
-        <source>The adapter is there, but may not be opened. These commands in a terminal allow it:</source>
+        <source>You have no permission to use the adapter. Run these commands in a terminal to allow it:</source>
         <extracomment>In the main window, above two commands</extracomment>
         <translation>Der Adapter ist da, darf aber nicht geöffnet werden. Diese Befehle in einem Terminal erlauben es:</translation>
     </message>
@@ -499,7 +499,7 @@
         <translation>Das sind %1 Min. in jeder Stehphase.</translation>
     </message>
     <message id="EntryRefused">
-        <source>This takes a number from %1 to %2. The earlier value is back.</source>
+        <source>Enter a number from %1 to %2. The previous value has been restored.</source>
         <extracomment>%1 and %2: least and greatest value that the field takes</extracomment>
         <translation>Hier passt eine Zahl von %1 bis %2. Der vorige Wert ist wieder da.</translation>
     </message>

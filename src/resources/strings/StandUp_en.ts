@@ -37,7 +37,7 @@
     <message id="TrayTooltipPaused">
         <source></source>
         <extracomment>Tooltip and spoken state of the icon in the system tray; %1: height with its unit</extracomment>
-        <translation>Paused at %1, nothing is recorded</translation>
+        <translation>Paused at %1; nothing is being recorded</translation>
     </message>
     <message id="TrayTooltipError">
         <source></source>
@@ -115,7 +115,7 @@
     <message id="StoreNotAFile">
         <source></source>
         <extracomment>%1: path</extracomment>
-        <translation>Expected the record of your activities, found something that is not a file (%1).</translation>
+        <translation>Found something other than a file where your activity record should be (%1).</translation>
     </message>
     <message id="StoreMissingBesideLog">
         <source></source>
@@ -130,7 +130,7 @@
     <message id="StoreForeign">
         <source></source>
         <extracomment>%1: path</extracomment>
-        <translation>The file in the place of the record of your activities holds something else (%1).</translation>
+        <translation>The file where your activity record should be holds something else (%1).</translation>
     </message>
     <message id="StoreGone">
         <source></source>
@@ -139,7 +139,7 @@
     </message>
     <message id="StoreGoneReason">
         <source></source>
-        <translation>The program goes on with the file that is there now, or with a new one. The present period is in it.</translation>
+        <translation>The program continues with the file that is there now, or a new one. It contains the current session.</translation>
     </message>
     <message id="StoreAdviceReplace">
         <source></source>
@@ -147,7 +147,7 @@
     </message>
     <message id="StoreAdviceMakeRoom">
         <source></source>
-        <translation>Make room on the disk.</translation>
+        <translation>Free up some disk space.</translation>
     </message>
     <message id="StoreAdviceCloseOther">
         <source></source>
@@ -155,7 +155,7 @@
     </message>
     <message id="StoreAdvicePermissions">
         <source></source>
-        <translation>Check the permissions of the file and of its folder, and whether the disk is in order.</translation>
+        <translation>Check the permissions of the file and of its folder, and that the disk is healthy.</translation>
     </message>
     <message id="StoreAdviceNewerProgram">
         <source></source>
@@ -164,12 +164,12 @@
     <message id="StoreNothingRecorded">
         <source></source>
         <extracomment>Stands behind one of the advices above, where the record cannot be opened</extracomment>
-        <translation>Nothing is recorded until then; the program tries again by itself.</translation>
+        <translation>Nothing is recorded until then; the program keeps trying.</translation>
     </message>
     <message id="StoreKept">
         <source></source>
         <extracomment>Stands behind one of the advices above, where the record cannot be saved</extracomment>
-        <translation>What could not be saved is kept while the program runs, and saved as soon as this is possible.</translation>
+        <translation>Unsaved changes are kept while the program runs and saved as soon as possible.</translation>
     </message>
     <message id="DataFolderError">
         <source></source>
@@ -178,7 +178,7 @@
     </message>
     <message id="DataFolderAdvice">
         <source></source>
-        <translation>Nothing is recorded until it can be used. Move what is in its place away, or allow the program to write there; it tries again by itself.</translation>
+        <translation>Nothing is recorded until it can be used. Move whatever is in the way, or allow the program to write there; it keeps trying.</translation>
     </message>
     <message id="SettingsDamaged">
         <source></source>
@@ -343,7 +343,7 @@
     <message id="AdapterForbidden">
         <source></source>
         <extracomment>In the main window, above two commands</extracomment>
-        <translation>The adapter is there, but may not be opened. These commands in a terminal allow it:</translation>
+        <translation>You have no permission to use the adapter. Run these commands in a terminal to allow it:</translation>
     </message>
     <message id="CopyCommands">
         <source>Copy the commands</source>
@@ -500,7 +500,7 @@
     <message id="EntryRefused">
         <source></source>
         <extracomment>%1 and %2: least and greatest value that the field takes</extracomment>
-        <translation>This takes a number from %1 to %2. The earlier value is back.</translation>
+        <translation>Enter a number from %1 to %2. The previous value has been restored.</translation>
     </message>
     <message id="InfoLinkButton">
         <source></source>
@@ -512,7 +512,7 @@
     </message>
     <message id="AbsenceUnnoticed">
         <source></source>
-        <translation>This desktop environment does not say when you are away: absences count as sitting or standing.</translation>
+        <translation>This desktop does not report when you are away, so absences count as sitting or standing.</translation>
     </message>
     <message id="MemoryInstruction">
         <source></source>

@@ -35,7 +35,7 @@
         <translation>Postura de pie, %1</translation>
     </message>
     <message id="TrayTooltipPaused">
-        <source>Paused at %1, nothing is recorded</source>
+        <source>Paused at %1; nothing is being recorded</source>
         <extracomment>Tooltip and spoken state of the icon in the system tray; %1: height with its unit</extracomment>
         <translation>En pausa a %1, no se registra nada</translation>
     </message>
@@ -113,7 +113,7 @@
         <translation>No se puede leer ni escribir el registro de actividades (%1).</translation>
     </message>
     <message id="StoreNotAFile">
-        <source>Expected the record of your activities, found something that is not a file (%1).</source>
+        <source>Found something other than a file where your activity record should be (%1).</source>
         <extracomment>%1: path</extracomment>
         <translation>En lugar del registro de actividades hay algo que no es un archivo (%1).</translation>
     </message>
@@ -128,7 +128,7 @@
         <translation>El registro de actividades procede de una versión más reciente del programa (%1).</translation>
     </message>
     <message id="StoreForeign">
-        <source>The file in the place of the record of your activities holds something else (%1).</source>
+        <source>The file where your activity record should be holds something else (%1).</source>
         <extracomment>%1: path</extracomment>
         <translation>El archivo en el lugar del registro de actividades contiene otra cosa (%1).</translation>
     </message>
@@ -138,15 +138,15 @@
         <translation>El registro de actividades se ha eliminado o sustituido mientras el programa funcionaba (%1).</translation>
     </message>
     <message id="StoreGoneReason">
-        <source>The program goes on with the file that is there now, or with a new one. The present period is in it.</source>
-        <translation>El programa continúa con el archivo que hay ahora, o con uno nuevo, que contiene el periodo en curso.</translation>
+        <source>The program continues with the file that is there now, or a new one. It contains the current session.</source>
+        <translation>El programa continúa con el archivo que hay ahora, o con uno nuevo, que contiene la sesión en curso.</translation>
     </message>
     <message id="StoreAdviceReplace">
         <source>Put a copy from your backup in its place, or move the file away to begin with an empty record.</source>
         <translation>Poner en este lugar una copia de seguridad, o mover el archivo para empezar con un registro vacío.</translation>
     </message>
     <message id="StoreAdviceMakeRoom">
-        <source>Make room on the disk.</source>
+        <source>Free up some disk space.</source>
         <translation>Liberar espacio en el disco.</translation>
     </message>
     <message id="StoreAdviceCloseOther">
@@ -154,7 +154,7 @@
         <translation>Cerrar el otro programa.</translation>
     </message>
     <message id="StoreAdvicePermissions">
-        <source>Check the permissions of the file and of its folder, and whether the disk is in order.</source>
+        <source>Check the permissions of the file and of its folder, and that the disk is healthy.</source>
         <translation>Comprobar los permisos del archivo y de la carpeta, y si el disco está en orden.</translation>
     </message>
     <message id="StoreAdviceNewerProgram">
@@ -162,12 +162,12 @@
         <translation>Volver a instalar la versión más reciente.</translation>
     </message>
     <message id="StoreNothingRecorded">
-        <source>Nothing is recorded until then; the program tries again by itself.</source>
+        <source>Nothing is recorded until then; the program keeps trying.</source>
         <extracomment>Stands behind one of the advices above, where the record cannot be opened</extracomment>
         <translation>Hasta entonces no se registra nada; el programa lo vuelve a intentar por sí solo.</translation>
     </message>
     <message id="StoreKept">
-        <source>What could not be saved is kept while the program runs, and saved as soon as this is possible.</source>
+        <source>Unsaved changes are kept while the program runs and saved as soon as possible.</source>
         <extracomment>Stands behind one of the advices above, where the record cannot be saved</extracomment>
         <translation>Lo que no se ha podido guardar se conserva mientras el programa funcione, y se guardará en cuanto sea posible.</translation>
     </message>
@@ -177,7 +177,7 @@
         <translation>No se puede utilizar la carpeta de datos del programa: %1</translation>
     </message>
     <message id="DataFolderAdvice">
-        <source>Nothing is recorded until it can be used. Move what is in its place away, or allow the program to write there; it tries again by itself.</source>
+        <source>Nothing is recorded until it can be used. Move whatever is in the way, or allow the program to write there; it keeps trying.</source>
         <translation>Hasta entonces no se registra nada. Mover lo que ocupa el lugar de la carpeta o permitir la escritura; el programa lo vuelve a intentar por sí solo.</translation>
     </message>
     <message id="SettingsDamaged">
@@ -342,7 +342,7 @@
         <translation>Conectar la mesa</translation>
     </message>
     <message id="AdapterForbidden">
-        <source>The adapter is there, but may not be opened. These commands in a terminal allow it:</source>
+        <source>You have no permission to use the adapter. Run these commands in a terminal to allow it:</source>
         <extracomment>In the main window, above two commands</extracomment>
         <translation>El adaptador está conectado, pero no se permite abrirlo. Estas órdenes en una terminal lo permiten:</translation>
     </message>
@@ -499,7 +499,7 @@
         <translation>Es decir, %1 min de pie cada vez.</translation>
     </message>
     <message id="EntryRefused">
-        <source>This takes a number from %1 to %2. The earlier value is back.</source>
+        <source>Enter a number from %1 to %2. The previous value has been restored.</source>
         <extracomment>%1 and %2: least and greatest value that the field takes</extracomment>
         <translation>Aquí cabe un número de %1 a %2. Vuelve el valor anterior.</translation>
     </message>

@@ -35,7 +35,7 @@
         <translation>Position debout, %1</translation>
     </message>
     <message id="TrayTooltipPaused">
-        <source>Paused at %1, nothing is recorded</source>
+        <source>Paused at %1; nothing is being recorded</source>
         <extracomment>Tooltip and spoken state of the icon in the system tray; %1: height with its unit</extracomment>
         <translation>En pause à %1, rien n’est enregistré</translation>
     </message>
@@ -113,7 +113,7 @@
         <translation>L’enregistrement des activités ne peut être ni lu ni modifié (%1).</translation>
     </message>
     <message id="StoreNotAFile">
-        <source>Expected the record of your activities, found something that is not a file (%1).</source>
+        <source>Found something other than a file where your activity record should be (%1).</source>
         <extracomment>%1: path</extracomment>
         <translation>À la place de l’enregistrement des activités se trouve autre chose qu’un fichier (%1).</translation>
     </message>
@@ -128,7 +128,7 @@
         <translation>L’enregistrement des activités provient d’une version plus récente du programme (%1).</translation>
     </message>
     <message id="StoreForeign">
-        <source>The file in the place of the record of your activities holds something else (%1).</source>
+        <source>The file where your activity record should be holds something else (%1).</source>
         <extracomment>%1: path</extracomment>
         <translation>Le fichier à la place de l’enregistrement des activités contient autre chose (%1).</translation>
     </message>
@@ -138,15 +138,15 @@
         <translation>L’enregistrement des activités a été supprimé ou remplacé pendant que le programme tournait (%1).</translation>
     </message>
     <message id="StoreGoneReason">
-        <source>The program goes on with the file that is there now, or with a new one. The present period is in it.</source>
-        <translation>Le programme continue avec le fichier qui s’y trouve maintenant, ou avec un nouveau. La période en cours y figure.</translation>
+        <source>The program continues with the file that is there now, or a new one. It contains the current session.</source>
+        <translation>Le programme continue avec le fichier qui s’y trouve maintenant, ou avec un nouveau. La session en cours y figure.</translation>
     </message>
     <message id="StoreAdviceReplace">
         <source>Put a copy from your backup in its place, or move the file away to begin with an empty record.</source>
         <translation>Mettre à sa place une copie de sauvegarde, ou déplacer le fichier pour repartir d’un enregistrement vide.</translation>
     </message>
     <message id="StoreAdviceMakeRoom">
-        <source>Make room on the disk.</source>
+        <source>Free up some disk space.</source>
         <translation>Libérer de la place sur le disque.</translation>
     </message>
     <message id="StoreAdviceCloseOther">
@@ -154,7 +154,7 @@
         <translation>Fermer l’autre programme.</translation>
     </message>
     <message id="StoreAdvicePermissions">
-        <source>Check the permissions of the file and of its folder, and whether the disk is in order.</source>
+        <source>Check the permissions of the file and of its folder, and that the disk is healthy.</source>
         <translation>Vérifier les droits du fichier et de son dossier, et l’état du disque.</translation>
     </message>
     <message id="StoreAdviceNewerProgram">
@@ -162,12 +162,12 @@
         <translation>Réinstaller la version la plus récente.</translation>
     </message>
     <message id="StoreNothingRecorded">
-        <source>Nothing is recorded until then; the program tries again by itself.</source>
+        <source>Nothing is recorded until then; the program keeps trying.</source>
         <extracomment>Stands behind one of the advices above, where the record cannot be opened</extracomment>
         <translation>Rien n’est enregistré jusque-là ; le programme réessaie de lui-même.</translation>
     </message>
     <message id="StoreKept">
-        <source>What could not be saved is kept while the program runs, and saved as soon as this is possible.</source>
+        <source>Unsaved changes are kept while the program runs and saved as soon as possible.</source>
         <extracomment>Stands behind one of the advices above, where the record cannot be saved</extracomment>
         <translation>Ce qui n’a pas pu être enregistré est gardé tant que le programme tourne, et enregistré dès que possible.</translation>
     </message>
@@ -177,7 +177,7 @@
         <translation>Le dossier des données du programme est inutilisable : %1</translation>
     </message>
     <message id="DataFolderAdvice">
-        <source>Nothing is recorded until it can be used. Move what is in its place away, or allow the program to write there; it tries again by itself.</source>
+        <source>Nothing is recorded until it can be used. Move whatever is in the way, or allow the program to write there; it keeps trying.</source>
         <translation>Rien n’est enregistré jusque-là. Déplacer ce qui se trouve à sa place ou autoriser l’écriture ; le programme réessaie de lui-même.</translation>
     </message>
     <message id="SettingsDamaged">
@@ -342,7 +342,7 @@
         <translation>Connecter le bureau</translation>
     </message>
     <message id="AdapterForbidden">
-        <source>The adapter is there, but may not be opened. These commands in a terminal allow it:</source>
+        <source>You have no permission to use the adapter. Run these commands in a terminal to allow it:</source>
         <extracomment>In the main window, above two commands</extracomment>
         <translation>L’adaptateur est branché, mais son ouverture n’est pas permise. Ces commandes dans un terminal l’autorisent :</translation>
     </message>
@@ -499,7 +499,7 @@
         <translation>Soit %1 min debout à chaque pause.</translation>
     </message>
     <message id="EntryRefused">
-        <source>This takes a number from %1 to %2. The earlier value is back.</source>
+        <source>Enter a number from %1 to %2. The previous value has been restored.</source>
         <extracomment>%1 and %2: least and greatest value that the field takes</extracomment>
         <translation>Ce champ accepte un nombre de %1 à %2. La valeur précédente est revenue.</translation>
     </message>

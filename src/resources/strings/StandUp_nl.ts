@@ -35,7 +35,7 @@
         <translation>Staan op %1</translation>
     </message>
     <message id="TrayTooltipPaused">
-        <source>Paused at %1, nothing is recorded</source>
+        <source>Paused at %1; nothing is being recorded</source>
         <extracomment>Tooltip and spoken state of the icon in the system tray; %1: height with its unit</extracomment>
         <translation>Gepauzeerd op %1, er wordt niets vastgelegd</translation>
     </message>
@@ -113,7 +113,7 @@
         <translation>De registratie van de activiteiten kan niet worden gelezen of geschreven (%1).</translation>
     </message>
     <message id="StoreNotAFile">
-        <source>Expected the record of your activities, found something that is not a file (%1).</source>
+        <source>Found something other than a file where your activity record should be (%1).</source>
         <extracomment>%1: path</extracomment>
         <translation>In plaats van de registratie van de activiteiten staat er iets wat geen bestand is (%1).</translation>
     </message>
@@ -128,7 +128,7 @@
         <translation>De registratie van de activiteiten is door een nieuwere versie van dit programma geschreven (%1).</translation>
     </message>
     <message id="StoreForeign">
-        <source>The file in the place of the record of your activities holds something else (%1).</source>
+        <source>The file where your activity record should be holds something else (%1).</source>
         <extracomment>%1: path</extracomment>
         <translation>Het bestand op de plaats van de registratie van de activiteiten bevat iets anders (%1).</translation>
     </message>
@@ -138,7 +138,7 @@
         <translation>De registratie van de activiteiten is verwijderd of vervangen terwijl het programma liep (%1).</translation>
     </message>
     <message id="StoreGoneReason">
-        <source>The program goes on with the file that is there now, or with a new one. The present period is in it.</source>
+        <source>The program continues with the file that is there now, or a new one. It contains the current session.</source>
         <translation>Het programma gaat verder met het bestand dat er nu staat, of met een nieuw. De lopende periode staat erin.</translation>
     </message>
     <message id="StoreAdviceReplace">
@@ -146,7 +146,7 @@
         <translation>Zet een reservekopie op deze plek, of verplaats het bestand om met een lege registratie te beginnen.</translation>
     </message>
     <message id="StoreAdviceMakeRoom">
-        <source>Make room on the disk.</source>
+        <source>Free up some disk space.</source>
         <translation>Maak ruimte vrij op de schijf.</translation>
     </message>
     <message id="StoreAdviceCloseOther">
@@ -154,7 +154,7 @@
         <translation>Sluit het andere programma.</translation>
     </message>
     <message id="StoreAdvicePermissions">
-        <source>Check the permissions of the file and of its folder, and whether the disk is in order.</source>
+        <source>Check the permissions of the file and of its folder, and that the disk is healthy.</source>
         <translation>Controleer de rechten van het bestand en van de map, en of de schijf in orde is.</translation>
     </message>
     <message id="StoreAdviceNewerProgram">
@@ -162,12 +162,12 @@
         <translation>Installeer de nieuwere versie opnieuw.</translation>
     </message>
     <message id="StoreNothingRecorded">
-        <source>Nothing is recorded until then; the program tries again by itself.</source>
+        <source>Nothing is recorded until then; the program keeps trying.</source>
         <extracomment>Stands behind one of the advices above, where the record cannot be opened</extracomment>
         <translation>Tot dan wordt niets geregistreerd; het programma probeert het vanzelf opnieuw.</translation>
     </message>
     <message id="StoreKept">
-        <source>What could not be saved is kept while the program runs, and saved as soon as this is possible.</source>
+        <source>Unsaved changes are kept while the program runs and saved as soon as possible.</source>
         <extracomment>Stands behind one of the advices above, where the record cannot be saved</extracomment>
         <translation>Wat niet kon worden opgeslagen, blijft behouden zolang het programma loopt, en wordt opgeslagen zodra dat kan.</translation>
     </message>
@@ -177,7 +177,7 @@
         <translation>De map voor de programmagegevens is niet bruikbaar: %1</translation>
     </message>
     <message id="DataFolderAdvice">
-        <source>Nothing is recorded until it can be used. Move what is in its place away, or allow the program to write there; it tries again by itself.</source>
+        <source>Nothing is recorded until it can be used. Move whatever is in the way, or allow the program to write there; it keeps trying.</source>
         <translation>Tot dan wordt niets geregistreerd. Verplaats wat op de plek van de map staat of sta schrijven daar toe; het programma probeert het vanzelf opnieuw.</translation>
     </message>
     <message id="SettingsDamaged">
@@ -342,7 +342,7 @@
         <translation>Sluit het bureau aan</translation>
     </message>
     <message id="AdapterForbidden">
-        <source>The adapter is there, but may not be opened. These commands in a terminal allow it:</source>
+        <source>You have no permission to use the adapter. Run these commands in a terminal to allow it:</source>
         <extracomment>In the main window, above two commands</extracomment>
         <translation>De adapter is er, maar mag niet worden geopend. Deze opdrachten in een terminal staan het toe:</translation>
     </message>
@@ -499,7 +499,7 @@
         <translation>Dat is %1 min staan per keer.</translation>
     </message>
     <message id="EntryRefused">
-        <source>This takes a number from %1 to %2. The earlier value is back.</source>
+        <source>Enter a number from %1 to %2. The previous value has been restored.</source>
         <extracomment>%1 and %2: least and greatest value that the field takes</extracomment>
         <translation>Hier past een getal van %1 tot %2. De vorige waarde staat er weer.</translation>
     </message>
