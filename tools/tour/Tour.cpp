@@ -56,7 +56,7 @@ void Tour::firstStart()
     m_world.pass(2);
     check(TourWorld::window("WizardWindow"), "the wizard is shown");
     check(!m_world.app->statusMenuOpen()->isEnabled() && m_world.app->statusMenuQuit()->isEnabled(),
-        "the menu offers Settings and Exit, not Open");
+        "the menu offers Settings and Quit, not Open");
     check(hub().isActive(), "the desk is adopted and tells its height");
     check(!hub().activity(), "nothing is recorded before set-up");
 }
@@ -259,7 +259,7 @@ void Tour::lookBack()
 void Tour::quit()
 {
     chapter("Quitting");
-    say("Exit is chosen in the tray's menu.");
+    say("Quit is chosen in the tray's menu.");
     m_world.pass(7);
     m_world.app->terminate();
     m_world.observe();
