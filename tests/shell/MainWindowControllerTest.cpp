@@ -7,7 +7,6 @@
 #include "ui/Button.h"
 
 #include <QClipboard>
-#include <QLabel>
 
 namespace {
 class MainWindowControllerTest : public WindowTest {
