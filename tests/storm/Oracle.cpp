@@ -84,7 +84,7 @@ void Oracle::runTimers(double until, bool isAllHeard)
             // What is heard at this very moment counts before what was heard once, and after a standstill
             // the earlier question comes first.
             const double limit =
-                until + (timer.tick == &Oracle::hearAgain && !isAllHeard ? -kRounding : kRounding / 10);
+                until + (timer.tick == &Oracle::hearAgain && !isAllHeard ? -kRounding : kRounding);
             const bool isDue = std::max(timer.due, m_frozenUntil) <= limit
                 && (isInOrder || timer.due <= m_nextPoll + kRounding);
             const double later = first ? timer.due - first->due : -1;

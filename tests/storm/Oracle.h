@@ -152,7 +152,7 @@ private:
     static constexpr double kSlowest = 0.6; ///< transfer
     static constexpr double kBelieved = 5.0; ///< an answer
     static constexpr double kWait = 0.01; ///< for an answer; then it is heard of when it comes
-    static constexpr double kRounding = 1e-4;
+    static constexpr double kRounding = 1e-5; ///< settings have four decimals
     /// The record is the truth again so soon after whatever happens: two looks at the user after a wake, and
     /// a standstill.
     static constexpr double kLongestError = 2 * kLook + 4.5;
