@@ -216,7 +216,7 @@ private:
     std::optional<double> m_awaySince;
 
     std::array<bool, 2> m_isPlugged {};
-    bool m_isGood = true; ///< on the cable
+    bool m_isHeard = true, m_isGood = true; ///< on the cable
     double m_latency = 0, m_quickSince = 0, m_goodSince = 0, m_deafSince = kNever;
 
     std::vector<Row> m_rows;

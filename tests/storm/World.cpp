@@ -227,8 +227,6 @@ void World::letGo(const std::string& how)
     QWidget* const around = button->window();
     const bool hasFrame = around != reminder; // To hide or minimise it by.
     oracle().letGo(!hasFrame);
-    if (!hasFrame && how == "close") // One that fades out already is closed like any other.
-        m_oracle.answered("close");
     if (how == "hide" && hasFrame)
         around->hide();
     else if (how == "minimise" && hasFrame)
@@ -237,6 +235,8 @@ void World::letGo(const std::string& how)
         around->close();
     else if (how == "deactivate")
         QApplication::setActiveWindow(nullptr);
+    if (how == "close" && !hasFrame)
+        m_oracle.answered("close"); // After what the stop has heard, and also while it fades out.
     if (button)
         QTest::mouseRelease(button.data(), Qt::LeftButton);
     QApplication::processEvents();

@@ -67,8 +67,10 @@ void setWire(World& world, const Step& step)
     const std::string& how = step.variant;
     if (how == "one-failure") // Two on a slow wire can hit one report, which then has failed for good.
         return world.isSlow ? void() : desks.adapter(world.desk()).failNext(1, EPROTO);
-    if (how == "failing-writes" && !world.oracle().isQuick())
-        return; // Whether a held button hears of the height before it is lost goes by what is under way.
+    // Who hears of the height, or of the answer before, until the adapter is lost goes by what is under way.
+    if ((how == "failing-writes" && !world.oracle().isQuick())
+        || (how.starts_with("failing") && desks.desk(world.desk()).faults().noAnswer))
+        return;
     world.isSlow = how == "slow" && !(desks.isPlugged(0) && desks.isPlugged(1));
     const bool isGood = how == "well" || how == "slow";
     const double latency = world.isSlow ? step.value + 0.0037 : 0; // At a moment of its own.
