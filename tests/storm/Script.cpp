@@ -16,7 +16,7 @@ struct Verb {
     size_t share; ///< of all steps
     std::vector<std::string> variants {"-"};
     Range value {};
-    std::vector<int> longest {5, 20, 30, 60, 100, 200, 400, 800}; ///< pause after it, in tenths of a second
+    std::vector<int> longest {5, 10, 20, 40, 80, 150, 300, 700}; ///< pause after it, in tenths of a second
 };
 
 const std::vector<Verb> kVerbs {
@@ -27,7 +27,7 @@ const std::vector<Verb> kVerbs {
         {"up", "down", "memory1", "memory2", "memory3", "reminder-memory", "reminder-up", "reminder-down"},
         {}, {10, 30, 60, 120}},
     {"let-go", 14, {"button", "hide", "minimise", "close", "deactivate"}},
-    {"window", 7, {"main", "none"}},
+    {"window", 7, {"main", "none", "none"}},
     {"plug", 5, {"first", "second"}},
     {"unplug", 3, {"first", "second"}},
     // How transfers fare from here on; the value is what a slow one takes.
@@ -62,9 +62,9 @@ const std::vector<Verb> kVerbs {
 
 /// No value equals its default, and no two settings are likely to be equal.
 const std::map<std::string, Range> kSettings {{"Weight", {81, 260, 0.5}}, {"ActivityMode", {1, 2}},
-    {"ActivityGoal", {4, 57}}, {"NumberOfStandUps", {5, 23}}, {"DevicePosition1", {60, 210, 10}},
+    {"ActivityGoal", {4, 57}}, {"NumberOfStandUps", {7, 19}}, {"DevicePosition1", {60, 210, 10}},
     {"DevicePosition2", {330, 460, 10}}, {"DevicePosition3", {230, 320, 10}},
-    {"TablePositionOffset", {30, 90, 100}}, {"TimeIdle", {21, 86, 1.0037}}, {"TimeSnooze", {3, 12, 1.0037}},
+    {"TablePositionOffset", {30, 90, 100}}, {"TimeIdle", {17, 71, 1.0037}}, {"TimeSnooze", {3, 12, 1.0037}},
     {"TimeNotificationDismiss", {6, 12}}, {"TimeNotificationDismissOnAction", {2, 4}},
     {"AverageWorkDayHours", {3, 7}}};
 

@@ -113,7 +113,6 @@ std::string World::play(const Script& script)
         if (!m_oracle.failure().empty())
             return m_oracle.failure();
         play(step);
-        m_hasNews = true;
         look();
         pass(step.seconds);
     }
