@@ -17,8 +17,7 @@ enum Posture { None = 0, Standing = 1, Sitting = 2 };
 struct Figures {
     int histories = 0, reminders = 0, holds = 0;
     size_t steps = 0, records = 0;
-    double longestOverrun = 0; ///< of a hold, seconds
-    double largestError = 0; ///< longest stretch in which the record was not the truth, seconds
+    double longestOverrun = 0, largestError = 0; ///< seconds: of a hold; a record that is not true
 };
 
 /// What the oracle knows of a process, and forgets with it.
@@ -145,11 +144,9 @@ public:
 private:
     static constexpr double kPoll = 1.0, kLook = 10.0, kPulse = 15.0, kResend = 0.2; ///< rhythms
     static constexpr double kCheck = 0.2; ///< after an adapter was taken up
-    static constexpr double kOverrun = 0.15; ///< no movement report comes later than this after a hold
-    static constexpr double kStop = 0.3; ///< and the stop no later than this
+    static constexpr double kOverrun = 0.15, kStop = 0.3; ///< last movement report after a hold, and its stop
     static constexpr double kErrorStays = 15.0, kFade = 0.4;
-    static constexpr double kPatience = 5.05; ///< with a transfer that is not answered
-    static constexpr double kSlowest = 0.6; ///< transfer
+    static constexpr double kPatience = 5.05, kSlowest = 0.6; ///< a transfer without an answer, and with one
     static constexpr double kBelieved = 5.0; ///< an answer
     static constexpr double kWait = 0.01; ///< for an answer; then it is heard of when it comes
     static constexpr double kRounding = 1e-5; ///< settings have four decimals
@@ -220,8 +217,7 @@ private:
     double m_latency = 0, m_quickSince = 0, m_goodSince = 0, m_deafSince = kNever;
 
     std::vector<Row> m_rows;
-    double m_storedEnd = 0; ///< of the last one
     Span m_span;
-    double m_wrong = 0;
+    double m_storedEnd = 0, m_wrong = 0; ///< end of the last row; how long the record is not the truth
 };
 }

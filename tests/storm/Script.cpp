@@ -1,5 +1,6 @@
 #include "storm/Script.h"
 
+#include <iomanip>
 #include <random>
 #include <sstream>
 
@@ -70,12 +71,12 @@ const std::map<std::string, Range> kSettings {{"Weight", {81, 260, 0.5}}, {"Acti
 
 using Random = std::minstd_rand;
 
-size_t anyOf(size_t count, Random& random)
+const auto& anyOf(const auto& these, Random& random)
 {
-    return std::uniform_int_distribution<size_t>(0, count - 1)(random);
+    return *std::next(these.begin(), std::uniform_int_distribution<>(0, int(these.size()) - 1)(random));
 }
 
-double anyOf(Range range, Random& random)
+double anyIn(Range range, Random& random)
 {
     return std::uniform_int_distribution<>(range.least, range.most)(random) * range.unit;
 }
@@ -89,46 +90,40 @@ Step anyStep(uint32_t seed)
         return all;
     }();
     Random random(seed);
-    const Verb& verb = *verbs[anyOf(verbs.size(), random)];
-    const double seconds = anyOf({0, verb.longest[anyOf(verb.longest.size(), random)], 0.1}, random);
-    if (verb.name == "set") {
-        const auto& [key, range] = *std::next(kSettings.begin(), long(anyOf(kSettings.size(), random)));
-        return {verb.name, key, anyOf(range, random), seconds};
-    }
-    return {
-        verb.name, verb.variants[anyOf(verb.variants.size(), random)], anyOf(verb.value, random), seconds};
+    const Verb& verb = *anyOf(verbs, random);
+    const double seconds = anyIn({0, anyOf(verb.longest, random), 0.1}, random);
+    if (verb.name != "set")
+        return {verb.name, anyOf(verb.variants, random), anyIn(verb.value, random), seconds};
+    const auto& [key, range] = anyOf(kSettings, random);
+    return {verb.name, key, anyIn(range, random), seconds};
 }
 }
 
 rc::Gen<Script> anyScript(int mostSteps)
 {
-    // RapidCheck draws whole numbers of the full range at this size only, and as many steps as the size. A
-    // failing script is made shorter and not plainer: its steps are plain data already.
-    constexpr int kFullSize = 100;
-    // An ordinary Friday, the nights in which summer time begins and ends in Europe, the last day of a year.
+    // RapidCheck draws whole numbers of the full range at a size of 100 only, and as many steps as the size.
+    // A failing script is made shorter and not plainer: its steps are plain data already. An ordinary Friday,
+    // the nights in which summer time begins and ends in Europe, the last day of a year.
     const auto start = rc::gen::element(1710489600., 1711843200., 1729987200., 1735671600.);
-    const auto seed = rc::gen::noShrink(rc::gen::resize(kFullSize, rc::gen::arbitrary<uint32_t>()));
+    const auto seed = rc::gen::noShrink(rc::gen::resize(100, rc::gen::arbitrary<uint32_t>()));
     const auto settings = rc::gen::map(seed, [](uint32_t drawn) {
         Random random(drawn);
         std::map<std::string, double> values;
         for (const auto& [key, range] : kSettings)
-            values[key] = anyOf(range, random);
+            values[key] = anyIn(range, random);
         return values;
     });
-    const auto step = rc::gen::map(seed, &anyStep);
     return rc::gen::construct<Script>(rc::gen::noShrink(start), settings,
-        rc::gen::resize(mostSteps, rc::gen::container<std::vector<Step>>(step)));
+        rc::gen::resize(mostSteps, rc::gen::container<std::vector<Step>>(rc::gen::map(seed, &anyStep))));
 }
 
 std::ostream& operator<<(std::ostream& out, const Script& script)
 {
-    const auto precision = out.precision(12);
-    out << "ZELVO_STORM_SCRIPT='" << script.start;
+    out << std::setprecision(12) << "ZELVO_STORM_SCRIPT='" << script.start;
     for (const auto& [key, value] : script.settings)
         out << ' ' << key << ' ' << value;
     for (const Step& step : script.steps)
         out << "; " << step.verb << ' ' << step.variant << ' ' << step.value << " +" << step.seconds;
-    out.precision(precision);
     return out << "'";
 }
 

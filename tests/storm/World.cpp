@@ -7,7 +7,6 @@
 #include <QScrollArea>
 #include <QTest>
 
-#include <cstdio>
 #include <ctime>
 #include <unistd.h>
 
@@ -95,7 +94,6 @@ void World::start()
         if (desks().isPlugged(number))
             numbers[desks().copyDevices()[numbers.size()]] = number;
     }
-    (void)!std::freopen("/dev/null", "w", stderr); // The log of a decade is long.
 }
 
 void World::end(bool killed)
@@ -209,10 +207,7 @@ void World::plug(int number, bool in)
     if (in)
         passUntil(97 + number);
     oracle().plugged(number, in);
-    if (in)
-        desks().plug(number);
-    else
-        desks().unplug(number);
+    in ? desks().plug(number) : desks().unplug(number);
     for (const HidDeviceRef& device : desks().copyDevices())
         numbers.try_emplace(device, number);
     loop().advance(0);

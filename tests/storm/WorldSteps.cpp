@@ -2,7 +2,6 @@
 #include "storm/World.h"
 
 #include <QApplication>
-#include <QEnterEvent>
 #include <QMouseEvent>
 #include <QTest>
 
@@ -150,18 +149,13 @@ void setClock(World& world, const Step& step)
 /// As the program's own screens do; those without a setter are for whoever edits the file.
 void set(World& world, const Step& step)
 {
-    using Setter = void (*)(AppProperties&, double);
-    static const std::map<std::string, Setter> setters {
-        {"Weight", [](auto& properties, double value) { properties.setWeight(value); }},
-        {"ActivityMode", [](auto& properties, double value) { properties.setActivityMode(int(value)); }},
-        {"ActivityGoal", [](auto& properties, double value) { properties.setActivityGoal(value); }},
-        {"DevicePosition1",
-            [](auto& properties, double value) { properties.setDevicePosition1(int(value)); }},
-        {"DevicePosition2",
-            [](auto& properties, double value) { properties.setDevicePosition2(int(value)); }},
-        {"DevicePosition3",
-            [](auto& properties, double value) { properties.setDevicePosition3(int(value)); }},
-    };
+    static const std::map<std::string, void (*)(AppProperties&, double)> setters {
+        {"Weight", [](auto& all, double value) { all.setWeight(value); }},
+        {"ActivityMode", [](auto& all, double value) { all.setActivityMode(int(value)); }},
+        {"ActivityGoal", [](auto& all, double value) { all.setActivityGoal(value); }},
+        {"DevicePosition1", [](auto& all, double value) { all.setDevicePosition1(int(value)); }},
+        {"DevicePosition2", [](auto& all, double value) { all.setDevicePosition2(int(value)); }},
+        {"DevicePosition3", [](auto& all, double value) { all.setDevicePosition3(int(value)); }}};
     if (step.variant == "TablePositionOffset")
         return; // A new one shows with the next refresh, and nobody waits for it.
     world.oracle().set(step.variant, step.value);
