@@ -231,7 +231,7 @@ void World::letGo(const std::string& how)
         QApplication::setActiveWindow(nullptr);
     if (how == "close" && !hasFrame)
         m_oracle.answered("close"); // After what the stop has heard, and also while it fades out.
-    if (button)
+    if (button && (how == "button" || !hasFrame)) // Otherwise the release comes too late, or never.
         QTest::mouseRelease(button.data(), Qt::LeftButton);
     QApplication::processEvents();
 }
