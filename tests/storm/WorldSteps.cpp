@@ -185,8 +185,9 @@ void answer(World& world, const Step& step)
 
 void freeze(World& world, const Step& step)
 {
-    // Whether what is late on the cable or another timer comes first, nobody can know.
-    if (!world.oracle().isQuick())
+    // Whether what is late on the cable or another timer comes first, nobody can know. An adapter that is
+    // lost is late for nobody.
+    if (!world.oracle().isQuick() && world.oracle().driven() >= 0)
         return;
     VirtualRunLoop& loop = world.loop();
     world.oracle().frozenUntil(loop.monotonicNow() + step.value);
