@@ -25,7 +25,8 @@ public:
     void setDefaultWeight();
     void setDefaultTableHeight(int32_t position); ///< raw, 0.1 mm
     void setDefaultNumberOfStandUps();
-    /// Puts the stored value back into an emptied field, except the height's, which the desk's next one fills.
+    /// Puts the stored value back into an emptied field, except the height's, which the desk's next one
+    /// fills.
     void refillIfEmpty(const QLineEdit& field);
     /// Whether the entry may be stored. One that may not gives way to the stored value, and until the next
     /// edit a line beside the field says what it takes.
