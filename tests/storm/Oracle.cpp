@@ -73,12 +73,13 @@ void Oracle::runTimers(double until, bool isAllHeard)
         return;
     const bool isInOrder = isAllHeard || until > m_frozenUntil + kRounding;
     while (true) {
-        const Timer timers[] {{m_due, kNever, m_scheduledAt, &Oracle::periodEnds},
-            {m_dismissAt, kNever, m_dismissBegunAt, &Oracle::dismissTicks},
-            {m_nextPulse, kPulse, m_nextPulse - kPulse, &Oracle::pulse},
+        // What a tick has begun comes after that timer's next tick.
+        const Timer timers[] {{m_nextPulse, kPulse, m_nextPulse - kPulse, &Oracle::pulse},
             {m_nextLook, kLook, m_nextLook - kLook, &Oracle::lookAtUser},
             {m_nextPoll, kPoll, m_nextPoll - kPoll, &Oracle::hearAgain},
-            {m_nextResend, kResend, m_nextResend - kResend, &Oracle::hearAgain}};
+            {m_nextResend, kResend, m_nextResend - kResend, &Oracle::hearAgain},
+            {m_due, kNever, m_scheduledAt, &Oracle::periodEnds},
+            {m_dismissAt, kNever, m_dismissBegunAt, &Oracle::dismissTicks}};
         const Timer* first = nullptr;
         for (const Timer& timer : timers) {
             // What is heard at this very moment counts before what was heard once, and after a standstill
@@ -87,8 +88,8 @@ void Oracle::runTimers(double until, bool isAllHeard)
                 until + (timer.tick == &Oracle::hearAgain && !isAllHeard ? -kRounding : kRounding);
             const bool isDue = std::max(timer.due, m_frozenUntil) <= limit
                 && (isInOrder || timer.due <= m_nextPoll + kRounding);
-            const double later = first ? timer.due - first->due : -1;
-            if (isDue && (later < -kRounding || (later < kRounding && timer.begun < first->begun)))
+            const double by = first ? timer.due - first->due : -1;
+            if (isDue && (by < -kRounding || (by < kRounding && timer.begun < first->begun - kRounding)))
                 first = &timer;
         }
         if (!first)
