@@ -109,6 +109,7 @@ HidMailbox::News HidMailbox::endProbe(HidStatus status)
 
 HidMailbox::News HidMailbox::failed(Transfer transfer, HidStatus status)
 {
+    // In the words in which a transfer that fails at once is logged, so that one search finds both.
     const char* const call = transfer.direction == Direction::Write ? "Set" : "Get";
     Log::line(QString::asprintf("IOHIDDevice%sReport return value: %08x", call, unsigned(status)));
     if (!m_failedOnce.insert(keyOf(transfer)).second)

@@ -17,8 +17,8 @@ class QDBusPendingCallWatcher;
 /// GNOME's own signals. Without a bus, or without one of these services, its news are simply missing.
 ///
 /// The same event arrives through several services. Each has a state of its own here; the first to go dark
-/// counts and the others join it, until one of them is light again. All calls are
-/// asynchronous; only connecting to logind's signals waits for the bus to say who logind is.
+/// counts and the others join it, until one of them is light again. All calls are asynchronous;
+/// only connecting to logind's signals waits for the bus to say who logind is.
 class DBusWorkspace final : public QObject, public Workspace {
     Q_OBJECT
 

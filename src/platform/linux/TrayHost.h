@@ -20,8 +20,8 @@ class XTrayWatch;
 /// called back.
 ///
 /// A tray is a registered StatusNotifier host on the session bus or, on the xcb platform and without such a
-/// host, the owner of the X11 tray selection. What is asked over
-/// D-Bus is not waited for; the X server's answers are.
+/// host, the owner of the X11 tray selection. What is asked over D-Bus is not
+/// waited for; the X server's answers are.
 class TrayHost : public QObject {
     Q_OBJECT
 
