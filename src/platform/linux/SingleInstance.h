@@ -10,7 +10,8 @@ class QSocketNotifier;
 
 /// Lets one instance of the program run for a user. The first start holds an advisory lock, which the kernel
 /// lets go when the process ends in whatever way, and listens on a socket beside it; a further start asks it
-/// there to show its window.
+/// there to show its window. Not over D-Bus: where there is no session bus, a further start must still find
+/// the first.
 class SingleInstance {
 public:
     /// What a further start asks for.
