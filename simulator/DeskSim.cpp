@@ -33,8 +33,8 @@ void printHelp()
            "  modprobe vhci-hcd\n"
            "  usbip attach -r 127.0.0.1 -b 1-1     # 1-2 for the second adapter\n"
            "After \"unplug\" and \"plug\" it is attached in the same way again.\n\n"
-           "Exit status: 0; 1 when a line from a file or a pipe was not understood, or the port is not to be "
-           "had; 2 for a\nwrong option.\n";
+           "Exit status: 0; 1 when a line from a file or a pipe was not understood, or the port is not "
+           "available; 2 for\na wrong option.\n";
 }
 
 struct Options {

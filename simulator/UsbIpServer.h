@@ -24,7 +24,7 @@ public:
     UsbIpServer(const UsbIpServer&) = delete;
     UsbIpServer& operator=(const UsbIpServer&) = delete;
 
-    /// False, with errno set, when the port is not to be had.
+    /// False, with errno set, when the port is not available.
     [[nodiscard]] bool listen(uint16_t port);
     /// Serves until a line says "quit". The end of standard input ends nothing.
     void run();
