@@ -28,7 +28,7 @@ void Oracle::pass(double now)
     goTo(now);
     if (m_now > m_owedSince + kWait)
         fail("no reminder");
-    if (m_isReminderOnShow && m_now > std::max(m_fadedAt, m_frozenUntil) + 0.1)
+    if (m_now > m_leavesAt + kWait)
         fail("the reminder does not leave");
     judgePresence();
 }
@@ -69,7 +69,9 @@ void Oracle::runTimers(double until, bool isAllHeard)
         double interval, begun;
         void (Oracle::*tick)();
     };
-    if (std::min({m_due, m_dismissAt, m_nextPulse, m_nextLook, m_nextPoll, m_nextResend}) > until + kRounding)
+    const double firstDue =
+        std::min({m_due, m_dismissAt, m_fadedAt, m_nextPulse, m_nextLook, m_nextPoll, m_nextResend});
+    if (firstDue > until + kRounding)
         return;
     const bool isInOrder = isAllHeard || until > m_frozenUntil + kRounding;
     while (true) {
@@ -79,7 +81,8 @@ void Oracle::runTimers(double until, bool isAllHeard)
             {m_nextPoll, kPoll, m_nextPoll - kPoll, &Oracle::hearAgain},
             {m_nextResend, kResend, m_nextResend - kResend, &Oracle::hearAgain},
             {m_due, kNever, m_scheduledAt, &Oracle::periodEnds},
-            {m_dismissAt, kNever, m_dismissBegunAt, &Oracle::dismissTicks}};
+            {m_dismissAt, kNever, m_dismissBegunAt, &Oracle::dismissTicks},
+            {m_fadedAt, kNever, m_fadedAt - kFade, &Oracle::fadeEnds}};
         const Timer* first = nullptr;
         for (const Timer& timer : timers) {
             // What is heard at this very moment counts before what was heard once, and after a standstill
@@ -191,6 +194,8 @@ void Oracle::frozenUntil(double time)
     m_frozenUntil = time;
     m_readAt = std::max(m_readAt, time);
     m_isHoldExact = false;
+    if (time > m_fadedAt - kFrame / 2) // The first frame after it is the last one.
+        m_fadedAt -= std::floor((m_fadedAt - m_now) / kFrame) * kFrame;
 }
 
 void Oracle::judge()

@@ -63,7 +63,8 @@ struct Process {
 
     // Windows.
     bool m_isReminderOnShow = false, m_isReminderHeld = false, m_isActionDone = false, m_isPointed = false;
-    double m_dismissAt = kNever, m_dismissBegunAt = 0, m_fadedAt = kNever, m_owedSince = kNever;
+    double m_dismissAt = kNever, m_dismissBegunAt = 0, m_fadedAt = kNever;
+    double m_owedSince = kNever, m_leavesAt = kNever; ///< what the windows have to show
     double m_openedAt = kNever;
     Posture m_target = None; ///< of the reminder
 };
@@ -145,7 +146,7 @@ private:
     static constexpr double kPoll = 1.0, kLook = 10.0, kPulse = 15.0, kResend = 0.2; ///< rhythms
     static constexpr double kCheck = 0.2; ///< after an adapter was taken up
     static constexpr double kOverrun = 0.15, kStop = 0.3; ///< last movement report after a hold, and its stop
-    static constexpr double kErrorStays = 15.0, kFade = 0.4;
+    static constexpr double kErrorStays = 15.0, kFade = 0.4, kFrame = 0.025;
     static constexpr double kPatience = 5.05, kSlowest = 0.6; ///< a transfer without an answer, and with one
     static constexpr double kBelieved = 5.0; ///< an answer
     static constexpr double kWait = 0.01; ///< for an answer; then it is heard of when it comes
@@ -183,6 +184,7 @@ private:
     [[nodiscard]] double idleSeconds();
     void periodEnds();
     void dismissTicks();
+    void fadeEnds();
     void dismissAfter(double seconds);
 
     void adopt(int adapter);

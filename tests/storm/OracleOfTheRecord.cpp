@@ -84,13 +84,20 @@ void Oracle::reminderAppeared()
     m_isHoldExact = false; // It takes the keyboard where a window that comes up becomes the active one.
 }
 
+void Oracle::fadeEnds()
+{
+    m_leavesAt = m_now;
+    m_isReminderOnShow = m_isPointed = false;
+}
+
 void Oracle::reminderLeft()
 {
-    const auto isFaded = [this](double at) { return std::abs(m_now - at) < 0.03; };
-    if (!isFaded(std::max(m_fadedAt, m_frozenUntil)) && !isFaded(m_fadedAt))
+    if (std::max(m_fadedAt, m_frozenUntil) <= m_now + kRounding) { // Before the cable has told what is late.
+        m_fadedAt = kNever;
+        fadeEnds();
+    }
+    if (!isNear(std::exchange(m_leavesAt, kNever), m_now))
         fail("the reminder left at a time of its own");
-    m_isReminderOnShow = m_isPointed = false;
-    m_fadedAt = kNever;
 }
 
 void Oracle::snooze()
