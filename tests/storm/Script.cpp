@@ -65,7 +65,7 @@ const std::vector<Verb> kVerbs {
 const std::map<std::string, Range> kSettings {{"Weight", {81, 260, 0.5}}, {"ActivityMode", {1, 2}},
     {"ActivityGoal", {4, 57}}, {"NumberOfStandUps", {7, 19}}, {"DevicePosition1", {60, 210, 10}},
     {"DevicePosition2", {330, 460, 10}}, {"DevicePosition3", {230, 320, 10}},
-    {"TablePositionOffset", {30, 90, 100}}, {"TimeIdle", {17, 71, 1.0037}}, {"TimeSnooze", {3, 12, 1.0037}},
+    {"TablePositionOffset", {30, 90, 100}}, {"TimeIdle", {17, 71, 1.0039}}, {"TimeSnooze", {3, 12, 1.0037}},
     {"TimeNotificationDismiss", {6, 12}}, {"TimeNotificationDismissOnAction", {2, 4}},
     {"AverageWorkDayHours", {3, 7}}};
 
