@@ -126,15 +126,22 @@ void Oracle::lookAtUser()
 double Oracle::idleSeconds()
 {
     const double seconds = m_awaySince ? m_now - *m_awaySince : 1.0;
-    if (std::exchange(m_sleepSeen, m_slept) < m_slept)
-        m_absentSince = m_now;
+    noticeSleep();
     if (m_absentSince == kNever)
         return seconds;
-    if (m_absenceSeenAt < m_absentSince || m_now <= m_absenceSeenAt + 3)
+    if (m_absenceSeenAt < 0 || m_now <= m_absenceSeenAt + 3)
         m_absenceSeenAt = m_now;
     else if (m_now - seconds > m_absentSince)
-        m_absentSince = kNever;
+        m_absentSince = kNever, m_absenceSeenAt = -1;
     return m_absentSince == kNever ? seconds : kNever;
+}
+
+void Oracle::noticeSleep()
+{
+    if (std::exchange(m_sleepSeen, m_slept) == m_slept)
+        return;
+    m_absentSince = m_now;
+    m_absenceSeenAt = -1;
 }
 
 // The process and the machine.
@@ -176,8 +183,8 @@ void Oracle::wakeTold()
     close();
     m_isGiven = true;
     m_wokeAt = m_now;
-    if (std::exchange(m_sleepSeen, m_slept) < m_slept || m_absentSince == kNever)
-        m_absentSince = m_now;
+    noticeSleep();
+    m_absentSince = std::min(m_absentSince, m_now);
 }
 
 void Oracle::slept(double seconds)

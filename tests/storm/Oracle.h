@@ -182,6 +182,7 @@ private:
     void pulse();
     void lookAtUser();
     [[nodiscard]] double idleSeconds();
+    void noticeSleep();
     void periodEnds();
     void dismissTicks();
     void fadeEnds();
