@@ -150,7 +150,7 @@ private:
     static constexpr double kPatience = 5.05, kSlowest = 0.6; ///< a transfer without an answer, and with one
     static constexpr double kBelieved = 5.0; ///< an answer
     static constexpr double kWait = 0.01; ///< for an answer; then it is heard of when it comes
-    static constexpr double kRounding = 1e-5; ///< settings have four decimals
+    static constexpr double kRounding = 5e-7; ///< all happens on whole microseconds
     /// The record is the truth again so soon after whatever happens: two looks at the user after a wake, and
     /// a standstill.
     static constexpr double kLongestError = 2 * kLook + 4.5;

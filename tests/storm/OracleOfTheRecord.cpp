@@ -41,7 +41,7 @@ void Oracle::close()
 void Oracle::schedule(double seconds)
 {
     m_scheduledAt = m_now;
-    m_due = m_now + seconds;
+    m_due = m_now + std::round(seconds * 1e6) / 1e6;
     m_scheduled = m_posture;
 }
 
