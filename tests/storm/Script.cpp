@@ -61,12 +61,13 @@ const std::vector<Verb> kVerbs {
     {"freeze", 3, {"-"}, {1, 25, 0.13}},
 };
 
-/// No value equals its default, and no two settings are likely to be equal.
+/// No value equals its default, and no two settings are likely to be equal. Times are odd, and a period lasts
+/// longer than an adapter without an answer is waited for: what is due at one moment has an order of its own.
 const std::map<std::string, Range> kSettings {{"Weight", {81, 260, 0.5}}, {"ActivityMode", {1, 2}},
-    {"ActivityGoal", {4, 57}}, {"NumberOfStandUps", {7, 19}}, {"DevicePosition1", {60, 210, 10}},
+    {"ActivityGoal", {4, 57}}, {"NumberOfStandUps", {7, 11}}, {"DevicePosition1", {60, 210, 10}},
     {"DevicePosition2", {330, 460, 10}}, {"DevicePosition3", {230, 320, 10}},
     {"TablePositionOffset", {30, 90, 100}}, {"TimeIdle", {17, 71, 1.0039}}, {"TimeSnooze", {3, 12, 1.0037}},
-    {"TimeNotificationDismiss", {6, 12}}, {"TimeNotificationDismissOnAction", {2, 4}},
+    {"TimeNotificationDismiss", {6, 12, 1.0013}}, {"TimeNotificationDismissOnAction", {2, 4, 1.0013}},
     {"AverageWorkDayHours", {3, 7}}};
 
 using Random = std::minstd_rand;
