@@ -54,6 +54,7 @@ void Oracle::removed(int adapter)
     m_answers.erase(adapter);
     m_readAt = m_drivenSince = m_errorOverAt = m_now;
     const bool wasFirst = m_adapters.front() == adapter;
+    m_held = wasFirst || m_held == adapter ? -1 : m_held;
     std::erase(m_adapters, adapter);
     if (!wasFirst)
         return endHold(); // Its stop goes to the one that is driven now, and asks that one's height.
@@ -198,6 +199,7 @@ void Oracle::pressed(uint16_t command, bool onReminder)
 {
     m_isReminderHeld = onReminder;
     hearAgain();
+    m_held = driven();
     if (driven() < 0)
         return;
     m_nextResend = m_now + kResend;
@@ -208,6 +210,8 @@ void Oracle::pressed(uint16_t command, bool onReminder)
 void Oracle::letGo(bool onReminder)
 {
     endHold();
+    if (std::exchange(m_held, -1) == driven())
+        hearAgain(); // It is stopped once more where the hold was over, and asked for its height.
     m_isReminderHeld = m_isReminderHeld && !onReminder;
     m_isActionDone = m_isActionDone || onReminder;
 }
