@@ -159,3 +159,18 @@ def test_who_is_away_or_sits_before_dark_screens_is_not_recorded(desktop):
             if dark:
                 wait_until(lambda: len(office.records) > before, f"a fresh period by {way}")
     office.is_plausible()
+
+
+def test_a_clock_that_is_set_ends_a_period_and_begins_another(desktop):
+    office = Office(desktop, TimeIdle=2000)
+    for by in (3 * HOUR, -5 * HOUR):
+        office.works()
+        set_at = desktop.clock.now()
+        *_, (begun, saved, _) = office.records
+        before = {start for start, _, _ in office.records}
+        desktop.clock.set_wall(by)
+        office.until(lambda: len(office.records) > len(before), "a period of its own")  # noqa: B023
+        ends = {start: end for start, end, _ in office.records}
+        (fresh,) = ends.keys() - before
+        assert fresh == pytest.approx(set_at + by, abs=PULSE + LAG) and 0 <= ends[begun] - saved <= PULSE + LAG
+    office.is_plausible()

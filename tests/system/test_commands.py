@@ -2,6 +2,7 @@
 
 import json
 import os
+import re
 import signal
 import socket
 import subprocess
@@ -225,17 +226,21 @@ def test_the_bus_starts_the_program_and_cannot_move_the_desk(desktop, ask):
         node, own = Gio.DBusNodeInfo.new_for_xml(found), set()
         for interface, method in [(each.name, method) for each in node.interfaces for method in each.methods]:
             own |= {method.name} if path == OBJECT and "org.freedesktop.DBus" not in interface else set()
-            types = [argument.signature for argument in method.in_args]
-            command = (NAME, path, interface, method.name, f"({''.join(types)})")
-            for word in words * (method.name != "Quit"):
+            signatures = [[argument.signature for argument in method.in_args], *([kind] for kind in [*values, "s"])]
+            for types, word in [(types, word) for types in signatures for word in words[: None if "s" in types else 1]]:
+                command = (NAME, path, interface, method.name, f"({''.join(types)})")
                 chosen = [word if kind == "s" else values[kind] for kind in types]
                 try:
-                    call(desktop.session, *command, *chosen, timeout=10)
+                    if method.name != "Quit":
+                        call(desktop.session, *command, *chosen, timeout=10)
                 except GLib.Error as error:
-                    assert "Timeout" not in error.message, (method.name, word)
+                    assert "Timeout" not in error.message, (method.name, types, word)
         return own.union(*(try_all(f"{path.rstrip('/')}/{child.path}") for child in node.nodes))
 
     application, own = {"Activate", "Open", "ActivateAction"}, {"Show", "ShowHistory", "ShowSettings", "Snooze", "Skip"}
     assert try_all() == application | own | {"Status", "Quit"}
+    options = set(re.findall(r"--[a-z]+", ask("--help"))) - {"--quit", "--watch"}
+    for option in [*options, "--up", "--move=1000", "up"]:
+        subprocess.run([PROGRAM, option], env=desktop.env, capture_output=True, timeout=20)
     assert set(adapter.values()) == {"init", STOP} and adapter.height == 900
     ask("--quit")

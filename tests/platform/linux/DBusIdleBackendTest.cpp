@@ -25,6 +25,7 @@ TEST(DBusIdleBackend, asksTheServiceThatIsThereInItsUnit)
         {saver, "14 comes ? +10 24 ? +10 34 ? +9 700 ?", "none none 34 0.7"}, // Not in seconds after all.
         {saver, "4000 comes ? +10 14000 ? +10 14010 ? +10 14020 ?", "none 14 14.01 14.02"},
         {saver, "20 comes ? +1.5 20 ? +1.5 20 ?", "none none none"}, // Of one moment, nearly.
+        {gnome, "5000 comes ? bus-goes ? ?", "5 none none"},
     };
     IdleStory story;
     TestBus bus;
@@ -45,6 +46,7 @@ TEST(DBusIdleBackend, asksTheServiceThatIsThereInItsUnit)
         });
     };
     story.deeds["goes"] = [&] { service.reset(); };
+    story.deeds["bus-goes"] = [&] { bus.m_daemon.stop(); };
     story.deeds["error"] = [&] { number = "none"; };
     story.otherwise = [&](const QString& word) { number = word.toDouble(); };
     for (const auto& [call, words, expected] : kTestCases) {
