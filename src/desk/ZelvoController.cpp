@@ -183,6 +183,15 @@ void ZelvoController::receiveWakeNotification()
     // machine was away until then, so that their first input is such a return.
     stopCurrentActivity();
     m_dependencies.eventSource.didWake();
+    remindAdapter();
+}
+
+/// To Linux an adapter whose power a sleep has cut is the one that was there before; it has forgotten its
+/// init report, answers zeros and moves nothing.
+void ZelvoController::remindAdapter()
+{
+    if (m_device)
+        m_device->repeatInit();
 }
 
 void ZelvoController::receiveWillSleepNotification()
@@ -210,6 +219,8 @@ void ZelvoController::onPulseTimerTick(const Timer&)
 
 void ZelvoController::pulse()
 {
+    if (m_attended.hasSlept())
+        remindAdapter(); // Nobody has told of the wake.
     if (m_attended.hasSlept() || (m_attended.isBroken() && m_idleObserver->isIdle()))
         stopCurrentActivity();
     else if (m_activity && m_attended.isBroken())

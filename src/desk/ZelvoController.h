@@ -111,6 +111,7 @@ public:
 
 private:
     void recordPeriod(bool isStanding);
+    void remindAdapter();
 
     Dependencies m_dependencies;
     std::unique_ptr<ZelvoHIDManager> m_deviceManager;

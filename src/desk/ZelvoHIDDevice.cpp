@@ -59,12 +59,17 @@ Report ZelvoHIDDevice::stopReport()
 
 bool ZelvoHIDDevice::initHID()
 {
-    const bool written = ZelvoHIDManager::writeBuffer(kInitReport, *this);
+    const bool written = repeatInit();
     stop();
     // Not bound to this object's timers: the check keeps the device alive until it has run.
     RunLoop::main().scheduleTimer(kCommunicationCheckDelay, RunLoop::Repeat::No,
         [self = shared_from_this()](Timer&) { self->updateCommunicating(); });
     return written;
+}
+
+bool ZelvoHIDDevice::repeatInit()
+{
+    return ZelvoHIDManager::writeBuffer(kInitReport, *this);
 }
 
 bool ZelvoHIDDevice::moveUpSingle()

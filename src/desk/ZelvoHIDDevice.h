@@ -61,6 +61,9 @@ public:
     /// Initialises and stops the adapter and checks its communication 0.2 s later. Whether the first report
     /// went out.
     bool initHID();
+    /// Writes the init report alone, for an adapter that may have lost its power: one that still knows it
+    /// does nothing. Whether it went out.
+    bool repeatInit();
     /// One command each, then a status read. Whether the command was written.
     bool moveUpSingle();
     bool moveDownSingle();

@@ -118,6 +118,7 @@ struct DeskStory {
             {"pull", [&] { hid.unplug(number); }},
             {"plug", [&] { hid.plug(number); }},
             {"on", [&] { hid.desk().setDeskOn(number != 0); }},
+            {"powercut", [&] { hid.desk().setPlugged(false), hid.desk().setPlugged(true); }},
             {"check", [&] { desk->updateCommunicating(); }},
             // Buttons.
             {"up", [&] { desk->moveUp(); }},

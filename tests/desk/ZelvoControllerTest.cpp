@@ -78,6 +78,10 @@ TEST(Attendance, isRecordedAndNothingElse)
     } kStories[] = {
         {"an adapter that is silent for a while", "50 on=0 check 100 on=1 check 120",
             "sit 1.2..50, sit 100..120", "100 session"},
+        {"an adapter that forgets in a sleep, whose wake is told or not, that it was initialised",
+            "44.9 powercut z=900 46 height=4000 65 powercut z=900 wake 66 height=900 67",
+            "sit 1.2..45, stand 946.2..950, stand 960..965, sit 1866.2..1867",
+            "46.2 session, 60 session, 66.2 session"},
         {"what is due, and a clock that is set, while the user is known to be away",
             "10 away 183 dark due=4 221 dark 222 set=1000 231", "sit 1.2..180, sit 183..190, sit 221..225",
             "183 session, 183 session, 221 session"},
