@@ -11,6 +11,8 @@ constexpr double kShortestSleepSeconds = 1.0;
 /// Questions that follow one another so closely belong to one look at the user and get the same answer. Looks
 /// are ten seconds apart, and a machine that has just woken may be slow to answer each question.
 constexpr double kOneLookSeconds = 3.0;
+/// Desktops themselves put the idle time back when they hear of the wake, to light the screens.
+constexpr double kWakingSeconds = 1.5;
 }
 
 SleepAwareEventSource::SleepAwareEventSource(std::shared_ptr<EventSource> source)
@@ -26,7 +28,7 @@ double SleepAwareEventSource::secondsSinceLastEventType(EventType eventType)
     if (!m_absence)
         return seconds;
     const double lastInputAt = RunLoop::main().monotonicNow() - seconds;
-    if (isFirstLook() || lastInputAt <= m_absence->wokeAt)
+    if (isFirstLook() || lastInputAt <= m_absence->wokeAt + kWakingSeconds)
         return std::numeric_limits<double>::infinity();
     m_absence.reset();
     return seconds;

@@ -36,13 +36,14 @@ TEST(SleepAwareEventSource, makesOneAbsenceOfEachSleep)
         // Input before the first look may have been before the sleep.
         {"z60 +3 input +2 ? +10 ? input +5 ?", "away away 5"},
         // One look asks many times, and input comes in between.
-        {"z60 ? +0.1 input +2.8 ? +2.9 ? +3.1 ?", "away away away 8.8"},
+        {"z60 ? +1.6 input +1.3 ? +2.9 ? +3.1 ?", "away away away 7.3"},
         // With the desktop's word, input before the first look is known to be after the wake.
         {"+9 z60 wake +3 input +2 ? +10 ?", "away 12"},
         // Input just before the sleep.
         {"+9 input +1 z60 wake +8 ? +10 ?", "away away"},
-        // Input in the moment of the desktop's word was not after it.
-        {"+9 wake input +5 ? +10 ? input +2 ?", "away away 2"},
+        // The desktop's own input, with the wake.
+        {"+9 z60 wake +1.4 input +5 ? +10 ? input +2 ?", "away away 2"},
+        {"+9 z60 wake +1.6 input +5 ? +10 ?", "away 15"},
         // The desktop's word alone.
         {"+9 wake +5 ? +10 ? input +10 ?", "away away 10"},
         // The word comes after the clocks were looked at.
