@@ -115,6 +115,6 @@ QByteArray AutostartLoginItems::entry(const QString& executablePath)
 
 bool AutostartLoginItems::isAutostartGroup(const QByteArray& controlGroup)
 {
-    // app-org.zelvo.StandUp@autostart.service, where systemd escapes what a unit's name may not hold.
-    return controlGroup.contains("@autostart.service");
+    // Another entry's group is inherited by all that is started from that program: a terminal's, say.
+    return controlGroup.contains("/app-org.zelvo.StandUp@autostart.service");
 }

@@ -38,7 +38,8 @@ TEST(AutostartLoginItemsTest, startThisExecutableUnlessTheUserWantsItOtherwise)
     }
     EXPECT_TRUE(
         AutostartLoginItems::isAutostartGroup("0::/app.slice/app-org.zelvo.StandUp@autostart.service\n"));
-    EXPECT_FALSE(AutostartLoginItems::isAutostartGroup("0::/user.slice/user-1000.slice/session-2.scope\n"));
+    EXPECT_FALSE(
+        AutostartLoginItems::isAutostartGroup("0::/app.slice/app-org.kde.yakuake@autostart.service\n"));
 
     const auto insert = [] { EXPECT_FALSE(AutostartLoginItems("/dev/null").insertItem("/bin/a")); };
     EXPECT_TRUE(logOf(insert).contains("cannot be started at login"));
