@@ -51,6 +51,8 @@ void TrayHost::watchBus()
 
 void TrayHost::askWatcher()
 {
+    if (m_available)
+        return;
     QDBusMessage message = QDBusMessage::createMethodCall(
         kWatcherName, kWatcherPath, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
     message << kWatcherName << QStringLiteral("IsStatusNotifierHostRegistered");
@@ -67,6 +69,8 @@ void TrayHost::watcherAnswered(const QDBusPendingCallWatcher& call)
     const QDBusPendingReply<QDBusVariant> reply = call;
     if (reply.isError()) {
         watcherIsMissing();
+        if (reply.error().type() == QDBusError::NoReply)
+            askWatcher(); // It is there, and slow; what its hosts told before, nobody repeats.
         return;
     }
     m_hasWatcher = true;
