@@ -79,6 +79,8 @@ void DBusWorkspace::watchLogind()
         releaseDelayLock();
         takeDelayLock();
         watchLockOfSession();
+        if (m_isSleepAnnounced)
+            prepareForSleep(false); // The logind that would have said so is gone.
     });
     takeDelayLock();
     watchLockOfSession();
@@ -139,6 +141,7 @@ void DBusWorkspace::releaseDelayLock()
 
 void DBusWorkspace::prepareForSleep(bool isAboutToSleep)
 {
+    m_isSleepAnnounced = isAboutToSleep;
     if (isAboutToSleep) {
         tell(m_willSleep);
         releaseDelayLock();

@@ -61,5 +61,6 @@ private:
     int m_lockRequest = 0; ///< counts up when an answer that is still under way no longer counts
     QSet<QString> m_darkSources; ///< their last word was dark
     bool m_isDark = false;
+    bool m_isSleepAnnounced = false; ///< and its wake not yet
     bool m_hasService = false; ///< one has said something of the screens
 };
