@@ -41,10 +41,12 @@ CommandClient::Answer StatusWatch::run()
 
 void StatusWatch::look()
 {
-    // A program that is too busy to answer tells of its next change, and one that has gone leaves the bus.
+    // A program that is too busy to answer is asked again, and one that has gone leaves the bus.
     QVariantMap status;
     if (m_client.askStatus(status) == CommandClient::Answer::Done)
         print(status);
+    else
+        lookAfter(kMinute);
 }
 
 void StatusWatch::print(const QVariantMap& status)
@@ -59,7 +61,12 @@ void StatusWatch::print(const QVariantMap& status)
         return;
     const double seconds = RunLoop::main().now() - status[QStringLiteral("since")].toDouble();
     const double untilNext = kMinute - std::fmod(std::fmax(seconds, 0), kMinute);
+    lookAfter(untilNext + kBehindTheMinute);
+}
+
+void StatusWatch::lookAfter(double seconds)
+{
+    invalidate(m_minute);
     m_minute = m_timers.schedule(
-        untilNext + kBehindTheMinute, RunLoop::Repeat::No, [this](Timer&) { look(); }, {},
-        RunLoop::Precision::Precise);
+        seconds, RunLoop::Repeat::No, [this](Timer&) { look(); }, {}, RunLoop::Precision::Precise);
 }

@@ -24,6 +24,7 @@ private Q_SLOTS:
 
 private:
     void print(const QVariantMap& status);
+    void lookAfter(double seconds);
 
     CommandClient& m_client;
     QEventLoop m_loop;
