@@ -131,7 +131,7 @@ double Oracle::idleSeconds()
         return seconds;
     if (m_absenceSeenAt < 0 || m_now <= m_absenceSeenAt + 3)
         m_absenceSeenAt = m_now;
-    else if (m_now - seconds > m_absentSince)
+    else if (m_now - seconds > m_absentSince + kWaking)
         m_absentSince = kNever, m_absenceSeenAt = -1;
     return m_absentSince == kNever ? seconds : kNever;
 }

@@ -58,6 +58,7 @@ struct Process {
 
     // Record and schedule.
     bool m_isOpen = false;
+    bool m_hasStore = false;
     bool m_isGiven = false; ///< nothing is recorded until the next event, as a wake has it
     double m_due = kNever, m_scheduledAt = 0;
     Posture m_scheduled = None;
@@ -140,6 +141,8 @@ public:
     /// The adapter that the program drives; -1 without any.
     [[nodiscard]] int driven() const { return m_adapters.empty() ? -1 : m_adapters.back(); }
     [[nodiscard]] bool isReminderOpen() const { return m_isReminderOnShow && m_fadedAt == kNever; }
+    /// The file of the record is open.
+    [[nodiscard]] bool hasStore() const { return m_hasStore; }
     /// All adapters are taken up, and answer at once.
     [[nodiscard]] bool isQuick() const { return isAnsweredAtOnce() && m_now > m_goodSince; }
 
@@ -147,6 +150,7 @@ private:
     static constexpr double kPoll = 1.0, kLook = 10.0, kPulse = 15.0, kResend = 0.2; ///< rhythms
     static constexpr double kCheck = 0.2; ///< after an adapter was taken up
     static constexpr double kOverrun = 0.15, kStop = 0.3; ///< last movement report after a hold, and its stop
+    static constexpr double kWaking = 1.5; ///< after a wake, in which input is the machine's own
     static constexpr double kErrorStays = 15.0, kFade = 0.4, kFrame = 0.025;
     static constexpr double kPatience = 5.05, kSlowest = 0.6; ///< a transfer without an answer, and with one
     static constexpr double kBelieved = 5.0; ///< an answer

@@ -25,7 +25,7 @@ void Oracle::open()
 
 void Oracle::beginRow()
 {
-    m_isOpen = true;
+    m_isOpen = m_hasStore = true;
     m_span = {wall(), m_now, m_slept};
     m_storedEnd = wall();
     m_rows.push_back({wall(), wall(), m_posture, setting("Weight")});

@@ -55,6 +55,8 @@ const std::vector<Verb> kVerbs {
             "<+1245>-12:45<+1345>,M9.5.0/2:45,M4.1.0/3:45", "UTC0"}},
     {"set", 4},
     {"answer", 9, {"snooze", "skip", "close"}},
+    // There is no room for the record.
+    {"disk", 2, {"full", "room"}},
     // The process ends, and starts again.
     {"end", 1, {"kill", "quit"}},
     // It stands still for that long; a held button is let go half way.

@@ -115,7 +115,7 @@ std::string World::play(const Script& script)
         pass(step.seconds);
     }
     for (const char* verb : {"let-go button", "wire well", "error none", "user back", "window none",
-             "unplug second", "plug first"})
+             "disk room", "unplug second", "plug first"})
         play(parseScript(std::string("0;") + verb + " 0 0").steps.front());
     pass(45);
     // Pulse, idle poll, height, schedule, a reminder; and clocks of errors, of which each of two windows

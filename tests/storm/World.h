@@ -44,6 +44,7 @@ public:
     QPointer<QWidget> held, main, reminder;
     std::map<HidDeviceRef, int> numbers; ///< of the adapters
     bool isSlow = false; ///< on the cables
+    static inline bool s_isDiskFull = false;
 
 private:
     void play(const Step& step);

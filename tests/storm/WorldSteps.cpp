@@ -7,6 +7,7 @@
 
 #include <cerrno>
 #include <ctime>
+#include <utility>
 
 namespace storm {
 namespace {
@@ -183,6 +184,22 @@ void answer(World& world, const Step& step)
             child(world.reminder, how == "snooze" ? "buttonSnooze" : "buttonCancel"), Qt::LeftButton);
 }
 
+/// Once there is room again, what has waited is saved with the next pulse; the first after a sleep ends a
+/// period.
+void makeRoom(World& world)
+{
+    if (std::exchange(World::s_isDiskFull, false))
+        world.pass(31);
+}
+
+void setDisk(World& world, const Step& step)
+{
+    if (step.variant == "room")
+        makeRoom(world);
+    else // Whether a store is made without room, and when, is a story of its own.
+        World::s_isDiskFull = world.oracle().hasStore();
+}
+
 void freeze(World& world, const Step& step)
 {
     // Whether what is late on the cable or another timer comes first, nobody can know. An adapter that is
@@ -235,11 +252,13 @@ const std::vector<std::pair<std::string, Deed>> kDeeds {
     {"answer", &answer},
     {"end",
         [](World& world, const Step& step) {
+            makeRoom(world);
             world.end(step.variant == "kill");
             world.passUntil(95);
             world.start();
         }},
     {"freeze", &freeze},
+    {"disk", &setDisk},
 };
 }
 
