@@ -75,19 +75,6 @@ def test_settings_in_two_systems_of_units(desktop, language):
     setup.program.click_tray()
     setup.program.window_with("Up").hears(height)
 
-    setup.open()
-    setup.panel.find("Calories", "page tab").press()
-    setup.panel.find("200 Calories").press()
-    setup.leaves_by("Done")
-    assert setup.stored("ActivityMode", "ActivityGoal") == [1, 200]
-    setup.open()
-    setup.enter(WEIGHT, "50")
-    setup.leaves_by("Close without saving")
-    setup.open()
-    setup.panel.find("Dark", "combo box")
-    assert setup.field(WEIGHT).text == typed[0]
-    assert setup.stored("Weight") == pytest.approx(stored[:1])
-
 
 def test_what_goes_round_the_keyboard_is_checked_all_the_same(desktop):
     setup = Setup(desktop, Weight=12345, NumberOfStandUps=2147483647)
