@@ -20,7 +20,6 @@ class Office:
         self.logind = desktop.add_logind()
         if not simulated:
             self.adapter = desktop.plug()
-        self.awake_began = desktop.clock.monotonic()
         self.program = desktop.start_recording()
         wait_until(lambda: self.logind.inhibitors(), "the lock that delays a sleep")
 
@@ -54,16 +53,13 @@ class Office:
         self.until(lambda: polls() >= times, "a look at the user")
 
     def screens(self, dark, way="x"):
-        # As they are told of: by the X server, a screen saver, a compositor, the machine's session.
-        mutter = ("org.gnome.Mutter.DisplayConfig", {"PowerSaveMode": GLib.Variant("i", 3 * dark)}, [])
-        changed = ("org.freedesktop.DBus.Properties", "PropertiesChanged", GLib.Variant("(sa{sv}as)", mutter))
+        # As they are told of: by the X server, a screen saver, the machine's session.
         saver = ("org.freedesktop.ScreenSaver", "ActiveChanged", GLib.Variant("(b)", (dark,)))
         session = ("/org/freedesktop/login1/session/auto", "org.freedesktop.login1.Session", "SetLockedHint")
         emit = self.desktop.session.emit_signal
         {
             "x": lambda: self.desktop.x.force_screen_saver(dark),
             "freedesktop": lambda: emit(None, "/ScreenSaver", *saver),
-            "mutter": lambda: emit(None, "/org/gnome/Mutter/DisplayConfig", *changed),
             "logind": lambda: call(self.desktop.system, self.logind.name, *session, "(b)", dark),
         }[way]()
         self.program.tray_icon()  # It answers after what it heard on the same bus.
@@ -97,12 +93,6 @@ class Office:
         self.pass_time(seconds)
         assert self.records == before
 
-    def is_plausible(self):
-        # No record runs backwards, overlaps another or covers more than the awake time.
-        assert all(start <= end and standing for start, end, standing in self.records)
-        awake = self.desktop.clock.monotonic() - self.awake_began + 3
-        assert sum(end - start for start, end, _ in self.records) <= awake
-
 
 @pytest.mark.parametrize("signals", [True, False], ids=["with signals", "without a signal"])
 def test_nights_asleep_are_not_recorded(desktop, signals):
@@ -126,9 +116,6 @@ def test_nights_asleep_are_not_recorded(desktop, signals):
         assert sum(end - start for start, end, _ in others) <= IDLE_POLL + LAG
         office.comes_back()
         assert office.records[-1][0] > asleep + 15 * HOUR
-    office.is_plausible()
-    office.program.click_tray()
-    office.program.window_with("Up").hears("Current session")
 
 
 def test_who_is_away_or_sits_before_dark_screens_is_not_recorded(desktop):
@@ -151,14 +138,13 @@ def test_who_is_away_or_sits_before_dark_screens_is_not_recorded(desktop):
     office.screens(dark=False)
     office.comes_back()
     office.logind.call("AddSession", "(ssusb)", "auto", "seat0", 500, "somebody", True)
-    for way in ("freedesktop", "mutter", "logind"):
+    for way in ("freedesktop", "logind"):
         for dark in (True, False, True, False):  # Lock, unlock, lock: each lock begins a period of its own.
             before = len(office.records)
             office.touch()
             office.screens(dark, way)
             if dark:
                 wait_until(lambda: len(office.records) > before, f"a fresh period by {way}")
-    office.is_plausible()
 
 
 def test_a_clock_that_is_set_ends_a_period_and_begins_another(desktop):
@@ -173,4 +159,3 @@ def test_a_clock_that_is_set_ends_a_period_and_begins_another(desktop):
         ends = {start: end for start, end, _ in office.records}
         (fresh,) = ends.keys() - before
         assert fresh == pytest.approx(set_at + by, abs=PULSE + LAG) and 0 <= ends[begun] - saved <= PULSE + LAG
-    office.is_plausible()
