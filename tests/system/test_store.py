@@ -92,9 +92,6 @@ def test_a_damaged_store_is_left_alone_and_named(desktop):
     program.window_with("Up").hears("Current session")
     program.quit()
     assert desktop.store.read_bytes() == before
-    desktop.store.unlink()
-    desktop.start()
-    wait_until(desktop.records, "a record in a new store")
 
 
 def test_a_store_that_may_not_be_written_is_named(desktop):
@@ -106,7 +103,7 @@ def test_a_store_that_may_not_be_written_is_named(desktop):
 
 def test_two_programs_do_not_share_a_store(desktop):
     desktop.settings()
-    first = desktop.start_recording()
+    desktop.start_recording()
     (desktop.home / "other").mkdir(mode=0o700)
     second = desktop.start(XDG_RUNTIME_DIR=str(desktop.home / "other"))
     assert "Close the other program. Nothing is recorded" in panel(second, "Another program")
@@ -114,6 +111,3 @@ def test_two_programs_do_not_share_a_store(desktop):
         first_end = desktop.records()[0][1]
         wait_until(lambda: desktop.records()[0][1] > first_end + PULSE, "the first one's pulses")
         assert len(desktop.records()) == 1
-    first.quit()
-    with desktop.clock.running(RATE):
-        wait_until(lambda: len(desktop.records()) == 2, "the second one's record")
