@@ -32,9 +32,7 @@ class SessionManager:
         self.saves = 0
         answers = {
             "register": self._register,
-            "interact": lambda client, *_: SM.SmsInteract(client) and 0,
             "saved": self._saved,
-            "get_properties": lambda client, *_: SM.SmsReturnProperties(client, 0, None) and 0,
         }
         self._callbacks = [CALLBACK(answers.get(name, lambda *_: 0)) for name in REQUESTS]
         self._welcome = NEW_CLIENT(self._new_client)
