@@ -28,7 +28,7 @@ double SleepAwareEventSource::secondsSinceLastEventType(EventType eventType)
     if (!m_absence)
         return seconds;
     const double lastInputAt = RunLoop::main().monotonicNow() - seconds;
-    if (isFirstLook() || lastInputAt <= m_absence->wokeAt + kWakingSeconds)
+    if (isFirstLook() || lastInputAt <= m_absence->wokeAt)
         return std::numeric_limits<double>::infinity();
     m_absence.reset();
     return seconds;
@@ -36,19 +36,19 @@ double SleepAwareEventSource::secondsSinceLastEventType(EventType eventType)
 
 void SleepAwareEventSource::didWake()
 {
-    noticeSleep();
     // The word may come after the clocks were looked at; input between the two is input after the wake.
-    if (!m_absence)
-        m_absence = Absence {RunLoop::main().monotonicNow(), std::nullopt};
+    if (noticeSleep() || !m_absence)
+        m_absence = Absence {RunLoop::main().monotonicNow() + kWakingSeconds, std::nullopt};
 }
 
-void SleepAwareEventSource::noticeSleep()
+bool SleepAwareEventSource::noticeSleep()
 {
     const double sleep = RunLoop::main().readClocks().sleep();
     if (sleep - m_sleepSoFar < kShortestSleepSeconds)
-        return;
+        return false;
     m_sleepSoFar = sleep;
     m_absence = Absence {RunLoop::main().monotonicNow(), std::nullopt};
+    return true;
 }
 
 bool SleepAwareEventSource::isFirstLook()

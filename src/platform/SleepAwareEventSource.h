@@ -24,7 +24,7 @@ public:
     void didWake() override;
 
 private:
-    void noticeSleep();
+    bool noticeSleep(); ///< whether there was one
     [[nodiscard]] bool isFirstLook();
 
     std::shared_ptr<EventSource> m_source;

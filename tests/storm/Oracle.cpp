@@ -131,17 +131,18 @@ double Oracle::idleSeconds()
         return seconds;
     if (m_absenceSeenAt < 0 || m_now <= m_absenceSeenAt + 3)
         m_absenceSeenAt = m_now;
-    else if (m_now - seconds > m_absentSince + kWaking)
+    else if (m_now - seconds > m_absentSince)
         m_absentSince = kNever, m_absenceSeenAt = -1;
     return m_absentSince == kNever ? seconds : kNever;
 }
 
-void Oracle::noticeSleep()
+bool Oracle::noticeSleep()
 {
     if (std::exchange(m_sleepSeen, m_slept) == m_slept)
-        return;
+        return false;
     m_absentSince = m_now;
     m_absenceSeenAt = -1;
+    return true;
 }
 
 // The process and the machine.
@@ -183,8 +184,8 @@ void Oracle::wakeTold()
     close();
     m_isGiven = true;
     m_wokeAt = m_now;
-    noticeSleep();
-    m_absentSince = std::min(m_absentSince, m_now);
+    if (noticeSleep() || m_absentSince == kNever)
+        m_absentSince = m_now + kWaking;
 }
 
 void Oracle::slept(double seconds)
