@@ -171,7 +171,8 @@ private:
         double wall = 0, from = 0, slept = 0;
     };
 
-    static bool isNear(double left, double right) { return std::abs(left - right) < 1e-3; }
+    /// Two adapters come a thousandth of a second after one another.
+    static bool isNear(double left, double right) { return std::abs(left - right) < 9e-4; }
     /// `due`, or the first of the moments that follow it in the rhythm after now.
     [[nodiscard]] double next(double due, double interval) const;
 
@@ -187,7 +188,7 @@ private:
     void pulse();
     void lookAtUser();
     [[nodiscard]] double idleSeconds();
-    void noticeSleep();
+    bool noticeSleep(); ///< whether there was one
     void periodEnds();
     void dismissTicks();
     void fadeEnds();
