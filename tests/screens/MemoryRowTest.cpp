@@ -6,6 +6,7 @@
 
 namespace {
 constexpr int kUp = 0x8000;
+constexpr int kDown = 0x7FFF;
 constexpr int kStop = 0x8001;
 
 class MemoryRowTest : public SetupTest {
@@ -129,15 +130,17 @@ TEST_F(MemoryRowTest, theDeskStopsWhenTheScreenGoesWhileAButtonIsHeld)
     const std::function<void()> kEndings[] = {[this] { click(find("buttonCloseWithoutSaving")); },
         [this] { wizard->showSetupView(); },
         [this] { wizard->setupViewController().memoryViewButtonDoneClicked(); }, [this] { wizard.reset(); }};
-    for (const auto& end : kEndings) {
-        open();
-        openEditor(1);
-        QTest::mousePress(&find("buttonUp"), Qt::LeftButton);
-        EXPECT_EQ(movement(), kUp);
-        const auto written = platform.written.size();
-        end();
-        EXPECT_EQ(movement(), kStop) << &end - kEndings;
-        EXPECT_EQ(platform.written.size(), written + 1);
-        wizard.reset();
+    for (const auto& [name, command] : {std::pair("buttonUp", kUp), {"buttonDown", kDown}}) {
+        for (const auto& end : kEndings) {
+            open();
+            openEditor(1);
+            QTest::mousePress(&find(name), Qt::LeftButton);
+            EXPECT_EQ(movement(), command);
+            const auto written = platform.written.size();
+            end();
+            EXPECT_EQ(movement(), kStop) << &end - kEndings;
+            EXPECT_EQ(platform.written.size(), written + 1);
+            wizard.reset();
+        }
     }
 }

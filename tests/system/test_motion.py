@@ -115,14 +115,6 @@ def test_each_button_does_what_it_says(desk):
     for name, value in ends.items():
         test.find(f"{name} once").press()
         wait_until(lambda: desk.adapter.values()[-1] == value, name)
-    desk.program.choose("Settings…")
-    panel = desk.program.window_with("Settings")
-    panel.find("Position 3, 114 cm").press()
-    for name, value in ends.items():
-        desk.hold(name, value, panel)
-        desk.stands(desk.release())
-    panel.find("Store").press()
-    wait_until(lambda: desk.desktop.setting("DevicePosition3") == str(round(desk.adapter.height)), "stored height")
 
 
 @pytest.mark.parametrize("seconds,carried_out", [(0.3, True), (1, False), (2, True), (6, False)])
