@@ -42,6 +42,20 @@ public:
         });
     }
 
+    /// A desk that communicates and stands at the height; adopted and polled once.
+    void plug(uint16_t height)
+    {
+        hid.desk().setHeight(height);
+        hid.plug();
+        runLoop.advance(1.5);
+        written.clear();
+    }
+    void unplug()
+    {
+        hid.unplug();
+        runLoop.advance(0);
+    }
+
     /// What the next start of the program finds, which may have brought another bundle.
     void restart(Bundle* otherBundle = nullptr)
     {

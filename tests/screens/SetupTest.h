@@ -31,18 +31,8 @@ protected:
         properties().setZelvoController(nullptr); // Before the world that this fixture makes for it.
     }
 
-    void plug()
-    {
-        hid.desk().setHeight(kHeight);
-        hid.plug();
-        platform.runLoop.advance(1.5);
-        platform.written.clear();
-    }
-    void unplug()
-    {
-        hid.unplug();
-        platform.runLoop.advance(0);
-    }
+    void plug() { platform.plug(kHeight); }
+    void unplug() { platform.unplug(); }
     void moveDeskTo(uint16_t height)
     {
         hid.desk().setHeight(height);

@@ -65,7 +65,7 @@ TEST_F(MainWindowControllerTest, theSessionCircleFollowsTheSchedule)
     start();
     EXPECT_EQ(text(window, "labelStatus"), QStringLiteral("ConnectTable"));
     EXPECT_EQ(menulet().statusItem()->toolTip(), QStringLiteral("TrayTooltipDisconnected"));
-    world->plugDesk(900);
+    world->platform.plug(900);
     EXPECT_EQ(menulet().statusItem()->toolTip(), QStringLiteral("TrayTooltipSitting, TrayTooltipChange"));
     EXPECT_EQ(text(window, "labelStatus"), QStringLiteral("CurrentSession")) << "at once";
     world->hid.desk().setHeight(1100);
@@ -87,7 +87,7 @@ TEST_F(MainWindowControllerTest, theSessionCircleFollowsTheSchedule)
     world->hid.desk().setUnnamedError(true);
     pass(1); // The next poll.
     EXPECT_EQ(menulet().statusItem()->toolTip(), QStringLiteral("TrayTooltipError")) << "though it moved";
-    world->unplugDesk();
+    world->platform.unplug();
     EXPECT_EQ(menulet().statusItem()->toolTip(), QStringLiteral("TrayTooltipDisconnected"));
     EXPECT_EQ(text(window, "labelStatus"), QStringLiteral("ConnectTable"));
 }

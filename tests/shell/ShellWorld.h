@@ -22,19 +22,6 @@ public:
         properties.setNumberOfStandUps(3);
     }
 
-    /// A desk that communicates and stands at the height; adopted and polled once.
-    void plugDesk(int height)
-    {
-        hid.desk().setHeight(height);
-        hid.plug();
-        platform.runLoop.advance(1.5);
-    }
-    void unplugDesk()
-    {
-        hid.unplug();
-        platform.runLoop.advance(0);
-    }
-
     [[nodiscard]] QString dataFolder() const
     {
         return platform.folder.filePath(QStringLiteral("org.zelvo.StandUp"));

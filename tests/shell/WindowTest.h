@@ -52,8 +52,7 @@ protected:
     void startWithDesk()
     {
         start();
-        world->plugDesk(900);
-        world->platform.written.clear();
+        world->platform.plug(900);
     }
     MenuletController& menulet() { return world->app->menuletController(); }
     static AppProperties& properties() { return AppProperties::instance(); }
