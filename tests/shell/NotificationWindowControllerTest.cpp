@@ -69,11 +69,20 @@ TEST_F(NotificationWindowControllerTest, anAnsweredReminderWaitsForNothing)
 TEST_F(NotificationWindowControllerTest, theSameContentIsNotBegunAnewAndNoneEmptiesIt)
 {
     start();
-    const QWidget& window = remind(kSitting);
+    QWidget& window = remind(kSitting);
     NotificationWindowController& reminder = menulet().notificationWindow();
     const TimerRef timer = reminder.dismissTimer();
     reminder.setNotification(reminder.notification());
     EXPECT_EQ(reminder.dismissTimer(), timer);
+    window.move(5, 5);
+    remind(kStanding);
+    EXPECT_EQ(window.pos(), QPoint(5, 5)) << "where the user has dragged it";
+    QApplication::setActiveWindow(nullptr);
+    for (QWidget* const active : std::initializer_list<QWidget*> {&window, nullptr}) {
+        QApplication::setActiveWindow(active);
+        pass(60);
+        EXPECT_EQ(reminder.isOpen(), active == &window) << "a keyboard in it keeps it open";
+    }
     reminder.setNotification(nullptr);
     for (const char* label : {"labelTitle", "labelMessage", "calRadialTitle", "calRadialSubTitle"})
         EXPECT_EQ(text(window, label), QString()) << label;
