@@ -4,6 +4,7 @@
 
 #include <QCoreApplication>
 #include <QTemporaryDir>
+#include <QTimer>
 
 #include <future>
 
@@ -33,6 +34,10 @@ TEST(SingleInstanceTest, aSecondStartShowsTheFirstOnesWindow)
     EXPECT_TRUE(isAnsweredAgain(folder.path(), {longest, "history"}));
     EXPECT_TRUE(isAnsweredAgain(folder.path(), {}));
     EXPECT_EQ(shown, "history|" + longest + '|');
+    const QString socket = folder.filePath("org.zelvo.StandUp.socket");
+    ASSERT_TRUE(QFile::rename(socket, socket + '~')); // As while it does not listen yet.
+    QTimer::singleShot(50, [&] { QFile::rename(socket + '~', socket); });
+    EXPECT_TRUE(isAnsweredAgain(folder.path(), {}));
 }
 
 TEST(SingleInstanceTest, withoutAUsableFolderTheProgramStartsAnyway)
