@@ -65,15 +65,22 @@ TEST_F(WindowPlacementTest, aWindowIsFetchedIntoSightWhenTheScreensChange)
 {
     QScreen* const screen = QGuiApplication::primaryScreen();
     const QRect area = screen->availableGeometry();
-    const std::pair<QRect, QRect> kTestCases[] = {{{20, 30, 300, 200}, {20, 30, 300, 200}},
-        {{-40, 30, 300, 200}, {0, 30, 300, 200}},
-        {{3000, 30, 301, 201}, {(area.width() - 301) / 2, (area.height() - 201) / 2, 301, 201}},
-        {{40, 30, 300, area.height() + 100}, {40, 0, 300, area.height()}}};
-    for (const auto& [before, after] : kTestCases) {
+    const auto panelMoves = [&](PanelWindow&) { Q_EMIT screen->availableGeometryChanged(area); };
+    const auto screenGoes = [&](PanelWindow&) { Q_EMIT qGuiApp->screenRemoved(screen); };
+    const auto windowGrows = [](PanelWindow& window) { window.setExtraHeight(0); };
+    const std::tuple<QRect, QRect, std::function<void(PanelWindow&)>> kTestCases[] = {
+        {{20, 30, 300, 200}, {20, 30, 300, 200}, panelMoves},
+        {{-40, 30, 300, 200}, {0, 30, 300, 200}, panelMoves},
+        {{-40, 30, 300, 200}, {0, 30, 300, 200}, screenGoes},
+        {{-40, 30, 300, 200}, {0, 30, 300, 200}, windowGrows},
+        {{3000, 30, 301, 201}, {(area.width() - 301) / 2, (area.height() - 201) / 2, 301, 201}, panelMoves},
+        {{40, 30, 300, area.height() + 100}, {40, 0, 300, area.height()}, panelMoves},
+    };
+    for (const auto& [before, after, change] : kTestCases) {
         PanelWindow moved(Qt::Window | Qt::FramelessWindowHint);
         moved.setGeometry(before);
         show(moved);
-        Q_EMIT screen->availableGeometryChanged(area);
+        change(moved);
         EXPECT_EQ(moved.geometry(), before);
         platform.runLoop.advance(0);
         EXPECT_EQ(moved.geometry(), after);
