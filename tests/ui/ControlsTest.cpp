@@ -1,5 +1,6 @@
 #include "fakes/ControlTest.h"
 #include "ui/BackgroundTextField.h"
+#include "ui/ChoiceBox.h"
 #include "ui/ClickableLabel.h"
 #include "ui/Dissolve.h"
 #include "ui/HoverLink.h"
@@ -35,6 +36,7 @@ protected:
     MouseEventButton desk;
     StepSlider slider;
     BackgroundTextField field;
+    ChoiceBox box;
 };
 }
 
@@ -55,6 +57,10 @@ TEST_F(ControlsTest, aPressThatIsAskedForClicksUnlessDisabledAndNeverHoldsADesks
     EXPECT_EQ(told, QStringLiteral("1press 0 1press linked 0 linked 1press 0 0 0 "));
     enter(link);
     EXPECT_EQ(link.textColor(), link.palette().color(QPalette::LinkVisited));
+    for (QPushButton* const pressed : std::initializer_list<QPushButton*> {&link, &underlined}) {
+        pressed->setDown(true);
+        EXPECT_EQ(grab(*pressed).pixelColor(1, 20), QColor(255, 0, 255)) << "no box behind a link";
+    }
     button.setDown(true);
     EXPECT_TRUE(QAccessible::queryAccessibleInterface(&button)->state().pressed);
 
@@ -70,7 +76,7 @@ TEST_F(ControlsTest, aPressThatIsAskedForClicksUnlessDisabledAndNeverHoldsADesks
 TEST_F(ControlsTest, theMouseAndTheKeyboardsFocusShowAndTheMarkComesBackWithTheWindow)
 {
     for (QWidget* const control :
-        std::initializer_list<QWidget*> {&button, &link, &underlined, &tab, &slider, &field}) {
+        std::initializer_list<QWidget*> {&button, &link, &underlined, &tab, &slider, &field, &box}) {
         SCOPED_TRACE(control->metaObject()->className());
         control->resize(100, 40);
         show(*control);
@@ -78,7 +84,7 @@ TEST_F(ControlsTest, theMouseAndTheKeyboardsFocusShowAndTheMarkComesBackWithTheW
         leave(*control);
         const QImage plain = grab(*control);
         enter(*control);
-        EXPECT_EQ(grab(*control) != plain, control != &slider && control != &field);
+        EXPECT_EQ(grab(*control) != plain, control != &slider && control != &field && control != &box);
         leave(*control);
         control->setFocus(Qt::MouseFocusReason);
         EXPECT_EQ(grab(*control), plain);
