@@ -72,6 +72,8 @@ TEST_F(PaletteTest, theUserChoosesTheLookOfOpenWindowsOrLetsTheDesktop)
         EXPECT_EQ(PanelWindow().palette(), window.palette());
         EXPECT_EQ(window.palette().color(QPalette::LinkVisited), zelvoLinkHover()) << "under the mouse";
         EXPECT_TRUE(link.text().contains(zelvoHoverColor().name())) << choice;
+        EXPECT_EQ(pressedColor(Qt::gray).lightness() > QColor(Qt::gray).lightness(), isDark) << choice;
+        EXPECT_EQ(zelvoPressShade().lightness() > 128, isDark) << choice;
         EXPECT_EQ(asked, choice == Appearance::AsDesktop);
     }
 }
