@@ -7,7 +7,6 @@ import time
 from pathlib import Path
 
 import pytest
-from bus import call
 from desktop import PROGRAM, Desktop
 from program import Program
 from waiting import wait_until
@@ -28,9 +27,6 @@ class RealDesktop(Desktop):
     def start(self):
         self.programs.append(Program(self, self.spawn(PROGRAM)))
         return self.programs[-1]
-
-    def ask(self, method):
-        return call(self.session, "org.zelvo.StandUp", "/org/zelvo/StandUp", "org.zelvo.StandUp1", method)
 
     def tells(self, **expected):
         wait_until(lambda: expected.items() <= self.ask("Status")[0].items(), expected)

@@ -180,6 +180,10 @@ class Desktop:
         self.env["PATH"] = f"{folder}:{self.env['PATH']}"
         return lambda: links.read_text().split()
 
+    def ask(self, method):
+        # Over the session bus.
+        return call(self.session, "org.zelvo.StandUp", "/org/zelvo/StandUp", "org.zelvo.StandUp1", method)
+
     def log(self):
         file = self.folder / "StandUp.log"
         return file.read_text() if file.exists() else ""

@@ -1,7 +1,6 @@
 """Settings as the user enters them, in their units, and as somebody else has left them in the file."""
 
 import pytest
-from bus import call
 from gi.repository import GLib
 from screenreader import FOCUSED
 from waiting import at_rest, holds_for, wait_until
@@ -132,7 +131,7 @@ def test_who_follows_the_desktop_gets_its_look_and_its_motion(desktop):
     def changes(key, kind, value):
         portal.emit("SettingChanged", "ssv", keys.get(key, key), key, GLib.Variant(kind, value))
         # It answers after what it heard on the same connection; the tray icon has one of its own.
-        call(desktop.session, "org.zelvo.StandUp", "/org/zelvo/StandUp", "org.zelvo.StandUp1", "Status")
+        desktop.ask("Status")
 
     # The first time as the portal said when it was asked.
     later = [("enable-animations", "b", True), ("enable-animations", "b", False), ("AnimationDurationFactor", "d", 0.5)]
