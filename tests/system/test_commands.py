@@ -52,6 +52,7 @@ def test_a_command_without_a_program_says_so_or_starts_it(desktop, ask):
         assert "There is no display" in ask(*arguments, code=1)
     program = desktop.start("--history")
     desktop.window("Settings")  # There is no history before the set-up.
+    assert "goal_done" not in wait_until(lambda: desktop.ask("Status")[0], "its status")
     program.quit()
     desktop.settings()
     program = desktop.start("--history")
@@ -80,6 +81,8 @@ def test_starts_that_end_at_once(desktop, ask):
     assert "Einstellungen…" in program.menu()
     for file in (".local/share/org.zelvo.StandUp/StandUp.log", ".config/org.zelvo.StandUp/StandUp.conf"):
         wait_until((desktop.home / file).exists, "the usual folder")
+    program.quit()
+    assert "Einstellungen…" in desktop.start(LC_ALL="de_AT.UTF-8").menu()
 
 
 def test_without_a_session_bus_a_second_start_still_works(desktop, ask):
