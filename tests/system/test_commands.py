@@ -60,6 +60,9 @@ def test_a_command_without_a_program_says_so_or_starts_it(desktop, ask):
     for command, title in TITLES.items():
         assert ask(command) == ""
         program.in_front(title)
+    for method, title in zip(("ShowSettings", "Show", "ShowHistory"), TITLES.values()):
+        desktop.ask(method)
+        program.in_front(title)
     program.signal(signal.SIGSTOP)
     assert ask("--status", code=1) == "zelvo-standup: The program runs, but does not answer.\n"
     assert "The program is already running but does not respond." in ask(code=1, DISPLAY=desktop.env["DISPLAY"])
@@ -246,4 +249,6 @@ def test_the_bus_starts_the_program_and_cannot_move_the_desk(desktop, ask):
     for option in [*options, "--up", "--move=1000", "up"]:
         subprocess.run([PROGRAM, option], env=desktop.env, capture_output=True, timeout=20)
     assert set(adapter.values()) == {"init", STOP} and adapter.height == 900
-    ask("--quit")
+    assert not (desktop.home / "woken").exists()
+    desktop.ask("Quit")
+    wait_until(lambda: not desktop.has_owner(desktop.session, NAME), "the end")
