@@ -236,6 +236,8 @@ def test_the_bus_starts_the_program_and_cannot_move_the_desk(desktop, ask):
     (desktop.services / f"{NAME}.service").write_text(f"[D-BUS Service]\nName={NAME}\nExec=/usr/bin/{command}\n")
     bus = (desktop.session, "org.freedesktop.DBus", "/org/freedesktop/DBus", "org.freedesktop.DBus")
     call(*bus, "UpdateActivationEnvironment", "(a{ss})", desktop.env | desktop.bent())
+    (desktop.services / "idle.service").write_text(
+        f"[D-BUS Service]\nName=org.gnome.Mutter.IdleMonitor\nExec=/usr/bin/touch {desktop.home}/woken\n")
     call(*bus, "ReloadConfig")
     assert ask("--status", code=1) == NOT_RUNNING
     call(desktop.session, NAME, OBJECT, "org.freedesktop.Application", "Activate", "(a{sv})", {})
