@@ -42,7 +42,7 @@ class Adapter:
         self._order, self._order_at, self._moved_at = STOP, 0.0, clock()
         self._lock = threading.RLock()
         self.node = f"/dev/hidraw{number}"
-        names = ["manufacturer", maker + "\n", "product", f"Desk {number}\n"]
+        names = ["manufacturer", maker + "\n", "product", f"Desk\x1b {number}\n"]
         self._usb = self._bed.add_device("usb", f"usb{number}", None, names, ["DEVTYPE", "usb_device"])
         # An ordinary file stands for the node; what is opened there meets the handler.
         self.file = self._bed.get_root_dir() + self.node
