@@ -171,11 +171,12 @@ class Desktop:
         return {"BENT_CLOCK": str(self.clock.path), "LD_PRELOAD": preload}
 
     def keep_opened_links(self):
-        # What the desktop is asked to show, in place of a browser.
+        # What the desktop is asked to show, in place of a browser, and by what token; before it, what it inherited.
         folder, links = self.home / "bin", self.home / "links"
         folder.mkdir()
         links.touch()
-        (folder / "xdg-open").write_text(f'#!/bin/sh\necho "$1" >> {links}\n')
+        own = "readlink /proc/$$/fd/* | grep -e hidraw -e '\\.lock$'"
+        (folder / "xdg-open").write_text(f'#!/bin/sh\n{{ {own}; echo "$1 $XDG_ACTIVATION_TOKEN"; }} >> {links}\n')
         (folder / "xdg-open").chmod(0o700)
         self.env["PATH"] = f"{folder}:{self.env['PATH']}"
         return lambda: links.read_text().split()

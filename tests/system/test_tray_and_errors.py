@@ -4,7 +4,7 @@ import fcntl
 
 import pytest
 from Xlib import X
-from waiting import wait_until
+from waiting import DEADLINE, wait_until
 
 
 @pytest.mark.desktop(tray=False)
@@ -95,8 +95,9 @@ def test_an_error_is_shown_and_goes_with_its_adapter(desktop):
     adapter.error = (0, [7])
     main.hears("E07:")
     link = next(node for node in main.walk() if "E07:" in node.name)
+    desktop.start("--show", XDG_ACTIVATION_TOKEN="token").ends(within=DEADLINE)
     desktop.click(*link.middle)
-    wait_until(lambda: opened() == ["https://standup.zelvo.example/errors"], "the page about it")
+    wait_until(lambda: opened() == ["https://standup.zelvo.example/errors", "token"], "the page about it")
     adapter.unplug()
     main.hears("Please connect your desk")
     gone = desktop.clock.now()
