@@ -48,6 +48,7 @@ def test_the_icon_tells_whether_a_desk_is_there_and_a_silent_adapter_is_none(des
     program = desktop.start(XDG_CURRENT_DESKTOP="X-Generic:KDE")
     without, told = program.tray_icon()
     assert told == "No desk connected" and b"\xff\x23\x26\x29" in bytes(without[0][2]), "dark, as the words in windows are"
+    assert [side for side, *_ in without] == [16, 22, 24, 32, 44]
     program.click_tray()
     main = program.window_with("Up")
     main.hears("Please connect your desk")
@@ -70,7 +71,7 @@ def test_the_icon_tells_whether_a_desk_is_there_and_a_silent_adapter_is_none(des
     ]:
         adapter.put(height)
         adapter.error = error
-        wait_until(lambda words=words: program.tray_icon()[1] == words, words)
+        wait_until(lambda words=words: program.tray_icon()[1] == words, words, 40)
         pictures.append(program.tray_icon()[0])
     assert [pictures.index(picture) for picture in pictures] == [0, 1, 2, 2, 4, 2]
     with desktop.clock.running(10):
