@@ -116,8 +116,9 @@ def test_an_adapter_in_other_hands_is_taken_when_it_is_free(desktop, way):
     with open(adapter.file, "r+") as other:
         fcntl.flock(other, fcntl.LOCK_EX)
         desktop.start()
-        wait_until(lambda: "Open failed" in desktop.log(), "a refused adapter")
+        wait_until(lambda: "is in use by another program" in desktop.log(), "a refused adapter")
         refused = desktop.clock.now()
+        wait_until(lambda: desktop.ask("Status")[0]["desk"] == "busy", "the bar told of it")
         assert not adapter.wire
         if way == "closed":  # This is heard of.
             other.close()
