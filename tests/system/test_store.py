@@ -1,11 +1,10 @@
 """The record of a life: full disks, a damaged store, a second program on it."""
 
 import os
-import signal
 import subprocess
 
 import pytest
-from waiting import at_rest, wait_until
+from waiting import DEADLINE, at_rest, wait_until
 
 PULSE = 15.0
 RATE = 20
@@ -74,7 +73,7 @@ def test_a_disk_that_fills_while_recording(desktop, ballast):
     with desktop.clock.running(RATE):
         panel(program)
     wait_until(lambda: not at_rest(desktop.windows), "the panel closed")  # A question would go with it.
-    program.signal(signal.SIGTERM)
+    desktop.start("--quit").ends(1, within=DEADLINE)  # A question keeps it.
     program.window_with("Quit Anyway", "Cancel").find("Quit Anyway").press()
     program.ends()
 
@@ -90,6 +89,7 @@ def test_a_damaged_store_is_left_alone_and_named(desktop):
     while len(desktop.windows()) > 1:
         panel(program)
     program.window_with("Up").hears("Current session")
+    wait_until(lambda: "Paused" in program.tray_icon()[1], "the tray")
     program.quit()
     assert desktop.store.read_bytes() == before
 
@@ -111,3 +111,5 @@ def test_two_programs_do_not_share_a_store(desktop):
         first_end = desktop.records()[0][1]
         wait_until(lambda: desktop.records()[0][1] > first_end + PULSE, "the first one's pulses")
         assert len(desktop.records()) == 1
+    [refused] = [line for line in desktop.log().splitlines() if "another program has the name" in line]
+    assert f"[{second.process.pid}]" in refused
