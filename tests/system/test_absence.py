@@ -43,9 +43,9 @@ class Office:
     def leaves(self, for_the=None):
         count = for_the or self.absences() + 1
         self.until(lambda: self.absences() == count, "absence")
+        wait_until(lambda: "Paused" in self.program.tray_icon()[1], "the tray told of it", 20)
         self.is_polled_after("IdleObserver - Idle", 1)
         self.is_polled_after("Creating new activity", 2)  # An adapter may have come to an absent user.
-        wait_until(lambda: "Paused" in self.program.tray_icon()[1], "the tray telling of it")
 
     def is_polled_after(self, event, times):
         # The program has gone on after what it logged, and has saved what followed from that.
