@@ -93,7 +93,8 @@ def test_answered_by_moving_the_desk_and_by_no_key_for_another_program(desktop):
             worker.changed_to(standing=True)
         desktop.button(False)
         wait_until(lambda: worker.adapter.values()[-1] == STOP, "stop")
-    window.hears("cm")
+    worker.adapter.put(2000)
+    window.hears("82 cm")
     for place in ((4, 900), window.find("Up").middle):  # It goes, and comes once more.
         desktop.move_pointer(*place)
     with worker.clock.running(worker.rate):
