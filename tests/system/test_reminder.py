@@ -58,18 +58,21 @@ def test_snoozed_skipped_and_ignored(desktop):
     worker.does(lambda: desktop.click(*window.find("Snooze").middle))
     window = worker.is_reminded_after(SNOOZE)
     worker.does(lambda: desktop.click(*window.find("Skip").middle))
+    wait_until(lambda: "10\u00a0minutes" in worker.program.tray_icon()[1], "the tray told of it", 30)
     worker.is_reminded_after(CYCLE)
     worker.clock.reach(worker.since + CYCLE + 24, worker.rate)
     assert worker.reminder
     wait_until(lambda: not worker.reminder, "it snoozes by itself")
     worker.since += CYCLE + 25
     window = worker.is_reminded_after(SNOOZE)
+    worker.clock.reach(worker.clock.now() + 2, worker.rate)
     desktop.tell(worker.reminder, "_NET_ACTIVE_WINDOW", 2)  # As Alt+Tab does.
     wait_until(lambda: desktop.is_active(worker.reminder), "the keyboard")
-    desktop.key("Tab")
-    worker.does(lambda: desktop.key("space"))
+    worker.does(lambda: desktop.key("Escape"))
     window = worker.is_reminded_after(SNOOZE)
+    desktop.switch_workspace(1)
     worker.program.show()  # The reminder, while one waits.
+    assert desktop.workspace() == 1
     desktop.key("Tab")
     worker.does(lambda: desktop.key("Return"))  # Skipped; Snooze came before it.
     worker.clock.reach(worker.since + 25 + SNOOZE + 30, worker.rate)
