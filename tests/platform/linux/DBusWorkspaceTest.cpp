@@ -132,6 +132,7 @@ TEST_F(DBusWorkspaceTest, tellsTheFirstEdgeOfWhatManyServicesSay)
     say("PrepareForSleep+");
     for (const bool sleeps : {false, true}) // The wake's lock comes after the next sleep, and goes.
         TestBus::sendSignal(m_desktop, kLogindPath, kLogind + ".Manager", "PrepareForSleep", {sleeps});
+    settle();
     EXPECT_TRUE(QTest::qWaitFor([&] { return m_heard.size() == 3 && m_asked.size() == 3 && !isLockHeld(); }));
     startLogind(); // It cannot tell of a wake that the one before has announced.
     EXPECT_EQ(m_heard.join(u' '), "sleep wake too late wake");
