@@ -70,7 +70,6 @@ TEST_F(WindowPlacementTest, aWindowIsFetchedIntoSightWhenTheScreensChange)
     const auto windowGrows = [](PanelWindow& window) { window.setExtraHeight(0); };
     const std::tuple<QRect, QRect, std::function<void(PanelWindow&)>> kTestCases[] = {
         {{20, 30, 300, 200}, {20, 30, 300, 200}, panelMoves},
-        {{-40, 30, 300, 200}, {0, 30, 300, 200}, panelMoves},
         {{-40, 30, 300, 200}, {0, 30, 300, 200}, screenGoes},
         {{-40, 30, 300, 200}, {0, 30, 300, 200}, windowGrows},
         {{3000, 30, 301, 201}, {(area.width() - 301) / 2, (area.height() - 201) / 2, 301, 201}, panelMoves},
