@@ -6,7 +6,6 @@
 
 namespace {
 constexpr int kUp = 0x8000;
-constexpr int kDown = 0x7FFF;
 constexpr int kStop = 0x8001;
 
 class MemoryRowTest : public SetupTest {
@@ -118,7 +117,7 @@ TEST_F(MemoryRowTest, withoutADeskThereIsANoticeAndNothingToSet)
     plug();
     expectDesk(true);
     const QWidget& editor = openEditor(1);
-    unplug();
+    platform.unplug();
     click(*editor.findChild<QWidget*>("buttonDone"));
     EXPECT_EQ(platform.defaults.writes.join(' '), "TablePositionOffset");
     expectDesk(false);
@@ -130,7 +129,7 @@ TEST_F(MemoryRowTest, theDeskStopsWhenTheScreenGoesWhileAButtonIsHeld)
     const std::function<void()> kEndings[] = {[this] { click(find("buttonCloseWithoutSaving")); },
         [this] { wizard->showSetupView(); },
         [this] { wizard->setupViewController().memoryViewButtonDoneClicked(); }, [this] { wizard.reset(); }};
-    for (const auto& [name, command] : {std::pair("buttonUp", kUp), {"buttonDown", kDown}}) {
+    for (const auto& [name, command] : {std::pair("buttonUp", kUp), {"buttonDown", 0x7FFF}}) {
         for (const auto& end : kEndings) {
             open();
             openEditor(1);

@@ -69,7 +69,7 @@ TEST_F(SetupEntriesTest, areRefilledWhenEmptyExceptTheHeightWhichFollowsTheDesk)
     moveDeskTo(4400);
     EXPECT_EQ(entries(), "71 114 3");
     // Saved against no desk, the height of one that has left would shift the offset.
-    unplug();
+    platform.unplug();
     type(weight(), "");
     wizard->setupViewController()
         .buttonClosedClicked(); // As a screen reader's press, which leaves the focus.

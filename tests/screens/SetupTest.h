@@ -32,7 +32,6 @@ protected:
     }
 
     void plug() { platform.plug(kHeight); }
-    void unplug() { platform.unplug(); }
     void moveDeskTo(uint16_t height)
     {
         hid.desk().setHeight(height);

@@ -99,7 +99,7 @@ TEST_F(SetupViewControllerTest, leavingWithoutSavingWritesNothingAndBuildsTheScr
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_FALSE(dropped);
     moveDeskTo(4500); // News that arrives while there is no screen.
-    unplug();
+    platform.unplug();
     platform.user->setSeen(false);
     EXPECT_TRUE(platform.defaults.writes.isEmpty());
     plug();

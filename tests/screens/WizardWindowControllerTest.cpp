@@ -27,7 +27,7 @@ TEST_F(WizardWindowControllerTest, leavingTheFirstRunCompletesTheSetupAndDoneBeg
         EXPECT_EQ(properties().weight(), 80);
         EXPECT_TRUE(Appearance::isDark()); // By Done, and not by the other.
         EXPECT_EQ(bool(hub().activity()), QString(control) == "buttonDone");
-        unplug();
+        platform.unplug();
     }
     plug();
     const ActivityRef activity = hub().activity();
@@ -67,7 +67,7 @@ TEST_F(WizardWindowControllerTest, theFirstRunShowsTheDeskAsItMovesAndListensNoL
     Motion::setReduced(false);
     EXPECT_EQ(asked, 1);
     const QImage seen = grab(desk);
-    unplug();
+    platform.unplug();
     EXPECT_NE(grab(desk), seen);
     click(find("buttonDone"));
     EXPECT_EQ(hub().delegates().size(), 1U);
