@@ -171,8 +171,8 @@ private:
         double wall = 0, from = 0, slept = 0;
     };
 
-    /// Two adapters come a thousandth of a second after one another.
-    static bool isNear(double left, double right) { return std::abs(left - right) < 9e-4; }
+    static constexpr double kMoment = 1e-5; ///< what is nearer than that happens at once
+    static bool isNear(double left, double right) { return std::abs(left - right) < kMoment; }
     /// `due`, or the first of the moments that follow it in the rhythm after now.
     [[nodiscard]] double next(double due, double interval) const;
 

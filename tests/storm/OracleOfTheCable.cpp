@@ -103,7 +103,7 @@ bool Oracle::isItsTurn() const
         return isWritten && !isNewCable;
     if (isWritten || m_adapters.size() == 1)
         return true;
-    const double from = isNear(m_now, m_frozenUntil) ? m_frozenFrom : m_now - 1e-3;
+    const double from = isNear(m_now, m_frozenUntil) ? m_frozenFrom : m_now - kMoment;
     const auto polls = [&](double at) { return std::floor((at - m_polledSince) / kPoll + kRounding); };
     if (isAsking())
         return polls(m_now) > polls(from);
