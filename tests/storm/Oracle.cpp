@@ -160,6 +160,8 @@ void Oracle::started()
 
 void Oracle::ended(bool killed)
 {
+    if (killed)
+        m_answers.clear(); // It hears nothing more.
     endHold();
     if (!killed && isQuick() && driven() >= 0 && m_lastCommand[driven()] != kStopCommand)
         fail("no stop at the end");
