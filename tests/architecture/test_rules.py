@@ -27,10 +27,6 @@ CLOCK = re.compile(
     r"|\b[mun]?(ano)?sleep\s*\((?!\))|\bsleep_(for|until)\b")  # A sleep that takes no time is a question.
 
 
-def without_comments(text):
-    return COMMENT_OR_LITERAL.sub(lambda piece: "" if piece[0].startswith("/") else piece[0], text)
-
-
 def wrong_include(path, include):
     """Why a file of the program may not have this include; None when it may."""
     here, there = PurePosixPath(path).parts, PurePosixPath(include).parts
@@ -52,7 +48,7 @@ def wrong_include(path, include):
 
 
 def findings(path, text):
-    code = without_comments(text)
+    code = COMMENT_OR_LITERAL.sub(lambda piece: "" if piece[0].startswith("/") else piece[0], text)
     found = [f"{match[0]}... is a path of one machine" for match in re.finditer(r"(?<![\w./}~-])/home/[\w.]", text)]
     if not path.startswith(("src/", "simulator/")) or not path.endswith((".h", ".cpp")):
         return found
