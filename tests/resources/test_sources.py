@@ -58,13 +58,6 @@ def test_what_qt_says_is_found_by_its_own_english(tmp_path):
     assert (own - known, [own ^ other for other in others]) == (set(), [set()] * 3)
 
 
-def test_every_colour_in_a_picture_has_its_counterpart_in_the_dark_look():
-    drawn = "".join(path.read_text() for path in (SOURCE / "resources/images").glob("*.svg") if "StatusItem" not in path.name)
-    known = set(re.findall(r"\{0x(\w{6}), ", (SOURCE / "ui/Palette.cpp").read_text()))
-    brand = re.search('"ZelvoColor1": "#(.*)"', (SOURCE / "resources/Info.json.in").read_text())[1]
-    assert set(re.findall(r"#(\w{6})", drawn)) <= known | {brand}
-
-
 def test_forms_and_code_name_pictures_and_styles_that_are_there():
     pictures = {path.stem for path in (SOURCE / "resources/images").glob("*.svg")}
     assert pictures == set(re.findall(r"^    (\w+)$", (SOURCE / "resources/CMakeLists.txt").read_text(), re.MULTILINE))
