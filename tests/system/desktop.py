@@ -11,19 +11,15 @@ import tempfile
 import time
 from pathlib import Path
 
-import gi
-
-gi.require_version("Gio", "2.0")
-from gi.repository import Gio  # noqa: E402
-from Xlib import X, XK, display  # noqa: E402
-from Xlib.ext import xtest  # noqa: E402
-from Xlib.protocol import event  # noqa: E402
-
-from adapter import Adapter, new_bed  # noqa: E402
-from bent_clock import Clock  # noqa: E402
-from bus import Mock, ask_bus, call  # noqa: E402
-from program import Program  # noqa: E402
-from waiting import wait_until  # noqa: E402
+from adapter import Adapter, new_bed
+from bent_clock import Clock
+from bus import Mock, ask_bus, call
+from gi.repository import Gio
+from program import Program
+from waiting import wait_until
+from Xlib import X, XK, display
+from Xlib.ext import xtest
+from Xlib.protocol import event
 
 PROGRAM = Path(os.environ["ZELVO_BIN"]) / "zelvo-standup"
 SET_UP = {"ActivityMode": 2, "ActivityGoal": 15, "NumberOfStandUps": 2, "Weight": 70, "Version": "1.0.1"}

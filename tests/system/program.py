@@ -2,14 +2,10 @@
 
 import signal
 
-import gi
-
-gi.require_version("Gio", "2.0")
-from gi.repository import GLib  # noqa: E402
-
-from bus import call, get  # noqa: E402
-from screenreader import REGISTRY, SHOWING, Node  # noqa: E402
-from waiting import DEADLINE, wait_until  # noqa: E402
+from bus import call, get
+from gi.repository import GLib
+from screenreader import REGISTRY, SHOWING, Node
+from waiting import DEADLINE, wait_until
 
 TRAY_ITEM = ("/StatusNotifierItem", "org.kde.StatusNotifierItem")
 
