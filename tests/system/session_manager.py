@@ -30,10 +30,7 @@ class SessionManager:
     def __init__(self):
         self.client = None  # The program that registered.
         self.saves = 0
-        answers = {
-            "register": self._register,
-            "saved": self._saved,
-        }
+        answers = {"register": self._register, "saved": self._saved}
         self._callbacks = [CALLBACK(answers.get(name, lambda *_: 0)) for name in REQUESTS]
         self._welcome = NEW_CLIENT(self._new_client)
         ICE.IceSetIOErrorHandler(BEAR_ERRORS)

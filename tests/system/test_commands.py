@@ -53,8 +53,7 @@ def news(desktop):
     def news():
         while GLib.MainContext.default().iteration(False):
             pass
-        count = len(told)
-        told.clear()
+        count, told[:] = len(told), []
         return count
 
     return news
