@@ -109,7 +109,3 @@ def test_the_keyboard_alone_is_enough(desktop):
     desktop.key("space")
     wait_until(lambda: not desktop.windows(), "the window closed")
     assert (desktop.setting("ActivityMode"), desktop.setting("ActivityGoal")) == ("1", "100")
-    program.choose("Settings…")
-    desktop.window("Settings")
-    desktop.key("Escape")
-    wait_until(lambda: not desktop.windows(), "the window closed")
