@@ -66,8 +66,3 @@ def test_forms_and_code_name_pictures_and_styles_that_are_there():
         name for name in pictures if f'"{name.removesuffix("_hoover")}"' in CODE}
     assert said("textStyle") <= set(re.findall(r"static QFont (\w+)\(\)", CODE))
     assert said("foregroundRole") | said("backgroundRole") <= {"Base", "Button", "Highlight", "HighlightedText", "Link", "Window"}
-
-    brand = re.search(r'"ZelvoColor1": "(#\w+)"', (SOURCE / "resources/Info.json.in").read_text())[1]
-    for form in (SOURCE / "resources/images").glob("*_hoover.svg"):
-        plain = form.with_name(form.name.replace("_hoover", "")).read_text()
-        assert form.read_text() == plain.replace("#616161", brand.upper())
