@@ -136,7 +136,8 @@ def test_who_follows_the_desktop_gets_its_look_and_its_motion(desktop):
     # The first time as the portal said when it was asked.
     later = [("enable-animations", "b", True), ("enable-animations", "b", False), ("AnimationDurationFactor", "d", 0.5)]
     for is_moving, change in enumerate([("accent-color", "d", 1.0), *later]):
-        desktop.clock.run(1)  # For what the last change has set in motion.
+        desktop.clock.run(1)
+        at_rest(picture)  # After what the last change has set in motion.
         changes(*change)
         desktop.clock.run(0.001)
         test.find("Unplug").press()
