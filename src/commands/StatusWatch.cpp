@@ -11,6 +11,7 @@
 
 namespace {
 constexpr double kMinute = 60;
+constexpr double kUntilAgain = 2;
 constexpr double kBehindTheMinute = 0.1; // So that the next look is not one too early.
 }
 
@@ -46,7 +47,7 @@ void StatusWatch::look()
     if (m_client.askStatus(status) == CommandClient::Answer::Done)
         print(status);
     else
-        lookAfter(kMinute);
+        lookAfter(kUntilAgain);
 }
 
 void StatusWatch::print(const QVariantMap& status)
