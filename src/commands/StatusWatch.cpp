@@ -11,7 +11,7 @@
 
 namespace {
 constexpr double kMinute = 60;
-constexpr double kUntilAgain = 2;
+constexpr double kUntilAgain = 2; // After a question that a busy program did not answer.
 constexpr double kBehindTheMinute = 0.1; // So that the next look is not one too early.
 }
 
