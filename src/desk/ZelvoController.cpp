@@ -187,10 +187,11 @@ void ZelvoController::receiveWakeNotification()
 }
 
 /// To Linux an adapter whose power a sleep has cut is the one that was there before; it has forgotten its
-/// init report, answers zeros and moves nothing.
+/// init report, answers zeros and moves nothing. Not while a button is held: on a slow wire the report would
+/// stand between a movement and its stop.
 void ZelvoController::remindAdapter()
 {
-    if (m_device)
+    if (m_device && !isMovementHeld())
         m_device->repeatInit();
 }
 
@@ -201,8 +202,13 @@ void ZelvoController::receiveWillSleepNotification()
 
 void ZelvoController::stopHeldMovement()
 {
-    if (m_device && m_device->moveTimer() && m_device->moveTimer()->isValid())
+    if (isMovementHeld())
         m_device->stop();
+}
+
+bool ZelvoController::isMovementHeld() const
+{
+    return m_device && m_device->moveTimer() && m_device->moveTimer()->isValid();
 }
 
 void ZelvoController::startPulseTimer()

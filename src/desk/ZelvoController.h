@@ -112,6 +112,7 @@ public:
 private:
     void recordPeriod(bool isStanding);
     void remindAdapter();
+    [[nodiscard]] bool isMovementHeld() const;
 
     Dependencies m_dependencies;
     std::unique_ptr<ZelvoHIDManager> m_deviceManager;

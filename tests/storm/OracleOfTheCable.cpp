@@ -189,9 +189,8 @@ void Oracle::judgePresence()
         return;
     const Hold& hold = m_holds.back();
     const auto last = m_lastCommand.find(hold.adapter);
-    // On a slow wire what is under way goes first, and what a wake has the program write.
     const double by =
-        std::max({hold.to, m_goodSince, m_frozenUntil}) + kStop + (isQuick() ? 0 : 3 * kSlowest);
+        std::max({hold.to, m_goodSince, m_frozenUntil}) + kStop + (isQuick() ? 0 : 2 * kSlowest);
     if (m_now > by && last != m_lastCommand.end() && last->second != kStopCommand)
         fail("no stop after a hold");
 }
