@@ -135,7 +135,7 @@ void Oracle::hear(const std::vector<uint8_t>& report)
 void Oracle::hearAgain()
 {
     const auto answer = m_answers.find(driven());
-    const bool isSlow = m_latency > 0 || (m_isHeard && m_now < m_quickSince);
+    const bool isSlow = m_latency > 0 || m_now < m_quickSince;
     if (isSlow && answer != m_answers.end() && m_now - answer->second.askedAt <= kBelieved
         && (isAsking() || isNear(m_now, m_checkedAt)))
         hear(answer->second.bytes);

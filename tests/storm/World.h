@@ -44,7 +44,7 @@ public:
     QPointer<QWidget> held, main, reminder;
     std::map<HidDeviceRef, int> numbers; ///< of the adapters
     bool isSlow = false; ///< on the cables
-    double silentUntil = 0; ///< what began while nobody answered
+    double busyUntil = 0; ///< at the latest, with what began while answers were late or none came
     static inline bool s_isDiskFull = false;
 
 private:

@@ -68,11 +68,11 @@ void setWire(World& world, const Step& step)
     if (how == "one-failure") // Two on a slow wire can hit one report, which then has failed for good.
         return world.isSlow ? void() : desks.adapter(world.desk()).failNext(1, EPROTO);
     const double now = world.loop().monotonicNow();
-    if (desks.desk(world.desk()).faults().noAnswer) // What has begun goes on without an answer.
-        world.silentUntil = now + SimulatedAdapter::kSilenceSeconds;
+    if (desks.desk(world.desk()).faults().noAnswer || world.isSlow) // What has begun takes its time.
+        world.busyUntil = now + SimulatedAdapter::kSilenceSeconds;
     // Who hears of the height, or of the answer before, until the adapter is lost goes by what is under way.
     if ((how == "failing-writes" && !world.oracle().isQuick())
-        || (how.starts_with("failing") && now < world.silentUntil))
+        || (how.starts_with("failing") && now < world.busyUntil))
         return;
     world.isSlow = how == "slow" && !(desks.isPlugged(0) && desks.isPlugged(1));
     const bool isGood = how == "well" || how == "slow";
