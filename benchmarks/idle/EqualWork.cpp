@@ -195,7 +195,7 @@ private:
 void every(int milliseconds, std::function<void()> work)
 {
     auto* const timer = new QTimer(qApp);
-    timer->setTimerType(Qt::CoarseTimer);
+    timer->setTimerType(Qt::VeryCoarseTimer); // All on full seconds, where the program's own meet.
     timer->callOnTimeout(std::move(work));
     timer->start(milliseconds);
 }

@@ -11,6 +11,8 @@ namespace {
 constexpr double kMillisecondsPerSecond = 1000;
 /// QTimer counts milliseconds in an int, which holds a little more.
 constexpr double kLongestSeconds = 24.0 * 86400;
+/// Qt itself sees to it that longer coarse timers wake on full seconds.
+constexpr int kLongestSoughtMilliseconds = 5000;
 
 double clockSeconds(clockid_t clock)
 {
@@ -33,10 +35,13 @@ public:
         : Timer(std::move(userInfo))
         , m_loop(loop)
         , m_callback(std::move(callback))
+        , m_milliseconds(int(std::ceil(std::min(seconds, kLongestSeconds) * kMillisecondsPerSecond)))
+        , m_isSeekingFullSecond(precision == Precision::Coarse && m_milliseconds % 1000 == 0
+              && m_milliseconds < kLongestSoughtMilliseconds)
     {
         m_timer.setTimerType(timerType(precision));
         m_timer.setSingleShot(repeats == Repeat::No);
-        m_timer.setInterval(int(std::ceil(std::min(seconds, kLongestSeconds) * kMillisecondsPerSecond)));
+        m_timer.setInterval(m_milliseconds);
         QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { fire(); });
         m_timer.start();
     }
@@ -55,12 +60,28 @@ private:
         const TimerRef keepAlive = shared_from_this();
         if (m_timer.isSingleShot())
             invalidate();
+        else if (m_isSeekingFullSecond)
+            seekFullSecond();
         m_callback(*this);
+    }
+
+    /// Left alone, a coarse timer of a second comes to rest on half seconds as readily as on full ones, and
+    /// then shares no wake-up with the longer timers. A twentieth late each time, it is among them soon.
+    void seekFullSecond()
+    {
+        constexpr double kNearHalf = 0.25;
+        const double now = m_loop.monotonicNow();
+        const bool isNearHalf = std::abs(now - std::floor(now) - 0.5) < kNearHalf;
+        const int interval = isNearHalf ? m_milliseconds + m_milliseconds / 20 : m_milliseconds;
+        if (m_timer.interval() != interval)
+            m_timer.setInterval(interval);
     }
 
     QtRunLoop& m_loop;
     QTimer m_timer;
     TimerCallback m_callback;
+    const int m_milliseconds;
+    const bool m_isSeekingFullSecond;
 };
 
 QtRunLoop::~QtRunLoop()
