@@ -36,9 +36,11 @@ double SleepAwareEventSource::secondsSinceLastEventType(EventType eventType)
 
 void SleepAwareEventSource::didWake()
 {
-    // The word may come after the clocks were looked at; input between the two is input after the wake.
-    if (noticeSleep() || !m_absence)
-        m_absence = Absence {RunLoop::main().monotonicNow() + kWakingSeconds, std::nullopt};
+    // The word may come after the clocks were looked at; input between the two is input after the wake. A
+    // further word is one of a further wake, though the clocks saw no sleep: a suspend that failed.
+    if (noticeSleep() || !m_absence || m_absence->isTold)
+        m_absence = Absence {RunLoop::main().monotonicNow() + kWakingSeconds, std::nullopt, true};
+    m_absence->isTold = true;
 }
 
 bool SleepAwareEventSource::noticeSleep()

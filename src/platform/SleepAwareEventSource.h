@@ -33,6 +33,7 @@ private:
     struct Absence {
         double wokeAt;
         std::optional<double> firstLookAt; ///< its latest question
+        bool isTold = false; ///< by the desktop's word
     };
     std::optional<Absence> m_absence;
 };

@@ -142,6 +142,7 @@ bool Oracle::noticeSleep()
         return false;
     m_absentSince = m_now;
     m_absenceSeenAt = -1;
+    m_isAbsenceTold = false;
     return true;
 }
 
@@ -186,8 +187,12 @@ void Oracle::wakeTold()
     close();
     m_isGiven = true;
     m_wokeAt = m_now;
-    if (noticeSleep() || m_absentSince == kNever)
+    // A further word is one of a further wake, whether or not the clocks saw a sleep.
+    if (noticeSleep() || m_absentSince == kNever || m_isAbsenceTold) {
         m_absentSince = m_now + kWaking;
+        m_absenceSeenAt = -1;
+    }
+    m_isAbsenceTold = true;
 }
 
 void Oracle::slept(double seconds)

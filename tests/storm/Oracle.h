@@ -42,11 +42,12 @@ struct Process {
     double m_idleAfter = 0; ///< read when the program starts
     double m_sleepSeen = 0, m_wokeAt = -1e9;
     double m_absentSince = kNever, m_absenceSeenAt = -1; ///< since a wake
+    bool m_isAbsenceTold = false; ///< by the desktop's word
 
     // The cable: the program listens to the first adapter, and drives the one taken up last.
     std::vector<int> m_adapters;
     double m_drivenSince = -1, m_checkedAt = kNever, m_polledSince = kNever;
-    double m_writtenAt = -1, m_lateAt = -1, m_readAt = 0, m_errorAt = -1, m_errorOverAt = -1;
+    double m_stoppedAt = 0, m_writtenAt = -1, m_lateAt = -1, m_readAt = 0, m_errorAt = -1, m_errorOverAt = -1;
     int m_height = 0;
     Posture m_posture = None;
     bool m_hasError = false, m_hadTwo = false; ///< adapters at once

@@ -159,6 +159,7 @@ void Oracle::commanded(const Transfer& transfer)
         std::find_if(m_holds.rbegin(), m_holds.rend(), [=](const Hold& one) { return one.from <= since; });
     const bool isKnown = hold != m_holds.rend() && hold->adapter == adapter;
     if (command == kStopCommand) {
+        m_stoppedAt = m_now;
         if (isKnown && hold->to <= begun)
             hold->stopped = true;
         return;
@@ -179,8 +180,10 @@ void Oracle::judgePresence()
             if (isTakenUp(adapter) != m_isPlugged[size_t(adapter)])
                 fail("an adapter is not taken up, or is kept");
         }
-        if (!m_adapters.empty()
-            && m_now > m_readAt + kPoll + kWait + (isQuick() ? 0 : 2 * kPoll + 4 * kSlowest))
+        // On a slow cable stops go first, as many as there are.
+        const double asked =
+            isQuick() ? m_readAt : std::max(m_readAt, m_stoppedAt) + 2 * kPoll + 4 * kSlowest;
+        if (!m_adapters.empty() && m_now > asked + kPoll + kWait)
             fail("the height is not asked");
     }
     if (isAsking() && m_now > std::max(m_deafSince, m_readAt) + kPoll + 2 * kPatience)
