@@ -100,14 +100,13 @@ void ZelvoHIDManager::handleRemovedDevice(const HidDeviceRef& device, const HidM
 {
     // Told apart before the list is asked: only the listed adapter can be found in it.
     const ZelvoDeviceNodeRef listed = deviceNodeByReference(device);
-    if (const auto left = listed ? deviceByNode(listed) : deviceByReference(device))
+    if (const auto left = listed ? deviceByNode(listed) : deviceByReference(device)) {
+        if (left->ownNode() != ZelvoHIDDevice::node())
+            endHeldMovements(); // They move another desk, which stays.
         removeDevice(left);
+    }
     killDeviceReference(device);
-    // The newest device still attached defines the node again; with none the adapter may be closed.
-    ZelvoHIDDevice::setNode(m_devices.empty() ? nullptr : m_devices.back()->ownNode());
-    // A hold that went to the adapter that has left must not begin to move the other one.
-    endHeldMovements();
-    repeatPendingChecks();
+    giveNodeBack();
     Log::line(QString::asprintf("\nDevice removed: %p\nDevice count: %lld", address(device),
         static_cast<long long>(USBDeviceCount(sender))));
     m_access.erase(device);
@@ -125,6 +124,18 @@ void ZelvoHIDManager::handleLateReport(const HidDeviceRef& device, std::span<con
     const Devices devices = m_devices; // All of them transfer through this node; each knows what it asked.
     for (const auto& asking : devices)
         asking->takeLateReport(whole);
+}
+
+/// The newest device still attached defines the node again; with none the adapter may be closed.
+void ZelvoHIDManager::giveNodeBack()
+{
+    const ZelvoDeviceNodeRef driven = ZelvoHIDDevice::node();
+    ZelvoHIDDevice::setNode(m_devices.empty() ? nullptr : m_devices.back()->ownNode());
+    if (ZelvoHIDDevice::node() == driven)
+        return;
+    // A hold that went to the adapter that has left must not begin to move the other one.
+    endHeldMovements();
+    repeatPendingChecks();
 }
 
 void ZelvoHIDManager::bringInWaitingDevice()
@@ -182,11 +193,12 @@ void ZelvoHIDManager::addDevice(const std::shared_ptr<ZelvoHIDDevice>& device)
 
 void ZelvoHIDManager::removeDevice(const std::shared_ptr<ZelvoHIDDevice>& device)
 {
+    const auto leaving = device; // The argument may be the list's own element.
     if (m_delegate)
-        m_delegate->deviceRemoved(device);
-    device->setIsConnected(false);
-    std::erase(m_devices, std::shared_ptr(device)); // A copy: the argument may be the element itself.
-    device->handleError(std::nullopt); // A shown error leaves with its adapter.
+        m_delegate->deviceRemoved(leaving);
+    leaving->setIsConnected(false);
+    std::erase(m_devices, leaving);
+    leaving->handleError(std::nullopt); // A shown error leaves with its adapter.
 }
 
 std::shared_ptr<ZelvoHIDDevice> ZelvoHIDManager::deviceByNode(const ZelvoDeviceNodeRef& node) const

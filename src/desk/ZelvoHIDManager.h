@@ -86,6 +86,7 @@ private:
     void handleLateReport(const HidDeviceRef& device, std::span<const uint8_t> report);
     void endHeldMovements();
     void repeatPendingChecks();
+    void giveNodeBack();
     void bringInWaitingDevice();
 
     HidManager& m_manager;

@@ -95,6 +95,21 @@ TEST_F(ZelvoHIDManagerTest, drivesTheNewestAtOnceAndBringsInTheEldestThatWaits)
     EXPECT_EQ(added.back()->ownNode()->deviceRef, second);
 }
 
+TEST_F(ZelvoHIDManagerTest, letsAHoldGoOnWhileAnotherAdapterLeaves)
+{
+    platform.hid.unplug(0);
+    const auto third = std::make_shared<ScriptedAdapter>();
+    third->openStatus = EBUSY;
+    for (const auto& adapter : {first, second, third})
+        plug(adapter);
+    added[0]->moveUp();
+    unplug(third);
+    EXPECT_TRUE(added[0]->moveTimer()->isValid()) << "another program's";
+    second->written.clear();
+    unplug(first);
+    EXPECT_EQ(second->written.at(0)[1], 0x01) << "the desk that moves is the other one";
+}
+
 TEST_F(ZelvoHIDManagerTest, namesWhatFails)
 {
     first->openStatus = EBUSY;
