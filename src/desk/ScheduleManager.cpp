@@ -66,6 +66,7 @@ void ScheduleManager::stopScheduleTimer()
 void ScheduleManager::onScheduleTimerTick(const Timer& timer)
 {
     const int32_t completed = timer.userInfo().toInt();
+    // It names the position that is over: whoever reads logs of earlier versions finds the same number.
     Log::line(QString::asprintf("Schedule timer ticked. For new position: %u", unsigned(completed)));
     if (m_delegate)
         m_delegate->activityScheduledToPosition(completed == kStanding ? kSitting : kStanding);

@@ -47,6 +47,7 @@ public:
 
     [[nodiscard]] ScheduleManagerDelegate* delegate() const { return m_delegate; }
     void setDelegate(ScheduleManagerDelegate* delegate) { m_delegate = delegate; }
+    /// The mode at the time this was made; each plan is reckoned with the one that is set by then.
     [[nodiscard]] int32_t activityMode() const { return m_activityMode; }
     [[nodiscard]] std::optional<Date> scheduledDate() const; ///< when the running period is due
     [[nodiscard]] std::optional<Date> scheduleUpdatedDate() const; ///< when it was started

@@ -191,7 +191,10 @@ void ZelvoController::receiveWakeNotification()
 /// stand between a movement and its stop.
 void ZelvoController::remindAdapter()
 {
-    if (m_device && !isMovementHeld())
+    if (isMovementHeld())
+        return;
+    m_reminded = AwakeSpan();
+    if (m_device)
         m_device->repeatInit();
 }
 
@@ -225,7 +228,7 @@ void ZelvoController::onPulseTimerTick(const Timer&)
 
 void ZelvoController::pulse()
 {
-    if (m_attended.hasSlept())
+    if (m_reminded.hasSlept())
         remindAdapter(); // Nobody has told of the wake.
     if (m_attended.hasSlept() || (m_attended.isBroken() && m_idleObserver->isIdle()))
         stopCurrentActivity();

@@ -119,6 +119,7 @@ private:
     std::shared_ptr<ZelvoHIDDevice> m_device;
     ActivityRef m_activity;
     AwakeSpan m_attended; ///< since the open period began
+    AwakeSpan m_reminded; ///< since the adapter was told its init report last
     bool m_isUnrecorded = false; ///< A period goes on for which the store could not be opened.
     std::unique_ptr<ScheduleManager> m_scheduleManager;
     std::vector<std::shared_ptr<ZelvoControllerDelegate>> m_delegates;

@@ -8,7 +8,7 @@
 /// One listed adapter: the plain record behind the device objects.
 struct ZelvoDeviceNode {
     std::string model; ///< the "Product" string, UTF-8
-    std::string extra; ///< never written
+    std::string extra; ///< never written: room for what an adapter may have to tell besides
     HidDeviceRef deviceRef;
     std::shared_ptr<ZelvoDeviceNode> next;
 };

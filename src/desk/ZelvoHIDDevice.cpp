@@ -200,10 +200,10 @@ void ZelvoHIDDevice::judgeCommunication(const Report& report)
         m_delegate->updatedIsCommunicating(m_isCommunicating, self);
 }
 
-int32_t ZelvoHIDDevice::fetchPosition()
+std::optional<int32_t> ZelvoHIDDevice::fetchPosition()
 {
     const auto report = readStatusReport();
-    return report ? heightFrom(*report) : m_position;
+    return report ? std::optional(heightFrom(*report)) : std::nullopt;
 }
 
 int32_t ZelvoHIDDevice::heightFrom(const Report& report)
@@ -259,13 +259,16 @@ void ZelvoHIDDevice::setPositionState(int32_t positionState)
 
 void ZelvoHIDDevice::readPosition()
 {
-    if (m_isCommunicating)
-        takeHeight(fetchPosition());
+    if (!m_isCommunicating)
+        return;
+    if (const auto height = fetchPosition())
+        takeHeight(*height);
 }
 
 void ZelvoHIDDevice::takeHeight(int32_t height)
 {
-    if (height == m_position)
+    // At the adapter's own zero, where many desks stand lowest, the first height is no change and yet news.
+    if (height == m_position && m_positionState != 0)
         return;
     const auto self = shared_from_this();
     m_position = height;

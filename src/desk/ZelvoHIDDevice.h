@@ -81,9 +81,9 @@ public:
     void updateCommunicating();
     /// Asks again what another adapter was asked, and has not answered, when the shared node was its.
     void repeatPendingCheck();
-    /// The height in the status report, whose errors are handled on the way; 0 when the read failed, the last
-    /// one while the first answer is under way.
-    int32_t fetchPosition();
+    /// The height in the status report, whose errors are handled on the way; 0 when the read failed, nothing
+    /// while the first answer is under way.
+    std::optional<int32_t> fetchPosition();
     /// A status report that was asked for and came too late to be waited for: it answers a check of the
     /// communication that waits for it, or gives the height.
     void takeLateReport(const Report& report);
@@ -108,6 +108,7 @@ public:
     /// A Posture, or 0 while it is unknown.
     [[nodiscard]] int32_t positionState() const { return m_positionState; }
     void setPositionState(int32_t positionState);
+    /// Always 0: nothing sets it, and the name belongs to the description of an adapter.
     [[nodiscard]] int32_t direction() const { return m_direction; }
     [[nodiscard]] bool isCommunicating() const { return m_isCommunicating; }
     [[nodiscard]] bool isConnected() const { return m_isConnected; }
@@ -116,6 +117,7 @@ public:
     [[nodiscard]] const TimerRef& readPositionTimer() const { return m_readPositionTimer; }
     [[nodiscard]] const TimerRef& moveTimer() const { return m_moveTimer; }
     [[nodiscard]] bool errorRecieved() const { return m_errorRecieved; }
+    /// Always 0, as direction() is.
     [[nodiscard]] int32_t oldTablePosition() const { return m_oldTablePosition; }
 
     /// The last status report as read, for the developer's test window.

@@ -34,7 +34,7 @@ public:
     [[nodiscard]] virtual std::optional<QString> stringProperty(const QString& name) const = 0;
 
     /// Sends a feature report; byte 0 is the report ID and goes out with the rest. 0 also while it is under
-    /// way. EINVAL below two bytes.
+    /// way or tried once more. EINVAL below two bytes.
     [[nodiscard]] HidStatus setFeatureReport(std::span<const uint8_t> report);
 
     /// Reads a feature report into the buffer, whose byte 0 names the report ID. A shorter answer leaves the
