@@ -96,9 +96,10 @@ TEST_F(QtUserDefaultsTest, aFailedWriteIsSaidOnceAndMadeUpForLater)
             EXPECT_EQ(defaults.object("Weight").toDouble(), weight);
         }
         ASSERT_TRUE(QFile::remove(inTheWay));
+        write(m_path, "[General]\nWeight=66\n"); // The folder was not mounted yet.
         EXPECT_TRUE(defaults.synchronize());
     });
-    EXPECT_EQ(contents(m_path), "[General]\nWeight=72\n");
+    EXPECT_EQ(contents(m_path), "[General]\nWeight=66\n");
     EXPECT_TRUE(log.count("cannot be written to") == 1 && log.count("again.") == 1) << qPrintable(log);
     write(m_path, "[Gen\n");
     defaults.setObject("Weight", 73.0);
@@ -110,5 +111,20 @@ TEST_F(QtUserDefaultsTest, aFailedWriteIsSaidOnceAndMadeUpForLater)
     unkept.setObject("Weight", 70.5);
     EXPECT_EQ(logOf([&] { EXPECT_FALSE(unkept.synchronize()); }).count("cannot be written to"), 1);
     EXPECT_EQ(contents(m_path), "[Gen\n");
+    write(m_path, "[General]\nHeight=8\nWeight=66\n"); // By hand.
+    unkept.setObject("Height", 9.0);
+    ASSERT_TRUE(unkept.synchronize());
+    EXPECT_EQ(contents(m_path), "[General]\nHeight=9\nWeight=66\n") << "only the later value replaces";
+    QFile::setPermissions(m_path, {}); // Root reads it all the same.
+    {
+        QtUserDefaults unread(m_path);
+        if (!unread.object("Weight").isValid())
+            unread.setObject("Weight", 80.0);
+        unread.synchronize();
+        QFile::setPermissions(m_path, QFile::ReadOwner | QFile::WriteOwner);
+    }
+    EXPECT_EQ(contents(m_path), "[General]\nHeight=9\nWeight=66\n") << "nobody had read it";
+    ASSERT_TRUE(QFile::remove(m_path) && QFile::link("/proc/self/mem", m_path)); // Opens, and cannot be read.
+    EXPECT_EQ(logOf([&] { QtUserDefaults(m_path).setObject("Weight", 80.0); }).count("cannot be"), 2);
 }
 }

@@ -26,6 +26,16 @@ QMap<QString, QVariant> allValues(const QSettings& settings)
     return values;
 }
 
+/// Nothing where the file cannot be read to its end.
+std::optional<QByteArray> contents(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    QByteArray bytes = file.readAll();
+    return file.error() == QFileDevice::NoError ? std::optional(std::move(bytes)) : std::nullopt;
+}
+
 /// Without a byte order mark. Editors of other systems write in Latin-1.
 QString decoded(const QByteArray& line)
 {
@@ -100,14 +110,14 @@ QtUserDefaults::QtUserDefaults(QString path)
     : m_path(std::move(path))
 {
     removeLeftovers();
-    if (!QFileInfo(m_path).isFile())
+    if (!contents(m_path)) {
+        if (QFileInfo::exists(m_path))
+            Log::line(QStringLiteral("The settings file %1 cannot be read; the program starts on defaults.")
+                          .arg(m_path));
         return;
-    mend();
-    const QSettings settings(m_path, QSettings::IniFormat);
-    m_values = allValues(settings); // Also makes QSettings parse everything, before its status is asked.
-    if (settings.status() == QSettings::AccessError)
-        Log::line(QStringLiteral("The settings file %1 cannot be read; the program starts on defaults.")
-                      .arg(m_path));
+    }
+    m_isRead = mend();
+    m_values = allValues(QSettings(m_path, QSettings::IniFormat));
 }
 
 QtUserDefaults::~QtUserDefaults()
@@ -130,6 +140,17 @@ void QtUserDefaults::removeLeftovers() const
     }
 }
 
+/// At last, what could not be read at the start. What was set here meanwhile gives way: most of it are
+/// defaults for what seemed to be missing.
+void QtUserDefaults::readBelatedly()
+{
+    if (m_isRead || !mend())
+        return;
+    const QMap<QString, QVariant> values = allValues(QSettings(m_path, QSettings::IniFormat));
+    m_values.insert(values);
+    m_isRead = !values.isEmpty();
+}
+
 QVariant QtUserDefaults::object(const QString& key) const
 {
     return m_values.value(key);
@@ -141,6 +162,7 @@ void QtUserDefaults::setObject(const QString& key, const QVariant& value)
         removeObject(key);
         return;
     }
+    readBelatedly(); // What is set from now on replaces what the file holds.
     m_values.insert(key, value);
     m_changedKeys.insert(key);
 }
@@ -157,6 +179,7 @@ bool QtUserDefaults::synchronize()
         return true;
 
     QDir().mkpath(QFileInfo(m_path).absolutePath());
+    readBelatedly();
     if (!mend()) {
         report(false);
         return false;
@@ -176,21 +199,22 @@ bool QtUserDefaults::synchronize()
         QFile::setPermissions(m_path, kOwnerOnly);
         syncFolder(m_path);
         m_changedKeys.clear();
+        m_isRead = true;
     }
     report(written);
     return written;
 }
 
 /// QSettings would drop what it cannot read, and sometimes the lines after it, with the next write. Such a
-/// file is kept as it was beside one that holds the rest. False when there is no room for that yet.
+/// file is kept as it was beside one that holds the rest. False when there is no room for that yet, and for a
+/// file that cannot be read: QSettings would take it for an empty one, also later.
 bool QtUserDefaults::mend()
 {
-    QFile file(m_path);
-    if (!file.open(QIODevice::ReadOnly))
-        return true;
-    const QByteArray bytes = file.readAll();
-    const Lines lines = sorted(bytes);
-    if (lines.readable == bytes)
+    const std::optional<QByteArray> bytes = contents(m_path);
+    if (!bytes)
+        return !QFileInfo::exists(m_path);
+    const Lines lines = sorted(*bytes);
+    if (lines.readable == *bytes)
         return true;
     int number = 1;
     const auto copyName = [&] { return QStringLiteral("%1.damaged-%2").arg(m_path).arg(number); };

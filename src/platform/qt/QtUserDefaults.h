@@ -18,7 +18,8 @@
 class QtUserDefaults final : public UserDefaults {
 public:
     /// Reads the file as far as it can be read; a missing one is an empty store. Where lines cannot be read,
-    /// the file is kept as it was under a new name beside the original.
+    /// the file is kept as it was under a new name beside the original. A file that cannot be read yet is
+    /// read before anything is written to it, and its values then replace those that were set meanwhile.
     explicit QtUserDefaults(QString path);
     /// What could not be written before, because a disk was full, is tried once more.
     ~QtUserDefaults() override;
@@ -33,11 +34,13 @@ public:
 
 private:
     void removeLeftovers() const;
+    void readBelatedly();
     bool mend();
     void report(bool written);
 
     QString m_path;
     QMap<QString, QVariant> m_values;
+    bool m_isRead = false; ///< m_values has what the file holds
     QSet<QString> m_changedKeys; ///< changed or removed here, not yet on disk
     struct {
         QStringList lines;
