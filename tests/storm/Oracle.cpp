@@ -74,7 +74,8 @@ void Oracle::runTimers(double until, bool isAllHeard)
     if (firstDue > until + kRounding)
         return;
     const bool isInOrder = isAllHeard || until > m_frozenUntil + kRounding;
-    while (true) {
+    // What comes of an init report counts before what else is due.
+    while (isAllHeard || !isNear(until, m_remindedAt)) {
         // What a tick has begun comes after that timer's next tick.
         const Timer timers[] {{m_nextPulse, kPulse, m_nextPulse - kPulse, &Oracle::pulse},
             {m_nextLook, kLook, m_nextLook - kLook, &Oracle::lookAtUser},
@@ -103,8 +104,20 @@ void Oracle::runTimers(double until, bool isAllHeard)
     }
 }
 
+void Oracle::remind()
+{
+    // A release in a standstill is heard after what it made late.
+    const bool isStanding = m_now < m_frozenUntil + kRounding;
+    if (!m_holds.empty() && m_holds.back().to >= (isStanding ? m_frozenFrom : kNever))
+        return;
+    m_sleepReminded = m_slept;
+    m_remindedAt = m_now;
+}
+
 void Oracle::pulse()
 {
+    if (m_slept - m_sleepReminded > 2)
+        remind();
     if (hasSlept() || (isBroken() && m_isIdle))
         return close();
     if (m_isOpen && isBroken())
@@ -155,7 +168,7 @@ void Oracle::started()
     m_idleAfter = setting("TimeIdle");
     m_nextPulse = m_now + kPulse;
     m_nextLook = m_now + kLook;
-    m_sleepSeen = m_slept; // A new process knows of no sleep before it.
+    m_sleepSeen = m_sleepReminded = m_slept; // A new process knows of no sleep before it.
     m_span = {wall(), m_now, m_slept};
 }
 
@@ -185,6 +198,7 @@ void Oracle::sleepAnnounced()
 void Oracle::wakeTold()
 {
     close();
+    remind();
     m_isGiven = true;
     m_wokeAt = m_now;
     // A further word is one of a further wake, whether or not the clocks saw a sleep.

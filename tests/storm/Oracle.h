@@ -43,6 +43,7 @@ struct Process {
     double m_sleepSeen = 0, m_wokeAt = -1e9;
     double m_absentSince = kNever, m_absenceSeenAt = -1; ///< since a wake
     bool m_isAbsenceTold = false; ///< by the desktop's word
+    double m_sleepReminded = 0, m_remindedAt = -1; ///< the adapter was told its init report after a sleep
 
     // The cable: the program listens to the first adapter, and drives the one taken up last.
     std::vector<int> m_adapters;
@@ -186,6 +187,7 @@ private:
     void goTo(double time);
     /// @param isAllHeard nothing more comes over the cable at that moment
     void runTimers(double until, bool isAllHeard = false);
+    void remind(); ///< the adapter of its init report
     void pulse();
     void lookAtUser();
     [[nodiscard]] double idleSeconds();

@@ -79,6 +79,8 @@ void Oracle::dismissTicks()
 
 void Oracle::reminderAppeared()
 {
+    if (isNear(m_now, m_remindedAt))
+        runTimers(m_now, true); // It was due with the init report, of which all is heard by now.
     if (std::exchange(m_owedSince, kNever) == kNever)
         fail("a reminder out of its time");
     m_isHoldExact = false; // It takes the keyboard where a window that comes up becomes the active one.
