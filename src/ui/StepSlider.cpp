@@ -4,6 +4,7 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <QWheelEvent>
 
 #include <algorithm>
 #include <cmath>
@@ -73,6 +74,15 @@ void StepSlider::mouseReleaseEvent(QMouseEvent* event)
 {
     if (event->button() == Qt::LeftButton)
         setSliderDown(false);
+}
+
+void StepSlider::wheelEvent(QWheelEvent* event)
+{
+    // Whoever scrolls the form past it chooses no step.
+    if (hasFocus())
+        QSlider::wheelEvent(event);
+    else
+        event->ignore();
 }
 
 void StepSlider::moveTo(double x)

@@ -6,8 +6,8 @@
 #include <QSlider>
 
 /// A horizontal slider with the steps 0 to 4, at 2 at first. Screens listen to valueChanged(): mouse, arrow
-/// keys, wheel and screen readers all arrive there. From right to left in right-to-left layouts. In Designer
-/// forms it is promoted from QSlider.
+/// keys, wheel (while it has the focus) and screen readers all arrive there. From right to left in
+/// right-to-left layouts. In Designer forms it is promoted from QSlider.
 class StepSlider final : public QSlider {
     Q_OBJECT
 
@@ -26,6 +26,7 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
 
 private:
     [[nodiscard]] int shownValue() const;

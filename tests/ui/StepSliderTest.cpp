@@ -33,5 +33,13 @@ TEST_F(StepSliderTest, aPressChoosesTheNearestStepADragFollowsAndTheKnobStandsTh
         QTest::keyClick(&slider, key);
         values << slider.value();
     }
-    EXPECT_EQ(values, (QList<int> {2, 3, 1, 0, 0, 3, 2, 3, 2, 0, 4}));
+    for (const bool isFocused : {false, true}) {
+        if (isFocused)
+            show(slider), slider.setFocus();
+        QWheelEvent down({}, {}, {}, {0, -120}, Qt::NoButton, {}, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&slider, &down);
+        EXPECT_EQ(down.isAccepted(), isFocused);
+        values << slider.value();
+    }
+    EXPECT_EQ(values, (QList<int> {2, 3, 1, 0, 0, 3, 2, 3, 2, 0, 4, 4, 3}));
 }
