@@ -30,7 +30,8 @@ void WizardWindowController::showWindow()
 {
     if (!setupViewController().isViewLoaded())
         showSetupView();
-    showWelcome();
+    if (!m_window->isVisible()) // One that is open has its width.
+        showWelcome();
     m_window->comeToFront(WindowPlacement::moveToCentre);
 }
 
@@ -90,6 +91,7 @@ void WizardWindowController::setupViewButtonCloseWithoutSaveClicked()
 bool WizardWindowController::completeSetup()
 {
     AppProperties& properties = AppProperties::instance();
+    // The settings always say yes at present; a set-up that they refused would leave nothing to run on.
     if (properties.isUserSetupCompleted() || properties.setDefaultUserValues())
         return true;
     m_terminate();
