@@ -72,7 +72,7 @@ void HistoryWindowController::awakeFromNib()
     m_currentDate = Date::now();
     m_startDate = m_chosenStart = m_currentDate.dateAtStartOfWeek();
     setHighLightedButton(kWeek);
-    // The first numbers keep their full size: fonts are set after them and fitted from the next refresh on.
+    // Fonts are set after the first numbers; showing the window fits them.
     updateData();
     for (QLabel* label : historyHeadTextfieldsArray())
         label->setFont(FontAndTextHandler::Roman38());
@@ -110,8 +110,10 @@ void HistoryWindowController::updateData()
 
 void HistoryWindowController::showCaptions(const Totals& sums)
 {
-    m_ui->labelHistoryDates->setText(
-        qtTrId("HistoryDates").arg(periodDates(m_startDate, m_currentDate), timeOfDay(m_currentDate)));
+    // Where weeks begin on Sunday, that day's week starts at the Monday after: there are no dates to tell.
+    m_ui->labelHistoryDates->setText(m_startDate.isLaterThanDate(m_currentDate)
+            ? QString()
+            : qtTrId("HistoryDates").arg(periodDates(m_startDate, m_currentDate), timeOfDay(m_currentDate)));
     m_ui->historySubTitle1->setText(qtTrId("Mins", counted(sums.minutes)));
     m_ui->historySubTitle2->setText(qtTrId("CaloriesCheckbox", counted(sums.calories)));
     m_ui->historySubTitle3->setText(qtTrId("Stands", counted(double(sums.stands))));
@@ -216,7 +218,7 @@ void HistoryWindowController::exportToCSVFile()
     if (!AppProperties::instance().isUserSetupCompleted())
         return;
     // The shown period's start is given up for the export's; the numbers on screen stay until a period is
-    // chosen or the window is asked for again.
+    // chosen or the window is asked for again; nobody meets it, since showing and choosing set their own.
     m_startDate = Date::dateFromComponents(kFirstRecordedYear, 1, 1);
     const Totals sums = totals();
     ExportManager::exportHistoryToCSV({fixed(sums.minutes, 2), fixed(sums.calories, 2),

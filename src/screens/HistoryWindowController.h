@@ -43,7 +43,8 @@ public:
     void exportToExcelClicked();
     /// 0 day, 1 week, 2 month, 3 year; any other index highlights none.
     void setHighLightedButton(int index);
-    /// One size for the four numbers, the largest at which each fits the first one's field.
+    /// One size for the four numbers, the largest at which each fits the first one's field; all four are laid
+    /// out alike.
     void setFontSizeToFitHistoryHead();
     [[nodiscard]] std::vector<QLabel*> historyHeadTextfieldsArray() const;
 

@@ -119,6 +119,12 @@ TEST_F(HistoryWindowControllerTest, sumsBelowZeroWithoutAStoreAndBeforeSetUpAreZ
     EXPECT_EQ(shown(), "0 0 0 0 Your week so far (Week)");
     click("exportToExcelLabel");
     EXPECT_TRUE(platform.dialogs.proposedFileNames.isEmpty());
+    platform.bundle.userLocale = QLocale("en_US"); // On Sunday its week has not begun.
+    platform.runLoop.advance(2 * kDay);
+    open();
+    EXPECT_EQ(text("labelHistoryDates"), "");
+    click("buttonDay");
+    EXPECT_TRUE(text("labelHistoryDates").startsWith("March 17, until 8"));
 }
 
 TEST_F(HistoryWindowControllerTest, numbersShareTheLargestSizeAtWhichEachFits)
