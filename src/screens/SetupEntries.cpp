@@ -9,10 +9,13 @@
 #include "ui/Palette.h"
 #include "ui_SetupView.h"
 
+#include <QSignalBlocker>
+
 #include <algorithm>
 
 namespace {
 constexpr double kUnitsPerCentimetre = 100; // Raw heights are in 0.1 mm.
+constexpr const char* kFilled = "filled"; // A field's property: the text that it was last filled with.
 
 AppProperties& properties()
 {
@@ -31,21 +34,25 @@ const DecimalFormatter& formatter(const QLineEdit& field)
     return dynamic_cast<const NumberEntryValidator&>(*field.validator()).formatter();
 }
 
+/// The settings may hold more than an entry may say: what the user has left as it was filled in is no entry.
 bool isAccepted(const QLineEdit& field)
 {
     const QString text = field.text();
     const bool hasDigit = std::any_of(text.cbegin(), text.cend(), [](QChar c) { return !c.isPunct(); });
-    return hasDigit && formatter(field).isPartialStringValid(text);
+    return hasDigit
+        && (text == field.property(kFilled).toString() || formatter(field).isPartialStringValid(text));
 }
 
 /// A field that begins with a text its validator refuses would from then on take any text. What the settings
-/// hold is therefore shown unasked.
+/// hold is therefore shown unasked. No edit, so nobody hears of it.
 void fill(QLineEdit& field, const QString& text)
 {
+    const QSignalBlocker blocker(field);
     const QValidator* const validator = field.validator();
     field.setValidator(nullptr);
     field.setText(text);
     field.setValidator(validator);
+    field.setProperty(kFilled, text);
 }
 }
 
@@ -74,7 +81,7 @@ void SetupEntries::awakeFromNib()
         field->setInsertionPointColor(zelvoFieldTextColor());
         field->setAccessibleDescription(unit->text());
         refill(*field);
-        QObject::connect(field, &QLineEdit::textEdited, m_ui.labelRefusal, &QWidget::hide);
+        QObject::connect(field, &QLineEdit::textChanged, m_ui.labelRefusal, &QWidget::hide);
     }
 }
 

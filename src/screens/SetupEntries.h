@@ -28,8 +28,8 @@ public:
     /// Puts the stored value back into an emptied field, except the height's, which the desk's next one
     /// fills.
     void refillIfEmpty(const QLineEdit& field);
-    /// Whether the entry may be stored. One that may not gives way to the stored value, and until the next
-    /// edit a line beside the field says what it takes.
+    /// Whether the entry may be stored; what the field was filled with may. One that may not gives way to the
+    /// stored value, and until the next edit a line beside the field says what it takes.
     bool accept(QLineEdit& field);
 
     [[nodiscard]] double kilograms() const;

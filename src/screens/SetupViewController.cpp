@@ -68,7 +68,8 @@ void SetupViewController::awakeFromNib()
 
 void SetupViewController::observe()
 {
-    // Every loading of the form registers anew, and all registrations last as long as this object does.
+    // Registrations pile up with each loading of the form: without a form they do nothing, so none needs to
+    // be taken back.
     m_observations.push_back(
         NotificationCenter::defaultCenter().addObserver(ZelvoController::kDeviceStateDidChange,
             [this](const PostedNotification&) { observerDeviceStateDidChange(); }));
@@ -102,7 +103,7 @@ void SetupViewController::connectControls()
         circle->setDelegate(this);
     for (QLineEdit* field : m_entries.fields()) {
         QObject::connect(
-            field, &QLineEdit::textEdited, m_view, [this, field] { controlTextDidChange(*field); });
+            field, &QLineEdit::textChanged, m_view, [this, field] { controlTextDidChange(*field); });
         QObject::connect(
             field, &QLineEdit::editingFinished, m_view, [this, field] { controlTextDidEndEditing(*field); });
     }
@@ -154,6 +155,7 @@ void SetupViewController::buttonVideoLinkClicked()
 
 void SetupViewController::buttonMemoryClicked(MemoryCard& card)
 {
+    // What the field says is true from here on, and stays so after Cancel: the editor shows heights by it.
     if (m_entries.accept(*m_ui->textFieldTableHeight))
         properties().setTablePositionOffset(m_entries.tablePositionOffset());
     m_memories.showStoredHeights();
@@ -196,6 +198,7 @@ void SetupViewController::positionUpdated(int32_t height)
 {
     if (!m_view)
         return;
+    // Also over what is being typed: an offset must fit the height at which the desk stands.
     m_entries.setDefaultTableHeight(height);
     m_memories.showLiveHeight();
 }

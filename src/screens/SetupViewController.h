@@ -35,7 +35,8 @@ protected:
 };
 
 /// The setup screen: weight, desk height, stand-ups, goal and memory positions. Nothing is saved before Done,
-/// except what the memory editor stores. Activity modes: 1 calories, 2 time. Goal steps: 0 to 4.
+/// except the desk height, when the memory editor opens, and what that editor stores. Activity modes:
+/// 1 calories, 2 time. Goal steps: 0 to 4.
 ///
 /// The screen drops its view when it is closed without saving; until the next call of view() it hears no
 /// control, and news of the desk has no effect. Entries and memories are parts of their own; here are the
@@ -54,6 +55,7 @@ public:
     [[nodiscard]] QWidget* view();
     [[nodiscard]] bool isViewLoaded() const { return !m_view.isNull(); }
 
+    /// "Done", in the brand colour: it is what the screen ends with.
     void buttonClosedClicked();
     void buttonCloseWithoutSavingClicked();
     void buttonInfoClicked();
@@ -63,7 +65,7 @@ public:
     void sliderMoved();
     void clickableLabelClicked(ClickableLabel& label) override;
     void goalCircleIndicatorViewClicked(GoalCircleView& circle) override;
-    /// The user changed the field's text.
+    /// The user changed the field's text, with the keyboard or through an accessibility client.
     void controlTextDidChange(const QLineEdit&) { updateGoalLabel(); }
     void controlTextDidEndEditing(const QLineEdit& field);
     void positionUpdated(int32_t height); ///< raw, 0.1 mm

@@ -44,17 +44,30 @@ TEST_F(SetupEntriesTest, thatCannotBeStoredAreRefusedUntilTheNextEdit)
         EXPECT_TRUE(refusal.isVisible() && refusal.parentWidget()->rect().contains(refusal.geometry()));
         EXPECT_EQ(refusal.y(), field->geometry().bottom() + 1);
         EXPECT_EQ(entries(), good);
-        QTest::keyClick(field, Qt::Key_Backspace);
+        const QString filled = field->text();
+        field->clear();
         EXPECT_FALSE(refusal.isVisible());
-        field->undo();
+        field->setText(filled);
     }
+    standUps().setText("7");
+    click(find("buttonDone"));
+    moveDeskTo(4500);
+    EXPECT_TRUE(refusal.isVisible()) << "a moving desk edits nothing";
     EXPECT_TRUE(platform.defaults.writes.isEmpty());
 
     store("TablePositionOffset", 290000);
     wizard.reset();
     open();
     QTest::keyClicks(&height(), "x");
-    EXPECT_EQ(height().text(), "2943") << "no letters after what is too much";
+    EXPECT_EQ(height().text(), "2945") << "no letters after what is too much";
+    store("NumberOfStandUps", 7);
+    wizard.reset();
+    open();
+    click(find("labelTime"));
+    click(find("buttonDone"));
+    EXPECT_FALSE(wizard->isWindowVisible()) << "what was stored is no entry";
+    EXPECT_EQ(properties().numberOfStandUps(), 7);
+    EXPECT_EQ(properties().activityMode(), 2);
 }
 
 TEST_F(SetupEntriesTest, areRefilledWhenEmptyExceptTheHeightWhichFollowsTheDesk)

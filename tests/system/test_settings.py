@@ -64,13 +64,15 @@ def test_settings_in_two_systems_of_units(desktop, language):
         setup.enter(name, text)
     setup.panel.find("30 minutes").press()
     setup.panel.hears("7.5")
+    setup.field(STAND_UPS).set_text("6")
+    setup.panel.hears("That is 5")
     setup.panel.find("Light", "combo box").press()
     for key in ("Down", "Return"):
         desktop.key(key)
     setup.panel.find("Dark", "combo box")
     setup.leaves_by("Done")
     assert setup.stored("Weight", "TablePositionOffset") == pytest.approx(stored)
-    assert setup.stored("ActivityMode", "ActivityGoal", "NumberOfStandUps", "Appearance") == [2, 30, 4, 1]
+    assert setup.stored("ActivityMode", "ActivityGoal", "NumberOfStandUps", "Appearance") == [2, 30, 6, 1]
     setup.program.click_tray()
     setup.program.window_with("Up").hears(height)
 
