@@ -33,6 +33,10 @@ TEST_F(QtUserDefaultsTest, onlyWhatChangedHereReplacesWhatAnEditorWroteMeanwhile
     ASSERT_TRUE(defaults.synchronize());
     EXPECT_FALSE(defaults.object("Weight").isValid());
     EXPECT_EQ(contents(m_path), "[General]\nTimeIdle=42\nTimeSnooze=90\n");
+    ASSERT_TRUE(QFile::remove(m_path));
+    defaults.setObject("Weight", 83.0);
+    ASSERT_TRUE(defaults.synchronize());
+    EXPECT_EQ(contents(m_path), "[General]\nTimeIdle=81\nTimeSnooze=90\nWeight=83\n");
     EXPECT_EQ(QDir("/proc/self/fd").count(), descriptors) << "one more per write runs out some day";
     write(m_path + ".backup", "x");
     const QString odd = " \"quoted\"; a=b, c\\d\n%1 @Variant é 猫 ";

@@ -186,7 +186,9 @@ bool QtUserDefaults::synchronize()
     }
     // A new object each time: the status of a QSettings stays bad once a write has failed.
     QSettings settings(m_path, QSettings::IniFormat);
-    for (const QString& key : std::as_const(m_changedKeys)) {
+    // A file that was deleted or emptied is to have everything again.
+    const QStringList keys = settings.allKeys().isEmpty() ? m_values.keys() : m_changedKeys.values();
+    for (const QString& key : keys) {
         const auto value = m_values.constFind(key);
         if (value == m_values.cend())
             settings.remove(key);

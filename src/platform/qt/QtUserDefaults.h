@@ -11,7 +11,8 @@
 
 /// The settings in one INI file, through QSettings. Each flush replaces the file as a whole (temporary file,
 /// fsync, rename), so that a crash at any moment leaves either the old file or the new one. What somebody
-/// else changed in the file meanwhile is kept, unless the same key was changed here.
+/// else changed in the file meanwhile is kept, unless the same key was changed here; a deleted file is
+/// written anew as a whole.
 ///
 /// It is made for numbers, truth values and texts; all come back from the file as texts that convert to what
 /// was stored.
