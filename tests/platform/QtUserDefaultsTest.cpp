@@ -128,7 +128,12 @@ TEST_F(QtUserDefaultsTest, aFailedWriteIsSaidOnceAndMadeUpForLater)
         QFile::setPermissions(m_path, QFile::ReadOwner | QFile::WriteOwner);
     }
     EXPECT_EQ(contents(m_path), "[General]\nHeight=9\nWeight=66\n") << "nobody had read it";
-    ASSERT_TRUE(QFile::remove(m_path) && QFile::link("/proc/self/mem", m_path)); // Opens, and cannot be read.
-    EXPECT_EQ(logOf([&] { QtUserDefaults(m_path).setObject("Weight", 80.0); }).count("cannot be"), 2);
+    m_path = m_folder.filePath("StandUp.conf");
+    const auto set = [&] { QtUserDefaults(m_path).setObject("Weight", 80.0); };
+    ASSERT_TRUE(QFile::link("/proc/self/mem", m_path)); // Opens, and cannot be read.
+    EXPECT_EQ(logOf(set).count("cannot be"), 2);
+    ASSERT_TRUE(QFile::remove(m_path) && QFile::link("/proc/sys/kernel/ostype", m_path)); // No setting.
+    EXPECT_EQ(logOf(set).count("cannot be"), 1);
+    EXPECT_FALSE(QFile::exists(m_path + ".damaged-1")) << "what it was it still is";
 }
 }

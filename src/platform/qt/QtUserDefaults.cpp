@@ -225,8 +225,10 @@ bool QtUserDefaults::mend()
     if (!lines.unreadable.isEmpty() && !QFile::copy(m_path, copyName()))
         return false;
     QSaveFile mended(m_path);
-    if (!mended.open(QIODevice::WriteOnly) || mended.write(lines.readable) < 0 || !mended.commit())
+    if (!mended.open(QIODevice::WriteOnly) || mended.write(lines.readable) < 0 || !mended.commit()) {
+        QFile::remove(copyName()); // The file is still as it was; the next attempt would copy it once more.
         return false;
+    }
     if (lines.unreadable.isEmpty())
         return true;
     m_damage = {lines.unreadable, copyName()};
