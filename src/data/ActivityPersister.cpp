@@ -134,6 +134,7 @@ int32_t ActivityPersister::goalsMetFromDay(Date fromDay, Date toDay)
 {
     const Date end = toDay.dateByAddingDays(1).dateAtStartOfDay();
     int32_t goalsMet = 0;
+    // Days of 86,400 s, as the totals have them; where the clocks go back, that day is met twice.
     for (Date day = fromDay.dateAtStartOfDay(); day.isEarlierThanDate(end); day = day.dateByAddingDays(1)) {
         if (goalMetOnDay(day))
             ++goalsMet;

@@ -114,13 +114,14 @@ public:
         return int64_t(timeIntervalSinceDate(date) / kDay);
     }
     [[nodiscard]] int64_t daysBeforeDate(Date date) const { return date.daysAfterDate(*this); }
-    /// Whole days to the date, counted in the Gregorian calendar even where the user's calendar is another.
+    /// Whole days to the date; in the Gregorian calendar, so that they are the same for every user.
     [[nodiscard]] int64_t distanceInDaysToDate(Date date) const;
 
-    /// The hour of half an hour from now; the receiver's own value is not used.
+    /// The hour of half an hour from now: the present is what is rounded, not the receiver.
     [[nodiscard]] int nearestHour() const { return now().dateByAddingSeconds(kHour / 2).hour(); }
     [[nodiscard]] int hour() const { return components().hour; }
     [[nodiscard]] int minute() const { return components().minute; }
+    /// In the plural, unlike minute() and hour(): "second" is also the one after the first.
     [[nodiscard]] int seconds() const { return components().second; }
     [[nodiscard]] int day() const { return components().day; }
     [[nodiscard]] int month() const { return components().month; }

@@ -33,6 +33,8 @@ const Setting kSettings[] = {
     {QStringLiteral("DevicePosition3"), Integer, 0, kHighest, kBundle, Written, 13},
     {QStringLiteral("TablePositionOffset"), Integer, -kFarthest, kFarthest, kBundle, Written, 7},
     {QStringLiteral("NumberOfStandupsdefault"), Integer, 1, 60, 1, Written, 10},
+    // Not 0 where it is no number: nothing would be recorded until the wizard is answered, and all that the
+    // weight of today does is to scale calories.
     {QStringLiteral("Weight"), Double, 0, 999, 80, NotWritten, 14},
     {QStringLiteral("ActivityMode"), Integer, -kAny, kAny, 0, NotWritten, 15},
     {QStringLiteral("NumberOfStandUps"), Integer, 0, 60, 0, NotWritten, 9},
