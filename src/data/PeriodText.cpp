@@ -59,12 +59,12 @@ QString hoursAndMinutes(double minutes)
     UErrorCode status = U_ZERO_ERROR;
     const icu::MeasureFormat format(locale(), UMEASFMT_WIDTH_WIDE, status);
     const double hours = std::floor(minutes / kMinutesPerHour);
+    const double rest = std::floor(minutes - hours * kMinutesPerHour);
     const icu::Measure measures[] = {
         {icu::Formattable(hours), icu::MeasureUnit::createHour(status), status},
-        {icu::Formattable(std::floor(minutes - hours * kMinutesPerHour)),
-            icu::MeasureUnit::createMinute(status), status},
+        {icu::Formattable(rest), icu::MeasureUnit::createMinute(status), status},
     };
     icu::UnicodeString text;
     icu::FieldPosition ignored(icu::FieldPosition::DONT_CARE);
-    return string(format.formatMeasures(measures, 2, text, ignored, status));
+    return string(format.formatMeasures(measures, rest > 0 ? 2 : 1, text, ignored, status));
 }

@@ -10,5 +10,5 @@
 [[nodiscard]] QString periodDates(Date first, Date last);
 /// On the user's wall clock ("12:00").
 [[nodiscard]] QString timeOfDay(Date date);
-/// Whole minutes in words ("3 hours, 36 minutes").
+/// Whole minutes in words ("3 hours, 36 minutes", "1 hour").
 [[nodiscard]] QString hoursAndMinutes(double minutes);
