@@ -99,11 +99,12 @@ TEST_F(QtUserDefaultsTest, aFailedWriteIsSaidOnceAndMadeUpForLater)
             EXPECT_FALSE(defaults.synchronize());
             EXPECT_EQ(defaults.object("Weight").toDouble(), weight);
         }
+        defaults.setObject("TimeIdle", 42.0);
         ASSERT_TRUE(QFile::remove(inTheWay));
         write(m_path, "[General]\nWeight=66\n"); // The folder was not mounted yet.
         EXPECT_TRUE(defaults.synchronize());
     });
-    EXPECT_EQ(contents(m_path), "[General]\nWeight=66\n");
+    EXPECT_EQ(contents(m_path), "[General]\nTimeIdle=42\nWeight=66\n");
     EXPECT_TRUE(log.count("cannot be written to") == 1 && log.count("again.") == 1) << qPrintable(log);
     write(m_path, "[Gen\n");
     defaults.setObject("Weight", 73.0);
