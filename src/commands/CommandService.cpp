@@ -5,13 +5,12 @@
 #include "commands/StandUpAdaptor.h"
 #include "commands/StatusText.h"
 #include "data/AppProperties.h"
+#include "platform/DBusCall.h"
 #include "platform/EventSource.h"
 #include "platform/Log.h"
 #include "shell/AppDelegate.h"
 #include "shell/NotificationWindowController.h"
 
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QHash>
 
@@ -54,10 +53,8 @@ void CommandService::takeName()
         QStringLiteral("/org/freedesktop/DBus"), QStringLiteral("org.freedesktop.DBus"),
         QStringLiteral("RequestName"));
     request << BusNames::kService << kDoNotQueue;
-    auto* const call = new QDBusPendingCallWatcher(m_bus.asyncCall(request), this);
-    connect(call, &QDBusPendingCallWatcher::finished, this, [](QDBusPendingCallWatcher* finished) {
-        finished->deleteLater();
-        const QDBusPendingReply<uint> reply = *finished;
+    askBus(m_bus, request, this, [](const QDBusPendingCallWatcher& call) {
+        const QDBusPendingReply<uint> reply = call;
         if (reply.isError() || reply.value() != kPrimaryOwner)
             Log::line(QStringLiteral("Commands will not be heard: another program has the name %1.")
                           .arg(BusNames::kService));

@@ -1,9 +1,7 @@
 #include "platform/linux/DBusIdleBackend.h"
 
+#include "platform/DBusCall.h"
 #include "platform/RunLoop.h"
-
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
 
 #include <utility>
 
@@ -47,15 +45,14 @@ void DBusIdleBackend::ask(Answer answer)
     QDBusMessage message =
         QDBusMessage::createMethodCall(m_method.service, m_method.path, m_method.interface, m_method.name);
     message.setAutoStartService(false);
-    auto* const call = new QDBusPendingCallWatcher(m_bus.asyncCall(message, kCallTimeoutMs), this);
-    connect(call, &QDBusPendingCallWatcher::finished, this,
-        [this, answer = std::move(answer), changes = m_ownerChanges](QDBusPendingCallWatcher* finished) {
-            finished->deleteLater();
-            const QDBusMessage reply = finished->reply();
-            if (isWithoutOwner(reply) && changes == m_ownerChanges)
-                m_hasOwner = false;
-            answer(lastInputFrom(reply));
-        });
+    const auto answered = [this, answer = std::move(answer), changes = m_ownerChanges](
+                              const QDBusPendingCallWatcher& call) {
+        const QDBusMessage reply = call.reply();
+        if (isWithoutOwner(reply) && changes == m_ownerChanges)
+            m_hasOwner = false;
+        answer(lastInputFrom(reply));
+    };
+    askBus(m_bus, message, this, answered, kCallTimeoutMs);
 }
 
 std::optional<double> DBusIdleBackend::lastInputFrom(const QDBusMessage& reply)

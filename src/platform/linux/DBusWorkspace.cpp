@@ -1,9 +1,9 @@
 #include "platform/linux/DBusWorkspace.h"
 
+#include "platform/DBusCall.h"
 #include "platform/Log.h"
 
 #include <QDBusObjectPath>
-#include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDesktopServices>
 
@@ -92,23 +92,14 @@ void DBusWorkspace::watchLockOfSession()
         QDBusMessage::createMethodCall(kLogind, kLogindPath, kLogindManager, QStringLiteral("GetSession"));
     // "auto" also finds the session of a program that systemd started, but signals carry the real path only.
     message << QStringLiteral("auto");
-    call(m_systemBus, message, [this](const QDBusPendingCallWatcher& finished) {
-        const QDBusPendingReply<QDBusObjectPath> reply = finished;
+    const auto answered = [this](const QDBusPendingCallWatcher& call) {
+        const QDBusPendingReply<QDBusObjectPath> reply = call;
         if (reply.isError())
             return;
         m_systemBus.connect(kLogind, reply.value().path(), kProperties, QStringLiteral("PropertiesChanged"),
             this, SLOT(propertiesChanged(QString, QVariantMap, QStringList)));
-    });
-}
-
-void DBusWorkspace::call(const QDBusConnection& bus, const QDBusMessage& message, ReplyHandler handler)
-{
-    auto* const pending = new QDBusPendingCallWatcher(bus.asyncCall(message, kCallTimeoutMs), this);
-    connect(pending, &QDBusPendingCallWatcher::finished, this,
-        [handler = std::move(handler)](QDBusPendingCallWatcher* finished) {
-            finished->deleteLater();
-            handler(*finished);
-        });
+    };
+    askBus(m_systemBus, message, this, answered, kCallTimeoutMs);
 }
 
 void DBusWorkspace::takeDelayLock()
@@ -119,17 +110,18 @@ void DBusWorkspace::takeDelayLock()
         QDBusMessage::createMethodCall(kLogind, kLogindPath, kLogindManager, QStringLiteral("Inhibit"));
     message << QStringLiteral("sleep:shutdown") << QStringLiteral("Zelvo StandUp")
             << QStringLiteral("Stops the desk and saves the record") << QStringLiteral("delay");
-    call(m_systemBus, message, [this, request = m_lockRequest](const QDBusPendingCallWatcher& finished) {
+    const auto answered = [this, request = m_lockRequest](const QDBusPendingCallWatcher& call) {
         if (request != m_lockRequest)
             return; // Asked of a logind that is gone, or for a sleep that has come: such a lock ends here.
         m_isTakingLock = false;
-        const QDBusPendingReply<QDBusUnixFileDescriptor> reply = finished;
+        const QDBusPendingReply<QDBusUnixFileDescriptor> reply = call;
         if (reply.isError())
             Log::line(QStringLiteral("Sleep cannot be delayed until the record is saved: %1")
                           .arg(reply.error().message()));
         else
             m_delayLock = reply.value();
-    });
+    };
+    askBus(m_systemBus, message, this, answered, kCallTimeoutMs);
 }
 
 void DBusWorkspace::releaseDelayLock()

@@ -9,10 +9,6 @@
 #include <QObject>
 #include <QSet>
 
-#include <functional>
-
-class QDBusPendingCallWatcher;
-
 /// The session as its services describe it over D-Bus: logind's sleep and lock, and the screen savers' and
 /// GNOME's own signals. Without a bus, or without one of these services, its news are simply missing.
 ///
@@ -42,12 +38,9 @@ private Q_SLOTS:
         const QString& interface, const QVariantMap& changed, const QStringList& invalidated);
 
 private:
-    using ReplyHandler = std::function<void(const QDBusPendingCallWatcher&)>;
-
     void watchScreens(QDBusConnection sessionBus);
     void watchLogind();
     void watchLockOfSession();
-    void call(const QDBusConnection& bus, const QDBusMessage& message, ReplyHandler handler);
 
     void takeDelayLock();
     void releaseDelayLock();

@@ -1,7 +1,7 @@
 #include "platform/linux/PortalSetting.h"
 
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
+#include "platform/DBusCall.h"
+
 #include <QDBusPendingReply>
 
 #include <utility>
@@ -47,10 +47,8 @@ void PortalSetting::ask()
     QDBusMessage message = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.portal.Desktop"), kPath, kInterface, QStringLiteral("Read"));
     message << m_group << m_key;
-    auto* const call = new QDBusPendingCallWatcher(m_bus.asyncCall(message), this);
-    connect(call, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* finished) {
-        finished->deleteLater();
-        const QDBusPendingReply<QDBusVariant> reply = *finished;
+    askBus(m_bus, message, this, [this](const QDBusPendingCallWatcher& call) {
+        const QDBusPendingReply<QDBusVariant> reply = call;
         m_callback(reply.isError() ? QVariant() : unwrapped(reply.value().variant()));
     });
 }

@@ -1,9 +1,8 @@
 #include "platform/linux/TrayHost.h"
 
+#include "platform/DBusCall.h"
 #include "platform/linux/XTrayWatch.h"
 
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusVariant>
 
@@ -57,11 +56,9 @@ void TrayHost::askWatcher()
         kWatcherName, kWatcherPath, QStringLiteral("org.freedesktop.DBus.Properties"), QStringLiteral("Get"));
     message << kWatcherName << QStringLiteral("IsStatusNotifierHostRegistered");
     message.setAutoStartService(false);
-    auto* const call = new QDBusPendingCallWatcher(m_bus.asyncCall(message, kCallTimeoutMs), this);
-    connect(call, &QDBusPendingCallWatcher::finished, this, [this](QDBusPendingCallWatcher* finished) {
-        finished->deleteLater();
-        watcherAnswered(*finished);
-    });
+    askBus(
+        m_bus, message, this, [this](const QDBusPendingCallWatcher& call) { watcherAnswered(call); },
+        kCallTimeoutMs);
 }
 
 void TrayHost::watcherAnswered(const QDBusPendingCallWatcher& call)

@@ -13,18 +13,11 @@ constexpr double kMillisecondsPerSecond = 1000.0;
 X11IdleBackend::X11IdleBackend()
 {
     XcbServer server = connectToXServer();
-    m_connection = std::move(server.connection);
-    xcb_connection_t* const connection = m_connection.get();
-    const xcb_query_extension_reply_t* const extension =
-        server.screen ? xcb_get_extension_data(connection, &xcb_screensaver_id) : nullptr;
-    if (!extension || !extension->present) {
-        m_connection.reset();
+    if (!screenSaverOf(server))
         return;
-    }
     m_root = server.screen->root;
-    m_notifier =
-        std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(connection), QSocketNotifier::Read);
-    QObject::connect(m_notifier.get(), &QSocketNotifier::activated, m_notifier.get(), [this] { read(); });
+    m_connection = std::move(server.connection);
+    m_notifier = whenReadable(*m_connection, [this] { read(); });
 }
 
 X11IdleBackend::~X11IdleBackend() = default;

@@ -3,8 +3,6 @@
 #include "platform/linux/IdleBackend.h"
 #include "platform/linux/XcbConnection.h"
 
-#include <QSocketNotifier>
-
 #include <memory>
 
 /// Idle time from the X server's screen saver extension, for any kind of input together. Right on an X11

@@ -2,8 +2,6 @@
 
 #include "platform/linux/XcbConnection.h"
 
-#include <QSocketNotifier>
-
 #include <cstdint>
 #include <functional>
 #include <memory>

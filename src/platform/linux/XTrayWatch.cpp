@@ -8,10 +8,10 @@ XTrayWatch::XTrayWatch(Callback appeared)
     : m_appeared(std::move(appeared))
 {
     XcbServer server = connectToXServer();
-    m_connection = std::move(server.connection);
-    xcb_connection_t* const connection = m_connection.get();
     if (!server.screen)
         return;
+    m_connection = std::move(server.connection);
+    xcb_connection_t* const connection = m_connection.get();
     const QByteArray name = "_NET_SYSTEM_TRAY_S" + QByteArray::number(server.screenNumber);
     const auto cookie = xcb_intern_atom(connection, 0, uint16_t(name.size()), name.constData());
     const XcbReply<xcb_intern_atom_reply_t> atom(xcb_intern_atom_reply(connection, cookie, nullptr));
@@ -22,10 +22,7 @@ XTrayWatch::XTrayWatch(Callback appeared)
     // Listening begins before the question, so that a tray that starts in between is not missed.
     const uint32_t eventMask = XCB_EVENT_MASK_STRUCTURE_NOTIFY;
     xcb_change_window_attributes(connection, server.screen->root, XCB_CW_EVENT_MASK, &eventMask);
-    m_notifier =
-        std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(connection), QSocketNotifier::Read);
-    QObject::connect(
-        m_notifier.get(), &QSocketNotifier::activated, m_notifier.get(), [this] { readEvents(); });
+    m_notifier = whenReadable(*connection, [this] { readEvents(); });
     askForOwner();
 }
 
@@ -33,7 +30,7 @@ void XTrayWatch::readEvents()
 {
     bool somebodyCame = false;
     while (const XcbReply<xcb_generic_event_t> event {xcb_poll_for_event(m_connection.get())})
-        somebodyCame = somebodyCame || (event->response_type & 0x7F) == XCB_CLIENT_MESSAGE;
+        somebodyCame = somebodyCame || typeOf(*event) == XCB_CLIENT_MESSAGE;
     if (xcb_connection_has_error(m_connection.get()) != 0) {
         m_notifier->setEnabled(false);
         return;

@@ -2,8 +2,6 @@
 
 #include "platform/linux/XcbConnection.h"
 
-#include <QSocketNotifier>
-
 #include <functional>
 #include <memory>
 

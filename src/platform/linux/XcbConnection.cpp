@@ -1,5 +1,8 @@
 #include "platform/linux/XcbConnection.h"
 
+#include <utility>
+#include <xcb/screensaver.h>
+
 XcbServer connectToXServer()
 {
     XcbServer server;
@@ -11,4 +14,19 @@ XcbServer connectToXServer()
         xcb_screen_next(&screens);
     server.screen = screens.rem > 0 ? screens.data : nullptr;
     return server;
+}
+
+const xcb_query_extension_reply_t* screenSaverOf(const XcbServer& server)
+{
+    const xcb_query_extension_reply_t* const extension =
+        server.screen ? xcb_get_extension_data(server.connection.get(), &xcb_screensaver_id) : nullptr;
+    return extension && extension->present ? extension : nullptr;
+}
+
+std::unique_ptr<QSocketNotifier> whenReadable(xcb_connection_t& connection, std::function<void()> read)
+{
+    auto notifier =
+        std::make_unique<QSocketNotifier>(xcb_get_file_descriptor(&connection), QSocketNotifier::Read);
+    QObject::connect(notifier.get(), &QSocketNotifier::activated, notifier.get(), std::move(read));
+    return notifier;
 }

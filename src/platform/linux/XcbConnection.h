@@ -1,6 +1,10 @@
 #pragma once
 
+#include <QSocketNotifier>
+
+#include <cstdint>
 #include <cstdlib>
+#include <functional>
 #include <memory>
 #include <xcb/xcb.h>
 
@@ -23,4 +27,17 @@ struct XcbServer {
     int screenNumber = 0;
     const xcb_screen_t* screen = nullptr; ///< that one's; null where no server answers
 };
-XcbServer connectToXServer();
+[[nodiscard]] XcbServer connectToXServer();
+/// Null where there is no screen or the server lacks the extension.
+[[nodiscard]] const xcb_query_extension_reply_t* screenSaverOf(const XcbServer& server);
+
+/// Calls back from the main loop whenever the server has sent something.
+[[nodiscard]] std::unique_ptr<QSocketNotifier> whenReadable(
+    xcb_connection_t& connection, std::function<void()> read);
+
+/// What kind of event it is, whoever sent it.
+[[nodiscard]] inline uint8_t typeOf(const xcb_generic_event_t& event)
+{
+    constexpr uint8_t kType = 0x7F; // Without the mark of what programs sent.
+    return event.response_type & kType;
+}
