@@ -47,6 +47,7 @@ def test_every_text_that_is_shown_stands_in_every_language_and_no_other(tmp_path
         for key in ("StandingMessage", "SittingMessage"):
             assert len({table[f"{key}{number}"] for number in range(1, 11)}) == 10
     assert {key: english for key, english in shown.items() if english and english != TEXTS["en"][key]} == {}
+    assert [key for key, text in TEXTS["en"].items() if " " in key.strip() and key != text] == [], "a key in words says it"
 
 
 def test_what_qt_says_is_found_by_its_own_english(tmp_path):

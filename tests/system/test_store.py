@@ -74,7 +74,7 @@ def test_a_disk_that_fills_while_recording(desktop, ballast):
         panel(program)
     wait_until(lambda: not at_rest(desktop.windows), "the panel closed")  # A question would go with it.
     desktop.start("--quit").ends(1, within=DEADLINE)  # A question keeps it.
-    program.window_with("Quit Anyway", "Cancel").find("Quit Anyway").press()
+    program.window_with("Quit anyway", "Cancel").find("Quit anyway").press()
     program.ends()
 
 

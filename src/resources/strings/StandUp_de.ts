@@ -63,11 +63,11 @@
         <translation>Beim Beenden konnten Änderungen nicht gespeichert werden. Trotzdem beenden?</translation>
     </message>
     <message id="Quitting now will lose any changes you have made since the last successful save">
-        <source>Quitting now will lose any changes you have made since the last successful save.</source>
+        <source>Quitting now will lose any changes you have made since the last successful save</source>
         <translation>Alle Änderungen seit dem letzten erfolgreichen Speichern gehen verloren.</translation>
     </message>
     <message id="Quit anyway">
-        <source>Quit Anyway</source>
+        <source>Quit anyway</source>
         <translation>Trotzdem beenden</translation>
     </message>
     <message id="Cancel">

@@ -64,11 +64,11 @@
     </message>
     <message id="Quitting now will lose any changes you have made since the last successful save">
         <source></source>
-        <translation>Quitting now will lose any changes you have made since the last successful save.</translation>
+        <translation>Quitting now will lose any changes you have made since the last successful save</translation>
     </message>
     <message id="Quit anyway">
         <source></source>
-        <translation>Quit Anyway</translation>
+        <translation>Quit anyway</translation>
     </message>
     <message id="Cancel">
         <source></source>

@@ -63,11 +63,11 @@
         <translation>No se han podido guardar los cambios al salir. ¿Salir de todos modos?</translation>
     </message>
     <message id="Quitting now will lose any changes you have made since the last successful save">
-        <source>Quitting now will lose any changes you have made since the last successful save.</source>
+        <source>Quitting now will lose any changes you have made since the last successful save</source>
         <translation>Se perderán todos los cambios realizados desde la última vez que se guardaron.</translation>
     </message>
     <message id="Quit anyway">
-        <source>Quit Anyway</source>
+        <source>Quit anyway</source>
         <translation>Salir de todos modos</translation>
     </message>
     <message id="Cancel">

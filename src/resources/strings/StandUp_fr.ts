@@ -63,11 +63,11 @@
         <translation>Impossible d’enregistrer les modifications en quittant. Quitter quand même ?</translation>
     </message>
     <message id="Quitting now will lose any changes you have made since the last successful save">
-        <source>Quitting now will lose any changes you have made since the last successful save.</source>
+        <source>Quitting now will lose any changes you have made since the last successful save</source>
         <translation>Toutes les modifications depuis le dernier enregistrement réussi seront perdues.</translation>
     </message>
     <message id="Quit anyway">
-        <source>Quit Anyway</source>
+        <source>Quit anyway</source>
         <translation>Quitter quand même</translation>
     </message>
     <message id="Cancel">

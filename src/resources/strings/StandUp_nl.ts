@@ -63,11 +63,11 @@
         <translation>De wijzigingen konden bij het afsluiten niet worden opgeslagen. Toch afsluiten?</translation>
     </message>
     <message id="Quitting now will lose any changes you have made since the last successful save">
-        <source>Quitting now will lose any changes you have made since the last successful save.</source>
+        <source>Quitting now will lose any changes you have made since the last successful save</source>
         <translation>Alle wijzigingen sinds de laatste keer opslaan gaan verloren.</translation>
     </message>
     <message id="Quit anyway">
-        <source>Quit Anyway</source>
+        <source>Quit anyway</source>
         <translation>Toch afsluiten</translation>
     </message>
     <message id="Cancel">
