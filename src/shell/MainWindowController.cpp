@@ -312,5 +312,5 @@ void MainWindowController::mouseEventButtonMouseDown(MouseEventButton& button)
 
 void MainWindowController::mouseEventButtonMouseUp(MouseEventButton&)
 {
-    m_deskHold.end();
+    m_deskHold.end(); // Also where no height was stored to go to: a stop too many does no harm.
 }

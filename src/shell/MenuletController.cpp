@@ -50,6 +50,7 @@ void MenuletController::dismissNotification()
 
 void MenuletController::menuletClicked()
 {
+    // Before set-up only `active` flips: it counts the clicks, whatever they could show.
     setActive(!m_active);
     if (m_active)
         showMainWindow();

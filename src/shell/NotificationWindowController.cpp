@@ -228,7 +228,7 @@ void NotificationWindowController::mouseEventButtonMouseDown(MouseEventButton& b
 void NotificationWindowController::mouseEventButtonMouseUp(MouseEventButton&)
 {
     m_deskHold.end();
-    m_actionDone = true;
+    m_actionDone = true; // The wait begins when the pointer leaves; until then the user may go on moving.
 }
 
 void NotificationWindowController::moveToMemory(ZelvoHIDDevice& desk)
