@@ -19,9 +19,9 @@ class NotificationWindow;
 }
 
 /// The reminder: offers to move the desk, to snooze or to skip. It snoozes by itself when ignored and leaves
-/// shortly after the desk was moved, but not while the pointer rests on it, nor while the keyboard alone
-/// does. It comes without the keyboard, so that a key meant for another program never answers it; Alt+Tab, a
-/// click and a further start give it that.
+/// shortly after the desk was moved, but not while the pointer rests on it, nor while the keyboard alone is
+/// used in it. It comes without the keyboard, so that a key meant for another program never answers it;
+/// Alt+Tab, a click and a further start give it that.
 class NotificationWindowController final : public MouseEventButtonDelegate, public NotificationViewDelegate {
 public:
     explicit NotificationWindowController(Workspace& workspace);

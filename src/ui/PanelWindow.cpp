@@ -133,10 +133,12 @@ void PanelWindow::keyboardCame()
     // cannot ask. That is not the user's doing.
     const bool isAtOnce = RunLoop::main().monotonicNow() < m_shownAt + kUnaskedSeconds;
     const bool isUnasked = m_showsWithoutKeyboard && isFirst && (isAtOnce || !WindowSystem::isX11());
-    if (isCalled)
+    if (isCalled) {
         focusNextPrevChild(true); // Not before, or it would get no mark.
-    if (isCalled || !isUnasked)
         enter();
+    } else if (!isUnasked) {
+        m_isEntered = true; // By its user, or by a window manager whose window in front closed: a key tells.
+    }
 }
 
 bool PanelWindow::focusNextPrevChild(bool next)

@@ -41,8 +41,8 @@ public:
     void setFirstControl(QWidget* control) { m_firstControl = control; }
     /// Gives the keyboard to the window, and in it to the first control.
     void takeKeyboard();
-    /// Called when the user has come to the window, and at each key then; and when another window has the
-    /// keyboard.
+    /// Called when the window was called by takeKeyboard(), and at each key once the user has come to it; and
+    /// when another window has the keyboard.
     void onKeyboardUsed(std::function<void()> used, std::function<void()> left);
 
     bool eventFilter(QObject* receiver, QEvent* event) override;

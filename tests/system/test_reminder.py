@@ -59,7 +59,11 @@ def test_snoozed_skipped_and_ignored(desktop):
     window = worker.is_reminded_after(SNOOZE)
     worker.does(lambda: desktop.click(*window.find("Skip").middle))
     wait_until(lambda: "10\u00a0minutes" in worker.program.tray_icon()[1], "the tray told of it", 30)
+    editor = desktop.foreign_window(300, 300, 200, 100)
     worker.is_reminded_after(CYCLE)
+    worker.clock.reach(worker.since + CYCLE + 3, worker.rate)
+    editor.destroy()
+    wait_until(lambda: desktop.is_active(worker.reminder), "the keyboard, which nobody gave it")
     worker.clock.reach(worker.since + CYCLE + 24, worker.rate)
     assert worker.reminder
     wait_until(lambda: not worker.reminder, "it snoozes by itself")
