@@ -3,6 +3,8 @@
 #include <QEnterEvent>
 #include <QPainter>
 
+#include <utility>
+
 bool NotificationView::s_isMouseInside = false;
 
 NotificationView::NotificationView(QWidget* parent)
@@ -51,8 +53,10 @@ void NotificationView::leaveEvent(QEvent* event)
 void NotificationView::hideEvent(QHideEvent* event)
 {
     QWidget::hideEvent(event);
-    // A window that disappears under the pointer gets no leave event; the next one starts unvisited.
-    s_isMouseInside = false;
+    // A window that disappears under the pointer gets no leave event; the next one starts unvisited. One that
+    // was minimised there still waits for its answer.
+    if (std::exchange(s_isMouseInside, false) && event->spontaneous() && m_delegate)
+        m_delegate->notificationViewMouseExited();
 }
 
 void NotificationView::paintEvent(QPaintEvent* event)

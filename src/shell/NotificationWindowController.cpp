@@ -75,7 +75,8 @@ void NotificationWindowController::setNotification(std::shared_ptr<Notification>
     m_actionDone = false;
     m_notification = std::move(notification);
     updateControls();
-    startDismissTimer();
+    if (!NotificationView::isMouseInside()) // A renewed one may lie under a pointer that rests on it.
+        startDismissTimer();
 }
 
 void NotificationWindowController::updateControls()

@@ -49,6 +49,7 @@ TEST_F(NotificationWindowControllerTest, anAnsweredReminderWaitsForNothing)
         view.mouseEntered({-9, 9}); // Not in it.
         EXPECT_FALSE(view.isMouseInside());
         view.mouseEntered({9, 9});
+        remind(kStanding); // Anew, under it.
         view.mouseExited({9, 9}); // Onto a control.
         pass(50);
         EXPECT_TRUE(view.isVisible());
@@ -64,6 +65,11 @@ TEST_F(NotificationWindowControllerTest, anAnsweredReminderWaitsForNothing)
         openMainWindow(); // The reminder goes under the pointer; the next one waits for its own.
         pass(1);
     }
+    QWidget& window = remind(kStanding);
+    in<NotificationView>(window, "notificationView").mouseEntered({9, 9});
+    window.showMinimized();
+    pass(50);
+    EXPECT_FALSE(window.isVisible()) << "no pointer rests on it any more";
 }
 
 TEST_F(NotificationWindowControllerTest, theSameContentIsNotBegunAnewAndNoneEmptiesIt)
