@@ -38,6 +38,7 @@ void WindowFade::start(Direction direction)
     invalidate(m_timer);
     m_direction = direction;
     m_startedAt = RunLoop::main().monotonicNow();
+    m_startedFrom = m_window.windowOpacity();
     m_timer = m_timers.schedule(
         kFrameSeconds, RunLoop::Repeat::Yes, [this](Timer&) { step(); }, {}, RunLoop::Precision::Precise);
 }
@@ -47,7 +48,7 @@ void WindowFade::step()
     const double elapsed = RunLoop::main().monotonicNow() - m_startedAt;
     const bool isLastFrame = elapsed > kSeconds - kFrameSeconds / 2;
     const double done = isLastFrame ? 1.0 : elapsed / kSeconds;
-    setOpacity(m_direction == Direction::In ? done : 1.0 - done);
+    setOpacity(m_direction == Direction::In ? done : m_startedFrom * (1.0 - done));
     if (!isLastFrame)
         return;
     invalidate(m_timer);

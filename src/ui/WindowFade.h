@@ -27,6 +27,7 @@ private:
     QWidget& m_window;
     Direction m_direction = Direction::In;
     double m_startedAt = 0;
+    double m_startedFrom = 0; ///< the opacity then; a window that still comes goes from there
     TimerRef m_timer;
     TimerScope m_timers;
 };

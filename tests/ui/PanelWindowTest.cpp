@@ -103,7 +103,8 @@ TEST_F(PanelWindowTest, aFadeTakesFourTenthsOfASecondAndTheLastOneHolds)
         {kIn, 0, "0 shown moving"}, {nullptr, 0.1, "25 shown moving"}, {nullptr, 0.2, "75 shown moving"},
         {nullptr, 0.1, "100 shown "}, {kOut, 0.3, "25 shown leaving moving"}, {kOut, 0.1, "100 "},
         {kIn, 1, "100 shown "}, {kOut, 0.2, "50 shown leaving moving"},
-        {kIn, 1, "100 shown "}}; // Ends the one that runs.
+        {kIn, 1, "100 shown "}, // Ends the one that runs.
+        {kIn, 0.2, "50 shown moving"}, {kOut, 0.2, "25 shown leaving moving"}};
     for (const auto& [act, seconds, expected] : kTestCases) {
         if (act)
             (fade.*act)();
