@@ -57,7 +57,7 @@ void PanelWindow::comeToFront(const std::function<void(PanelWindow&)>& place)
         WindowSystem::moveToCurrentWorkspace(*this);
     else
         place(*this);
-    setWindowState(windowState() & ~Qt::WindowMinimized); // show() alone would keep it minimised.
+    WindowSystem::restore(*this);
     show();
     raise();
     activateWindow();
@@ -95,6 +95,7 @@ void PanelWindow::takeKeyboard()
         return;
     m_isCalled = true;
     WindowSystem::moveToCurrentWorkspace(*this);
+    WindowSystem::restore(*this);
     raise();
     activateWindow();
 }
@@ -233,6 +234,7 @@ void PanelWindow::showEvent(QShowEvent* event)
     if (m_opensUnfocused)
         setFocus(Qt::OtherFocusReason);
     windowHandle()->installEventFilter(this); // Controls keep their clicks and keys to themselves.
+    m_isCalled = false; // A call before was refused; it was not for this time.
     m_isUnvisited = true;
     m_isEntered = !m_showsWithoutKeyboard;
     m_shownAt = RunLoop::main().monotonicNow();

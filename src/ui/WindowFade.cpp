@@ -16,6 +16,9 @@ WindowFade::WindowFade(QWidget& window)
 void WindowFade::fadeIn()
 {
     setOpacity(0.0);
+    if (m_window.isMinimized())
+        m_window.hide(); // Desktops give the keyboard to an open window that is taken back.
+    WindowSystem::restore(m_window);
     m_window.show();
     m_window.raise();
     start(Direction::In);

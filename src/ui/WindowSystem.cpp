@@ -61,3 +61,8 @@ void WindowSystem::moveToCurrentWorkspace(const QWidget& window)
         XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
         reinterpret_cast<const char*>(&message));
 }
+
+void WindowSystem::restore(QWidget& window)
+{
+    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+}

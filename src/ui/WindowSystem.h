@@ -11,4 +11,6 @@ namespace WindowSystem {
 [[nodiscard]] bool isPointerKnown();
 /// Brings a shown window to the workspace that the user looks at. Nothing where there is no such thing.
 void moveToCurrentWorkspace(const QWidget& window);
+/// A window that was minimised is so no longer; show() alone would keep it minimised.
+void restore(QWidget& window);
 }

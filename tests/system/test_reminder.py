@@ -86,6 +86,10 @@ def test_answered_by_moving_the_desk_and_by_no_key_for_another_program(desktop):
     editor = desktop.foreign_window(300, 300, 200, 100)
     wait_until(lambda: desktop.is_active(editor), "the editor")
     window = worker.is_reminded_after(SITTING_TIME)
+    reminder = worker.reminder
+    desktop.minimise(reminder)
+    worker.program.window_with("Stand up").find("Stand up").press()  # A new one comes back, without the keyboard.
+    wait_until(lambda: (desktop.property(reminder, "WM_STATE") or [0])[0] == 1 and worker.reminder, "the reminder back")
     for key in ("space", "Return", "Escape"):
         desktop.key(key)
     assert desktop.is_active(editor) and worker.reminder

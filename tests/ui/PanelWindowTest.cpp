@@ -75,9 +75,12 @@ TEST_F(PanelWindowTest, heedsNoEscapeThatTheDesktopGaveItUnaskedBeforeItsUserCom
          },
             "u"},
         {[&] {
-             QApplication::setActiveWindow(nullptr), window.takeKeyboard(), QApplication::processEvents();
+             QApplication::setActiveWindow(nullptr), window.showMinimized();
+             window.takeKeyboard(), QApplication::processEvents();
+             EXPECT_FALSE(window.isMinimized());
          },
             "lu"},
+        {[&] { window.takeKeyboard(), window.hide(), window.show(), activate(); }, ""}, // Refused before.
         {[&] { QApplication::setActiveWindow(nullptr), platform.runLoop.advance(1), activate(); }, "lu"}};
     for (const auto& [comes, expected] : kTestCases) {
         window.show();
@@ -97,6 +100,7 @@ TEST_F(PanelWindowTest, aFadeTakesFourTenthsOfASecondAndTheLastOneHolds)
     WindowFade fade(window);
     constexpr auto kIn = &WindowFade::fadeIn;
     constexpr auto kOut = &WindowFade::fadeOut;
+    window.setWindowState(Qt::WindowMinimized); // So it was left.
     // What is done, seconds, and percent of opacity after them (the nearest quarter) with what goes on.
     const std::tuple<void (WindowFade::*)(), double, const char*> kTestCases[] = {
         {kOut, 0, "100 "}, // Of a hidden window: nothing.
@@ -110,7 +114,8 @@ TEST_F(PanelWindowTest, aFadeTakesFourTenthsOfASecondAndTheLastOneHolds)
             (fade.*act)();
         platform.runLoop.advance(seconds);
         EXPECT_EQ(QString::number(std::lround(window.windowOpacity() * 4) * 25)
-                + (window.isVisible() ? " shown " : " ") + (fade.isFadingOut() ? "leaving " : "")
+                + (window.isVisible() && !window.isMinimized() ? " shown " : " ")
+                + (fade.isFadingOut() ? "leaving " : "")
                 + (platform.runLoop.pendingTimerCount() == 1 ? "moving" : ""),
             QString::fromLatin1(expected));
     }
