@@ -38,57 +38,28 @@ constexpr uint8_t high(uint16_t number)
     return uint8_t(number >> 8);
 }
 
+// clang-format off
 /// Feature reports 3, 4 and 5 of bytes without a meaning of their own, 7, 63 and 7 of them after the report
 /// ID.
 constexpr auto kReports = std::to_array<uint8_t>({
-    0x06,
-    0x00,
-    0xFF,
-    0x09,
-    0x01, // The maker's own usage page, usage 1.
-    0xA1,
-    0x01,
-    0x15,
-    0x00,
-    0x26,
-    0xFF,
-    0x00,
-    0x75,
-    0x08, // A collection of bytes, 0 to 255.
-    0x85,
-    3,
-    0x95,
-    7,
-    0x09,
-    3,
-    0xB1,
-    0x02, // Report ID, how many bytes, usage, feature.
-    0x85,
-    4,
-    0x95,
-    63,
-    0x09,
-    4,
-    0xB1,
-    0x02, //
-    0x85,
-    5,
-    0x95,
-    7,
-    0x09,
-    5,
-    0xB1,
-    0x02, //
+    0x06, 0x00, 0xFF, 0x09, 0x01, // The maker's own usage page, usage 1.
+    0xA1, 0x01, // A collection,
+    0x15, 0, 0x26, 0xFF, 0x00, 0x75, 8, // of numbers from 0 to 255, 8 bits each.
+    0x85, 3, 0x95, 7, 0x09, 3, 0xB1, 0x02, // Report ID, how many numbers, usage, feature.
+    0x85, 4, 0x95, 63, 0x09, 4, 0xB1, 0x02,
+    0x85, 5, 0x95, 7, 0x09, 5, 0xB1, 0x02,
     0xC0,
 });
 
 constexpr auto kDevice = std::to_array<uint8_t>({
-    18, kDeviceDescriptor, 0x00, 0x02, 0, 0, 0,
-    64, // USB 2.0, the interface tells the class, 64 bytes a packet.
-    low(UsbAdapter::kVendor), high(UsbAdapter::kVendor), low(UsbAdapter::kProduct),
-    high(UsbAdapter::kProduct), low(UsbAdapter::kRelease), high(UsbAdapter::kRelease), 1, 2, 0,
-    1, // Maker, product, no serial number.
+    18, kDeviceDescriptor, 0x00, 0x02, // USB 2.0.
+    0, 0, 0, 64, // The interface tells the class; 64 bytes a packet.
+    low(UsbAdapter::kVendor), high(UsbAdapter::kVendor),
+    low(UsbAdapter::kProduct), high(UsbAdapter::kProduct),
+    low(UsbAdapter::kRelease), high(UsbAdapter::kRelease),
+    1, 2, 0, 1, // Maker, product, no serial number; one configuration.
 });
+// clang-format on
 
 constexpr auto kHid = std::to_array<uint8_t>(
     {9, kHidDescriptor, 0x11, 0x01, 0, 1, kReportDescriptor, uint8_t(kReports.size()), 0});
