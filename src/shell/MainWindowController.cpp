@@ -223,7 +223,7 @@ void MainWindowController::showGoalProgress()
 void MainWindowController::showSchedule()
 {
     const ScheduleManager& schedule = *AdoptedDesk::hub()->scheduleManager();
-    const ActivityRef& activity = AdoptedDesk::hub()->activity();
+    const ActivityRef activity = AdoptedDesk::hub()->activity();
     // A record that could not be stored leaves no start to count from.
     const double session =
         activity ? Date::now().timeIntervalSinceDate(activity->startDate()) / kSecondsPerMinute : 0;
