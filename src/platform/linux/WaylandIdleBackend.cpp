@@ -15,7 +15,8 @@
 
 namespace {
 constexpr double kMillisecondsPerSecond = 1000.0;
-/// Who watches from now on and hears of idleness one pause later has seen no input.
+/// Idle news that comes exactly one pause after watching began tells nothing: it may be the watching itself
+/// that was counted from.
 constexpr double kClockTolerance = 1.0;
 
 QByteArray socketPath()
@@ -193,7 +194,7 @@ void WaylandIdleBackend::drop()
 void WaylandIdleBackend::idled()
 {
     m_isIdle = true;
-    // The compositor counts from when it was asked to. Whoever was away before that is away still.
+    // A compositor counts from when it was asked to: whoever was away before that is away still.
     const double pauseBegan = RunLoop::main().monotonicNow() - m_pauseSeconds;
     if (pauseBegan > m_watchedSince + kClockTolerance)
         m_lastInputAt = pauseBegan;
