@@ -55,7 +55,7 @@ QColor shownBackground(const ButtonState& state)
         return state.backgroundColor;
     if (state.backgroundColor.isValid())
         return pressedColor(state.backgroundColor);
-    return state.isLink ? QColor() : zelvoPressShade();
+    return state.shadesWhenPressed ? zelvoPressShade() : QColor();
 }
 
 void paintBackground(QPainter& painter, const QRectF& rect, const ButtonState& state)

@@ -23,7 +23,7 @@ struct ButtonState {
     /// The title beside the picture or under it; or not drawn, and only said by screen readers.
     Qt::ToolButtonStyle toolButtonStyle = Qt::ToolButtonTextBesideIcon;
     Qt::LayoutDirection direction = Qt::LeftToRight;
-    bool isLink = false; ///< has nothing behind its title that could darken when pressed
+    bool shadesWhenPressed = true; ///< also where it has no background of its own
     bool isUnderlined = false;
     bool isPressed = false;
     bool isEnabled = true;

@@ -12,7 +12,7 @@ HoverLink::HoverLink(QWidget* parent)
 ButtonState HoverLink::state() const
 {
     ButtonState state = Button::state();
-    state.isLink = true;
+    state.shadesWhenPressed = false;
     return state;
 }
 

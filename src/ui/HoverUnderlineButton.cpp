@@ -17,7 +17,7 @@ HoverUnderlineButton::HoverUnderlineButton(QWidget* parent)
 ButtonState HoverUnderlineButton::state() const
 {
     ButtonState state = Button::state();
-    state.isLink = true;
+    state.shadesWhenPressed = false;
     return state;
 }
 
