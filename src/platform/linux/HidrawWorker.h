@@ -10,9 +10,9 @@
 /// things into the mailbox and waits no longer than it wishes.
 ///
 /// Each adapter has a thread of its own. The kernel lets transfers to different adapters run side by side,
-/// but a silent one holds its caller for five seconds in a wait that nothing ends: on a shared thread every
-/// other adapter would stand still behind it. Only opening and closing a node wait for all transfers under
-/// way, and these too wait here, where nobody waits for them.
+/// but a silent one holds its caller for five seconds in a wait that cannot be interrupted: on a shared
+/// thread every other adapter would stand still behind it. Only opening and closing a node wait for all
+/// transfers under way, and these too wait here, where nobody waits for them.
 ///
 /// Nobody joins the thread. It owns what it touches and ends by itself once its last transfer has returned,
 /// so that neither pulling out a silent adapter nor ending the program takes any time.
