@@ -8,7 +8,11 @@
 
 namespace {
 constexpr double kShownSeconds = 2.0;
-constexpr int kOverlap = 16; ///< over the button: what is to be read above it, the desk's height, stays free
+/// Of its button, below the picture and the title: the desk's height above and the next row's titles stay
+/// free.
+constexpr int kOverlap = 9;
+/// A lower button would be covered, and stands only where a line says already that it is to be held.
+constexpr int kLeastButtonHeight = 32;
 constexpr int kMargin = 8;
 constexpr qreal kRadius = 4;
 constexpr int kLeastDistance = 2; ///< from the window's edges
@@ -16,6 +20,8 @@ constexpr int kLeastDistance = 2; ///< from the window's edges
 
 void HoldHint::showAt(QWidget& button)
 {
+    if (button.height() < kLeastButtonHeight)
+        return;
     QWidget& window = *button.window();
     auto* hint = window.findChild<HoldHint*>();
     if (!hint)
@@ -61,7 +67,8 @@ void HoldHint::placeAt(const QWidget& button)
     const QPoint corner = button.mapTo(&window, QPoint());
     const int left = corner.x() + (button.width() - width()) / 2;
     const int furthest = std::max(kLeastDistance, window.width() - width() - kLeastDistance);
+    const int lowest = std::max(kLeastDistance, window.height() - height() - kLeastDistance);
     move(std::clamp(left, kLeastDistance, furthest),
-        std::max(kLeastDistance, corner.y() - height() + kOverlap));
+        std::min(corner.y() + button.height() - kOverlap, lowest));
     raise();
 }

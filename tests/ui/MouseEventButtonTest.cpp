@@ -176,6 +176,8 @@ TEST_F(MouseEventButtonTest, whoLetsGoTooSoonIsToldToHoldForTwoSecondsOrUntilThe
         const auto* const hint = stage.window.findChild<HoldHint*>();
         return hint && hint->isVisible();
     };
+    stage.window.resize(200, 40);
+    stage.button->resize(60, 33);
     // How long it is held, how long ago that was, and whether that is told.
     for (const auto& [held, ago, told] :
         {std::tuple(0.41, 0.0, false), {0.39, 1.5, true}, {0.39, 1.9, true}, {0.39, 2.1, false}}) {
@@ -186,4 +188,9 @@ TEST_F(MouseEventButtonTest, whoLetsGoTooSoonIsToldToHoldForTwoSecondsOrUntilThe
         platform.runLoop.advance(ago);
         EXPECT_EQ(isTold(), told) << held;
     }
+    EXPECT_TRUE(stage.window.rect().contains(stage.window.findChild<HoldHint*>()->geometry()));
+    stage.button->resize(60, 31); // What stands around a low one says it.
+    kSteps.at('L')(stage);
+    kSteps.at('l')(stage);
+    EXPECT_FALSE(isTold());
 }
