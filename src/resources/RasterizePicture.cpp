@@ -7,20 +7,31 @@
 #include <QPainter>
 #include <QSvgRenderer>
 
+#include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 
 namespace {
 constexpr double kThickness = 22; // Of the status bar.
 constexpr double kInset = 2; // Free on each side; larger pictures keep the proportion.
+constexpr int kGrid = 18; // On which the pictures' edges lie.
+
+/// Whole pixels to a step of the grid, where they cost a pixel at most.
+double inset(int size)
+{
+    const double proportional = kInset / kThickness * size;
+    const double whole = (size - std::max(1, size / kGrid) * kGrid) / 2.0;
+    return std::abs(whole - proportional) <= 1 ? whole : proportional;
+}
 
 QByteArray coverage(QSvgRenderer& picture, int size)
 {
     QImage image(size, size, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);
-    const double inset = kInset / kThickness * size;
-    picture.render(&painter, QRectF(image.rect()).adjusted(inset, inset, -inset, -inset));
+    const double free = inset(size);
+    picture.render(&painter, QRectF(image.rect()).adjusted(free, free, -free, -free));
     painter.end();
     QByteArray bytes;
     for (int i = 0; i < size * size; ++i)
