@@ -618,7 +618,7 @@
     <message id="HistoryDates">
         <source>%1, until %2</source>
         <extracomment>%1: the first and the last date; %2: time of day</extracomment>
-        <translation>%1, hasta %2 h</translation>
+        <translation>%1, hasta %2</translation>
     </message>
     <message id="ExportData">
         <source>Export to a file…</source>
