@@ -16,6 +16,7 @@
 #include "ui_MainWindow.h"
 
 #include <QClipboard>
+#include <QFontDatabase>
 #include <QGuiApplication>
 
 #include <algorithm>
@@ -277,6 +278,10 @@ void MainWindowController::placeStatus(bool isUnderCircle)
 void MainWindowController::tellPermission()
 {
     m_ui->labelPermission->setText(qtTrId("AdapterForbidden"));
+    // As in the terminal, where they go; not before, for another font takes memory.
+    QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    fixed.setPixelSize(m_ui->labelCommands->font().pixelSize());
+    m_ui->labelCommands->setFont(fixed);
     m_ui->labelCommands->setText(AdoptedDesk::permissionCommands().join(u'\n'));
     m_ui->buttonCopy->setText(qtTrId("CopyCommands"));
     const int width = m_window->width() - 2 * m_ui->rows->contentsMargins().left();
