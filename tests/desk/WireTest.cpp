@@ -42,6 +42,7 @@ TEST(Wire, carriesWhatAHoldAsksForAndNothingAfterItsEnd)
         // A sleep or an end stops what is held, and sends nothing where nothing is.
         {"1.3 willsleep quit 2.1 up 2.4 willsleep 2.7 up 3 quit 3.3",
             "2.1 stop r r 2.3 up r 2.4 stop r 2.7 stop r 2.9 up r 3 stop r r"},
+        {"1.3 up 1.6 wake 1.65 stop 1.9", "1.3 stop r 1.5 up r 1.65 stop r"},
         // What the status report says, and what is made of an adapter that has gone.
         {"1.3 error 3.3 well 5.3", "r r r r", "2.2 error 1 2 E07, 3.2 error 1 2 E07, 4.2 well"},
         {"1.3 error 2.3 pull 2.6", "r", "2.2 error 1 2 E07, 2.3 desk, 2.3 well"},

@@ -66,6 +66,11 @@ TEST_F(ZelvoControllerTest, runsWithoutAStore)
     hub->stopCurrentActivity();
     play("150");
     EXPECT_EQ(records(), "sit 75..90.2") << "a store is used from the next pulse on, and resumes nothing";
+    play("z=60 200");
+    EXPECT_EQ(wire.filter("init").size(), 1) << "once for each sleep";
+    play("full");
+    hub->startNewActivity();
+    EXPECT_FALSE(hub->activity()) << "until it is stored";
 }
 
 /// Of attendance and its record, what random histories of the whole program do not meet.

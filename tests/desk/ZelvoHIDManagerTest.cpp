@@ -3,6 +3,7 @@
 #include "desk/ScriptedAdapter.h"
 #include "fakes/Files.h"
 #include "fakes/TestPlatform.h"
+#include "platform/NotificationCenter.h"
 
 namespace {
 struct ForbiddenHidManager final : HidManager {
@@ -112,6 +113,9 @@ TEST_F(ZelvoHIDManagerTest, letsAHoldGoOnWhileAnotherAdapterLeaves)
 
 TEST_F(ZelvoHIDManagerTest, namesWhatFails)
 {
+    int told = 0;
+    const auto access = NotificationCenter::defaultCenter().addObserver(
+        ZelvoHIDManager::kAccessDidChange, [&](const PostedNotification&) { ++told; });
     first->openStatus = EBUSY;
     EXPECT_EQ(logOf([&] { plug(first); }), "Open failed\n");
     EXPECT_EQ(manager.accessStatus(), EBUSY);
@@ -122,6 +126,7 @@ TEST_F(ZelvoHIDManagerTest, namesWhatFails)
     EXPECT_TRUE(log.endsWith("Could not init device\n"));
     EXPECT_EQ(manager.accessStatus(), 0) << "one is open";
     unplug(first);
+    EXPECT_EQ(told, 2) << "that it failed and that it has left";
     EXPECT_TRUE(added.size() == 1 && removed.empty());
     const auto read = [&] { EXPECT_FALSE(ZelvoHIDManager::readBuffer(report, *added.at(0))); };
     second->readStatus = ETIMEDOUT;
