@@ -8,6 +8,7 @@
 #include <QEnterEvent>
 #include <QImage>
 #include <QPushButton>
+#include <QScreen>
 #include <QWidget>
 
 #include <gtest/gtest.h>
@@ -42,6 +43,13 @@ protected:
         QPalette palette = button.palette();
         palette.setColor(QPalette::Button, color);
         button.setPalette(palette);
+    }
+
+    /// What the window has painted so far: nothing new where nothing called for it.
+    static QImage onScreen(const QWidget& window)
+    {
+        QApplication::processEvents();
+        return window.screen()->grabWindow(window.winId()).toImage();
     }
 
     /// The rectangle around all pixels of which the condition holds.

@@ -41,18 +41,23 @@ TEST_F(MemoryRowTest, theEditorTakesTheButtonsPlaceAndStoresTheDesksHeight)
 {
     plug();
     open();
+    const QImage seen = onScreen(wizard->window());
+    memoryButton(3).setStoredPosition(1000);
+    EXPECT_NE(onScreen(wizard->window()), seen);
     type(height(), "110");
     openEditor(2);
     EXPECT_TRUE(heights().startsWith("Sit, 74 cm")) << "the height that was typed counts at once";
     for (const int index : {1, 3, 2}) {
         SCOPED_TRACE(index);
         const QRect place = memoryButton(index).geometry();
-        openEditor(index == 2 ? 1 : 2);
+        const int other = index == 2 ? 1 : 2;
+        openEditor(other);
         const auto ground = [&] { return grab(memoryButton(index)).pixelColor(9, 9); };
         enter(memoryButton(index));
         EXPECT_EQ(ground(), zelvoBrandSurfaceColor());
         QWidget& editor = openEditor(index);
         EXPECT_EQ(editor.geometry(), place);
+        EXPECT_TRUE(memoryButton(other).isVisible() && !memoryButton(index).isVisible());
         EXPECT_TRUE(find("buttonUp").hasFocus());
         EXPECT_FALSE(find<Button>("buttonUp").showsFocus()) << "no mark where the mouse has clicked";
         EXPECT_EQ(text("labelPosition") + ' ' + text("labelHeight"), memoryButton(index).text() + " 110 cm");
@@ -91,10 +96,15 @@ TEST_F(MemoryRowTest, theWayBackStoresNothingAndTheMarkOfTheKeyboardGoesWithTheF
             openEditor(1);
         EXPECT_EQ(find<Button>("buttonUp").showsFocus(), byKeyboard);
         moveDeskTo(byKeyboard ? 5000 : 4000);
-        if (byKeyboard)
+        if (byKeyboard) {
+            for (const QString next : {"buttonDown", "buttonDone", "buttonCancel", "buttonMemory2"}) {
+                QTest::keyClick(wizard->window().focusWidget(), Qt::Key_Tab);
+                EXPECT_EQ(wizard->window().focusWidget()->objectName(), next);
+            }
             QTest::keyClick(&find("buttonUp"), Qt::Key_Escape);
-        else
+        } else {
             click(find("buttonCancel"));
+        }
         EXPECT_EQ(memoryButton(1).showsFocus(), byKeyboard);
         EXPECT_TRUE(memoryButton(1).isVisible() && !wizard->window().findChild<QWidget*>("MemoryView"));
     }
@@ -118,6 +128,7 @@ TEST_F(MemoryRowTest, withoutADeskThereIsANoticeAndNothingToSet)
     expectDesk(true);
     const QWidget& editor = openEditor(1);
     platform.unplug();
+    EXPECT_EQ(text("labelHeight"), QString());
     click(*editor.findChild<QWidget*>("buttonDone"));
     EXPECT_EQ(platform.defaults.writes.join(' '), "TablePositionOffset");
     expectDesk(false);
