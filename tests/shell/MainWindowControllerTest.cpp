@@ -63,6 +63,7 @@ TEST_F(MainWindowControllerTest, theSessionCircleFollowsTheSchedule)
     world->app->applicationWillFinishLaunching();
     QWidget& window = openMainWindow(); // Whoever clicks early misses nothing.
     start();
+    set("TimeNotificationDismiss", 99);
     EXPECT_EQ(text(window, "labelStatus"), QStringLiteral("ConnectTable"));
     EXPECT_EQ(menulet().statusItem()->toolTip(), QStringLiteral("TrayTooltipDisconnected"));
     world->platform.plug(900);
@@ -74,8 +75,9 @@ TEST_F(MainWindowControllerTest, theSessionCircleFollowsTheSchedule)
     const double started = schedule().scheduleUpdatedDate()->secondsSince1970();
     pass(started + 1200 - world->platform.runLoop.now() + 4.9); // The last refresh is at most 5 s old.
     EXPECT_EQ(shown(window, "scheduleIndicator"), QStringLiteral("20 Min 44.6"));
-    pass(1510); // The reminder has not been answered yet.
-    EXPECT_EQ(shown(window, "scheduleIndicator"), QStringLiteral("45 Min 100.0"));
+    pass(1560); // The reminder has not been answered yet.
+    EXPECT_EQ(shown(window, "scheduleIndicator"), QStringLiteral("46 Min 100.0"));
+    EXPECT_EQ(AdoptedDesk::minutesToChange(), 0);
     properties().zelvoController()->startNewActivity();
     EXPECT_EQ(shown(window, "scheduleIndicator"), QStringLiteral("0 Min 0.0")) << "a new session, at once";
 
