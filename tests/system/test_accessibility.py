@@ -67,6 +67,9 @@ def test_what_a_screen_reader_is_told(desktop):
     wait_until(lambda: any(said in heard()[0] for said in snooze.says()), "the reminder")
     setup.find("30 minutes").press()
     wait_until(lambda: heard()[-1] == "30 minutes checked", "what is chosen now")
+    setup.find("Sit, 72 cm").press()
+    editor = {"Up": UP, "Down": DOWN, "Store": SET}.items()
+    wait_until(lambda: editor <= controls(setup)["push button"].items(), "its editor")
     test.find("Stand up").press()
     snooze.find("Stand")
     desktop.click(*snooze.find("Up").middle)
@@ -90,16 +93,21 @@ def test_the_keyboard_alone_is_enough(desktop):
         return next((node.name for node in setup.walk() if node.has(FOCUSED)), None)
 
     def tab_to(name):
+        way = []
         for _ in range(40):
             before = focus()
             desktop.key("Tab")
             wait_until(lambda: focus() not in (None, before), "the focus moved")
-            if focus() == name:
-                return
+            way.append(focus())
+            if way[-1] == name:
+                return way
         raise AssertionError(f"no way to {name}")
 
-    for name in ("My weight", "Stand-ups", "Time", "Done", "Close without saving", "Calories"):
-        tab_to(name)
+    goals = [f"{minutes} minutes" for minutes in (10, 15, 20, 30, 40)]
+    heights = ["Sit, 72 cm", "Stand, 110 cm", "Position 3, 115 cm"]
+    way = ["Desk height now", "Stand-ups", "Time", "Calories", *goals, "Goal", *heights, *TOLD["My weight"]["link"]]
+    assert tab_to("My weight") == [*way, "Done", "Light", "Close without saving", "My weight"]
+    tab_to("Calories")
     desktop.key("space")
     setup.find("150 Calories")
     tab_to("Goal")
