@@ -27,6 +27,7 @@
 #include "shell/PictureIcon.h"
 #include "ui/Appearance.h"
 #include "ui/Motion.h"
+#include "ui/PanelWindow.h"
 
 #include <QApplication>
 #include <QDBusConnection>
@@ -34,6 +35,7 @@
 #include <QSessionManager>
 #include <QStandardPaths>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
@@ -176,6 +178,14 @@ struct Program {
     TimerScope timers;
 };
 
+bool isAnyWindowOpen()
+{
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    return std::any_of(windows.begin(), windows.end(), [](const QWidget* window) {
+        return window->isVisible() && qobject_cast<const PanelWindow*>(window);
+    });
+}
+
 /// The icon appears as soon as a tray is there. A user without one finds the program's window instead.
 void appearInTray(Program& program)
 {
@@ -189,7 +199,8 @@ void appearInTray(Program& program)
             return;
         Log::line(
             QStringLiteral("No tray is there: showing the window instead. A further start shows it again."));
-        program.app.showSomething();
+        if (!isAnyWindowOpen()) // It would take the keyboard once more.
+            program.app.showSomething();
     });
 }
 

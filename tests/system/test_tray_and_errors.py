@@ -4,7 +4,7 @@ import fcntl
 
 import pytest
 from Xlib import X
-from waiting import DEADLINE, wait_until
+from waiting import DEADLINE, holds_for, wait_until
 
 
 @pytest.mark.desktop(tray=False)
@@ -29,6 +29,15 @@ def test_a_tray_that_is_late_and_one_that_leaves(desktop):
     wait_until(chosen, "the menu's last entry, which ends the program")
     program.ends()
     assert len(desktop.records()) == 1
+
+
+@pytest.mark.desktop(tray=False)
+def test_without_a_tray_no_window_is_added_to_one(desktop):
+    desktop.settings()
+    desktop.start("--history").in_front("History")
+    with desktop.clock.running(10):
+        wait_until(lambda: "No tray is there" in desktop.log(), "the patience over")
+        holds_for(0.5, lambda: set(desktop.windows()) == {"History"}, "that window alone")
 
 
 @pytest.mark.desktop(tray=False)
