@@ -12,8 +12,10 @@
 
 #include <utility>
 
-WizardWindowController::WizardWindowController(Workspace& workspace, std::function<void()> terminate)
+WizardWindowController::WizardWindowController(
+    Workspace& workspace, std::function<void()> completed, std::function<void()> terminate)
     : m_workspace(workspace)
+    , m_completed(std::move(completed))
     , m_terminate(std::move(terminate))
     , m_window(std::make_unique<WizardWindow>())
     , m_ui(std::make_unique<Ui::WizardWindow>())
@@ -92,10 +94,12 @@ bool WizardWindowController::completeSetup()
 {
     AppProperties& properties = AppProperties::instance();
     // The settings always say yes at present; a set-up that they refused would leave nothing to run on.
-    if (properties.isUserSetupCompleted() || properties.setDefaultUserValues())
-        return true;
-    m_terminate();
-    return false;
+    const bool isComplete = properties.isUserSetupCompleted() || properties.setDefaultUserValues();
+    if (isComplete)
+        m_completed();
+    else
+        m_terminate();
+    return isComplete;
 }
 
 SetupViewController& WizardWindowController::setupViewController()

@@ -17,8 +17,10 @@ class WizardWindow;
 /// what happens when the setup screen is closed.
 class WizardWindowController final : public SetupViewControllerDelegate {
 public:
+    /// @param completed called when the window was closed after a set-up that is complete
     /// @param terminate ends the program, for a first-run set-up that cannot be completed
-    WizardWindowController(Workspace& workspace, std::function<void()> terminate);
+    WizardWindowController(
+        Workspace& workspace, std::function<void()> completed, std::function<void()> terminate);
     ~WizardWindowController();
     WizardWindowController(const WizardWindowController&) = delete;
     WizardWindowController& operator=(const WizardWindowController&) = delete;
@@ -45,6 +47,7 @@ private:
     bool completeSetup();
 
     Workspace& m_workspace;
+    std::function<void()> m_completed;
     std::function<void()> m_terminate;
     std::unique_ptr<WizardWindow> m_window;
     std::unique_ptr<Ui::WizardWindow> m_ui;

@@ -94,6 +94,7 @@ void AppDelegate::setupStatusBar()
     m_statusMenuHistory = addMenuItem(qtTrId("ContextMenuHistory"), &AppDelegate::menuHistoryClicked);
     m_statusMenuSettings = addMenuItem(qtTrId("ContextMenuSettings"), &AppDelegate::menuSettingsClicked);
     m_statusMenuQuit = addMenuItem(qtTrId("ContextMenuExit"), &AppDelegate::terminate);
+    // Not every tray tells that it is about to show the menu.
     QObject::connect(&m_statusMenu, &QMenu::aboutToShow, &m_statusMenu, [this] { validateMenu(); });
     QObject::connect(
         &m_statusMenu, &QMenu::aboutToHide, &m_statusMenu, [this] { m_menuletController->menuDidClose(); });
@@ -286,8 +287,8 @@ WizardWindowController& AppDelegate::wizardWindowController()
 {
     AppProperties::instance().startZelvoController();
     if (!m_wizardWindowController)
-        m_wizardWindowController =
-            std::make_unique<WizardWindowController>(m_dependencies.workspace, [this] { terminate(); });
+        m_wizardWindowController = std::make_unique<WizardWindowController>(
+            m_dependencies.workspace, [this] { validateMenu(); }, [this] { terminate(); });
     return *m_wizardWindowController;
 }
 

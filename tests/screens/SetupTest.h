@@ -46,7 +46,8 @@ protected:
     void open()
     {
         if (!wizard)
-            wizard.emplace(platform.workspace, [] { ADD_FAILURE() << "It ends the program."; });
+            wizard.emplace(
+                platform.workspace, [] {}, [] { ADD_FAILURE() << "It ends the program."; });
         wizard->showWindow();
         show(wizard->window());
         platform.defaults.writes.clear();

@@ -30,6 +30,17 @@ TEST(AppDelegate, anUpgradeIsByNumbersAndResetsTheDismissTimeInOneRelease)
     }
 }
 
+TEST(AppDelegate, aMenuThatIsAboutToShowKnowsOfASetUpWhoseWindowIsStillOpen)
+{
+    ShellWorld world;
+    world.app->applicationWillFinishLaunching();
+    for (const bool isComplete : {false, true}) {
+        Q_EMIT world.app->statusMenu().aboutToShow();
+        EXPECT_EQ(world.app->statusMenuOpen()->isEnabled(), isComplete);
+        world.completeSetup();
+    }
+}
+
 TEST(AppDelegate, aFolderThatCannotBeMadeIsToldWithItsCauseAndTriedAgain)
 {
     ShellWorld world;

@@ -54,9 +54,8 @@ class Program:
         return get(*item, "IconPixmap"), get(*item, "ToolTip")[2]
 
     def menu(self):
-        # Label to (number, enabled) of the entries of the tray's menu.
+        # Label to (number, enabled) of the entries of the tray's menu, as a tray asks that does not announce it first.
         menu = (self.desktop.session, self.tray_item(), "/MenuBar", "com.canonical.dbusmenu")
-        call(*menu, "AboutToShow", "(i)", 0)  # As a tray does before it shows one.
         layout = call(*menu, "GetLayout", "(iias)", 0, -1, [])
         entries = [(number, values) for number, values, _ in layout[1][2]]
         return {values["label"].replace("_", ""): (number, values.get("enabled", True)) for number, values in entries}
