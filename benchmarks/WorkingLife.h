@@ -11,7 +11,7 @@
 /// long.
 inline constexpr int kWorkingDays = 13 * 250;
 inline constexpr int kDaysOfALife = 4748; ///< 2013-01-01 to 2025-12-31
-inline constexpr int64_t kPeriodsOfALife = kWorkingDays * 20;
+inline constexpr int64_t kPeriodsOfALife = int64_t(kWorkingDays) * 20;
 
 /// The first day of a life whose last working day is the day before that date.
 inline Date workingLifeUntil(Date date)

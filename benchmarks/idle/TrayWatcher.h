@@ -6,6 +6,7 @@
 
 #include <functional>
 
+// NOLINTBEGIN(readability-identifier-naming): As methods and signals are spelled on the bus.
 /// A tray host for measurements: answers as the desktop's StatusNotifierWatcher, and reads each icon as a
 /// panel does: when it registers, and when it tells of a new picture or tool tip.
 class TrayWatcher : public QObject, protected QDBusContext {
@@ -42,3 +43,4 @@ private:
     Callback m_happened;
     QStringList m_items;
 };
+// NOLINTEND(readability-identifier-naming)

@@ -41,6 +41,7 @@ public:
     /// Brings the answers up to date and calls back then: at once, or from the main loop soon after. Between
     /// two calls the answers grow with time, whatever input there is. A call drops the callback of the one
     /// before if that is still out.
+    // NOLINTNEXTLINE(performance-unnecessary-value-param): Who does not answer at once keeps it.
     virtual void refresh(std::function<void()> ready) { ready(); }
     /// False where nothing on this desktop tells of input; the user counts as active then.
     [[nodiscard]] virtual bool canTell() const { return true; }

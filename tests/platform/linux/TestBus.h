@@ -73,8 +73,8 @@ struct TestBus {
 struct TestService final : QDBusVirtualObject {
     using Answer = std::function<QVariant(const QDBusMessage& call)>;
 
-    TestService(const QDBusConnection& bus, QString name, const QString& path, Answer answer)
-        : m_bus(bus)
+    TestService(QDBusConnection bus, QString name, const QString& path, Answer answer)
+        : m_bus(std::move(bus))
         , m_name(std::move(name))
         , m_answer(std::move(answer))
     {
