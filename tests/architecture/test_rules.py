@@ -41,10 +41,10 @@ def wrong_include(path, include):
     if len(here) > 2 and there[0] not in ARROWS.get(here[1], ()):
         return "is an arrow that does not exist"
     # The developer's test window offers the simulated desk's faults.
-    may_name = ("src/main.cpp", "src/SimulatedApplication.h", f"src/platform/{there[1]}/") + ("src/shell/TestWindow",) * (there[1] == "simulated")
+    may_name = ("src/main.cpp", "src/Program", "src/SimulatedApplication.h", f"src/platform/{there[1]}/") + ("src/shell/TestWindow",) * (there[1] == "simulated")
     if there[0] != "platform" or there[1] not in BACKENDS or path.startswith(may_name):
         return None
-    return "names a backend, which is for main.cpp to choose"
+    return "names a backend, which is for the program to choose"
 
 
 def findings(path, text):
