@@ -196,15 +196,6 @@ TEST_F(AppPropertiesTest, keepsValuesOfEveryKindAndDoesWithoutAStore)
     EXPECT_EQ(P::getDictForKey("Dict"), (QVariantMap {{"a", 1}}));
     EXPECT_EQ(P::getArrayForKey("Array"), (QVariantList {"b", 2}));
     EXPECT_TRUE(P::getBoolForKey("Bool") && !P::getBoolForKey("Other"));
-    int hubs = 0;
-    P::instance().setZelvoControllerFactory([&] {
-        ++hubs;
-        return std::shared_ptr<ZelvoController>(
-            std::shared_ptr<void>(), reinterpret_cast<ZelvoController*>(this));
-    });
-    P::instance().startZelvoController();
-    P::instance().startZelvoController();
-    EXPECT_EQ(hubs, 1);
     ProcessServices::Backends backends = platform.services->backends();
     backends.defaults = nullptr;
     platform.services.reset();
