@@ -33,7 +33,6 @@ ZelvoController::~ZelvoController()
     m_dependencies.workspace.onScreensDidSleep({});
     m_dependencies.workspace.onDidWake({});
     m_dependencies.workspace.onWillSleep({});
-    m_deviceManager->setDelegate(nullptr);
     if (m_device)
         m_device->setDelegate(nullptr); // A screen may hold it longer than this hub lives.
 }
@@ -216,7 +215,6 @@ bool ZelvoController::isMovementHeld() const
 
 void ZelvoController::startPulseTimer()
 {
-    invalidate(m_pulseTimer);
     m_pulseTimer = m_timers.schedule(
         kPulseInterval, RunLoop::Repeat::Yes, [this](Timer& timer) { onPulseTimerTick(timer); });
 }

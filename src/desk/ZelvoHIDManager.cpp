@@ -111,8 +111,7 @@ void ZelvoHIDManager::handleRemovedDevice(const HidDeviceRef& device, const HidM
         static_cast<long long>(USBDeviceCount(sender))));
     m_access.erase(device);
     NotificationCenter::defaultCenter().post(kAccessDidChange);
-    if (listed)
-        m_timers.schedule(0, RunLoop::Repeat::No, [this](Timer&) { bringInWaitingDevice(); });
+    m_timers.schedule(0, RunLoop::Repeat::No, [this](Timer&) { bringInWaitingDevice(); });
 }
 
 void ZelvoHIDManager::handleLateReport(const HidDeviceRef& device, std::span<const uint8_t> report)
