@@ -31,20 +31,16 @@ void MemoryViewController::awakeFromNib()
 
 void MemoryViewController::buttonDoneClicked()
 {
-    if (m_delegate)
-        m_delegate->memoryViewButtonDoneClicked();
+    m_delegate->memoryViewButtonDoneClicked();
 }
 
 void MemoryViewController::buttonCancelClicked()
 {
-    if (m_delegate)
-        m_delegate->memoryViewButtonCancelClicked();
+    m_delegate->memoryViewButtonCancelClicked();
 }
 
 void MemoryViewController::mouseEventButtonMouseDown(MouseEventButton& button)
 {
-    if (!m_delegate)
-        return;
     if (&button == m_ui->buttonUp)
         m_delegate->memoryViewButtonUpMouseDown();
     else if (&button == m_ui->buttonDown)
@@ -53,8 +49,6 @@ void MemoryViewController::mouseEventButtonMouseDown(MouseEventButton& button)
 
 void MemoryViewController::mouseEventButtonMouseUp(MouseEventButton& button)
 {
-    if (!m_delegate)
-        return;
     if (&button == m_ui->buttonUp)
         m_delegate->memoryViewButtonUpMouseUp();
     else if (&button == m_ui->buttonDown)

@@ -47,6 +47,7 @@ public:
     void mouseEventButtonMouseUp(MouseEventButton& button) override;
 
     [[nodiscard]] MemoryViewControllerDelegate* delegate() const { return m_delegate; }
+    /// Before anything is pressed.
     void setDelegate(MemoryViewControllerDelegate* delegate) { m_delegate = delegate; }
     /// The memory position that is being set: 1, 2 or 3.
     [[nodiscard]] int32_t index() const { return m_index; }
