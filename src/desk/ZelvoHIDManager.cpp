@@ -101,8 +101,11 @@ void ZelvoHIDManager::handleRemovedDevice(const HidDeviceRef& device, const HidM
     // Told apart before the list is asked: only the listed adapter can be found in it.
     const ZelvoDeviceNodeRef listed = deviceNodeByReference(device);
     if (const auto left = listed ? deviceByNode(listed) : deviceByReference(device)) {
-        if (left->ownNode() != ZelvoHIDDevice::node())
-            endHeldMovements(); // They move another desk, which stays.
+        if (left->ownNode() != ZelvoHIDDevice::node()) {
+            // Its hold moves another desk, which stays, and the stop reads that one's height.
+            left->setDelegate(nullptr);
+            endHeldMovements();
+        }
         removeDevice(left);
     }
     killDeviceReference(device);

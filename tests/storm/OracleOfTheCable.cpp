@@ -78,6 +78,8 @@ void Oracle::transferred(const Transfer& transfer)
         m_writtenAt = m_now;
         return transfer.bytes[0] == kMovementReport ? commanded(transfer) : void();
     }
+    if (std::exchange(m_remindedAt, -1) >= 0)
+        runTimers(m_now); // A question is late by a standstill, and so are those that are due before it.
     // What is not taken up is only tried, to find out whether it answers again.
     if (!transfer.isOk || !isTakenUp(transfer.adapter))
         return;
