@@ -89,6 +89,7 @@ TEST_F(HistoryWindowControllerTest, eachPeriodSumsUpFromItsOwnStartToTheFirstOpe
         EXPECT_EQ(find("historyHeadTitle1").accessibleDescription(), hours);
     }
     EXPECT_EQ(text("historySubTitle4") + find("column4").toolTip().right(4), "goal met 15.");
+    EXPECT_EQ(find("historyHeadTitle4").accessibleDescription(), find("column4").toolTip());
     struct Delegate final : HistoryWindowControllerDelegate {
         int closings = 0;
         void historyWindowButtonCloseClicked() override { ++closings; }
@@ -129,7 +130,9 @@ TEST_F(HistoryWindowControllerTest, sumsBelowZeroWithoutAStoreAndBeforeSetUpAreZ
 
 TEST_F(HistoryWindowControllerTest, numbersShareTheLargestSizeAtWhichEachFits)
 {
+    stood(0, 2.1);
     open();
+    EXPECT_EQ(text("historySubTitle1") + text("historySubTitle2"), "minutescalorie");
     find("historyHeadTitle1").setMinimumSize(0, 0);
     const std::tuple<QSize, QString, int, int> kCases[] = {{{200, 80}, "0", 44, 44},
         {{200, 80}, QString(200, '8'), 9, 9}, // Fits at no size.

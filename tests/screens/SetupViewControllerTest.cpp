@@ -57,7 +57,6 @@ TEST_F(SetupViewControllerTest, tabsCirclesSliderAndSentenceFollowEachOther)
         {[this] { click(find("labelTime")); }, kTime.arg(4).arg(40), "13"},
         {[this] { QTest::keyClick(&slider(), Qt::Key_Left); }, kTime.arg(3).arg(30), "10"},
         {[this] { type(standUps(), "4"); }, kTime.arg(3).arg(30), "7.5"},
-        {[this] { click(find("labelTime")); }, kTime.arg(3).arg(30), "7.5"}, // Again.
         {[this] { click(find("labelCalories")); }, kCalories.arg(3).arg(200), "7.5"},
         {[this] { type(weight(), "150"); }, kCalories.arg(3).arg(200), "3.5"},
         {[this] { type(weight(), ""), standUps().setFocus(); }, kCalories.arg(3).arg(200),

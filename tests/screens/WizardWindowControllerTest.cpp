@@ -70,6 +70,7 @@ TEST_F(WizardWindowControllerTest, theFirstRunShowsTheDeskAsItMovesAndListensNoL
     const QImage seen = grab(desk);
     platform.unplug();
     EXPECT_NE(grab(desk), seen);
+    EXPECT_EQ(desk.accessibleName(), QString());
     click(find("buttonDone"));
     EXPECT_EQ(hub().delegates().size(), 1U);
     open();
