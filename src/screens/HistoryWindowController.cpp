@@ -181,11 +181,9 @@ void HistoryWindowController::setHighLightedButton(int index)
 {
     Button* const buttons[] = {m_ui->buttonDay, m_ui->buttonWeek, m_ui->buttonMonth, m_ui->buttonYear};
     for (int i = kDay; i <= kYear; ++i) {
-        buttons[i]->setTextRole(QPalette::ButtonText);
+        buttons[i]->setTextRole(i == index ? QPalette::Link : QPalette::ButtonText);
         buttons[i]->setChecked(i == index);
     }
-    if (index >= kDay && index <= kYear)
-        buttons[index]->setTextRole(QPalette::Link);
 }
 
 void HistoryWindowController::setFontSizeToFitHistoryHead()

@@ -135,7 +135,6 @@ bool SetupEntries::accept(QLineEdit& field)
     const int rightmost =
         m_ui.labelRefusal->parentWidget()->width() - m_ui.textFieldWeight->x() - m_ui.labelRefusal->width();
     m_ui.labelRefusal->move(std::min(field.x(), rightmost), field.geometry().bottom() + 1);
-    m_ui.labelRefusal->raise();
     m_ui.labelRefusal->show();
     field.setFocus();
     field.selectAll();

@@ -37,7 +37,6 @@ SetupViewController::SetupViewController(Workspace& workspace)
 
 SetupViewController::~SetupViewController()
 {
-    m_heights.clear();
     // A held button stops the desk through this object, which is still whole here.
     delete std::exchange(m_view, nullptr).data();
 }
