@@ -92,9 +92,10 @@ bool AutostartLoginItems::isSwitchedOff() const
         || valueOf("X-GNOME-Autostart-enabled", present).toLower() == "false";
 }
 
-bool AutostartLoginItems::isStartUnwanted() const
+bool AutostartLoginItems::isStartUnwanted(const QByteArray& controlGroup) const
 {
-    return isSwitchedOff() && isAutostartGroup(contents(QStringLiteral("/proc/self/cgroup")));
+    // Another entry's group is inherited by all that is started from that program: a terminal's, say.
+    return isSwitchedOff() && controlGroup.contains("/app-org.zelvo.StandUp@autostart.service");
 }
 
 QByteArray AutostartLoginItems::entry(const QString& executablePath)
@@ -113,8 +114,7 @@ QByteArray AutostartLoginItems::entry(const QString& executablePath)
         .toUtf8();
 }
 
-bool AutostartLoginItems::isAutostartGroup(const QByteArray& controlGroup)
+QByteArray AutostartLoginItems::ownControlGroup()
 {
-    // Another entry's group is inherited by all that is started from that program: a terminal's, say.
-    return controlGroup.contains("/app-org.zelvo.StandUp@autostart.service");
+    return contents(QStringLiteral("/proc/self/cgroup"));
 }

@@ -20,13 +20,13 @@ public:
 
     /// Whether the desktop started this process at login although the user has switched that off: systemd,
     /// which does it for some desktops, does not know GNOME's switch. The program then ends at once.
-    [[nodiscard]] bool isStartUnwanted() const;
+    [[nodiscard]] bool isStartUnwanted(const QByteArray& controlGroup = ownControlGroup()) const;
 
     /// The entry for an executable. Public for the sake of its test.
     static QByteArray entry(const QString& executablePath);
-    /// Whether a control group (/proc/self/cgroup) is one that systemd made for an autostart entry.
-    static bool isAutostartGroup(const QByteArray& controlGroup);
 
 private:
+    static QByteArray ownControlGroup();
+
     QString m_path;
 };
