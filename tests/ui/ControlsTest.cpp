@@ -51,10 +51,10 @@ TEST_F(ControlsTest, aPressThatIsAskedForClicksUnlessDisabledAndNeverHoldsADesks
             spoken->actionInterface()->doAction(press);
             told += QString::number(std::exchange(clicks, 0))
                 + (spoken->actionInterface()->actionNames().contains(press) ? "press " : " ")
-                + (spoken->state().linked ? "linked " : "");
+                + (spoken->state().linked ? "linked " : "") + (spoken->state().selectable ? "tab " : "");
         }
     }
-    EXPECT_EQ(told, QStringLiteral("1press 0 1press linked 0 linked 1press 0 0 0 "));
+    EXPECT_EQ(told, QStringLiteral("1press 0 1press linked 0 linked 1press tab 0 tab 0 0 "));
     enter(link);
     EXPECT_EQ(link.textColor(), link.palette().color(QPalette::LinkVisited));
     for (QPushButton* const pressed : std::initializer_list<QPushButton*> {&link, &underlined}) {

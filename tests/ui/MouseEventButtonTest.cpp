@@ -73,6 +73,7 @@ const std::map<char, Act> kSteps {{'L', mouse(kPress, Qt::LeftButton, true)},
     {'e', key(kUp, Qt::Key_Enter)}, {'N', key(kDown, Qt::Key_Return)}, {'n', key(kUp, Qt::Key_Return)},
     {'T', key(kDown, Qt::Key_Tab)}, {'+', key(kDown, Qt::Key_Space, {}, true)},
     {'-', key(kUp, Qt::Key_Space, {}, true)}, {'$', key(kDown, Qt::Key_Space, Qt::AltModifier)},
+    {'#', key(kDown, Qt::Key_Space, Qt::ControlModifier)}, {'*', key(kDown, Qt::Key_Space, Qt::MetaModifier)},
     {'&', [](Stage& stage) { stage.send(QShortcutEvent(QKeySequence(Qt::Key_U), 0), stage.button); }},
     // None of its business.
     {'q', [](Stage& stage) { stage.send(QShowEvent(), stage.field); }},
@@ -97,7 +98,7 @@ TEST_F(MouseEventButtonTest, eachStepReportsWhatItBeginsOrEnds)
     const std::pair<const char*, const char*> kTestCases[] = {{"LlLl", "v^v^"}, {"RrLRrl", "..v..^"},
         {"L>l", "v.^"}, {"Lol", "v^."}, {"Lfl", "v^."}, {"Lwl", "v^."}, {"SwoLls", "v....^"},
         {"LSsl", "v..^"}, {"S-+s+", "v..^."}, {"Ee", "v^"}, {"Nn", "v^"}, {"STs", "v^."}, {"SNns", "v^.."},
-        {"Sns", "v.^"}, {"T$&", "..."}, {"Lqcal", "v...^"}};
+        {"Sns", "v.^"}, {"T$#*&", "....."}, {"Lqcal", "v...^"}};
     for (const auto& [steps, expected] : kTestCases) {
         Stage stage;
         setBackground(*stage.button, Qt::white);
@@ -174,7 +175,7 @@ TEST_F(MouseEventButtonTest, whoLetsGoTooSoonIsToldToHoldForTwoSecondsOrUntilThe
     Stage stage;
     const auto isTold = [&] {
         const auto* const hint = stage.window.findChild<HoldHint*>();
-        return hint && hint->isVisible();
+        return hint && hint->isVisible() && hint->testAttribute(Qt::WA_TransparentForMouseEvents);
     };
     stage.window.resize(200, 40);
     stage.button->resize(60, 33);

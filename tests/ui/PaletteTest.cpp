@@ -5,6 +5,7 @@
 #include "ui/FormStyle.h"
 #include "ui/HyperLinkTextField.h"
 #include "ui/PanelWindow.h"
+#include "ui/Picture.h"
 #include "ui/TextUtilities.h"
 
 namespace {
@@ -62,6 +63,8 @@ TEST_F(PaletteTest, theUserChoosesTheLookOfOpenWindowsOrLetsTheDesktop)
     link.setText(hyperlinkFromString("E02", QUrl("https://example.org")));
     applyFormStyle(window);
     EXPECT_EQ(link.font().family(), QStringLiteral("Open Sans")) << "as all text in several lines";
+    const auto drawn = [] { return Picture(QStringLiteral("ButtonUp")).pixmap({24, 24}, 1).toImage(); };
+    const QImage light = drawn();
     int asked = 0;
     Appearance::whenFollowing([&asked] { ++asked; });
     for (const auto& [choice, isDesktopDark, hasDarkWindows, isDark] : kTestCases) {
@@ -70,6 +73,7 @@ TEST_F(PaletteTest, theUserChoosesTheLookOfOpenWindowsOrLetsTheDesktop)
         Appearance::setDesktopIsDark(isDesktopDark);
         EXPECT_EQ(window.palette().color(QPalette::Window).lightness() < 128, isDark) << choice;
         EXPECT_EQ(PanelWindow().palette(), window.palette());
+        EXPECT_EQ(drawn() == light, !isDark) << choice;
         EXPECT_EQ(window.palette().color(QPalette::LinkVisited), zelvoLinkHover()) << "under the mouse";
         EXPECT_TRUE(link.text().contains(zelvoHoverColor().name())) << choice;
         EXPECT_EQ(pressedColor(Qt::gray).lightness() > QColor(Qt::gray).lightness(), isDark) << choice;

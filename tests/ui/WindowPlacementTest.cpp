@@ -61,6 +61,15 @@ TEST_F(WindowPlacementTest, theTrayIsWhereTheWidestPanelEndsOrAtTheTop)
     }
 }
 
+TEST_F(WindowPlacementTest, aWindowOpensOnThePointersScreen)
+{
+    const QRect other = QGuiApplication::screens().last()->geometry();
+    QCursor::setPos(other.center());
+    PanelWindow window;
+    WindowPlacement::moveToCentre(window);
+    EXPECT_TRUE(other.contains(window.pos()));
+}
+
 TEST_F(WindowPlacementTest, aWindowIsFetchedIntoSightWhenTheScreensChange)
 {
     QScreen* const screen = QGuiApplication::primaryScreen();
