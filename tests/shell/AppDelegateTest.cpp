@@ -15,7 +15,7 @@ TEST(AppDelegate, anUpgradeIsByNumbersAndResetsTheDismissTimeInOneRelease)
 {
     const std::tuple<const char*, const char*, double, const char*> kCases[] = {
         {"1.0.0", "1.0.1", 20, "1.0.1"}, {"1.0.0", "1.0.2", 77, "1.0.2"}, {"1.0.9", "1.0.10", 77, "1.0.10"},
-        {"1.0.10", "1.0.9", 77, "1.0.10"}};
+        {"1.0.10", "1.0.9", 77, "1.0.10"}, {"1.0.1", "1.0.1", 77, "1.0.1"}};
     for (const auto& [stored, running, dismissTime, version] : kCases) {
         ShellWorld world;
         QJsonObject information = TestPlatform::defaultInformation();

@@ -33,6 +33,7 @@ TEST(ErrorLine, linksErrorsWhereThereIsAPageAndGoesFifteenSecondsAfterTheirEnd)
             QStringLiteral("Error \nE02: Overload <up> \nE12: \n"));
         EXPECT_EQ(label.text().count(QStringLiteral("<a href=\"%1\"").arg(url)), links);
         EXPECT_FALSE(label.text().contains(QStringLiteral(" </a>"))); // No blank is underlined.
+        EXPECT_EQ(label.focusPolicy(), links ? Qt::StrongFocus : Qt::NoFocus);
         QApplication::setActiveWindow(&area);
         label.clearFocus();
         label.setFocus(Qt::TabFocusReason);

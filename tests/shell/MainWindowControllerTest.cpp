@@ -65,7 +65,6 @@ TEST_F(MainWindowControllerTest, theSessionCircleFollowsTheSchedule)
     start();
     set("TimeNotificationDismiss", 99);
     world->platform.plug(900);
-    EXPECT_EQ(menulet().statusItem()->toolTip(), QStringLiteral("TrayTooltipSitting, TrayTooltipChange"));
     EXPECT_EQ(text(window, "labelStatus"), QStringLiteral("CurrentSession")) << "at once";
     world->hid.desk().setHeight(1100);
     pass(1);
@@ -97,10 +96,12 @@ TEST_F(MainWindowControllerTest, refreshesEveryFiveSecondsAndLeavesNoTimerBehind
     EXPECT_EQ(world->platform.runLoop.pendingTimerCount(), timersBefore + 2) << "at its making, its opening";
     EXPECT_FALSE(qobject_cast<Button*>(window.focusWidget())) << "a stray key must move nothing";
     stood(36);
+    properties().setTablePositionOffset(7200);
     pass(4.9);
     EXPECT_EQ(text(window, "labelPercent"), QStringLiteral("0"));
     pass(0.2);
     EXPECT_EQ(text(window, "labelPercent"), QStringLiteral("25"));
+    EXPECT_EQ(text(window, "labelTabelHeigt"), QStringLiteral("TableHeightLabel\n 81 Centimeter"));
     menulet().showMainWindow(); // Each opening adds a timer.
     QTest::keyClick(&window, Qt::Key_Escape); // As its close button does.
     EXPECT_FALSE(menulet().isActive() || window.isVisible());

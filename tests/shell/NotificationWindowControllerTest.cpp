@@ -51,6 +51,9 @@ TEST_F(NotificationWindowControllerTest, anAnsweredReminderWaitsForNothing)
         view.mouseEntered({9, 9});
         remind(kStanding); // Anew, under it.
         view.mouseExited({9, 9}); // Onto a control.
+        QApplication::setActiveWindow(&window);
+        EXPECT_EQ(QApplication::focusWidget(), &window) << "a stray key must move nothing";
+        QApplication::setActiveWindow(nullptr); // The pointer alone keeps it.
         pass(50);
         EXPECT_TRUE(view.isVisible());
         const QWidget& clicked = in(window, place);
@@ -89,6 +92,7 @@ TEST_F(NotificationWindowControllerTest, theSameContentIsNotBegunAnewAndNoneEmpt
         QApplication::setActiveWindow(active);
         pass(60);
         EXPECT_EQ(reminder.isOpen(), active == &window) << "a keyboard that was called keeps it open";
+        EXPECT_FALSE(active && reminder.takeKeyboard()) << "it has it already";
     }
     reminder.setNotification(nullptr);
     for (const char* label : {"labelTitle", "labelMessage", "calRadialTitle", "calRadialSubTitle"})
