@@ -6,6 +6,7 @@ import os
 import struct
 import threading
 import time
+from pathlib import Path
 
 import gi
 
@@ -29,7 +30,7 @@ def new_bed():
 class Adapter:
     # One adapter with its desk. What happens on the wire is in `wire`, with the time of its arrival.
 
-    def __init__(self, bed, number, clock, height=900, maker="Zelvo Ardenta A/S"):
+    def __init__(self, bed, number, clock, height=900, maker="Zelvo Ardenta A/S", mode=0o600):
         self._bed, self.clock = bed, clock
         self.height = float(height)
         self.communicating = True
@@ -47,7 +48,7 @@ class Adapter:
         # An ordinary file stands for the node; what is opened there meets the handler.
         self.file = self._bed.get_root_dir() + self.node
         os.makedirs(os.path.dirname(self.file), exist_ok=True)
-        open(self.file, "w").close()
+        Path(self.file).touch(mode)
         self._answer_on_a_thread()
         numbers = ["dev", f"240:{number}"]
         self._hidraw = self._bed.add_device("hidraw", f"hidraw{number}", self._usb, numbers, ["DEVNAME", self.node])

@@ -62,6 +62,7 @@ def test_ending_during_the_first_run_answers_nothing_for_the_user(desktop):
         program = desktop.start()
         desktop.window("Settings")
         assert enabled() == offered
+        wait_until(lambda: "Sitting" in program.tray_icon()[1], "the tray, which does not say that it pauses")
         end(program)
         program.ends()
         assert desktop.setting("Weight") is None

@@ -20,6 +20,7 @@ def test_it_obeys_a_pipe_and_lends_an_adapter(desktop):
     port = socket.create_server(("127.0.0.1", 0)).getsockname()[1]  # Free again at once.
     simulator = start("--usbip", port, "--wire")
     assert f"Port {port}" in simulator.stdout.readline().decode()
+    assert socket.socket().connect_ex(("127.0.0.2", port)) != 0
     with socket.create_connection(("127.0.0.1", port), DEADLINE) as kernel:
         kernel.sendall(bytes.fromhex(QUESTIONS))
         assert simulator.stdout.readline().endswith(b" adapter 1 set 03 04 00 FB 00 00 00 00: ok\n")

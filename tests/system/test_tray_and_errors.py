@@ -3,6 +3,8 @@
 import fcntl
 
 import pytest
+from bus import call
+from gi.repository import GLib
 from Xlib import X
 from waiting import DEADLINE, holds_for, wait_until
 
@@ -13,6 +15,7 @@ def test_a_tray_that_is_late_and_one_that_leaves(desktop):
     program = desktop.start(XDG_CURRENT_DESKTOP="GNOME")
     with desktop.clock.running(10):
         program.in_front("Zelvo StandUp")  # By itself.
+    wait_until(lambda: desktop.has_owner(desktop.session, "org.zelvo.StandUp"), "the program on the bus")
     leave = lambda: desktop.tray.process.terminate()  # noqa: E731
     for tray, ask in (list, program.show), (desktop.add_tray, program.click_tray), (leave, program.show):
         desktop.key("Escape")
@@ -89,13 +92,9 @@ def test_the_icon_tells_whether_a_desk_is_there_and_a_silent_adapter_is_none(des
     adapter.failure = 32  # EPIPE, so that the program looks whether the desk is there.
     main.hears("Please connect your desk")
     assert program.tray_icon() == (without, "No desk connected")
-    adapter.failure, adapter.communicating = 0, True
-    main.hears("Current session")
-    adapter.unplug()
-    wait_until(lambda: program.tray_icon() == (without, "No desk connected"), "the icon without a desk")
 
 
-def test_an_error_is_shown_and_goes_with_its_adapter(desktop):
+def test_an_error_is_shown_and_its_page_opened(desktop):
     opened = desktop.keep_opened_links()
     desktop.settings()
     adapter = desktop.plug()
@@ -105,16 +104,18 @@ def test_an_error_is_shown_and_goes_with_its_adapter(desktop):
     adapter.error = (0, [7])
     main.hears("E07:")
     link = next(node for node in main.walk() if "E07:" in node.name)
-    desktop.start("--show", XDG_ACTIVATION_TOKEN="token").ends(within=DEADLINE)
-    desktop.click(*link.middle)
-    wait_until(lambda: opened() == ["https://standup.zelvo.example/errors", "token"], "the page about it")
-    adapter.unplug()
-    main.hears("Please connect your desk")
-    gone = desktop.clock.now()
-    desktop.clock.reach(gone + 10, 10)
-    main.hears("E07:", seconds=0)
-    wait_until(lambda: not any("E07" in words for words in main.says()), "the error gone with its adapter")
-    assert desktop.clock.now() - gone <= 20
+    activate = (desktop.session, "org.zelvo.StandUp", "/org/zelvo/StandUp", "org.freedesktop.Application", "Activate")
+    pages = []
+    for token, ask in {
+        "command": lambda token: desktop.start("--show", XDG_ACTIVATION_TOKEN=token).ends(within=DEADLINE),
+        "start": lambda token: desktop.start(XDG_ACTIVATION_TOKEN=token).ends(within=DEADLINE),
+        "icon": lambda token: call(*activate, "(a{sv})", {"activation-token": GLib.Variant("s", token)}),
+    }.items():
+        ask(token)
+        x, y = link.middle
+        desktop.click(x - 8 + 4 * len(pages), y)  # Elsewhere each time, or it is a double click.
+        pages += ["https://standup.zelvo.example/errors", token]
+        wait_until(lambda: opened() == pages, "the page about it")
 
 
 @pytest.mark.parametrize("way", ["closed", "unlocked"])
@@ -135,6 +136,6 @@ def test_an_adapter_in_other_hands_is_taken_when_it_is_free(desktop, way):
             desktop.clock.run(15)
             fcntl.flock(other, fcntl.LOCK_UN)
         wait_until(lambda: adapter.values()[:2] == ["init", 0x8001], "the adapter taken")
-        assert (desktop.clock.now() < refused + 25) == (way == "closed")
+        assert 25 * (way == "unlocked") <= desktop.clock.now() - refused < (25 if way == "closed" else 250)
     wait_until(desktop.records, "a first record")
     assert not stranger.wire and not stranger.looks
