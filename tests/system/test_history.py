@@ -131,7 +131,6 @@ def test_history_and_export_of_planted_periods(desktop, zone):
     for button, first in firsts.items():
         window.find(button).press()
         wait_until(lambda: numbers(window) == sums.shown(first), f"{button}: {sums.shown(first)}")
-    window.hears("10 July, until 14:30")
     assert export(desktop, program) == ("Zelvo StandUp 10-07-2024.csv", sums.exported())
     assert numbers(window) == sums.shown(firsts["Year"])
 

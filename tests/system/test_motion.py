@@ -67,14 +67,11 @@ def go_away(desk):
 
 # How a finger lets go, and what takes the button from under it.
 ENDS_OF_A_HOLD = {
-    "on the button": Desk.release,
     "outside the window": go_away,
     "after another button": press_another,
     "while the program is frozen": lambda desk: desk.freeze(desk.release),
     "by hiding the window": lambda desk: desk.program.click_tray(),
     "by minimising the window": lambda desk: desk.desktop.minimise(desk.window),
-    "by closing the window": lambda desk: desk.desktop.tell(desk.window, "_NET_CLOSE_WINDOW"),
-    "by the close key": lambda desk: desk.desktop.key("Escape"),
     "by going to another workspace": lambda desk: desk.desktop.switch_workspace(1),
     "by another window": lambda desk: desk.program.choose("History"),
 }

@@ -8,9 +8,9 @@ from Xlib import X
 
 WEIGHT, HEIGHT, STAND_UPS = "My weight", "Desk height now", "Stand-ups"
 UNITS = {
-    # Language: what is typed, what is stored of it, the height in the main window
-    "en_GB": (("82", "80"), (82, 8000 - 900), "80 cm"),
-    "en_US": (("180", "30"), (180 * 0.454, 30 * 254 - 900), "30.0 in"),
+    # Language: what is typed, what is stored of it
+    "en_GB": (("82", "80"), (82, 8000 - 900)),
+    "en_US": (("180", "30"), (180 * 0.454, 30 * 254 - 900)),
 }
 LIMITS = {
     # Field: the words of the refusal, what is refused
@@ -57,7 +57,7 @@ class Setup:
 
 @pytest.mark.parametrize("language", UNITS)
 def test_settings_in_two_systems_of_units(desktop, language):
-    typed, stored, height = UNITS[language]
+    typed, stored = UNITS[language]
     setup = Setup(desktop, language=language)
     for name, text in zip((WEIGHT, HEIGHT, STAND_UPS), (*typed, "4")):
         setup.enter(name, text)
@@ -72,17 +72,10 @@ def test_settings_in_two_systems_of_units(desktop, language):
     setup.leaves_by("Done")
     assert setup.stored("Weight", "TablePositionOffset") == pytest.approx(stored)
     assert setup.stored("ActivityMode", "ActivityGoal", "NumberOfStandUps", "Appearance") == [2, 30, 6, 1]
-    setup.program.click_tray()
-    setup.program.window_with("Up").hears(height)
 
 
 def test_what_goes_round_the_keyboard_is_checked_all_the_same(desktop):
-    setup = Setup(desktop, Weight=12345, NumberOfStandUps=2147483647)
-    assert [setup.field(name).text for name in (WEIGHT, STAND_UPS)] == ["80", "1"]
-    for name, text in {WEIGHT: "66", STAND_UPS: "3"}.items():
-        setup.enter(name, text)
-    setup.leaves_by("Done")
-    setup.open()
+    setup = Setup(desktop)
     for name, (limits, texts) in LIMITS.items():
         field = setup.field(name)
         good = field.text
