@@ -22,7 +22,6 @@ ErrorLine::ErrorLine(HyperLinkTextField& label, ScrollingBody& area, WithoutUrl 
           NotificationCenter::defaultCenter().addObserver(ZelvoHIDDevice::kErrorCodeRemoved,
               [this](const PostedNotification&) { observerRemoveErrorRecieved(); }))
 {
-    m_area.setFocusPolicy(Qt::NoFocus); // Here, because it spoils the order of tab stops in a form.
     m_area.verticalScrollBar()->setSingleStep(label.fontMetrics().height()); // No lines are cut in half.
     hide();
 }

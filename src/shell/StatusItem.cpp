@@ -25,8 +25,6 @@ void StatusItem::setToolTip(const QString& toolTip)
 void StatusItem::setMenu(QMenu* menu)
 {
     m_menu = menu;
-    if (m_trayIcon)
-        m_trayIcon->setContextMenu(menu);
 }
 
 void StatusItem::appear()

@@ -16,7 +16,6 @@ Button::Button(QWidget* parent)
     : QPushButton(parent)
 {
     installControlAccessibility();
-    setAutoDefault(false);
     setFocusPolicy(Qt::StrongFocus);
 }
 
