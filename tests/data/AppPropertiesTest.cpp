@@ -176,11 +176,6 @@ TEST_F(AppPropertiesTest, givesACountThatMayDivideAndReadsAddresses)
     }
     stored("Other") = -1e300;
     EXPECT_EQ(P::getIntegerForkey("Other"), INT64_MIN);
-    {
-        const ProcessServices withoutSettings({&platform.runLoop, &platform.bundle});
-        P::instance().setWeight(71);
-        EXPECT_TRUE(std::isnan(P::getDoubleForKey("Weight")));
-    }
     for (const QString url : {"https://zelvo.example/a?b=c", "", "http://[::1", "a b"}) {
         const TestPlatform other(with("InfoUrl", url));
         EXPECT_EQ(P::instance().infoUrl().toString(), url.startsWith("https") ? url : QString());
@@ -196,10 +191,7 @@ TEST_F(AppPropertiesTest, keepsValuesOfEveryKindAndDoesWithoutAStore)
     EXPECT_EQ(P::getDictForKey("Dict"), (QVariantMap {{"a", 1}}));
     EXPECT_EQ(P::getArrayForKey("Array"), (QVariantList {"b", 2}));
     EXPECT_TRUE(P::getBoolForKey("Bool") && !P::getBoolForKey("Other"));
-    ProcessServices::Backends backends = platform.services->backends();
-    backends.defaults = nullptr;
-    platform.services.reset();
-    platform.services.emplace(backends);
-    P::setDouble(3, "Weight");
+    const ProcessServices withoutSettings({&platform.runLoop, &platform.bundle});
+    P::instance().setWeight(71);
     EXPECT_TRUE(std::isnan(P::getDoubleForKey("Weight")) && P::getStringForKey("Version").isNull());
 }

@@ -130,7 +130,6 @@ def test_who_is_away_or_sits_before_dark_screens_is_not_recorded(desktop):
     office.is_polled_after("receiveSleepNotification", 3)
     office.stays_closed(100)
     assert office.records[-1][1] - office.records[-1][0] <= IDLE_POLL + LAG
-    assert not desktop.windows(), "no reminder"
     office.screens(dark=False)
     office.comes_back()
     office.logind.call("AddSession", "(ssusb)", "auto", "seat0", 500, "somebody", True)
