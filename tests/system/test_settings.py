@@ -21,15 +21,12 @@ LIMITS = {
 
 
 class Setup:
-    def __init__(self, desktop, language="en_GB", **settings):
+    def __init__(self, desktop, language="en_GB"):
         self.desktop = desktop
-        desktop.settings(**({"Weight": 66, "TablePositionOffset": 6500, "NumberOfStandUps": 3} | settings))
+        desktop.settings(Weight=66, TablePositionOffset=6500, NumberOfStandUps=3)
         desktop.env["LC_ALL"] = desktop.env["LANG"] = f"{language}.UTF-8"
         desktop.plug()
         self.program = desktop.start_recording()
-        self.open()
-
-    def open(self):
         self.program.choose("Settings…")
         self.panel = self.program.window_with("Settings")
 
