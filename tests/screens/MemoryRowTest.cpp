@@ -50,14 +50,13 @@ TEST_F(MemoryRowTest, theEditorTakesTheButtonsPlaceAndStoresTheDesksHeight)
     for (const int index : {1, 3, 2}) {
         SCOPED_TRACE(index);
         const QRect place = memoryButton(index).geometry();
-        const int other = index == 2 ? 1 : 2;
-        openEditor(other);
+        openEditor(index == 2 ? 1 : 2);
         const auto ground = [&] { return grab(memoryButton(index)).pixelColor(9, 9); };
         enter(memoryButton(index));
         EXPECT_EQ(ground(), zelvoBrandSurfaceColor());
         QWidget& editor = openEditor(index);
         EXPECT_EQ(editor.geometry(), place);
-        EXPECT_TRUE(memoryButton(other).isVisible() && !memoryButton(index).isVisible());
+        EXPECT_TRUE(memoryButton(index == 2 ? 1 : 2).isVisible() && !memoryButton(index).isVisible());
         EXPECT_TRUE(find("buttonUp").hasFocus());
         EXPECT_EQ(text("labelPosition") + ' ' + text("labelHeight"), memoryButton(index).text() + " 110 cm");
         moveDeskTo(uint16_t(5000 + 10 * index));
