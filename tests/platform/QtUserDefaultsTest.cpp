@@ -120,6 +120,11 @@ TEST_F(QtUserDefaultsTest, aFailedWriteIsSaidOnceAndMadeUpForLater)
     unkept.setObject("Height", 9.0);
     ASSERT_TRUE(unkept.synchronize());
     EXPECT_EQ(contents(m_path), "[General]\nHeight=9\nWeight=66\n") << "only the later value replaces";
+    write(m_path, "[General]\nHeight=9\nWeight=60\n[Gen\n");
+    QtUserDefaults halfRead(m_path);
+    halfRead.setObject("Weight", 66.0);
+    write(m_path, "[General]\nHeight=9\nWeight=60\n");
+    EXPECT_TRUE(halfRead.synchronize() && contents(m_path).contains("Weight=66")) << "over one that was read";
     QFile::setPermissions(m_path, {}); // Root reads it all the same.
     {
         QtUserDefaults unread(m_path);

@@ -118,6 +118,7 @@ QtUserDefaults::QtUserDefaults(QString path)
     }
     m_isRead = mend();
     m_values = allValues(QSettings(m_path, QSettings::IniFormat));
+    m_readAtStart = m_values.keys();
 }
 
 QtUserDefaults::~QtUserDefaults()
@@ -140,14 +141,17 @@ void QtUserDefaults::removeLeftovers() const
     }
 }
 
-/// At last, what could not be read at the start. What was set here meanwhile gives way: most of it are
+/// At last, what could not be read at the start. What was set here for it meanwhile gives way: most of it are
 /// defaults for what seemed to be missing.
 void QtUserDefaults::readBelatedly()
 {
     if (m_isRead || !mend())
         return;
     const QMap<QString, QVariant> values = allValues(QSettings(m_path, QSettings::IniFormat));
-    m_values.insert(values);
+    for (auto value = values.cbegin(); value != values.cend(); ++value) {
+        if (!m_readAtStart.contains(value.key()))
+            m_values.insert(value.key(), *value);
+    }
     m_isRead = !values.isEmpty();
 }
 

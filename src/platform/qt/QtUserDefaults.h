@@ -20,7 +20,8 @@ class QtUserDefaults final : public UserDefaults {
 public:
     /// Reads the file as far as it can be read; a missing one is an empty store. Where lines cannot be read,
     /// the file is kept as it was under a new name beside the original. A file that cannot be read yet is
-    /// read before anything is written to it, and its values then replace those that were set meanwhile.
+    /// read before anything is written to it, and its values then replace those that were set meanwhile for
+    /// keys that had not been read.
     explicit QtUserDefaults(QString path);
     /// What could not be written before, because a disk was full, is tried once more.
     ~QtUserDefaults() override;
@@ -42,6 +43,7 @@ private:
     QString m_path;
     QMap<QString, QVariant> m_values;
     bool m_isRead = false; ///< m_values has what the file holds
+    QStringList m_readAtStart; ///< the keys of which something was known from the first
     QSet<QString> m_changedKeys; ///< changed or removed here, not yet on disk
     struct {
         QStringList lines;
