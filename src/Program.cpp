@@ -143,8 +143,7 @@ void Program::appear()
 
 void Program::doWithoutTray()
 {
-    Log::line(
-        QStringLiteral("No tray is there: showing the window instead. A further start shows it again."));
+    Log::line(QStringLiteral("No tray is there. A further start shows the window."));
     if (!isAnyWindowOpen()) // It would take the keyboard once more.
         m_app.showSomething();
 }

@@ -136,6 +136,6 @@ def test_an_adapter_in_other_hands_is_taken_when_it_is_free(desktop, way):
             desktop.clock.run(15)
             fcntl.flock(other, fcntl.LOCK_UN)
         wait_until(lambda: adapter.values()[:2] == ["init", 0x8001], "the adapter taken")
-        assert 25 * (way == "unlocked") <= desktop.clock.now() - refused < (25 if way == "closed" else 250)
+        assert 20 * (way == "unlocked") <= desktop.clock.now() - refused < (25 if way == "closed" else 250)
     wait_until(desktop.records, "a first record")
     assert not stranger.wire and not stranger.looks
