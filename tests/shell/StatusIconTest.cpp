@@ -1,8 +1,11 @@
 #include "shell/StatusIcon.h"
 
 #include <QApplication>
+#include <QPalette>
 
 #include <gtest/gtest.h>
+
+#include <utility>
 
 TEST(StatusIcon, knowsADarkPanelOfKde)
 {
