@@ -195,7 +195,7 @@ void ZelvoHIDManager::addDevice(const std::shared_ptr<ZelvoHIDDevice>& device)
 
 void ZelvoHIDManager::removeDevice(const std::shared_ptr<ZelvoHIDDevice>& device)
 {
-    const auto leaving = device; // The argument may be the list's own element.
+    const auto leaving = device->shared_from_this(); // The argument may be the list's own element.
     if (m_delegate)
         m_delegate->deviceRemoved(leaving);
     leaving->setIsConnected(false);
