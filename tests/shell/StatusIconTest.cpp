@@ -4,7 +4,6 @@
 #include <QPalette>
 
 #include <gtest/gtest.h>
-
 #include <utility>
 
 TEST(StatusIcon, knowsADarkPanelOfKde)
