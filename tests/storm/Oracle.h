@@ -55,7 +55,7 @@ struct Process {
     std::map<int, uint16_t> m_lastCommand;
     std::map<int, Answer> m_answers; ///< the last ones
     std::vector<Hold> m_holds;
-    int m_held = -1; ///< the adapter that stops when the button is let go
+    bool m_isHeld = false; ///< by a button whose release stops the desk, over whichever adapter
     bool m_isHoldExact = false; ///< how many reports it gives is known
 
     // Record and schedule.

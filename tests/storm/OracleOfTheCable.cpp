@@ -54,7 +54,7 @@ void Oracle::removed(int adapter)
     m_answers.erase(adapter);
     m_readAt = m_drivenSince = m_errorOverAt = m_now;
     const bool wasFirst = m_adapters.front() == adapter;
-    m_held = wasFirst || m_held == adapter ? -1 : m_held;
+    m_isHeld = m_isHeld && !wasFirst;
     std::erase(m_adapters, adapter);
     if (!wasFirst)
         return endHold(); // Its stop goes to the one that is driven now, and asks that one's height.
@@ -206,8 +206,8 @@ void Oracle::pressed(uint16_t command, bool onReminder)
 {
     m_isReminderHeld = onReminder;
     hearAgain();
-    m_held = driven();
-    if (driven() < 0)
+    m_isHeld = driven() >= 0;
+    if (!m_isHeld)
         return;
     m_nextResend = m_now + kResend;
     m_holds.push_back({m_now, kNever, driven(), command});
@@ -217,7 +217,7 @@ void Oracle::pressed(uint16_t command, bool onReminder)
 void Oracle::letGo(bool onReminder)
 {
     endHold();
-    if (std::exchange(m_held, -1) == driven())
+    if (std::exchange(m_isHeld, false))
         hearAgain(); // It is stopped once more where the hold was over, and asked for its height.
     m_isReminderHeld = m_isReminderHeld && !onReminder;
     m_isActionDone = m_isActionDone || onReminder;
